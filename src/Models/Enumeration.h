@@ -1,0 +1,85 @@
+/// The vocabulary that all enumerations with a display text share: `rawValue`, `allCases`, `fromRawValue`,
+/// `icon`, `label`, `description`. Each enumeration states its facts once, in a specialisation of `facts`;
+/// nothing here holds a fact of its own.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <type_traits>
+
+namespace korvane {
+
+/// The table of one enumeration: a `std::array` with a row for each case, in declaration order. A row is an
+/// aggregate with at least `value` (the case) and `rawValue` (its text), and with whichever of `icon`,
+/// `label` and `description` the enumeration has. Specialise it next to the enumeration:
+///
+///     template <> inline constexpr auto facts<Mode> = std::to_array<ModeFacts>({{Mode::encode, "Encode"},
+///     ...});
+template <typename E>
+inline constexpr std::nullptr_t facts = nullptr;
+
+template <typename E>
+concept Enumerated = std::is_enum_v<E> && !std::is_null_pointer_v<std::remove_cv_t<decltype(facts<E>)>>;
+
+/// The row of `value`. The table must list the cases in declaration order and without gaps; compilation fails
+/// otherwise.
+template <Enumerated E>
+constexpr const auto& factsOf(E value) {
+    static_assert(
+        [] {
+            for (std::size_t i = 0; i < facts<E>.size(); ++i) {
+                if (static_cast<std::size_t>(facts<E>[i].value) != i)
+                    return false;
+            }
+            return true;
+        }(),
+        "the rows of a facts table stand in the enumeration's order");
+    return facts<E>[static_cast<std::size_t>(value)];
+}
+
+/// All cases in declaration order.
+template <Enumerated E>
+inline constexpr auto allCases = [] {
+    std::array<E, facts<E>.size()> cases{};
+    for (std::size_t i = 0; i < cases.size(); ++i)
+        cases[i] = facts<E>[i].value;
+    return cases;
+}();
+
+/// The text that stands for the case.
+template <Enumerated E>
+constexpr std::string_view rawValue(E value) {
+    return factsOf(value).rawValue;
+}
+
+/// The case whose `rawValue` is exactly `text` (case-sensitive, whole text), or none.
+template <Enumerated E>
+constexpr std::optional<E> fromRawValue(std::string_view text) {
+    for (const auto& row : facts<E>) {
+        if (row.rawValue == text)
+            return row.value;
+    }
+    return std::nullopt;
+}
+
+/// The glyph name of the case.
+template <Enumerated E>
+constexpr std::string_view icon(E value) {
+    return factsOf(value).icon;
+}
+
+/// The text beside a control that stands for the case, where it differs from `rawValue`.
+template <Enumerated E>
+constexpr std::string_view label(E value) {
+    return factsOf(value).label;
+}
+
+/// One line that tells what the case is for.
+template <Enumerated E>
+constexpr std::string_view description(E value) {
+    return factsOf(value).description;
+}
+
+} // namespace korvane

@@ -1,0 +1,17 @@
+/// Base64 with the standard alphabet (RFC 4648, section 4). Not the URL-safe alphabet, and no line breaks.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvane::Base64 {
+
+/// The Base64 form of `bytes`, padded with `=` to a multiple of four characters, on one line.
+std::string encode(std::string_view bytes);
+
+/// The bytes that `text` stands for, or none unless all of it is padded standard Base64: a length that is a
+/// multiple of four, no white space, no other character.
+std::optional<std::string> decode(std::string_view text);
+
+} // namespace korvane::Base64
