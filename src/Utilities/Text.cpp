@@ -19,8 +19,6 @@ namespace korvane {
 
 namespace {
 
-constexpr char32_t replacementCharacter = 0xFFFD;
-
 /// A code point of a text and where it ends.
 struct Decoded {
     char32_t character;
@@ -147,15 +145,26 @@ std::string_view trimmingWhitespacesAndNewlines(std::string_view text) {
 }
 
 bool isValidUTF8(std::string_view text) {
+    return validUTF8PrefixLength(text) == text.size();
+}
+
+std::size_t validUTF8PrefixLength(std::string_view text) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    for (auto offset = asciiPrefixLength(text); offset < text.size();
-         offset += asciiPrefixLength(text.substr(offset))) {
-        UChar32 character = 0;
-        U8_NEXT(bytes, offset, text.size(), character);
-        if (character < 0)
-            return false;
+    std::size_t offset = 0;
+    while (true) {
+        offset += asciiPrefixLength(text.substr(offset));
+        // Whoever writes one letter beyond ASCII writes more, so the next byte is asked for first.
+        while (offset < text.size() && bytes[offset] >= 0x80) {
+            auto end = offset;
+            UChar32 character = 0;
+            U8_NEXT(bytes, end, text.size(), character);
+            if (character < 0)
+                return offset;
+            offset = end;
+        }
+        if (offset == text.size())
+            return offset;
     }
-    return true;
 }
 
 std::size_t characterCount(std::string_view text) {

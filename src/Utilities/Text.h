@@ -21,6 +21,10 @@ std::string_view trimmingWhitespacesAndNewlines(std::string_view text);
 /// Whether `text` is well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
 bool isValidUTF8(std::string_view text);
 
+/// The offset of the first byte that no well-formed character covers, or the text's size. Several gigabytes a
+/// second while the text is ASCII, about one otherwise.
+std::size_t validUTF8PrefixLength(std::string_view text);
+
 /// The number of user-perceived characters (extended grapheme clusters, UAX #29); CR LF is one. Bytes that
 /// are not UTF-8 count as one character a replaced sequence. Costs nothing but a scan while the text is
 /// ASCII.

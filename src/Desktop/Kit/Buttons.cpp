@@ -1,0 +1,256 @@
+#include "Desktop/Kit/Buttons.h"
+
+#include "Desktop/Kit/FocusRing.h"
+#include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/ViewCore.h"
+#include "Views/Components/CopyButton.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPointer>
+
+#include <memory>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+
+GlyphButton::GlyphButton(std::string_view title, std::string_view icon) : m_icon(icon) {
+    setTitle(title);
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void GlyphButton::setMetrics(const Metrics& metrics) {
+    m_metrics = metrics;
+    giveFocusRing(this, this, metrics.radius);
+}
+
+void GlyphButton::setTitle(std::string_view title) {
+    const auto text = qString(title);
+    if (text == this->text())
+        return;
+    setText(text);
+    setAccessibleName(text);
+    updateGeometry();
+}
+
+void GlyphButton::setIconName(std::string_view icon) {
+    if (icon == m_icon)
+        return;
+    m_icon = icon;
+    update();
+}
+
+QSize GlyphButton::sizeHint() const {
+    int width = 2 * Theme::px(m_metrics.padding);
+    if (!m_icon.empty())
+        width += Theme::px(m_metrics.glyph);
+    if (showsTitle()) {
+        width += QFontMetrics(Theme::font(m_metrics.style)).horizontalAdvance(text());
+        if (!m_icon.empty())
+            width += Theme::px(m_metrics.gap);
+    }
+    return {width, Theme::px(m_metrics.height)};
+}
+
+void GlyphButton::paintBackground(QPainter& painter, const QColor& fill, const QColor& outline) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto radius = Theme::px(m_metrics.radius);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    painter.drawRoundedRect(rect(), radius, radius);
+    if (!outline.isValid())
+        return;
+    painter.setPen(outline);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+}
+
+void GlyphButton::paintContent(QPainter& painter, const QColor& color) const {
+    const auto font = Theme::font(m_metrics.style);
+    const auto glyph = m_icon.empty() ? 0 : Theme::px(m_metrics.glyph);
+    const auto textWidth = showsTitle() ? QFontMetrics(font).horizontalAdvance(text()) : 0;
+    const auto gap = glyph > 0 && textWidth > 0 ? Theme::px(m_metrics.gap) : 0;
+    const auto left = (width() - glyph - gap - textWidth) / 2;
+    Glyph::paint(painter, m_icon, QRectF(left, (height() - glyph) / 2, glyph, glyph), color);
+    if (textWidth == 0)
+        return;
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.drawText(QRect(left + glyph + gap, 0, textWidth + 1, height()), Qt::AlignVCenter | Qt::AlignLeft,
+                     text());
+}
+
+void GlyphButton::enterEvent(QEnterEvent* event) {
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void GlyphButton::leaveEvent(QEvent* event) {
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+ActionButton::ActionButton() : GlyphButton({}, {}) {
+    setMetrics({.style = Theme::TextStyle::button,
+                .height = Size::actionHeight,
+                .padding = Size::actionPadding,
+                .glyph = Size::actionGlyph,
+                .gap = Size::gapBadge,
+                .radius = Size::radiusMedium});
+}
+
+void ActionButton::setColor(PaletteColor color) {
+    if (color == m_color)
+        return;
+    m_color = color;
+    update();
+}
+
+void ActionButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(Theme::disabledActionOpacity);
+    paintBackground(painter, isEnabled() ? Theme::solid(m_color) : Theme::color(Role::disabledFill));
+    if (isDown())
+        paintBackground(painter, Theme::color(Role::pressedOnColor));
+    else if (underMouse() && isEnabled())
+        paintBackground(painter, Theme::color(Role::hoverOnColor));
+    paintContent(painter, isEnabled() ? Theme::onSolid(m_color) : Theme::color(Role::onAccent));
+}
+
+QuietButton::QuietButton(std::string_view title, std::string_view icon, bool showLabel, bool isOverlay)
+    : GlyphButton(title, icon), m_showLabel(showLabel), m_isOverlay(isOverlay) {
+    setMetrics({.style = Theme::TextStyle::quiet,
+                .height = showLabel ? Size::quietHeight : Size::iconButton,
+                .padding = Size::quietPadding,
+                .glyph = Size::quietGlyph,
+                .gap = Size::gapQuiet,
+                .radius = Size::radiusSmall});
+    if (!showLabel)
+        setToolTip(text());
+}
+
+void QuietButton::setCompact(bool compact) {
+    if (compact == m_compact || !m_showLabel)
+        return;
+    m_compact = compact;
+    setToolTip(compact ? text() : QString());
+    updateGeometry();
+}
+
+void QuietButton::setHighlight(std::optional<PaletteColor> color) {
+    if (color)
+        m_highlight = *color;
+    m_highlighted.setOn(color.has_value());
+}
+
+QSize QuietButton::sizeHint() const {
+    if (showsTitle())
+        return GlyphButton::sizeHint();
+    const auto side = Theme::px(m_showLabel ? Size::quietCompact : Size::iconButton);
+    return {side, side};
+}
+
+void QuietButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(Theme::disabledOpacity);
+    const bool isHovered = underMouse() && isEnabled();
+    auto fill = Theme::color(m_isOverlay ? Role::overlayFill : Role::controlFill);
+    if (isDown() && m_isOverlay) {
+        paintBackground(painter, fill);
+        fill = Theme::color(Role::controlPressed);
+    } else if (isDown()) {
+        fill = Theme::color(Role::controlPressed);
+    } else if (isHovered) {
+        fill = Theme::color(m_isOverlay ? Role::overlayHover : Role::controlHover);
+    }
+    paintBackground(painter, fill);
+    const auto quiet = Theme::color(isHovered || isDown() ? Role::primary : Role::secondary);
+    paintContent(painter, Theme::mixed(quiet, Theme::textTone(m_highlight), m_highlighted.progress()));
+}
+
+PushToggle::PushToggle(std::string_view title, std::string_view icon, PaletteColor color)
+    : GlyphButton(title, icon), m_color(color) {
+    setCheckable(true);
+    setMetrics({.style = Theme::TextStyle::quiet,
+                .height = Size::quietHeight,
+                .padding = Size::quietPadding,
+                .glyph = Size::quietGlyph,
+                .gap = Size::gapBadge,
+                .radius = Size::radiusSmall});
+}
+
+void PushToggle::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(Theme::disabledOpacity);
+    const bool isHovered = underMouse() && isEnabled();
+    if (isChecked()) {
+        const auto tint = isDown() ? Theme::Tint::togglePressed
+                                   : (isHovered ? Theme::Tint::toggleHover : Theme::Tint::toggle);
+        paintBackground(painter, Theme::withTint(m_color, tint),
+                        Theme::withTint(m_color, Theme::Tint::toggleOutline));
+        paintContent(painter, Theme::textTone(m_color));
+        return;
+    }
+    const auto fill = isDown() ? Role::controlPressed : (isHovered ? Role::controlHover : Role::controlFill);
+    paintBackground(painter, Theme::color(fill), Theme::color(Role::outline));
+    paintContent(painter, Theme::color(Role::secondary));
+}
+
+QWidget* actionButton(ViewCore& view, ActionButtonParts parts) {
+    auto* button = new ActionButton;
+    view.onRefresh([button, parts] {
+        button->setTitle(parts.title());
+        button->setIconName(parts.icon());
+        button->setColor(parts.color());
+        button->setEnabled(!parts.isDisabled());
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button, parts.action);
+    return button;
+}
+
+QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const CopyButtonOptions& options) {
+    auto state =
+        std::make_shared<CopyButton>(CopyButton{.label = options.label, .showLabel = options.showLabel});
+    auto* button = new QuietButton(state->title(), state->icon(), options.showLabel, options.isOverlay);
+    const auto show = [button, state] {
+        button->setTitle(state->title());
+        button->setIconName(state->icon());
+        button->setHighlight(state->color());
+    };
+    const Context<CopyButton> context{view.services(), [weakState = std::weak_ptr(state),
+                                                        target = QPointer(button), show](const auto& change) {
+                                          if (const auto living = weakState.lock(); living && target) {
+                                              change(*living);
+                                              show();
+                                          }
+                                      }};
+    QObject::connect(button, &QAbstractButton::clicked, button, [state, text, context, show] {
+        state->text = text();
+        state->copyToClipboard(context);
+        state->text.clear(); // it may be large, or secret
+        show();
+    });
+    return button;
+}
+
+QWidget* quietButton(std::string_view title, std::string_view icon, std::function<void()> action) {
+    auto* button = new QuietButton(title, icon);
+    QObject::connect(button, &QAbstractButton::clicked, button, std::move(action));
+    return button;
+}
+
+QWidget* pushToggle(ViewCore& view, PushToggleParts parts) {
+    auto* button = new PushToggle(parts.title, parts.icon, parts.color);
+    view.onRefresh([button, isOn = parts.isOn] { button->setChecked(isOn()); });
+    QObject::connect(button, &QAbstractButton::clicked, button, parts.setOn);
+    return button;
+}
+
+} // namespace korvane

@@ -1,0 +1,139 @@
+/// The buttons of the kit. All of them are painted here, from the theme, and are real buttons to keyboard and
+/// assistive technology.
+#pragma once
+
+#include "Desktop/Kit/Transition.h"
+#include "Models/PaletteColor.h"
+
+#include <QAbstractButton>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+class ViewCore;
+
+/// A button with a glyph and a title; how it looks is its subclass's matter.
+class GlyphButton : public QAbstractButton {
+public:
+    GlyphButton(std::string_view title, std::string_view icon);
+
+    void setTitle(std::string_view title);
+    void setIconName(std::string_view icon);
+
+    QSize sizeHint() const override;
+
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    /// How glyph and title are set. Sizes are in pixels at a 13-pixel body text.
+    struct Metrics {
+        Theme::TextStyle style;
+        int height;
+        int padding;
+        int glyph;
+        int gap;
+        int radius;
+    };
+
+    void setMetrics(const Metrics& metrics);
+
+    virtual bool showsTitle() const { return true; }
+
+    /// Paints the rounded background, with an outline where one is given.
+    void paintBackground(QPainter& painter, const QColor& fill, const QColor& outline = {}) const;
+    void paintContent(QPainter& painter, const QColor& color) const;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+    Metrics m_metrics{};
+    std::string m_icon;
+};
+
+/// The primary action of a screen: white on a filled colour.
+class ActionButton final : public GlyphButton {
+public:
+    ActionButton();
+    void setColor(PaletteColor color);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    PaletteColor m_color = PaletteColor::blue;
+};
+
+/// A secondary action, in the secondary colour on a faint background. Without its label it is a small square;
+/// in a narrow screen it drops the label too but keeps its height.
+class QuietButton final : public GlyphButton {
+public:
+    QuietButton(std::string_view title, std::string_view icon, bool showLabel = true, bool isOverlay = false);
+
+    /// Drops the label, or brings it back. Only a button with a label can be compact.
+    void setCompact(bool compact);
+
+    /// The colour of glyph and title, or none for the secondary colour. Changes are animated.
+    void setHighlight(std::optional<PaletteColor> color);
+
+    QSize sizeHint() const override;
+
+protected:
+    bool showsTitle() const override { return m_showLabel && !m_compact; }
+
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool m_showLabel;
+    bool m_isOverlay; // lies over text, so it is opaque
+    bool m_compact = false;
+    PaletteColor m_highlight = PaletteColor::green;
+    Transition m_highlighted{this};
+};
+
+/// A switch drawn as a push button.
+class PushToggle final : public GlyphButton {
+public:
+    PushToggle(std::string_view title, std::string_view icon, PaletteColor color);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    PaletteColor m_color;
+};
+
+struct ActionButtonParts {
+    std::function<std::string()> title;
+    std::function<std::string()> icon; ///< an empty name shows the title alone
+    std::function<PaletteColor()> color;
+    std::function<bool()> isDisabled;
+    std::function<void()> action;
+};
+
+QWidget* actionButton(ViewCore& view, ActionButtonParts parts);
+
+struct CopyButtonOptions {
+    std::string label = "Copy";
+    bool showLabel = true;
+    bool isOverlay = false;
+};
+
+/// Copies what `text` reads at the time of the press.
+QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const CopyButtonOptions& options);
+
+QWidget* quietButton(std::string_view title, std::string_view icon, std::function<void()> action);
+
+struct PushToggleParts {
+    std::string title;
+    std::string icon;
+    PaletteColor color;
+    std::function<bool()> isOn;
+    std::function<void(bool)> setOn;
+};
+
+QWidget* pushToggle(ViewCore& view, PushToggleParts parts);
+
+} // namespace korvane

@@ -1,0 +1,67 @@
+#include "Desktop/Kit/Editors.h"
+
+#include "Desktop/Kit/OverlayScrollBar.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QEvent>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+
+namespace {
+
+/// Gives its text area the theme's look, again whenever that changes.
+class EditorPanel final : public Panel {
+public:
+    EditorPanel(TextArea* area, CodeEditorOptions options) : Panel(area), m_area(area), m_options(options) {
+        applyTheme();
+        new OverlayScrollBar(Qt::Vertical, area, this);
+    }
+
+protected:
+    void changeEvent(QEvent* event) override {
+        Panel::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
+            applyTheme();
+    }
+
+private:
+    void applyTheme() {
+        const auto inset = m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset;
+        const auto left = m_options.lineNumbers ? 0 : inset; // the gutter brings its own distance
+        const auto right = m_options.hasOverlayButton ? Size::overlayReserve : Size::editorInsetRight;
+        m_area->setStyle({.font = Theme::font(Theme::TextStyle::code),
+                          .lineHeight = Theme::lineHeight(Theme::TextStyle::code),
+                          .text = Theme::color(Role::primary),
+                          .placeholder = Theme::color(Role::placeholder),
+                          .number = Theme::color(Role::placeholder),
+                          .selection = Theme::color(Role::selection),
+                          .inset = Theme::margins(left, inset, right, inset)});
+    }
+
+    TextArea* m_area;
+    CodeEditorOptions m_options;
+};
+
+} // namespace
+
+QWidget* codeEditor(ViewCore& view, CodeEditorParts parts) {
+    auto* area = new TextArea;
+    area->setLineNumbers(parts.options.lineNumbers);
+    area->setReadOnly(parts.setText == nullptr);
+    auto* panel = new EditorPanel(area, parts.options);
+    area->onEdit = std::move(parts.setText);
+    view.onRefresh([area, text = std::move(parts.text), placeholder = std::move(parts.placeholder)] {
+        area->setText(text());
+        area->setPlaceholder(qString(placeholder()));
+    });
+    return panel;
+}
+
+} // namespace korvane

@@ -1,0 +1,27 @@
+/// The text editors: a panel with a text area, with line numbers or without.
+#pragma once
+
+#include <functional>
+#include <string>
+
+class QWidget;
+
+namespace korvane {
+
+class ViewCore;
+
+struct CodeEditorOptions {
+    bool lineNumbers = true;       ///< without them it is the simple editor, with wider insets
+    bool hasOverlayButton = false; ///< keeps the text clear of a button in the top right corner
+};
+
+struct CodeEditorParts {
+    std::function<const std::string&()> text;
+    std::function<void(std::string)> setText; ///< null for an editor that only shows its text
+    std::function<std::string()> placeholder;
+    CodeEditorOptions options;
+};
+
+QWidget* codeEditor(ViewCore& view, CodeEditorParts parts);
+
+} // namespace korvane

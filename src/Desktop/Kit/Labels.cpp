@@ -1,0 +1,242 @@
+#include "Desktop/Kit/Labels.h"
+
+#include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
+#include <variant>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+/// The tile at the left of a screen's header.
+class HeaderTile final : public QWidget {
+public:
+    explicit HeaderTile(Tool tool) : m_tool(tool) {
+        setFixedSize(Theme::px(Size::headerTile), Theme::px(Size::headerTile));
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const auto color = accentColor(m_tool);
+        QLinearGradient gradient(rect().topLeft(), rect().bottomRight());
+        gradient.setColorAt(0, Theme::withTint(color, Theme::Tint::headerFrom));
+        gradient.setColorAt(1, Theme::withTint(color, Theme::Tint::headerTo));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(gradient);
+        const auto radius = Theme::px(Size::radiusExtraLarge);
+        painter.drawRoundedRect(rect(), radius, radius);
+        const auto glyph = Theme::px(Size::headerGlyph);
+        const auto inset = (width() - glyph) / 2.0;
+        Glyph::paint(painter, icon(m_tool), QRectF(inset, inset, glyph, glyph), Theme::hue(color));
+    }
+
+private:
+    Tool m_tool;
+};
+
+/// A rounded background in the tint of a colour.
+class TintedCard final : public QWidget {
+public:
+    explicit TintedCard(PaletteColor color) : m_color(color) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Theme::withTint(m_color, Theme::Tint::row));
+        const auto radius = Theme::px(Size::radiusLarge);
+        painter.drawRoundedRect(rect(), radius, radius);
+    }
+
+private:
+    PaletteColor m_color;
+};
+
+} // namespace
+
+Label::Label(std::string_view text, TextStyle style, Role color) : m_style(style), m_color(color) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    show(text);
+}
+
+void Label::show(std::string_view text) {
+    const auto string = qString(text);
+    if (string == this->text())
+        return;
+    setText(string);
+    setAccessibleName(string);
+}
+
+QSize Label::sizeHint() const {
+    return {QFontMetrics(Theme::font(m_style)).horizontalAdvance(text()) + 1, Theme::lineHeight(m_style)};
+}
+
+QSize Label::minimumSizeHint() const {
+    return {0, Theme::lineHeight(m_style)};
+}
+
+void Label::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const auto font = Theme::font(m_style);
+    painter.setFont(font);
+    painter.setPen(Theme::color(m_color));
+    QTextOption option((alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
+    option.setWrapMode(QTextOption::NoWrap);
+    painter.drawText(rect(), QFontMetrics(font).elidedText(text(), Qt::ElideRight, width()), option);
+}
+
+void Label::resizeEvent(QResizeEvent* event) {
+    QLabel::resizeEvent(event);
+    setToolTip(width() < sizeHint().width() ? text() : QString());
+}
+
+GlyphLabel::GlyphLabel(std::string_view name, int size, Color color, double opacity)
+    : m_name(name), m_color(color), m_opacity(opacity) {
+    setFixedSize(Theme::px(size), Theme::px(size));
+}
+
+void GlyphLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setOpacity(m_opacity);
+    const QRectF area = rect();
+
+    struct Brush {
+        QRectF area;
+
+        QBrush operator()(Role role) const { return Theme::color(role); }
+
+        QBrush operator()(PaletteColor color) const { return Theme::hue(color); }
+
+        QBrush operator()(Brand) const { return Glyph::brandBrush(area); }
+    };
+
+    Glyph::paint(painter, m_name, area, std::visit(Brush{area}, m_color));
+}
+
+StatusBadgeLabel::StatusBadgeLabel() {
+    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void StatusBadgeLabel::show(const StatusBadge& badge) {
+    if (badge == m_badge)
+        return;
+    m_badge = badge;
+    setText(qString(badge.message));
+    setAccessibleName(text());
+    updateGeometry();
+    update();
+}
+
+int StatusBadgeLabel::textLeft() const {
+    return Theme::px(Size::badgePaddingX) + Theme::px(Size::badgeGlyph) + Theme::px(Size::gapBadge);
+}
+
+QRect StatusBadgeLabel::textRect(int width) const {
+    const QFontMetrics metrics(Theme::font(TextStyle::body));
+    const QRect room(textLeft(), Theme::px(Size::badgePaddingY),
+                     std::max(1, width - textLeft() - Theme::px(Size::badgePaddingX)), QWIDGETSIZE_MAX);
+    return metrics.boundingRect(room, Qt::TextWordWrap | Qt::AlignLeft, text());
+}
+
+QSize StatusBadgeLabel::sizeHint() const {
+    const auto width = QFontMetrics(Theme::font(TextStyle::body)).horizontalAdvance(text());
+    return {textLeft() + width + Theme::px(Size::badgePaddingX) + 1,
+            Theme::px(Size::badgeLine) + 2 * Theme::px(Size::badgePaddingY)};
+}
+
+QSize StatusBadgeLabel::minimumSizeHint() const {
+    return {2 * textLeft(), sizeHint().height()};
+}
+
+int StatusBadgeLabel::heightForWidth(int width) const {
+    return std::max(sizeHint().height(), textRect(width).height() + 2 * Theme::px(Size::badgePaddingY));
+}
+
+void StatusBadgeLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Theme::withTint(color(m_badge.status), Theme::Tint::row));
+    const auto radius = Theme::px(Size::radiusMedium);
+    painter.drawRoundedRect(rect(), radius, radius);
+    const auto glyph = Theme::px(Size::badgeGlyph);
+    const auto lineCenter = Theme::px(Size::badgePaddingY) + Theme::px(Size::badgeLine) / 2.0;
+    Glyph::paint(painter, icon(m_badge.status),
+                 QRectF(Theme::px(Size::badgePaddingX), lineCenter - glyph / 2.0, glyph, glyph),
+                 Theme::hue(color(m_badge.status)));
+    painter.setFont(Theme::font(TextStyle::body));
+    painter.setPen(Theme::color(Role::primary));
+    const QRect area(textLeft(), 0, width() - textLeft() - Theme::px(Size::badgePaddingX) + 1, height());
+    painter.drawText(area, Qt::TextWordWrap | Qt::AlignVCenter | Qt::AlignLeft, text());
+}
+
+QWidget* toolHeader(Tool tool) {
+    auto* texts = stack(Qt::Vertical, {.spacing = 0},
+                        {new Label(rawValue(tool), TextStyle::title2),
+                         new Label(description(tool), TextStyle::subheadline, Role::secondary)});
+    return stack(Qt::Horizontal, {.spacing = Size::gapHeader},
+                 {new HeaderTile(tool), stack(Qt::Vertical, {.spacing = 0}, {stretch(), texts, stretch()})});
+}
+
+QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title, std::string icon) {
+    auto* label = new Label({}, TextStyle::heading, Role::secondary);
+    view.onRefresh([label, title = std::move(title)] {
+        const auto text = title();
+        label->show(utf8String(qString(text).toUpper()));
+        label->setAccessibleName(qString(text));
+    });
+    if (icon.empty())
+        return label;
+    return stack(Qt::Horizontal, {.spacing = Size::gapBadge},
+                 {new GlyphLabel(icon, Size::headingGlyph, Role::secondary), label, stretch()});
+}
+
+QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()> badge) {
+    auto* label = new StatusBadgeLabel;
+    auto* line = stack(Qt::Horizontal, {.spacing = 0}, {label, stretch()});
+    view.onRefresh([label, line, badge = std::move(badge)] {
+        const auto current = badge();
+        if (current)
+            label->show(*current);
+        line->setVisible(current.has_value());
+    });
+    return line;
+}
+
+QWidget* caption(ViewCore& view, std::function<std::string()> text) {
+    auto* label = new Label({}, TextStyle::caption, Role::secondary);
+    view.onRefresh([label, text = std::move(text)] { label->show(text()); });
+    return label;
+}
+
+QWidget* statCard(ViewCore& view, std::string title, std::function<std::string()> value, std::string icon,
+                  PaletteColor color) {
+    auto* figure = new Label({}, TextStyle::stat);
+    view.onRefresh([figure, value = std::move(value)] { figure->show(value()); });
+    auto* card = new TintedCard(color);
+    const auto padding = Size::statPadding;
+    fill(card, Qt::Vertical, {.spacing = Size::statGap, .padding = {padding, padding, padding, padding}},
+         {new GlyphLabel(icon, Size::statGlyph, color), figure,
+          new Label(title, TextStyle::caption, Role::secondary)});
+    return card;
+}
+
+} // namespace korvane

@@ -1,0 +1,97 @@
+/// What a screen shows but does not change: texts, headings, the header tile, badges.
+#pragma once
+
+#include "Desktop/Kit/Theme.h"
+#include "Models/Tool.h"
+#include "Views/Components/StatusBadge.h"
+
+#include <QLabel>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+class ViewCore;
+
+/// A line of text in one of the theme's styles. Its text may be shortened at the end when it does not fit,
+/// and then a tool tip shows it whole.
+class Label final : public QLabel {
+public:
+    Label(std::string_view text, Theme::TextStyle style, Theme::Role color = Theme::Role::primary);
+
+    void show(std::string_view text);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    Theme::TextStyle m_style;
+    Theme::Role m_color;
+};
+
+/// A glyph that stands for nothing by itself, painted in a role's colour, a named colour, or the brand's
+/// gradient.
+class GlyphLabel final : public QWidget {
+public:
+    struct Brand {};
+
+    using Color = std::variant<Theme::Role, PaletteColor, Brand>;
+
+    /// `size` is in pixels at a 13-pixel body text.
+    GlyphLabel(std::string_view name, int size, Color color, double opacity = 1);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::string m_name;
+    Color m_color;
+    double m_opacity;
+};
+
+/// The colours of a status on its tint, around a message that wraps when it is long.
+class StatusBadgeLabel final : public QLabel {
+public:
+    StatusBadgeLabel();
+
+    void show(const StatusBadge& badge);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+    bool hasHeightForWidth() const override { return true; }
+
+    int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int textLeft() const;
+    QRect textRect(int width) const;
+
+    StatusBadge m_badge;
+};
+
+QWidget* toolHeader(Tool tool);
+
+/// The heading of a section: a glyph, where `icon` names one, and the title in upper case.
+QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title, std::string icon);
+
+QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()> badge);
+
+/// A line in small secondary text.
+QWidget* caption(ViewCore& view, std::function<std::string()> text);
+
+/// A card with a figure: `icon` and tint in `color`, the value large, the title below.
+QWidget* statCard(ViewCore& view, std::string title, std::function<std::string()> value, std::string icon,
+                  PaletteColor color);
+
+} // namespace korvane

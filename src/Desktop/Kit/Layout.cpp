@@ -1,0 +1,156 @@
+#include "Desktop/Kit/Layout.h"
+
+#include "Desktop/Kit/Buttons.h"
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/OverlayScrollBar.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QBoxLayout>
+#include <QScrollArea>
+
+namespace korvane {
+
+using Theme::Size;
+
+namespace {
+
+/// The part of a screen below its header.
+class ScreenBody final : public QScrollArea {
+public:
+    explicit ScreenBody(QWidget* content) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setFocusPolicy(Qt::NoFocus);
+        viewport()->setAutoFillBackground(false);
+        setWidget(content);
+        content->setAutoFillBackground(false);
+        new OverlayScrollBar(Qt::Vertical, this, this);
+    }
+
+    QSize minimumSizeHint() const override { return {0, 0}; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        const bool isNarrow = width() < Theme::px(Size::compactWidth);
+        for (auto* child : widget()->findChildren<QWidget*>()) {
+            if (auto* button = dynamic_cast<QuietButton*>(child))
+                button->setCompact(isNarrow);
+        }
+        QScrollArea::resizeEvent(event);
+    }
+};
+
+/// A panel with a button over its top right corner.
+class Overlay final : public QWidget {
+public:
+    Overlay(QWidget* panel, QWidget* button) : m_panel(panel), m_button(button) {
+        setSizePolicy(panel->sizePolicy());
+        setFocusProxy(panel);
+        panel->setParent(this);
+        button->setParent(this);
+        setTabOrder(focusTarget(panel), button);
+    }
+
+    QSize sizeHint() const override { return m_panel->sizeHint(); }
+
+    QSize minimumSizeHint() const override { return m_panel->minimumSizeHint(); }
+
+protected:
+    void resizeEvent(QResizeEvent*) override { place(); }
+
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest)
+            place();
+        return QWidget::event(event);
+    }
+
+private:
+    void place() {
+        m_panel->setGeometry(rect());
+        const auto size = m_button->sizeHint();
+        const auto inset = Theme::px(Size::overlayInset);
+        m_button->setGeometry(width() - inset - size.width(), inset, size.width(), size.height());
+        m_button->raise();
+    }
+
+    QWidget* m_panel;
+    QWidget* m_button;
+};
+
+} // namespace
+
+void fill(QWidget* container, Qt::Orientation orientation, const StackOptions& options,
+          std::initializer_list<Item> items) {
+    auto* layout = new QBoxLayout(
+        orientation == Qt::Horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, container);
+    layout->setSpacing(Theme::px(options.spacing));
+    const auto& padding = options.padding;
+    layout->setContentsMargins(
+        Theme::margins(padding.left(), padding.top(), padding.right(), padding.bottom()));
+    for (const auto& item : items) {
+        if (item.widget)
+            layout->addWidget(item.widget, options.equalShares ? 1 : 0);
+        else
+            layout->addStretch(1);
+    }
+}
+
+QWidget* stack(Qt::Orientation orientation, const StackOptions& options, std::initializer_list<Item> items) {
+    auto* container = new QWidget;
+    fill(container, orientation, options, items);
+    return container;
+}
+
+QWidget* row(std::initializer_list<Item> items) {
+    return stack(Qt::Horizontal, {}, items);
+}
+
+QWidget* columns(std::initializer_list<Item> items) {
+    return stack(Qt::Horizontal, {.spacing = Size::gapSection, .equalShares = true}, items);
+}
+
+QWidget* screen(QWidget* header, std::initializer_list<Item> items) {
+    auto* content =
+        stack(Qt::Vertical,
+              {.spacing = Size::gapSection,
+               .padding = {Size::screenPadding, Size::bodyTop, Size::screenPadding, Size::screenPadding}},
+              items);
+    auto* head =
+        stack(Qt::Vertical,
+              {.spacing = 0,
+               .padding = {Size::screenPadding, Size::headerTop, Size::screenPadding, Size::headerBottom}},
+              {header});
+    head->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    return stack(Qt::Vertical, {.spacing = 0}, {head, new ScreenBody(content)});
+}
+
+QWidget* section(ViewCore& view, std::function<std::string()> title, std::string icon, QWidget* content) {
+    auto* target = focusTarget(content);
+    view.onRefresh([target, title] { target->setAccessibleName(qString(title())); });
+    return stack(Qt::Vertical, {.spacing = Size::gapHeading},
+                 {sectionHeading(view, std::move(title), std::move(icon)), content});
+}
+
+QWidget* overlay(QWidget* panel, QWidget* button) {
+    return new Overlay(panel, button);
+}
+
+QWidget* either(ViewCore& view, std::function<bool()> condition, QWidget* yes, QWidget* no) {
+    auto* place = stack(Qt::Vertical, {.spacing = 0}, {yes, no});
+    view.onRefresh([yes, no, condition = std::move(condition)] {
+        const bool holds = condition();
+        (holds ? no : yes)->hide();
+        (holds ? yes : no)->show();
+    });
+    return place;
+}
+
+QWidget* focusTarget(QWidget* widget) {
+    while (widget->focusProxy())
+        widget = widget->focusProxy();
+    return widget;
+}
+
+} // namespace korvane

@@ -1,0 +1,37 @@
+/// A thin scroll bar that lies over a scrolling area and takes no room in it. It drives the area's own,
+/// hidden bar, so whatever scrolls by keyboard, wheel or program moves it too.
+#pragma once
+
+#include <QScrollBar>
+
+class QAbstractScrollArea;
+
+namespace korvane {
+
+class OverlayScrollBar final : public QScrollBar {
+public:
+    /// Lays a bar over `area`, at the right edge of `host` (or the bottom one for a horizontal bar), and
+    /// hides the area's own.
+    OverlayScrollBar(Qt::Orientation orientation, QAbstractScrollArea* area, QWidget* host);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    void place();
+    void adopt();
+    QRectF thumb() const;
+    double along(const QPointF& point) const;
+
+    QScrollBar* m_driven;
+    QWidget* m_host;
+    double m_grabbedAt = -1; // where in the thumb the pointer holds it
+};
+
+} // namespace korvane

@@ -1,0 +1,126 @@
+#include "Desktop/Kit/RowList.h"
+
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+
+#include <QAbstractListModel>
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace korvane {
+
+class RowList::Model final : public QAbstractListModel {
+public:
+    Model(const RowSource& source, QObject* parent) : QAbstractListModel(parent), m_source(source) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_count; }
+
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role == Qt::AccessibleTextRole || role == Qt::DisplayRole)
+            return qString(m_source.name(index.row()));
+        return {};
+    }
+
+    void reload() {
+        beginResetModel();
+        m_count = m_source.count();
+        endResetModel();
+    }
+
+private:
+    const RowSource& m_source;
+    int m_count = 0;
+};
+
+class RowList::Delegate final : public QStyledItemDelegate {
+public:
+    explicit Delegate(RowList* list) : QStyledItemDelegate(list), m_list(list) {}
+
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
+        return {m_list->m_source.width(), m_list->m_source.height};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        painter->save();
+        m_list->m_source.paint(*painter, option.rect, index.row(),
+                               {.isHovered = option.state.testFlag(QStyle::State_MouseOver),
+                                .isCurrent = m_list->hasFocus() && index == m_list->currentIndex()});
+        painter->restore();
+    }
+
+private:
+    RowList* m_list;
+};
+
+RowList::RowList(RowSource source) : m_source(std::move(source)), m_model(new Model(m_source, this)) {
+    setModel(m_model);
+    setItemDelegate(new Delegate(this));
+    setUniformItemSizes(true);
+    setFrameShape(QFrame::NoFrame);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setSelectionMode(NoSelection);
+    setEditTriggers(NoEditTriggers);
+    setMouseTracking(true);
+    viewport()->setAutoFillBackground(false);
+    setViewportMargins(0, m_source.topPadding, 0, m_source.topPadding);
+    reload();
+}
+
+void RowList::reload() {
+    const auto row = currentRow();
+    const auto vertical = verticalScrollBar()->value();
+    const auto horizontal = horizontalScrollBar()->value();
+    m_model->reload();
+    doItemsLayout();
+    verticalScrollBar()->setSingleStep(m_source.height);
+    verticalScrollBar()->setValue(vertical);
+    horizontalScrollBar()->setValue(horizontal);
+    const QSignalBlocker quiet(selectionModel());
+    if (m_model->rowCount() > 0)
+        selectionModel()->setCurrentIndex(m_model->index(std::clamp(row, 0, m_model->rowCount() - 1)),
+                                          QItemSelectionModel::NoUpdate);
+}
+
+void RowList::setCurrentRow(int row) {
+    if (row >= 0 && row < m_model->rowCount())
+        setCurrentIndex(m_model->index(row));
+}
+
+void RowList::keyPressEvent(QKeyEvent* event) {
+    if (onKey && onKey(event))
+        return;
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && onActivate && currentIndex().isValid()) {
+        onActivate(currentRow());
+        return;
+    }
+    if (event->matches(QKeySequence::Copy) && currentIndex().isValid()) {
+        QApplication::clipboard()->setText(qString(m_source.name(currentRow())));
+        return;
+    }
+    QListView::keyPressEvent(event);
+}
+
+void RowList::mousePressEvent(QMouseEvent* event) {
+    QListView::mousePressEvent(event);
+    m_pressedRow = event->button() == Qt::LeftButton ? indexAt(event->position().toPoint()).row() : -1;
+}
+
+void RowList::mouseReleaseEvent(QMouseEvent* event) {
+    QListView::mouseReleaseEvent(event);
+    const auto index = indexAt(event->position().toPoint());
+    if (onClick && index.isValid() && index.row() == m_pressedRow)
+        onClick(index.row(), event->position().toPoint() - visualRect(index).topLeft());
+    m_pressedRow = -1;
+}
+
+} // namespace korvane

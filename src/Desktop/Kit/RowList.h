@@ -1,0 +1,64 @@
+/// A list of rows of one height, of which only the visible ones are ever asked for: it serves sixteen tools
+/// and a million tree rows alike. The rows are real list items to keyboard and assistive technology.
+#pragma once
+
+#include <QListView>
+
+#include <functional>
+#include <string>
+
+namespace korvane {
+
+class ViewCore;
+
+/// How a row is to be painted.
+struct RowState {
+    bool isHovered;
+    bool isCurrent; ///< has the list's keyboard position, and the list has the focus
+};
+
+/// Where a list takes its rows from. Rows are numbered from 0.
+struct RowSource {
+    std::function<int()> count;
+    std::function<std::string(int row)> name; ///< what assistive technology calls it, and what is copied
+    std::function<void(QPainter&, const QRect&, int row, RowState)> paint;
+    std::function<int()> width = [] {
+        return 0;
+    }; ///< of the widest row; the list scrolls sideways to show it
+    int height = 0;
+    int topPadding = 0; ///< free room above the first row and below the last
+};
+
+class RowList final : public QListView {
+public:
+    explicit RowList(RowSource source);
+
+    /// Told of a click, with where in the row it was, and of Return or Enter on the current row.
+    std::function<void(int row, QPoint position)> onClick;
+    std::function<void(int row)> onActivate;
+
+    /// Sees a key press first; returns whether it was dealt with.
+    std::function<bool(QKeyEvent*)> onKey;
+
+    /// Has the list ask for everything again. Keeps position and current row as far as they still exist.
+    void reload();
+
+    int currentRow() const { return currentIndex().row(); }
+
+    void setCurrentRow(int row);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    class Model;
+    class Delegate;
+
+    RowSource m_source;
+    Model* m_model;
+    int m_pressedRow = -1;
+};
+
+} // namespace korvane

@@ -1,0 +1,69 @@
+#include "Desktop/Kit/RowText.h"
+
+#include "Desktop/Kit/Strings.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+/// The size of the pieces that a long text is measured and drawn in.
+constexpr std::size_t pieceSize = 1024;
+
+bool isTrailingByte(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+bool isASCII(std::string_view text) {
+    return std::ranges::all_of(text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+}
+
+QString onOneLine(std::string_view text) {
+    auto line = qString(text);
+    for (auto& character : line) {
+        if (character == '\n' || character == '\r' || character == '\t' || character == QChar::LineSeparator ||
+            character == QChar::ParagraphSeparator)
+            character = ' ';
+    }
+    return line;
+}
+
+} // namespace
+
+double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
+                   const QColor& color) {
+    const QFontMetricsF metrics(font);
+    const auto visible = painter.hasClipping() ? painter.clipBoundingRect() : QRectF(painter.viewport());
+    const auto baseline = rect.top() + (rect.height() + metrics.ascent() - metrics.descent()) / 2;
+    painter.setFont(font);
+    painter.setPen(color);
+    double x = rect.left();
+    while (!text.empty() && x < visible.right()) { // nothing is drawn, nor follows, beyond the right edge
+        auto length = std::min(pieceSize, text.size());
+        while (length < text.size() && isTrailingByte(text[length]))
+            ++length;
+        const auto piece = text.substr(0, length);
+        const auto width = isASCII(piece) ? static_cast<double>(piece.size()) * metrics.horizontalAdvance('0')
+                                          : metrics.horizontalAdvance(onOneLine(piece));
+        if (x + width >= visible.left())
+            painter.drawText(QPointF(x, baseline), onOneLine(piece));
+        x += width;
+        text.remove_prefix(length);
+    }
+    return x - rect.left();
+}
+
+std::size_t columnCount(std::string_view text) {
+    std::size_t columns = 0;
+    for (const char byte : text) {
+        if (!isTrailingByte(byte))
+            columns += static_cast<unsigned char>(byte) >= 0xE0 ? 2 : 1;
+    }
+    return columns;
+}
+
+} // namespace korvane

@@ -1,0 +1,34 @@
+/// What a screen's file includes: the view, the layouts, and the frame that owns both state and widgets.
+#pragma once
+
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/View.h"
+
+#include <QVBoxLayout>
+
+namespace korvane {
+
+/// A widget that owns a view of `State` and what `body` builds from it. The view is gone before the widgets
+/// are, so none of them can read a state that has been destroyed.
+template <typename State>
+class ScreenFrame final : public QWidget {
+public:
+    ScreenFrame(Services& services, QWidget* (*body)(View<State>&)) : m_view(services) {
+        auto* layout = new QVBoxLayout(this);
+        layout->setContentsMargins({});
+        layout->addWidget(body(m_view));
+    }
+
+    View<State>& view() { return m_view; }
+
+private:
+    View<State> m_view;
+};
+
+/// A fresh screen with default state.
+template <typename State>
+QWidget* makeScreen(Services& services, QWidget* (*body)(View<State>&)) {
+    return new ScreenFrame<State>(services, body);
+}
+
+} // namespace korvane

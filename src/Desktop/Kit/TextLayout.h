@@ -1,0 +1,59 @@
+/// The layout of a text area's document: wrapped lines of one height whatever fonts they need, laid out block
+/// by block when they are first looked at. It does not paint and knows nothing of scrolling.
+#pragma once
+
+#include <QFont>
+#include <QPlainTextDocumentLayout>
+#include <QTextLayout>
+
+namespace korvane {
+
+class TextLayout : public QPlainTextDocumentLayout {
+public:
+    explicit TextLayout(QTextDocument& document);
+
+    /// Where the lines go, in pixels.
+    struct Frame {
+        qreal left = 0;   ///< from the view's edge to the lines
+        qreal width = 0;  ///< of a line
+        qreal bottom = 0; ///< below the last line
+        int lineHeight = 1;
+        bool operator==(const Frame&) const = default;
+    };
+
+    /// Blocks are laid out anew when they are next looked at; until then they keep their numbers of lines, so
+    /// the cost does not depend on the size of the document.
+    void setFrame(const Frame& frame);
+
+    const Frame& frame() const { return m_frame; }
+
+    /// Breaks `layout` into lines. Each line's natural rectangle ends where its row ends: the view takes the
+    /// bottom of a line for the top of the next one when it scrolls.
+    int layLines(QTextLayout& layout) const;
+
+    /// Where to draw a line of a block: at the distance from its own position that puts it on the baseline
+    /// which all rows share.
+    QPointF drawingOffset(const QTextLine& line) const;
+
+    /// From the top of a row to the baseline of the text, which is centred in the row.
+    qreal baseline() const;
+
+    QRectF blockBoundingRect(const QTextBlock& block) const override;
+    QSizeF documentSize() const override;
+
+protected:
+    void documentChanged(int from, int removed, int added) override;
+
+private:
+    /// Lays `block` out; tells whether its number of lines has changed.
+    bool layBlock(const QTextBlock& block) const;
+    bool isLaidOut(const QTextBlock& block) const;
+    void announceSize() const;
+
+    Frame m_frame{};
+    int m_generation = 0; // a block's user state is the generation of its layout
+    int m_blockCount = 1;
+    mutable bool m_announcing = false;
+};
+
+} // namespace korvane

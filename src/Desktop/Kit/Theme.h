@@ -1,0 +1,171 @@
+/// Everything about looks: colours in light and dark, sizes, radii, gaps and fonts. No other file of the
+/// program holds a literal colour, size or style sheet. Sizes are pixels for a 13-pixel body text and grow
+/// with the desktop's font; colours follow the desktop's scheme, also while the program runs.
+#pragma once
+
+#include "Models/PaletteColor.h"
+
+#include <QColor>
+#include <QFont>
+#include <QMargins>
+#include <QPalette>
+
+namespace korvane::Theme {
+
+enum class Scheme { light, dark };
+
+/// The colours that have one meaning each; tints of the ink are translucent and painted over what lies below.
+enum class Role {
+    windowBackground,
+    sidebarBackground,
+    sidebarEdge,
+    windowEdge,
+    divider,
+    popupBackground,
+    primary,
+    secondary,
+    toolName, ///< primary at 90 %: the name of a tool that is not selected
+    faint,
+    placeholder,
+    onAccent,
+    onYellow,
+    panelFill,
+    controlFill,
+    rowHover,
+    controlHover,
+    controlPressed,
+    outline,
+    outlineStrong,
+    segmentSelected,
+    segmentOutline,
+    overlayFill,
+    overlayHover,
+    scrollThumb,
+    scrollThumbHover,
+    accent,
+    focusRing,
+    selection,
+    hoverOnColor,
+    pressedOnColor,
+    disabledFill,
+};
+
+/// How strongly a colour is laid over the surface, in percent.
+enum class Tint {
+    row = 10,
+    toggle = 14,
+    toggleHover = 20,
+    togglePressed = 26,
+    iconBox = 20,
+    outline = 30,
+    toggleOutline = 40,
+    headerFrom = 30,
+    headerTo = 10,
+};
+
+enum class TextStyle {
+    largeTitle,
+    title,
+    title2,
+    title3,
+    headline,
+    body,
+    subheadline,
+    caption,
+    button,
+    quiet,
+    quietStrong, ///< the chosen segment
+    heading,     ///< section headings: upper case, letters spaced
+    toolName,
+    toolNameStrong,
+    menu,
+    stat,
+    code,
+    codeMedium,
+    codeSmall,
+    codeCaption,
+    hero,
+};
+
+/// Distances and sizes by name, in pixels at a 13-pixel body text; `px` scales them.
+struct Size {
+    static constexpr int radiusBar = 2, radiusBadge = 4, radiusSmall = 6, radiusMedium = 8, radiusLarge = 10,
+                         radiusExtraLarge = 12;
+    static constexpr int screenPadding = 24, headerTop = 4, headerBottom = 16, bodyTop = 4;
+    static constexpr int gapHeader = 12, gapSection = 16, gapHeading = 8, gapControl = 8, gapGroup = 16,
+                         gapList = 4, gapBadge = 6, gapQuiet = 4;
+    static constexpr int stripHeight = 36, stripMenuHeight = 24, stripMenuPadding = 8, windowButton = 28,
+                         windowButtonGap = 4;
+    static constexpr int windowGlyphMinimise = 13, windowGlyphMaximise = 11, windowGlyphClose = 12;
+    static constexpr int windowGrip = 5;
+    static constexpr int sidebarInset = 8, sidebarTextInset = 18, brandHeight = 46, brandGlyph = 18,
+                         brandGap = 8, sidebarRow = 48, sidebarRowPadding = 10, sidebarIconBox = 32,
+                         sidebarGlyph = 15, sidebarTextGap = 12, sidebarNameHeight = 17, shortcutPaddingX = 6,
+                         shortcutPaddingY = 2, searchHeight = 32, searchGlyph = 13, searchGap = 8,
+                         searchTop = 8, searchBottom = 4, footerHeight = 37, footerGlyph = 13;
+    static constexpr int headerTile = 44, headerGlyph = 21;
+    static constexpr int actionHeight = 32, actionPadding = 16, actionGlyph = 14;
+    static constexpr int quietHeight = 28, quietPadding = 10, quietGlyph = 12, quietCompact = 28,
+                         iconButton = 24;
+    static constexpr int segmentedHeight = 32, segmentedInset = 2;
+    static constexpr int badgePaddingX = 12, badgePaddingY = 8, badgeGlyph = 14, badgeLine = 16;
+    static constexpr int headingGlyph = 12;
+    static constexpr int statGlyph = 18, statPadding = 12, statGap = 4;
+    static constexpr int gutterPadding = 8, editorInset = 8, editorInsetRight = 12, simpleEditorInset = 12,
+                         overlayInset = 8, overlayReserve = 40, editorMinimumHeight = 120;
+    static constexpr int scrollWidth = 5, scrollWidthHover = 7, scrollInset = 2, scrollThumbMinimum = 32,
+                         scrollEndInset = 3;
+    static constexpr int focusWidth = 2;
+    static constexpr int treeRow = 20, treeIndent = 20, treeChevronBox = 16, treeChevron = 10, treeGlyph = 11,
+                         treeValueGap = 8, treeGap = 4, treePaddingX = 8, treePaddingY = 10;
+    static constexpr int compactWidth = 640;
+    static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
+                         welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,
+                         welcomeTileGlyph = 20, welcomeBottom = 36;
+    static constexpr int menuRow = 26, menuPadding = 10, menuInset = 4, menuRadius = 8;
+};
+
+/// How long a change of state takes to show, in milliseconds.
+inline constexpr int motion = 200;
+
+Scheme scheme();
+
+/// Switches all looks. Widgets that keep a colour hear of it as QEvent::PaletteChange once the window's
+/// palette is set to `palette()`.
+void setScheme(Scheme scheme);
+
+/// The palette for the window: the theme's colours in the toolkit's roles.
+QPalette palette();
+
+/// The style sheet of menus, menu bar and tool tips, which the toolkit paints.
+QString menuStyleSheet();
+
+QColor color(Role role);
+QColor withTint(PaletteColor color, Tint tint);
+
+/// The colour of glyphs, tints and bars.
+QColor hue(PaletteColor color);
+
+/// The colour of coloured text: at least 4.5:1 on window, panel and its own tint.
+QColor textTone(PaletteColor color);
+
+/// The colour of a fill under white text, and the colour of text and glyph on it.
+QColor solid(PaletteColor color);
+QColor onSolid(PaletteColor color);
+
+/// A blend of `from` and `to`, at `progress` from 0 to 1.
+QColor mixed(const QColor& from, const QColor& to, double progress);
+
+/// `size` scaled by the desktop's font.
+int px(int size);
+QMargins margins(int left, int top, int right, int bottom);
+
+QFont font(TextStyle style);
+int lineHeight(TextStyle style);
+
+/// The opacity of a disabled control.
+inline constexpr double disabledOpacity = 0.45;
+inline constexpr double disabledActionOpacity = 0.75;
+inline constexpr double promptGlyphOpacity = 0.6;
+
+} // namespace korvane::Theme

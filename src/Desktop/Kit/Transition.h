@@ -1,0 +1,52 @@
+/// The progress of a change of look between off (0) and on (1), eased in and out. It only paints: what a
+/// control says and does changes at once.
+#pragma once
+
+#include "Desktop/Kit/Theme.h"
+
+#include <QVariantAnimation>
+#include <QWidget>
+
+namespace korvane {
+
+class Transition {
+public:
+    explicit Transition(QWidget* widget) {
+        m_animation.setDuration(Theme::motion);
+        m_animation.setEasingCurve(QEasingCurve::InOutQuad);
+        QObject::connect(&m_animation, &QVariantAnimation::valueChanged, widget,
+                         [this, widget](const QVariant& value) {
+                             m_progress = value.toDouble();
+                             widget->update();
+                         });
+    }
+
+    void setOn(bool on) {
+        if (on == m_on)
+            return;
+        m_on = on;
+        m_animation.stop();
+        m_animation.setStartValue(m_progress);
+        m_animation.setEndValue(on ? 1.0 : 0.0);
+        m_animation.start();
+    }
+
+    /// Runs from off to on, whatever it was.
+    void restart() {
+        m_animation.stop();
+        m_progress = 0;
+        m_on = false;
+        setOn(true);
+    }
+
+    bool isRunning() const { return m_animation.state() == QAbstractAnimation::Running; }
+
+    double progress() const { return m_progress; }
+
+private:
+    QVariantAnimation m_animation;
+    double m_progress = 0;
+    bool m_on = false;
+};
+
+} // namespace korvane

@@ -1,0 +1,259 @@
+#include "Desktop/Kit/TreeView.h"
+
+#include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/OverlayScrollBar.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/RowList.h"
+#include "Desktop/Kit/RowText.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/Transition.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QEvent>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+class TreePanel final : public Panel {
+public:
+    TreePanel(RowList* list, std::string emptyPrompt)
+        : Panel(list), m_list(list), m_emptyPrompt(qString(emptyPrompt)) {
+        new OverlayScrollBar(Qt::Vertical, list, this);
+        new OverlayScrollBar(Qt::Horizontal, list, this);
+    }
+
+    void setEmpty(bool isEmpty) {
+        m_list->setVisible(!isEmpty);
+        setAccessibleDescription(isEmpty ? m_emptyPrompt : QString());
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        Panel::paintEvent(event);
+        if (!m_list->isHidden())
+            return;
+        QPainter painter(this);
+        painter.setFont(Theme::font(TextStyle::body));
+        painter.setPen(Theme::color(Role::secondary));
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyPrompt);
+    }
+
+private:
+    RowList* m_list;
+    QString m_emptyPrompt;
+};
+
+/// Draws the rows, folds them by pointer and keyboard, and knows how wide they are.
+class TreeController {
+public:
+    TreeController(std::function<TreeRows()> rows, std::function<void(std::size_t)> toggleRow)
+        : m_read(std::move(rows)),
+          m_toggle(std::move(toggleRow)),
+          m_list(new RowList(source())),
+          m_turn(m_list->viewport()) {
+        m_list->onClick = [this](int row, QPoint position) {
+            const auto box =
+                chevronBox(m_rows.at(static_cast<std::size_t>(row)), QRect(0, 0, 0, rowHeight()));
+            if (position.x() >= box.left() && position.x() < box.right())
+                toggle(row);
+        };
+        m_list->onActivate = [this](int row) { toggle(row); };
+        m_list->onKey = [this](QKeyEvent* event) { return fold(event); };
+    }
+
+    RowList* list() const { return m_list; }
+
+    bool isEmpty() const { return m_rows.count == 0; }
+
+    void refresh() {
+        auto rows = m_read();
+        const bool isSame = rows.revision == m_rows.revision && rows.count == m_rows.count;
+        m_rows = std::move(rows);
+        if (isSame)
+            return;
+        m_width = -1;
+        m_list->reload();
+    }
+
+private:
+    RowSource source() {
+        return {.count = [this] { return static_cast<int>(m_rows.count); },
+                .name = [this](int row) { return name(m_rows.at(static_cast<std::size_t>(row))); },
+                .paint = [this](QPainter& painter, const QRect& rect, int row,
+                                RowState state) { paint(painter, rect, row, state); },
+                .width = [this] { return width(); },
+                .height = rowHeight(),
+                .topPadding = Theme::px(Size::treePaddingY)};
+    }
+
+    static int rowHeight() { return Theme::px(Size::treeRow) + Theme::px(Size::treeGap); }
+
+    static std::string name(const TreeRow& row) {
+        std::string text(row.key);
+        for (const std::string_view part : {row.value, std::string_view(row.count)}) {
+            if (!part.empty())
+                text.append(" ").append(part);
+        }
+        return text;
+    }
+
+    static QRectF chevronBox(const TreeRow& row, const QRect& rect) {
+        const auto left =
+            rect.left() + Theme::px(Size::treePaddingX) + row.depth * Theme::px(Size::treeIndent);
+        return {static_cast<double>(left), static_cast<double>(rect.top()),
+                static_cast<double>(Theme::px(Size::treeChevronBox)),
+                static_cast<double>(Theme::px(Size::treeRow))};
+    }
+
+    void paint(QPainter& painter, const QRect& rect, int number, RowState state) {
+        const auto row = m_rows.at(static_cast<std::size_t>(number));
+        const auto height = Theme::px(Size::treeRow);
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (state.isCurrent || state.isHovered) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(Theme::color(state.isCurrent ? Role::selection : Role::rowHover));
+            const auto radius = Theme::px(Size::radiusBadge);
+            painter.drawRoundedRect(
+                QRectF(rect.left() + radius, rect.top(), rect.width() - 2 * radius, height), radius, radius);
+        }
+        auto box = chevronBox(row, rect);
+        if (row.hasChildren)
+            paintChevron(painter, box, row.isExpanded, number);
+        const auto gap = Theme::px(Size::treeGap);
+        const auto glyph = Theme::px(Size::treeGlyph);
+        double x = box.right() + gap;
+        Glyph::paint(painter, row.icon, QRectF(x, rect.top() + (height - glyph) / 2.0, glyph, glyph),
+                     Theme::hue(row.color));
+        x += glyph + gap;
+        const auto draw = [&](std::string_view text, TextStyle style, const QColor& color) {
+            x += drawRowText(painter, QRectF(x, rect.top(), 0, height), text, Theme::font(style), color);
+        };
+        draw(row.key, TextStyle::codeMedium, Theme::color(Role::primary));
+        if (!row.value.empty()) {
+            x += Theme::px(Size::treeValueGap);
+            draw(row.value, TextStyle::code, Theme::textTone(row.color));
+        }
+        if (!row.count.empty()) {
+            x += gap;
+            draw(row.count, TextStyle::codeCaption, Theme::color(Role::secondary));
+        }
+    }
+
+    void paintChevron(QPainter& painter, const QRectF& box, bool isExpanded, int number) const {
+        const auto size = Theme::px(Size::treeChevron);
+        const QRectF glyph(-size / 2.0, -size / 2.0, size, size);
+        painter.save();
+        painter.translate(box.center());
+        const auto color = Theme::color(Role::secondary);
+        if (number == m_turning && m_turn.isRunning()) {
+            painter.setRenderHint(QPainter::SmoothPixmapTransform);
+            painter.rotate((isExpanded ? m_turn.progress() : 1 - m_turn.progress()) * quarterTurn);
+            Glyph::paint(painter, "chevron.right", glyph, color);
+        } else {
+            Glyph::paint(painter, isExpanded ? "chevron.down" : "chevron.right", glyph, color);
+        }
+        painter.restore();
+    }
+
+    void toggle(int row) {
+        if (!m_rows.at(static_cast<std::size_t>(row)).hasChildren)
+            return;
+        m_turning = row;
+        m_turn.restart();
+        m_toggle(static_cast<std::size_t>(row));
+        m_list->setCurrentRow(row);
+    }
+
+    /// Left folds a row or goes to its parent, Right unfolds it or goes to its first child, Space does
+    /// either.
+    bool fold(QKeyEvent* event) {
+        const auto current = m_list->currentRow();
+        if (current < 0 || event->modifiers() != Qt::NoModifier)
+            return false;
+        const auto row = m_rows.at(static_cast<std::size_t>(current));
+        switch (event->key()) {
+        case Qt::Key_Space:
+            toggle(current);
+            return true;
+        case Qt::Key_Left:
+            if (row.hasChildren && row.isExpanded)
+                toggle(current);
+            else
+                m_list->setCurrentRow(parentOf(current, row.depth));
+            return true;
+        case Qt::Key_Right:
+            if (row.hasChildren && !row.isExpanded)
+                toggle(current);
+            else if (row.hasChildren)
+                m_list->setCurrentRow(current + 1);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    int parentOf(int row, int depth) const {
+        for (int above = row - 1; above >= 0; --above) {
+            if (m_rows.at(static_cast<std::size_t>(above)).depth < depth)
+                return above;
+        }
+        return row;
+    }
+
+    /// The room that the widest row needs, from the number of columns that its texts take; never less than it
+    /// takes.
+    int width() {
+        if (m_width >= 0)
+            return m_width;
+        const auto column = QFontMetricsF(Theme::font(TextStyle::codeMedium)).horizontalAdvance('0');
+        double widest = 0;
+        for (std::size_t number = 0; number < m_rows.count; ++number) {
+            const auto row = m_rows.at(number);
+            const auto columns = columnCount(row.key) + columnCount(row.value) + row.count.size();
+            widest = std::max(widest, static_cast<double>(columns) * column +
+                                          row.depth * Theme::px(Size::treeIndent));
+        }
+        m_width = static_cast<int>(std::ceil(widest)) + Theme::px(Size::treeChevronBox) +
+                  Theme::px(Size::treeGlyph) + Theme::px(Size::treeValueGap) + 3 * Theme::px(Size::treeGap) +
+                  2 * Theme::px(Size::treePaddingX);
+        return m_width;
+    }
+
+    static constexpr double quarterTurn = 90;
+
+    std::function<TreeRows()> m_read;
+    std::function<void(std::size_t)> m_toggle;
+    TreeRows m_rows;
+    int m_width = -1;
+    RowList* m_list;
+    int m_turning = -1;
+    Transition m_turn;
+};
+
+} // namespace
+
+QWidget* treeView(ViewCore& view, std::function<TreeRows()> rows, std::function<void(std::size_t)> toggle,
+                  std::string emptyPrompt) {
+    auto controller = std::make_shared<TreeController>(std::move(rows), std::move(toggle));
+    auto* panel = new TreePanel(controller->list(), std::move(emptyPrompt));
+    view.onRefresh([panel, controller] {
+        controller->refresh();
+        panel->setEmpty(controller->isEmpty());
+    });
+    return panel;
+}
+
+} // namespace korvane

@@ -1,0 +1,42 @@
+/// A tree whose rows fold, in a panel. Only visible rows are drawn, so a document of a million values scrolls
+/// like one of ten.
+#pragma once
+
+#include "Models/PaletteColor.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+class QWidget;
+
+namespace korvane {
+
+class ViewCore;
+
+/// What one row shows. The texts may refer to the tree, and hold until it changes.
+struct TreeRow {
+    int depth;
+    bool hasChildren;
+    bool isExpanded;
+    std::string_view icon;
+    PaletteColor color;
+    std::string_view key;
+    std::string_view value; ///< in the row's colour; empty for none
+    std::string count;      ///< small, behind the key; empty for none
+};
+
+/// The rows of a tree, as a state tells them.
+struct TreeRows {
+    std::size_t count = 0;
+    std::size_t revision = 0; ///< changes whenever any row does
+    std::function<TreeRow(std::size_t)> at;
+};
+
+/// `toggle` is called with the number of a row that has children, to fold it or unfold it. Without rows
+/// `emptyPrompt` stands in the panel's middle.
+QWidget* treeView(ViewCore& view, std::function<TreeRows()> rows, std::function<void(std::size_t)> toggle,
+                  std::string emptyPrompt);
+
+} // namespace korvane

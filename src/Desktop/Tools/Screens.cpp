@@ -1,0 +1,44 @@
+#include "Desktop/Tools/Screens.h"
+
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
+
+namespace korvane {
+
+namespace {
+
+/// What stands in for a tool without a screen.
+QWidget* displayName(Tool tool) {
+    return stack(Qt::Vertical, {},
+                 {stretch(), row({stretch(), new Label(rawValue(tool), Theme::TextStyle::body), stretch()}),
+                  stretch()});
+}
+
+} // namespace
+
+QWidget* toolView(Tool tool, Services& services) {
+    switch (tool) {
+    case Tool::jsonFormatter:
+        return jsonFormatterScreen(services);
+    case Tool::base64:
+        return base64Screen(services);
+    case Tool::urlEncoder:
+    case Tool::jwtDecoder:
+    case Tool::hashGenerator:
+    case Tool::uuidGenerator:
+    case Tool::timestamp:
+    case Tool::regexTester:
+    case Tool::colorPicker:
+    case Tool::textDiff:
+    case Tool::textTransformer:
+    case Tool::numberBase:
+    case Tool::loremIpsum:
+    case Tool::passwordGenerator:
+    case Tool::markdownPreview:
+    case Tool::imageConverter:
+        return displayName(tool);
+    }
+    return nullptr;
+}
+
+} // namespace korvane

@@ -1,0 +1,19 @@
+/// The screens of the tools. Each function builds a fresh screen with default state; the widget owns all of
+/// it.
+#pragma once
+
+#include "Models/Tool.h"
+
+class QWidget;
+
+namespace korvane {
+
+struct Services;
+
+QWidget* base64Screen(Services& services);
+QWidget* jsonFormatterScreen(Services& services);
+
+/// The screen of `tool`, or its display name while there is no screen yet.
+QWidget* toolView(Tool tool, Services& services);
+
+} // namespace korvane

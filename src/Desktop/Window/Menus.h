@@ -1,0 +1,14 @@
+/// The menus File, Edit and Help, built from the catalogue and from tables.
+#pragma once
+
+class QMenuBar;
+class QWidget;
+
+namespace korvane {
+
+struct Services;
+
+/// The menu bar of `window`. The items of the tools show their shortcuts but do not answer to them.
+QMenuBar* menuBar(QWidget* window, Services& services);
+
+} // namespace korvane

@@ -1,0 +1,255 @@
+#include "Desktop/Window/Sidebar.h"
+
+#include "Desktop/Kit/Divider.h"
+#include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/OverlayScrollBar.h"
+#include "Desktop/Kit/RowList.h"
+#include "Desktop/Kit/SearchField.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/Transition.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+/// The list of the tools that the search leaves, and how a row of it looks.
+class ToolList {
+public:
+    explicit ToolList(View<ContentView>& view)
+        : m_view(view), m_list(new RowList(source())), m_motion(m_list->viewport()) {
+        m_list->setAccessibleName(QWidget::tr("Tools"));
+        m_list->setFocusPolicy(Qt::TabFocus); // a click selects, and leaves the focus where it was
+        m_list->onClick = [this](int row, QPoint) { select(row); };
+        m_list->onActivate = [this](int row) { select(row); };
+        m_list->onKey = [this](QKeyEvent* event) { return handleKey(event); };
+    }
+
+    RowList* list() const { return m_list; }
+
+    void refresh() {
+        auto tools = m_view.state().sidebar.filteredTools();
+        if (tools != m_tools) {
+            m_tools = std::move(tools);
+            m_list->reload();
+        }
+        const auto selected = m_view.state().selectedTool;
+        if (selected == m_selected)
+            return;
+        m_previous = std::exchange(m_selected, selected);
+        if (m_isAnimated)
+            m_motion.restart();
+        else
+            m_previous.reset();
+        m_list->setCurrentRow(rowOf(selected));
+        m_list->viewport()->update();
+    }
+
+    void enter() {
+        if (m_tools.empty())
+            return;
+        m_list->setFocus(Qt::OtherFocusReason);
+        m_list->setCurrentRow(std::max(0, rowOf(m_selected)));
+    }
+
+private:
+    RowSource source() {
+        return {.count = [this] { return static_cast<int>(m_tools.size()); },
+                .name = [this](int row) { return std::string(rawValue(toolAt(row))); },
+                .paint = [this](QPainter& painter, const QRect& rect, int row,
+                                RowState state) { paint(painter, rect, toolAt(row), state); },
+                .height = Theme::px(Size::sidebarRow) + Theme::px(Size::gapList),
+                .topPadding = Theme::px(Size::gapList)};
+    }
+
+    Tool toolAt(int row) const { return m_tools[static_cast<std::size_t>(row)]; }
+
+    int rowOf(std::optional<Tool> tool) const {
+        const auto found = tool ? std::ranges::find(m_tools, *tool) : m_tools.end();
+        return found == m_tools.end() ? -1 : static_cast<int>(found - m_tools.begin());
+    }
+
+    void select(int row) {
+        m_isAnimated = true;
+        m_view.perform(&ContentView::select, toolAt(row));
+        m_isAnimated = false;
+    }
+
+    bool handleKey(QKeyEvent* event) {
+        const bool isSpace = event->key() == Qt::Key_Space && m_list->currentRow() >= 0;
+        if (isSpace)
+            select(m_list->currentRow());
+        return isSpace;
+    }
+
+    /// How far the row of `tool` shows as selected, from 0 to 1.
+    double selectionOf(Tool tool) const {
+        const auto progress = m_motion.isRunning() ? m_motion.progress() : 1;
+        if (tool == m_selected)
+            return m_previous ? progress : 1;
+        return tool == m_previous ? 1 - progress : 0;
+    }
+
+    void paint(QPainter& painter, const QRect& cell, Tool tool, RowState state) const {
+        const auto inset = Theme::px(Size::sidebarInset);
+        const QRect row(cell.left() + inset, cell.top(), cell.width() - 2 * inset,
+                        Theme::px(Size::sidebarRow));
+        const auto selection = selectionOf(tool);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintBackground(painter, row, tool, selection, state);
+        const auto padding = Theme::px(Size::sidebarRowPadding);
+        const auto boxSize = Theme::px(Size::sidebarIconBox);
+        const QRect box(row.left() + padding, row.top() + (row.height() - boxSize) / 2, boxSize, boxSize);
+        paintIconBox(painter, box, tool, selection);
+        const auto right = row.right() + 1 - padding - paintBadge(painter, row, tool);
+        const auto left = box.right() + 1 + Theme::px(Size::sidebarTextGap);
+        paintTexts(painter, QRect(left, row.top(), right - left, row.height()), tool, selection);
+    }
+
+    static void paintBackground(QPainter& painter, const QRect& row, Tool tool, double selection,
+                                RowState state) {
+        const auto color = accentColor(tool);
+        const auto clear = QColor(Qt::transparent);
+        const auto rest = state.isHovered ? Theme::color(Role::rowHover) : clear;
+        painter.setBrush(Theme::mixed(rest, Theme::withTint(color, Theme::Tint::row), selection));
+        painter.setPen(Theme::mixed(clear, Theme::withTint(color, Theme::Tint::outline), selection));
+        const auto radius = Theme::px(Size::radiusLarge) - 0.5;
+        painter.drawRoundedRect(QRectF(row).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+        if (!state.isCurrent)
+            return;
+        const auto width = Theme::px(Size::focusWidth);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(Theme::color(Role::focusRing), width));
+        painter.drawRoundedRect(QRectF(row).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0),
+                                radius, radius);
+    }
+
+    static void paintIconBox(QPainter& painter, const QRect& box, Tool tool, double selection) {
+        const auto color = accentColor(tool);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Theme::mixed(Theme::color(Role::controlFill),
+                                      Theme::withTint(color, Theme::Tint::iconBox), selection));
+        const auto radius = Theme::px(Size::radiusMedium);
+        painter.drawRoundedRect(box, radius, radius);
+        const auto glyph = Theme::px(Size::sidebarGlyph);
+        const QRectF place(box.left() + (box.width() - glyph) / 2.0, box.top() + (box.height() - glyph) / 2.0,
+                           glyph, glyph);
+        Glyph::paint(painter, icon(tool), place,
+                     Theme::mixed(Theme::color(Role::secondary), Theme::hue(color), selection));
+    }
+
+    /// Paints the shortcut badge, if the tool has one, and returns the room that it takes.
+    static int paintBadge(QPainter& painter, const QRect& row, Tool tool) {
+        const auto text = qString(shortcutBadge(tool));
+        if (text.isEmpty())
+            return 0;
+        const auto font = Theme::font(TextStyle::caption);
+        const auto width = QFontMetrics(font).horizontalAdvance(text) + 2 * Theme::px(Size::shortcutPaddingX);
+        const auto height = Theme::lineHeight(TextStyle::caption) + 2 * Theme::px(Size::shortcutPaddingY);
+        const QRect badge(row.right() + 1 - Theme::px(Size::sidebarRowPadding) - width,
+                          row.top() + (row.height() - height) / 2, width, height);
+        const auto radius = Theme::px(Size::radiusBadge);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Theme::color(Role::controlFill));
+        painter.drawRoundedRect(badge, radius, radius);
+        painter.setFont(font);
+        painter.setPen(Theme::color(Role::faint));
+        painter.drawText(badge, Qt::AlignCenter, text);
+        return width + Theme::px(Size::sidebarTextGap);
+    }
+
+    static void paintTexts(QPainter& painter, const QRect& area, Tool tool, double selection) {
+        const auto nameHeight = Theme::lineHeight(TextStyle::toolName);
+        const auto captionHeight = Theme::lineHeight(TextStyle::caption);
+        const auto top = area.top() + (area.height() - nameHeight - captionHeight) / 2;
+        const auto draw = [&](int y, int height, TextStyle style, const QColor& color,
+                              std::string_view text) {
+            const auto font = Theme::font(style);
+            painter.setFont(font);
+            painter.setPen(color);
+            painter.drawText(QRect(area.left(), y, area.width(), height), Qt::AlignVCenter | Qt::AlignLeft,
+                             QFontMetrics(font).elidedText(qString(text), Qt::ElideRight, area.width()));
+        };
+        const bool isSelected = selection > 0.5;
+        draw(top, nameHeight, isSelected ? TextStyle::toolNameStrong : TextStyle::toolName,
+             Theme::color(isSelected ? Role::primary : Role::toolName), rawValue(tool));
+        draw(top + nameHeight, captionHeight, TextStyle::caption, Theme::color(Role::secondary),
+             description(tool));
+    }
+
+    View<ContentView>& m_view;
+    std::vector<Tool> m_tools;
+    std::optional<Tool> m_selected;
+    std::optional<Tool> m_previous;
+    bool m_isAnimated = false;
+    RowList* m_list;
+    Transition m_motion;
+};
+
+/// The column's background and the line at its right edge.
+class SidebarColumn final : public QWidget {
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), Theme::color(Role::sidebarBackground));
+        painter.fillRect(QRect(width() - 1, 0, 1, height()), Theme::color(Role::sidebarEdge));
+    }
+};
+
+/// A line of a glyph and a text, at the sidebar's text inset.
+QWidget* sidebarLine(int height, int gap, QWidget* glyph, QWidget* text) {
+    constexpr auto inset = Size::sidebarTextInset;
+    auto* line =
+        stack(Qt::Horizontal, {.spacing = gap, .padding = {inset, 0, inset, 0}}, {glyph, text, stretch()});
+    line->setFixedHeight(Theme::px(height));
+    return line;
+}
+
+} // namespace
+
+QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip) {
+    auto tools = std::make_shared<ToolList>(view);
+    auto* column = new SidebarColumn;
+    auto* search =
+        searchField(view, {.placeholder = std::string(ToolSidebarView::searchPlaceholder),
+                           .text = [&view] { return view.state().sidebar.searchText; },
+                           .setText = view.setting<std::string>([](ContentView& state, std::string text) {
+                               state.sidebar.setSearchText(std::move(text));
+                           }),
+                           .leaveDown = [tools] { tools->enter(); }});
+    constexpr auto inset = Size::sidebarInset;
+    fill(column, Qt::Vertical, {.spacing = 0, .padding = {0, 0, 1, 0}},
+         {
+             menuStrip,
+             sidebarLine(Size::brandHeight, Size::brandGap,
+                         new GlyphLabel(ToolSidebarView::icon, Size::brandGlyph, GlyphLabel::Brand{}),
+                         new Label(ToolSidebarView::title, TextStyle::headline)),
+             new Divider,
+             stack(Qt::Vertical,
+                   {.spacing = 0, .padding = {inset, Size::searchTop, inset, Size::searchBottom}}, {search}),
+             tools->list(),
+             new Divider,
+             sidebarLine(Size::footerHeight, Size::brandGap,
+                         new GlyphLabel(ToolSidebarView::footerIcon, Size::footerGlyph, PaletteColor::green),
+                         new Label(ToolSidebarView::footer, TextStyle::caption, Role::secondary)),
+         });
+    new OverlayScrollBar(Qt::Vertical, tools->list(), tools->list());
+    tools->list()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view.onRefresh([tools] { tools->refresh(); });
+    return column;
+}
+
+} // namespace korvane

@@ -1,0 +1,41 @@
+/// A short message and how to take it.
+#pragma once
+
+#include "Models/Enumeration.h"
+#include "Models/PaletteColor.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+enum class Status { success, error, warning, info };
+
+struct StatusFacts {
+    Status value;
+    std::string_view rawValue;
+    std::string_view icon;
+    PaletteColor color;
+};
+
+template <>
+inline constexpr auto facts<Status> = std::to_array<StatusFacts>({
+    {Status::success, "success", "checkmark.circle.fill", PaletteColor::green},
+    {Status::error, "error", "xmark.circle.fill", PaletteColor::red},
+    {Status::warning, "warning", "exclamationmark.triangle.fill", PaletteColor::orange},
+    {Status::info, "info", "info.circle.fill", PaletteColor::blue},
+});
+
+constexpr PaletteColor color(Status status) {
+    return factsOf(status).color;
+}
+
+struct StatusBadge {
+    Status status = Status::info;
+    std::string message{};
+
+    bool operator==(const StatusBadge&) const = default;
+};
+
+} // namespace korvane

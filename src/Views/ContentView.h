@@ -1,0 +1,60 @@
+/// What the main window shows: which tool is selected, and what its commands are. Not the sidebar's search,
+/// which is the sidebar's own, and not the screens, which start from their defaults whenever they are shown.
+#pragma once
+
+#include "Models/Tool.h"
+#include "Views/Sidebar/ToolSidebarView.h"
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace korvane {
+
+struct Services;
+
+struct ContentView {
+    std::optional<Tool> selectedTool = Tool::jsonFormatter; ///< none shows the welcome view
+    ToolSidebarView sidebar{};
+
+    void select(Tool tool) { selectedTool = tool; }
+
+    bool operator==(const ContentView&) const = default;
+};
+
+/// The size of the window, in pixels at a 13-pixel body text.
+struct WindowMetrics {
+    static constexpr int defaultWidth = 1100;
+    static constexpr int defaultHeight = 750;
+    static constexpr int minimumWidth = 900;
+    static constexpr int minimumHeight = 600;
+    static constexpr int sidebarMinimumWidth = 260;
+    static constexpr int sidebarWidth = 280;
+    static constexpr int sidebarMaximumWidth = 320;
+};
+
+/// The name under which the menu announces a chosen tool. Nothing in the program listens: the shortcuts act
+/// by themselves, and the announcement is there for whoever wants to know.
+inline constexpr std::string_view selectToolNotification = "selectTool";
+
+/// Choosing `tool` in the menu: posts the notification and changes nothing.
+void postSelectTool(Tool tool, Services& services);
+
+/// The texts of the menus that do not come from the catalogue.
+struct MenuTexts {
+    static constexpr std::string_view tools = "Tools";
+    static constexpr std::string_view help = "Korvane Help";
+    static constexpr std::string_view version = "Version 1.0.0";
+    static constexpr std::string_view localProcessing = "100% Local Processing";
+};
+
+/// The view in place of a screen while no tool is selected.
+struct WelcomeView {
+    static constexpr std::string_view icon = "hammer.fill";
+    static constexpr std::string_view title = "Korvane";
+    static constexpr std::string_view message = "Select a tool from the sidebar to get started";
+    static constexpr std::array tools{Tool::jsonFormatter, Tool::base64, Tool::urlEncoder,
+                                      Tool::hashGenerator};
+};
+
+} // namespace korvane

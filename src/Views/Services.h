@@ -1,0 +1,69 @@
+/// The outside world as the screens see it: a few tiny interfaces, real in the window, scripted in tests.
+/// What is not in here, no screen can reach.
+#pragma once
+
+#include "Models/Tool.h"
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+/// The system's clipboard, as far as it holds plain text.
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+
+    /// The plain text on the clipboard, or none when it holds something else or nothing.
+    virtual std::optional<std::string> text() const = 0;
+
+    /// Replaces whatever is on the clipboard; an empty text is put there like any other.
+    virtual void setText(std::string_view text) = 0;
+};
+
+/// Delayed work on the thread of the user interface.
+class Timers {
+public:
+    virtual ~Timers() = default;
+
+    /// Runs `action` once, `delay` from now. It cannot be called off, so it must bear its subject being gone.
+    virtual void after(std::chrono::milliseconds delay, std::function<void()> action) = 0;
+};
+
+/// Announcements that carry a tool. Posting is synchronous: all observers have run when `post` returns.
+class NotificationCenter {
+public:
+    using Observer = std::function<void(std::string_view name, Tool object)>;
+
+    void observe(Observer observer) { m_observers.push_back(std::move(observer)); }
+
+    void post(std::string_view name, Tool object) const {
+        for (const auto& observer : m_observers)
+            observer(name, object);
+    }
+
+private:
+    std::vector<Observer> m_observers;
+};
+
+/// What the window hands to every screen. The services outlive all screens.
+struct Services {
+    Clipboard& clipboard;
+    Timers& timers;
+    NotificationCenter& notifications;
+};
+
+/// What an operation gets that reaches beyond its own state: the services, and a way to change the state
+/// later.
+template <typename State>
+struct Context {
+    Services& services;
+    /// Runs a change on the state, at once or whenever it is called; does nothing once the state is gone.
+    std::function<void(std::function<void(State&)>)> update;
+};
+
+} // namespace korvane

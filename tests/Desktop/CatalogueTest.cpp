@@ -1,0 +1,147 @@
+/// What holds for every screen alike.
+
+#include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Tools/Screens.h"
+#include "Desktop/Window/MainWindow.h"
+#include "Views/Components/CopyButton.h"
+#include "Views/Components/PasteButton.h"
+#include "Views/Components/StatusBadge.h"
+#include "Views/ContentView.h"
+#include "Views/Tools/Base64View.h"
+#include "Views/Tools/JSONFormatterView.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QtTest/QTest>
+
+#include <map>
+#include <memory>
+#include <random>
+
+namespace korvane {
+namespace {
+
+struct CatalogueTest : testing::TestWithParam<Tool> {
+    FakeServices fakes{};
+    std::unique_ptr<QWidget> widget{toolView(GetParam(), fakes.services)};
+
+    ~CatalogueTest() override { Theme::setScheme(Theme::Scheme::light); }
+};
+
+TEST_P(CatalogueTest, BuildsAndGoesCleanly) {
+    const ScreenDriver screen(*widget);
+    EXPECT_TRUE(screen.shows(rawValue(GetParam())));
+    widget.reset();
+    settle();
+}
+
+TEST_P(CatalogueTest, GivesEveryControlAName) {
+    const ScreenDriver screen(*widget);
+    std::map<std::pair<std::string, QString>, int> names;
+    for (auto* control : widget->findChildren<QWidget*>()) {
+        if (!control->isVisible() || control->focusPolicy() == Qt::NoFocus || control->focusProxy())
+            continue;
+        EXPECT_NE(control->accessibleName(), "") << control->metaObject()->className();
+        if (!qobject_cast<QAbstractButton*>(control))
+            ++names[{control->metaObject()->className(), control->accessibleName()}];
+    }
+    for (const auto& [name, count] : names)
+        EXPECT_EQ(count, 1) << name.first << " " << name.second.toStdString();
+}
+
+TEST_P(CatalogueTest, FitsTheSmallestWindow) {
+    const auto width = WindowMetrics::minimumWidth - WindowMetrics::sidebarMaximumWidth;
+    const QSize detail(Theme::px(width), Theme::px(WindowMetrics::minimumHeight - Theme::Size::stripHeight));
+    const ScreenDriver screen(*widget, detail);
+    EXPECT_EQ(widget->size(), detail);
+    for (auto* control : widget->findChildren<QAbstractButton*>()) {
+        if (!control->isVisible())
+            continue;
+        const QRect place(control->mapTo(widget.get(), QPoint()), control->size());
+        EXPECT_TRUE(widget->rect().contains(place)) << control->accessibleName().toStdString();
+        EXPECT_GE(control->width(), control->sizeHint().width()) << control->accessibleName().toStdString();
+    }
+}
+
+TEST_P(CatalogueTest, IsPaintedInLightAndInDark) {
+    const ScreenDriver screen(*widget);
+    std::map<Theme::Scheme, QImage> pictures;
+    for (const auto scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
+        Theme::setScheme(scheme);
+        widget->setPalette(Theme::palette());
+        settle();
+        pictures[scheme] = widget->grab().toImage();
+    }
+    EXPECT_NE(pictures[Theme::Scheme::light], pictures[Theme::Scheme::dark]);
+}
+
+TEST_P(CatalogueTest, SurvivesAThousandRandomActions) {
+    const ScreenDriver screen(*widget);
+    std::mt19937 random(42 + static_cast<unsigned>(GetParam()));
+    const auto below = [&](std::size_t count) {
+        return std::uniform_int_distribution<std::size_t>(0, count - 1)(random);
+    };
+    const std::string pastes[] = {
+        "",     "{\"a\":[1,2,{}]}",  "SGVsbG8=", "\r\n\xf0\x9f\x91\xa9", std::string(3000, '['),
+        "\xff", std::string(1, '\0')};
+    for (int action = 0; action < 1000; ++action) {
+        std::vector<QWidget*> controls;
+        for (auto* control : widget->findChildren<QWidget*>()) {
+            if (control->isVisible() && control->isEnabled() && control->focusPolicy() != Qt::NoFocus)
+                controls.push_back(control);
+        }
+        if (controls.empty())
+            return;
+        auto* control = controls[below(controls.size())];
+        fakes.clipboard.content = pastes[below(std::size(pastes))];
+        fakes.timers.advance(std::chrono::milliseconds(below(700)));
+        if (auto* button = qobject_cast<QAbstractButton*>(control))
+            button->click();
+        else
+            QTest::keyClick(control, static_cast<char>(' ' + below(95)),
+                            below(4) == 0 ? Qt::ControlModifier : Qt::NoModifier);
+    }
+    settle();
+    EXPECT_TRUE(widget->isVisible());
+}
+
+std::string testName(const testing::TestParamInfo<Tool>& tool) {
+    std::string name(rawValue(tool.param));
+    std::erase_if(name, [](char character) { return character == ' '; });
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(AllTools, CatalogueTest, testing::ValuesIn(allCases<Tool>), testName);
+
+TEST(Glyph, HasAnIconForEveryNameThatIsUsed) {
+    std::vector<std::string_view> names = {ToolSidebarView::icon, ToolSidebarView::footerIcon,
+                                           WelcomeView::icon,     PasteButton::icon,
+                                           ClearButton::icon,     "magnifyingglass",
+                                           "xmark.circle.fill",   "chevron.down",
+                                           "chevron.right",       "arrow.down.doc",
+                                           "arrow.up.doc",        "wand.and.stars",
+                                           "checkmark.seal",      "list.bullet.indent",
+                                           "window.minimise",     "window.maximise",
+                                           "window.restore",      "window.close"};
+    const auto addIcons = [&](const auto& cases) {
+        for (const auto value : cases)
+            names.push_back(icon(value));
+    };
+    addIcons(allCases<Tool>);
+    addIcons(allCases<Status>);
+    addIcons(allCases<JSONValueType>);
+    addIcons(allCases<Base64View::Mode>);
+    for (const bool copied : {false, true})
+        names.push_back(CopyButton{.copied = copied}.icon());
+    for (const auto name : names)
+        EXPECT_TRUE(Glyph::exists(name)) << name;
+    EXPECT_FALSE(Glyph::exists("no such glyph"));
+}
+
+} // namespace
+} // namespace korvane

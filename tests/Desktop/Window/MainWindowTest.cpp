@@ -1,0 +1,234 @@
+#include "Desktop/Window/MainWindow.h"
+
+#include "Desktop/Kit/RowList.h"
+#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Kit/Theme.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QtTest/QTest>
+
+namespace korvane {
+namespace {
+
+struct MainWindowTest : testing::Test {
+    FakeServices fakes{};
+    MainWindow window{fakes.services};
+    ScreenDriver screen{window, window.size()};
+
+    MainWindowTest() {
+        window.activateWindow();
+        settle();
+    }
+
+    std::optional<Tool> selectedTool() { return window.view().state().selectedTool; }
+
+    QLineEdit& search() { return *window.findChild<QLineEdit*>(); }
+
+    QAction& menuItem(const QString& menuTitle, const QString& title) {
+        for (const auto* menu : window.findChildren<QMenu*>()) {
+            if (menu->title() != menuTitle)
+                continue;
+            for (auto* action : menu->actions()) {
+                if (action->text() == title)
+                    return *action;
+            }
+        }
+        throw std::runtime_error("no menu item " + title.toStdString());
+    }
+
+    std::vector<std::string> tools() {
+        std::vector<std::string> names;
+        const auto* model = screen.list("Tools").model();
+        for (int row = 0; row < model->rowCount(); ++row)
+            names.push_back(model->index(row, 0).data(Qt::AccessibleTextRole).toString().toStdString());
+        return names;
+    }
+};
+
+TEST_F(MainWindowTest, OpensOnTheJSONFormatterReadyForText) {
+    EXPECT_TRUE(screen.shows("JSON Formatter"));
+    EXPECT_TRUE(screen.hasButton("Prettify"));
+    EXPECT_EQ(screen.list("Tools").currentRow(), 0);
+    EXPECT_EQ(window.focusWidget(), &screen.editor("Input"));
+    EXPECT_EQ(window.size(), QSize(Theme::px(1100), Theme::px(750)));
+}
+
+TEST_F(MainWindowTest, IsNeverSmallerThanItsMinimum) {
+    EXPECT_EQ(window.minimumSize(), QSize(Theme::px(900), Theme::px(600)));
+    EXPECT_LE(window.minimumSizeHint().width(), window.minimumWidth());
+    EXPECT_LE(window.minimumSizeHint().height(), window.minimumHeight());
+}
+
+TEST_F(MainWindowTest, KeepsTheSidebarBetweenItsBounds) {
+    auto* splitter = window.findChild<QSplitter*>();
+    EXPECT_EQ(splitter->sizes().front(), Theme::px(280));
+    const auto drag = [&](int distance) {
+        auto* handle = splitter->handle(1);
+        const auto start = handle->rect().center();
+        QTest::mousePress(handle, Qt::LeftButton, {}, start);
+        QTest::mouseMove(handle, start + QPoint(distance, 0));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, start + QPoint(distance, 0));
+        settle();
+    };
+    drag(-200);
+    EXPECT_EQ(splitter->sizes().front(), Theme::px(260));
+    drag(400);
+    EXPECT_EQ(splitter->sizes().front(), Theme::px(320));
+}
+
+TEST_F(MainWindowTest, ControlAndADigitSelectsAlsoFromAnEditor) {
+    for (const auto tool : allCases<Tool>) {
+        const auto digit = keyboardShortcut(tool);
+        if (!digit)
+            continue;
+        auto* focus = window.focusWidget() ? window.focusWidget() : static_cast<QWidget*>(&window);
+        QTest::keyClick(focus, *digit, Qt::ControlModifier);
+        EXPECT_EQ(selectedTool(), tool);
+        settle();
+        EXPECT_TRUE(screen.shows(rawValue(tool)));
+    }
+    QTest::keyClick(&window, '1', Qt::ControlModifier);
+    QTest::keyClick(&screen.editor("Input"), '2', Qt::ControlModifier);
+    EXPECT_EQ(selectedTool(), Tool::base64);
+    EXPECT_EQ(window.focusWidget(), &screen.editor("Plain Text"));
+}
+
+TEST_F(MainWindowTest, AScreenStartsFromItsDefaultsEveryTime) {
+    screen.type("Input", "[1]");
+    screen.press("Prettify");
+    QTest::keyClick(&window, '2', Qt::ControlModifier);
+    QTest::keyClick(&window, '1', Qt::ControlModifier);
+    EXPECT_EQ(screen.text("Input"), "");
+    EXPECT_EQ(screen.text("Output"), "");
+    screen.type("Input", "[1]");
+    QTest::keyClick(&window, '1', Qt::ControlModifier);
+    EXPECT_EQ(screen.text("Input"), "[1]") << "the tool was selected already";
+}
+
+TEST_F(MainWindowTest, TheMenuAnnouncesAToolAndChangesNothing) {
+    menuItem("&File", "Base64").trigger();
+    ASSERT_EQ(fakes.posted.size(), 1U);
+    EXPECT_EQ(fakes.posted.front(), (std::pair<std::string, Tool>("selectTool", Tool::base64)));
+    EXPECT_EQ(selectedTool(), Tool::jsonFormatter);
+}
+
+TEST_F(MainWindowTest, TheMenuListsAllToolsWithTheirShortcuts) {
+    for (const auto tool : allCases<Tool>) {
+        const auto keys = menuItem("&File", QString::fromUtf8(rawValue(tool).data())).shortcut().toString();
+        const auto digit = keyboardShortcut(tool);
+        EXPECT_EQ(keys.toStdString(), digit ? std::string("Ctrl+") + *digit : "");
+    }
+    EXPECT_FALSE(menuItem("&File", "Tools").isEnabled());
+    EXPECT_FALSE(menuItem("&Help", "Version 1.0.0").isEnabled());
+    EXPECT_FALSE(menuItem("&Help", "100% Local Processing").isEnabled());
+    menuItem("&Help", "Korvane Help").trigger();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_TRUE(fakes.posted.empty());
+}
+
+TEST_F(MainWindowTest, TheEditMenuActsOnTheEditorWithTheFocus) {
+    screen.type("Input", "abc");
+    menuItem("&Edit", "&Undo").trigger();
+    EXPECT_EQ(screen.text("Input"), "");
+    menuItem("&Edit", "&Redo").trigger();
+    EXPECT_EQ(screen.text("Input"), "abc");
+    menuItem("&Edit", "Select &All").trigger();
+    menuItem("&Edit", "Cu&t").trigger();
+    EXPECT_EQ(screen.text("Input"), "");
+    menuItem("&Edit", "&Paste").trigger();
+    menuItem("&Edit", "&Paste").trigger();
+    EXPECT_EQ(screen.text("Input"), "abcabc");
+}
+
+TEST_F(MainWindowTest, TheSearchFiltersTheToolsAndLeavesTheSelection) {
+    EXPECT_EQ(tools().size(), 16U);
+    EXPECT_FALSE(screen.hasButton("Clear search"));
+    search().setFocus();
+    QTest::keyClicks(&search(), "hash");
+    EXPECT_EQ(tools(), std::vector<std::string>{"Hash Generator"});
+    EXPECT_EQ(selectedTool(), Tool::jsonFormatter);
+    EXPECT_TRUE(screen.hasButton("Prettify"));
+    screen.press("Clear search");
+    EXPECT_EQ(tools().size(), 16U);
+    EXPECT_FALSE(screen.hasButton("Clear search"));
+    QTest::keyClicks(&search(), "no such tool");
+    EXPECT_TRUE(tools().empty());
+    QTest::keyClick(&search(), Qt::Key_Down);
+    EXPECT_EQ(window.focusWidget(), &search()) << "there is nothing to go down to";
+    QTest::keyClick(&search(), Qt::Key_Escape);
+    EXPECT_EQ(tools().size(), 16U);
+}
+
+TEST_F(MainWindowTest, TheListIsUsedByKeyboard) {
+    search().setFocus();
+    QTest::keyClicks(&search(), "generate");
+    QTest::keyClick(&search(), Qt::Key_Down);
+    auto& list = screen.list("Tools");
+    EXPECT_EQ(window.focusWidget(), &list);
+    EXPECT_EQ(list.currentRow(), 0);
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(selectedTool(), Tool::jsonFormatter) << "arrows only move";
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(selectedTool(), Tool::uuidGenerator);
+    EXPECT_EQ(window.focusWidget(), &list);
+}
+
+TEST_F(MainWindowTest, AClickSelects) {
+    auto& list = screen.list("Tools");
+    const auto row = list.visualRect(list.model()->index(1, 0));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, row.center());
+    EXPECT_EQ(selectedTool(), Tool::base64);
+    EXPECT_EQ(window.focusWidget(), &screen.editor("Plain Text"));
+}
+
+TEST_F(MainWindowTest, WithoutASelectionItWelcomes) {
+    window.view().perform([](ContentView& state) { state.selectedTool.reset(); });
+    settle();
+    EXPECT_TRUE(screen.shows("Select a tool from the sidebar to get started"));
+    EXPECT_TRUE(screen.shows("URL Encoder"));
+    EXPECT_FALSE(screen.hasButton("Prettify"));
+    QTest::keyClick(&window, '1', Qt::ControlModifier);
+    EXPECT_TRUE(screen.hasButton("Prettify"));
+}
+
+TEST_F(MainWindowTest, TheWindowButtonsAndADoubleClickWork) {
+    screen.press("Maximize");
+    EXPECT_TRUE(window.isMaximized());
+    screen.press("Maximize");
+    EXPECT_FALSE(window.isMaximized());
+    auto* strip = screen.button("Close").parentWidget();
+    QTest::mouseDClick(strip, Qt::LeftButton, {}, QPoint(10, 10));
+    EXPECT_TRUE(window.isMaximized());
+    screen.press("Close");
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, ARefreshPerformsNoOperation) {
+    const auto before = window.view().operationCount();
+    window.view().refresh();
+    window.view().refresh();
+    EXPECT_EQ(window.view().operationCount(), before);
+}
+
+TEST_F(MainWindowTest, ChangesItsLookWhileItRuns) {
+    window.showScheme(Theme::Scheme::light);
+    const auto light = window.grab().toImage();
+    window.showScheme(Theme::Scheme::dark);
+    const auto dark = window.grab().toImage();
+    EXPECT_GT(light.pixelColor(700, 20).lightness(), 200);
+    EXPECT_LT(dark.pixelColor(700, 20).lightness(), 60);
+    window.showScheme(Theme::Scheme::light);
+    EXPECT_EQ(window.grab().toImage(), light);
+}
+
+} // namespace
+} // namespace korvane

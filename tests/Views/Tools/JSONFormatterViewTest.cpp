@@ -1,0 +1,212 @@
+#include "Views/Tools/JSONFormatterView.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+JSONFormatterView typed(std::string text) {
+    JSONFormatterView view;
+    view.setInputText(std::move(text));
+    return view;
+}
+
+JSONFormatterView treeOf(std::string text) {
+    JSONFormatterView view;
+    view.setShowTreeView(true);
+    view.setInputText(std::move(text));
+    return view;
+}
+
+/// The rows as they would be read aloud: depth, key, value or count.
+std::vector<std::string> rowsOf(const JSONFormatterView& view) {
+    std::vector<std::string> lines;
+    for (const auto& row : view.tree.rows())
+        lines.push_back(std::to_string(row.depth) + " " + row.node->key + " " +
+                        row.node->value.value_or(row.count()));
+    return lines;
+}
+
+const StatusBadge valid{Status::success, "Valid JSON"};
+
+TEST(JSONFormatterView, StartsEmptyWithoutStatus) {
+    const JSONFormatterView view;
+    EXPECT_EQ(view.status(), std::nullopt);
+    EXPECT_FALSE(view.hasOutput());
+    EXPECT_FALSE(view.showTreeView);
+    EXPECT_FALSE(view.hasTree());
+}
+
+TEST(JSONFormatterView, PrettifiesAndMinifies) {
+    auto view = typed(R"({"b":[],"a":{"d":1e3,"c":"x/y"}})");
+    view.prettify();
+    EXPECT_EQ(view.outputText,
+              "{\n  \"a\" : {\n    \"c\" : \"x\\/y\",\n    \"d\" : 1000\n  },\n  \"b\" : []\n}");
+    EXPECT_EQ(view.status(), valid);
+    view.minify();
+    EXPECT_EQ(view.outputText, R"({"a":{"c":"x\/y","d":1000},"b":[]})");
+    EXPECT_EQ(view.status(), valid);
+}
+
+TEST(JSONFormatterView, PrettifyingNothingSaysSoAndEmptiesTheOutput) {
+    auto view = typed("[1]");
+    view.prettify();
+    view.setInputText("");
+    EXPECT_EQ(view.status(), valid) << "the verdict stays until the next action";
+    view.prettify();
+    EXPECT_EQ(view.status(), (StatusBadge{Status::error, "Input is empty"}));
+    EXPECT_EQ(view.outputText, "");
+    EXPECT_EQ(view.isValid, std::nullopt);
+}
+
+TEST(JSONFormatterView, ValidatingDiscardsTheOutput) {
+    auto view = typed("[1]");
+    view.prettify();
+    view.validate();
+    EXPECT_EQ(view.status(), valid);
+    EXPECT_EQ(view.outputText, "");
+}
+
+TEST(JSONFormatterView, AFailedValidationShowsTheEnginesMessage) {
+    auto view = typed("[1");
+    view.validate();
+    EXPECT_EQ(view.isValid, false);
+    ASSERT_TRUE(view.status());
+    EXPECT_EQ(view.status()->status, Status::error);
+    EXPECT_TRUE(view.status()->message.starts_with("Invalid JSON: ")) << view.status()->message;
+    view.errorMessage.reset();
+    EXPECT_EQ(view.status(), (StatusBadge{Status::error, "Invalid JSON"}));
+}
+
+TEST(JSONFormatterView, AFailureHidesAnEarlierVerdict) {
+    auto view = typed("[1]");
+    view.validate();
+    view.setInputText("[1");
+    view.prettify();
+    EXPECT_EQ(view.isValid, std::nullopt);
+    EXPECT_EQ(view.status()->status, Status::error);
+}
+
+TEST(JSONFormatterView, ATopLevelScalarHasATreeButNoPrettyForm) {
+    auto view = treeOf("42");
+    EXPECT_EQ(rowsOf(view), std::vector<std::string>{"0 root 42"});
+    view.prettify();
+    EXPECT_EQ(view.status()->status, Status::error);
+}
+
+TEST(JSONFormatterView, SwitchingToTheTreeDoesNotBuildOne) {
+    auto view = typed("[1]");
+    view.setShowTreeView(true);
+    EXPECT_FALSE(view.hasTree());
+    view.setInputText("[1, 2]");
+    EXPECT_TRUE(view.hasTree());
+}
+
+TEST(JSONFormatterView, TheTreeFollowsTheInputInTreeModeOnly) {
+    auto view = treeOf("[1]");
+    view.setShowTreeView(false);
+    view.setInputText("[1, 2]");
+    EXPECT_EQ(view.tree.rows().size(), 2U);
+    view.setShowTreeView(true);
+    EXPECT_EQ(view.tree.rows().size(), 2U) << "the tree of the last update in tree mode";
+}
+
+TEST(JSONFormatterView, ABrokenTextEmptiesTheTreeWithoutAMessage) {
+    auto view = treeOf("[1]");
+    view.setInputText("[1");
+    EXPECT_FALSE(view.hasTree());
+    EXPECT_TRUE(view.tree.rows().empty());
+    EXPECT_EQ(view.status(), std::nullopt);
+}
+
+TEST(JSONFormatterView, ATreeClearsTheMessageButNotTheVerdict) {
+    auto view = treeOf("[1");
+    view.validate();
+    EXPECT_TRUE(view.errorMessage);
+    view.setInputText("[1]");
+    EXPECT_EQ(view.errorMessage, std::nullopt);
+    EXPECT_EQ(view.isValid, false);
+}
+
+TEST(JSONFormatterView, ClearKeepsOutputAndStatus) {
+    auto view = typed("[1]");
+    view.minify();
+    view.setInputText({});
+    EXPECT_EQ(view.outputText, "[1]");
+    EXPECT_EQ(view.status(), valid);
+}
+
+TEST(JSONTree, ListsRowsInReadingOrder) {
+    const auto view = treeOf(R"({"b":{"y":true,"x":null},"a":["s",2],"e":{}})");
+    EXPECT_EQ(rowsOf(view), (std::vector<std::string>{"0 root {3}", "1 a [2]", "2 [0] \"s\"", "2 [1] 2",
+                                                      "1 b {2}", "2 x null", "2 y true", "1 e {0}"}));
+    EXPECT_FALSE(view.tree.rows().back().hasChildren());
+}
+
+TEST(JSONTree, FoldsAndUnfoldsRows) {
+    auto view = treeOf(R"([[1,[2]],3])");
+    const auto all = rowsOf(view);
+    const auto revision = view.tree.revision();
+    view.toggleRow(1);
+    EXPECT_EQ(rowsOf(view), (std::vector<std::string>{"0 root [2]", "1 [0] [2]", "1 [1] 3"}));
+    EXPECT_FALSE(view.tree.rows()[1].isExpanded);
+    EXPECT_NE(view.tree.revision(), revision);
+    view.toggleRow(2); // a scalar
+    EXPECT_EQ(view.tree.rows().size(), 3U);
+    view.toggleRow(99);
+    view.toggleRow(1);
+    EXPECT_EQ(rowsOf(view), all);
+}
+
+TEST(JSONTree, AFoldedInnerRowStaysFoldedBelowAFoldedOne) {
+    auto view = treeOf(R"([[1,[2]],3])");
+    view.toggleRow(3);
+    view.toggleRow(1);
+    view.toggleRow(1);
+    EXPECT_EQ(rowsOf(view).size(), 5U);
+}
+
+TEST(JSONTree, AnEditUnfoldsAllButTheRoot) {
+    auto view = treeOf("[[1]]");
+    view.toggleRow(1);
+    view.toggleRow(0);
+    view.setInputText("[[1,2]]");
+    EXPECT_EQ(view.tree.rows().size(), 1U);
+    view.toggleRow(0);
+    EXPECT_EQ(view.tree.rows().size(), 4U);
+}
+
+TEST(JSONTree, ARootThatWasGoneStartsUnfolded) {
+    auto view = treeOf("[1]");
+    view.toggleRow(0);
+    view.setInputText("[1");
+    view.setInputText("[1]");
+    EXPECT_EQ(view.tree.rows().size(), 2U);
+}
+
+TEST(JSONTree, LeavingTreeModeForgetsWhatWasFolded) {
+    auto view = treeOf("[1]");
+    view.toggleRow(0);
+    view.setShowTreeView(false);
+    view.setShowTreeView(true);
+    EXPECT_EQ(view.tree.rows().size(), 2U);
+}
+
+TEST(JSONTree, ColoursKinds) {
+    struct Row {
+        JSONValueType type;
+        PaletteColor color;
+    };
+
+    constexpr Row rows[] = {
+        {JSONValueType::object, PaletteColor::cyan},  {JSONValueType::array, PaletteColor::purple},
+        {JSONValueType::string, PaletteColor::green}, {JSONValueType::number, PaletteColor::orange},
+        {JSONValueType::bool_, PaletteColor::blue},   {JSONValueType::null, PaletteColor::gray},
+        {JSONValueType::unknown, PaletteColor::red},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(colorForType(row.type), row.color);
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,27 @@
+/// Runs the tests of the front end in an application without a display. A warning of the toolkit fails the
+/// test in which it is printed.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+namespace {
+
+void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    // The platform without a display says so of what it cannot do; no screen can help that.
+    const bool isOfThePlatform = message.startsWith("This plugin does not support");
+    if (type != QtDebugMsg && type != QtInfoMsg && !isOfThePlatform)
+        ADD_FAILURE() << "The toolkit warns: " << message.toStdString();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
+        qputenv("XDG_RUNTIME_DIR", "/tmp"); // the toolkit wants one, and nothing is written there
+    testing::InitGoogleTest(&argc, argv);
+    const QApplication application(argc, argv);
+    qInstallMessageHandler(failOnWarning);
+    return RUN_ALL_TESTS();
+}

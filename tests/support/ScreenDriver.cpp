@@ -1,0 +1,125 @@
+#include "support/ScreenDriver.h"
+
+#include "Desktop/Kit/RowList.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TextArea.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QRadioButton>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <stdexcept>
+#include <type_traits>
+
+namespace korvane {
+
+ScreenDriver::ScreenDriver(QWidget& root, QSize size) : m_root(root) {
+    root.resize(size);
+    root.show();
+    settle();
+}
+
+template <typename Control>
+std::vector<Control*> ScreenDriver::visible(std::string_view name) const {
+    std::vector<Control*> found;
+    for (auto* child : m_root.findChildren<QWidget*>()) {
+        auto* control = dynamic_cast<Control*>(child);
+        const bool isWanted = std::is_same_v<Control, QRadioButton> || !qobject_cast<QRadioButton*>(child);
+        if (control && isWanted && control->isVisible() && control->accessibleName() == qString(name))
+            found.push_back(control);
+    }
+    return found;
+}
+
+template <typename Control>
+Control& ScreenDriver::only(std::string_view name) const {
+    const auto found = visible<Control>(name);
+    if (found.size() != 1)
+        throw std::runtime_error(std::to_string(found.size()) + " controls are called " + std::string(name));
+    return *found.front();
+}
+
+QAbstractButton& ScreenDriver::button(std::string_view name) const {
+    return only<QAbstractButton>(name);
+}
+
+TextArea& ScreenDriver::editor(std::string_view name) const {
+    return only<TextArea>(name);
+}
+
+RowList& ScreenDriver::list(std::string_view name) const {
+    return only<RowList>(name);
+}
+
+void ScreenDriver::press(std::string_view name) const {
+    QTest::mouseClick(&button(name), Qt::LeftButton);
+    settle();
+}
+
+void ScreenDriver::choose(std::string_view segment) const {
+    QTest::mouseClick(&only<QRadioButton>(segment), Qt::LeftButton);
+    settle();
+}
+
+void ScreenDriver::undo(std::string_view name) const {
+    editor(name).undo();
+    settle();
+}
+
+void ScreenDriver::type(std::string_view name, std::string_view text) const {
+    auto& area = editor(name);
+    area.setFocus();
+    for (const auto character : qString(text)) {
+        if (character == '\n')
+            QTest::keyClick(&area, Qt::Key_Return);
+        else
+            QTest::sendKeyEvent(QTest::Click, &area, Qt::Key_unknown, QString(character), Qt::NoModifier);
+    }
+    settle();
+}
+
+std::string ScreenDriver::text(std::string_view name) const {
+    return editor(name).text();
+}
+
+std::string ScreenDriver::placeholder(std::string_view name) const {
+    return utf8String(editor(name).placeholderText());
+}
+
+bool ScreenDriver::hasButton(std::string_view name) const {
+    return visible<QAbstractButton>(name).size() == 1;
+}
+
+bool ScreenDriver::hasEditor(std::string_view name) const {
+    return visible<TextArea>(name).size() == 1;
+}
+
+bool ScreenDriver::hasList(std::string_view name) const {
+    return visible<RowList>(name).size() == 1;
+}
+
+bool ScreenDriver::shows(std::string_view label) const {
+    const auto all = labels();
+    return std::ranges::find(all, label) != all.end();
+}
+
+std::vector<std::string> ScreenDriver::labels() const {
+    std::vector<std::string> texts;
+    for (const auto* label : m_root.findChildren<QLabel*>()) {
+        if (label->isVisible())
+            texts.push_back(utf8String(label->text()));
+    }
+    return texts;
+}
+
+void settle() {
+    QApplication::sendPostedEvents();
+    QApplication::processEvents();
+}
+
+} // namespace korvane

@@ -1,0 +1,59 @@
+/// Drives real widgets as a person would: finds controls by the names that assistive technology reads, types,
+/// presses and looks. Nothing waits: what a control does has happened when the call returns.
+#pragma once
+
+#include <QWidget>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QAbstractButton;
+
+namespace korvane {
+
+class RowList;
+class TextArea;
+
+class ScreenDriver {
+public:
+    /// Shows `root`, offscreen, at `size`.
+    explicit ScreenDriver(QWidget& root, QSize size = {820, 750});
+
+    /// The visible button, editor or list of that name; each fails the test when there is none, or more than
+    /// one.
+    QAbstractButton& button(std::string_view name) const;
+    TextArea& editor(std::string_view name) const;
+    RowList& list(std::string_view name) const;
+
+    void press(std::string_view button) const;
+    /// Presses the segment of a picker, which may be called like a button.
+    void choose(std::string_view segment) const;
+    void undo(std::string_view editor) const;
+    void type(std::string_view editor, std::string_view text) const;
+    std::string text(std::string_view editor) const;
+    std::string placeholder(std::string_view editor) const;
+
+    bool hasButton(std::string_view name) const;
+    bool hasEditor(std::string_view name) const;
+    bool hasList(std::string_view name) const;
+
+    /// Whether a label with that text is visible.
+    bool shows(std::string_view label) const;
+
+    /// The texts of all visible labels, for the message of a failure.
+    std::vector<std::string> labels() const;
+
+private:
+    template <typename Control>
+    std::vector<Control*> visible(std::string_view name) const;
+    template <typename Control>
+    Control& only(std::string_view name) const;
+
+    QWidget& m_root;
+};
+
+/// Lets everything happen that is already due.
+void settle();
+
+} // namespace korvane
