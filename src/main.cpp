@@ -10,6 +10,7 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("korvane"));
     QApplication::setApplicationDisplayName(QStringLiteral("Korvane"));
     QApplication::setDesktopFileName(QStringLiteral("org.korvane.Korvane"));
+    QApplication::setStyle(korvane::Theme::style());
 
     korvane::ServicesQt services;
     korvane::MainWindow window(services.services());

@@ -7,7 +7,7 @@
 namespace korvane::JSON {
 
 double Value::number() const {
-    if (m_type != Type::number)
+    if (type() != Type::number)
         return 0;
     const auto digits = text();
     double number = 0;

@@ -4,8 +4,10 @@
 #pragma once
 
 #include "Utilities/JSONArena.h"
+#include "Utilities/JSONBlock.h"
 #include "Utilities/Text.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <expected>
@@ -31,12 +33,12 @@ struct Member;
 /// copied freely while both live. A question that does not fit the type has an empty answer.
 class Value {
 public:
-    Value() = default; ///< null
+    Value() : Value(Type::null, nullText.data(), 4) {}
 
-    Type type() const { return m_type; }
+    Type type() const { return static_cast<Type>(m_facts & 0xFF); }
 
     /// The boolean; false for everything else.
-    bool boolean() const { return m_type == Type::boolean && m_size != 0; }
+    bool boolean() const { return type() == Type::boolean && m_data == trueText.data(); }
 
     /// The content of a string, without quotes and escapes, or the text of a number in its one written form
     /// (see JSONNumber.h). Empty for everything else.
@@ -60,23 +62,36 @@ private:
 
     static Value boolean(bool value);
     static Value number(std::string_view text);
-    static Value string(std::string_view content, std::uint8_t escapes);
+    static Value string(std::string_view content, std::size_t escapes);
     static Value array(std::span<const Value> elements);
     static Value object(std::span<const Member> members);
 
-    Value(Type type, const void* data, std::size_t size, std::uint8_t escapes = 0)
-        : m_data(data), m_size(size & maximumSize), m_type(type), m_escapes(escapes) {}
+    Value(Type type, const void* data, std::size_t size, std::size_t escapes = 0)
+        : m_data(data),
+          m_facts(size << sizeShift | escapes << escapesShift | static_cast<std::size_t>(type)) {}
+
+    /// The content of a string; how the value is written if it is no string, array or object.
+    std::string_view literal() const { return {static_cast<const char*>(m_data), size()}; }
+
+    /// In bytes, elements or members.
+    std::size_t size() const { return m_facts >> sizeShift; }
+
+    /// How many characters longer a string is written than it is, or `manyEscapes`.
+    std::size_t escapes() const { return m_facts >> escapesShift & 0xFF; }
 
     /// Stands for any number of escapes that the reader did not count.
-    static constexpr std::uint8_t manyEscapes = 255;
+    static constexpr std::size_t manyEscapes = 255;
 
-    static constexpr std::size_t maximumSize = (std::size_t{1} << 48) - 1; // as much as addresses can tell
+    static constexpr int escapesShift = 8;
+    static constexpr int sizeShift = 16; // which leaves as many bits as addresses have
+
+    static constexpr std::array<char, 4 + Block::size> nullText = {'n', 'u', 'l', 'l'};
+    static constexpr std::array<char, 4 + Block::size> trueText = {'t', 'r', 'u', 'e'};
+    static constexpr std::array<char, 5 + Block::size> falseText = {'f', 'a', 'l', 's', 'e'};
 
     /// Texts have `Block::size` readable bytes after their end, whatever these hold.
-    const void* m_data = nullptr;
-    std::uint64_t m_size : 48 = 0; ///< in bytes, elements or members; the boolean itself
-    Type m_type = Type::null;
-    std::uint8_t m_escapes = 0; ///< how many characters longer a string is written, or `manyEscapes`
+    const void* m_data;
+    std::uint64_t m_facts;
 };
 
 struct Member {
@@ -146,30 +161,30 @@ struct WriteError {
 std::expected<std::string, WriteError> write(const Value& value, WritingOptions options = {});
 
 inline std::string_view Value::text() const {
-    return m_type == Type::string || m_type == Type::number
-               ? std::string_view(static_cast<const char*>(m_data), m_size)
+    return type() == Type::string || type() == Type::number
+               ? std::string_view(static_cast<const char*>(m_data), size())
                : std::string_view();
 }
 
 inline std::span<const Value> Value::elements() const {
-    return m_type == Type::array ? std::span(static_cast<const Value*>(m_data), m_size)
+    return type() == Type::array ? std::span(static_cast<const Value*>(m_data), size())
                                  : std::span<const Value>();
 }
 
 inline std::span<const Member> Value::members() const {
-    return m_type == Type::object ? std::span(static_cast<const Member*>(m_data), m_size)
+    return type() == Type::object ? std::span(static_cast<const Member*>(m_data), size())
                                   : std::span<const Member>();
 }
 
 inline Value Value::boolean(bool value) {
-    return {Type::boolean, nullptr, value ? std::size_t{1} : 0};
+    return value ? Value(Type::boolean, trueText.data(), 4) : Value(Type::boolean, falseText.data(), 5);
 }
 
 inline Value Value::number(std::string_view text) {
     return {Type::number, text.data(), text.size()};
 }
 
-inline Value Value::string(std::string_view content, std::uint8_t escapes) {
+inline Value Value::string(std::string_view content, std::size_t escapes) {
     return {Type::string, content.data(), content.size(), escapes};
 }
 

@@ -6,12 +6,20 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
 
 namespace korvane::JSON {
+
+/// May stand at the start of a text, and says nothing.
+inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+constexpr bool isDigit(char character) {
+    return character >= '0' && character <= '9';
+}
 
 constexpr bool isControl(char character) {
     return static_cast<unsigned char>(character) < 0x20;

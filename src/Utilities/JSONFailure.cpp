@@ -1,5 +1,6 @@
 #include "Utilities/JSONFailure.h"
 
+#include "Utilities/JSONBlock.h"
 #include "Utilities/JSONEscape.h"
 
 #include <fmt/format.h>
@@ -12,8 +13,6 @@
 namespace korvane::JSON {
 
 namespace {
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// Longer words are cut: a message is one line.
 constexpr std::size_t maximumQuotedSize = 24;

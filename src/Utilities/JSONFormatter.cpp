@@ -3,6 +3,8 @@
 #include "Utilities/JSON.h"
 #include "Utilities/Text.h"
 
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace korvane {
@@ -50,7 +52,7 @@ JSONNode node(std::string key, const JSON::Value& value) {
         JSONNode array{.key = std::move(key), .type = JSONValueType::array};
         array.children.reserve(value.elements().size());
         for (const auto& element : value.elements())
-            array.children.push_back(node("[" + std::to_string(array.children.size()) + "]", element));
+            array.children.push_back(node(fmt::format("[{}]", array.children.size()), element));
         return array;
     }
     case JSON::Type::string: {

@@ -47,14 +47,21 @@ std::size_t escapedSize(std::string_view content) {
     return size;
 }
 
-} // namespace
-
-/// Here as in all of the writer, text that follows overwrites what a last block had too much. Behind the end
-/// of the whole text there is room for one.
-inline void Writer::appendText(std::string_view text) {
-    copyBlocks(m_next, text.data(), text.size());
-    m_next += text.size();
+/// Writes text of the document, which has room for a block after its end. Here as in all of the writer, text
+/// that follows overwrites what a last block had too much; behind the end of the whole text there is room for
+/// one.
+char* appendText(char* to, std::string_view text) {
+    copyBlocks(to, text.data(), text.size());
+    return to + text.size();
 }
+
+template <std::size_t size>
+char* append(char* to, const char (&literal)[size]) {
+    std::memcpy(to, literal, size - 1);
+    return to + size - 1;
+}
+
+} // namespace
 
 std::expected<std::string, WriteError> Writer::write(const Value& root) {
     if (!m_options.fragmentsAllowed && root.type() != Type::object && root.type() != Type::array)
@@ -65,37 +72,37 @@ std::expected<std::string, WriteError> Writer::write(const Value& root) {
     std::string text;
     text.resize_and_overwrite(size + Block::size, [&](char* characters, std::size_t room) {
         preferLargePages(characters, room);
-        m_next = characters;
-        writeValue(root, 0);
+        writeValue(characters, root, 0);
         return size;
     });
     return text;
+}
+
+inline std::size_t Writer::quotedSize(const Value& string) {
+    constexpr std::size_t quotes = 2;
+    if (string.escapes() == Value::manyEscapes)
+        return quotes + escapedSize(string.literal());
+    return quotes + string.size() + string.escapes();
 }
 
 /// The number of characters that `writeValue` writes.
 std::size_t Writer::writtenSize(const Value& value, std::size_t depth) const {
     std::size_t size = 0;
     switch (value.type()) {
-    case Type::null:
-        return std::string_view("null").size();
-    case Type::boolean:
-        return std::string_view(value.boolean() ? "true" : "false").size();
-    case Type::number:
-        return value.text().size();
     case Type::string:
-        return 2 + (value.m_escapes == Value::manyEscapes ? escapedSize(value.text())
-                                                          : value.text().size() + value.m_escapes);
+        return quotedSize(value);
     case Type::array:
         for (const auto& element : value.elements())
             size += writtenSize(element, depth + 1);
         return size + frameSize(value.elements().size(), depth);
     case Type::object:
         for (const auto& [name, member] : value.members())
-            size += writtenSize(name, depth) + writtenSize(member, depth + 1);
+            size += quotedSize(name) + writtenSize(member, depth + 1);
         return size + frameSize(value.members().size(), depth) +
                value.members().size() * std::string_view(m_options.prettyPrinted ? " : " : ":").size();
+    default:
+        return value.literal().size();
     }
-    return size;
 }
 
 /// What brackets, commas and lines add to a container of `count` members or elements.
@@ -106,84 +113,72 @@ std::size_t Writer::frameSize(std::size_t count, std::size_t depth) const {
     return brackets + (count - 1) + count * line(depth + 1).size() + line(depth).size();
 }
 
-void Writer::writeValue(const Value& value, std::size_t depth) {
+inline char* Writer::writeString(char* to, const Value& string) {
+    *to++ = '"';
+    to = string.escapes() == 0 ? appendText(to, string.literal()) : writeEscaped(to, string.literal());
+    *to++ = '"';
+    return to;
+}
+
+char* Writer::writeValue(char* to, const Value& value, std::size_t depth) const {
     switch (value.type()) {
-    case Type::null:
-        return append("null");
-    case Type::boolean:
-        return value.boolean() ? append("true") : append("false");
-    case Type::number:
-        return appendText(value.text());
     case Type::string:
-        return writeString(value);
+        return writeString(to, value);
     case Type::array:
-        return writeArray(value, depth);
+        return writeArray(to, value, depth);
     case Type::object:
-        return writeObject(value, depth);
+        return writeObject(to, value, depth);
+    default:
+        return appendText(to, value.literal());
     }
 }
 
-void Writer::writeObject(const Value& object, std::size_t depth) {
+char* Writer::writeObject(char* to, const Value& object, std::size_t depth) const {
     if (object.members().empty())
-        return append("{}");
-    append('{');
+        return append(to, "{}");
     const auto newLine = line(depth + 1);
-    bool isFirst = true;
+    char separator = '{';
     for (const auto& [name, value] : object.members()) {
-        if (!isFirst)
-            append(',');
-        isFirst = false;
-        appendText(newLine);
-        writeString(name);
-        if (m_options.prettyPrinted)
-            append(" : ");
-        else
-            append(':');
-        writeValue(value, depth + 1);
+        *to++ = separator;
+        separator = ',';
+        to = appendText(to, newLine);
+        to = writeString(to, name);
+        to = m_options.prettyPrinted ? append(to, " : ") : append(to, ":");
+        to = writeValue(to, value, depth + 1);
     }
-    appendText(line(depth));
-    append('}');
+    to = appendText(to, line(depth));
+    return append(to, "}");
 }
 
-void Writer::writeArray(const Value& array, std::size_t depth) {
+char* Writer::writeArray(char* to, const Value& array, std::size_t depth) const {
     if (array.elements().empty())
-        return append("[]");
-    append('[');
+        return append(to, "[]");
     const auto newLine = line(depth + 1);
-    bool isFirst = true;
+    char separator = '[';
     for (const auto& element : array.elements()) {
-        if (!isFirst)
-            append(',');
-        isFirst = false;
-        appendText(newLine);
-        writeValue(element, depth + 1);
+        *to++ = separator;
+        separator = ',';
+        to = appendText(to, newLine);
+        to = writeValue(to, element, depth + 1);
     }
-    appendText(line(depth));
-    append(']');
+    to = appendText(to, line(depth));
+    return append(to, "]");
 }
 
-void Writer::writeString(const Value& string) {
-    append('"');
-    if (string.m_escapes == 0)
-        appendText(string.text());
-    else
-        writeEscaped(string.text());
-    append('"');
-}
-
-void Writer::writeEscaped(std::string_view content) {
+char* Writer::writeEscaped(char* to, std::string_view content) {
     while (!content.empty()) {
         const auto piece = nextPiece(content);
-        std::memcpy(m_next, content.data(), Block::size);
-        m_next += piece.plain;
+        std::memcpy(to, content.data(), Block::size);
+        to += piece.plain;
         content.remove_prefix(piece.plain);
         if (piece.escapes) {
             const auto& escape = escapeOf(content.front());
-            std::memcpy(m_next, escape.text().data(), EscapeSequence::room);
-            m_next += escape.text().size();
+            std::memcpy(to, escape.text().data(), EscapeSequence::room);
+            to += escape.text().size();
             content.remove_prefix(1);
         }
     }
+    return to;
 }
 
 /// The line break before a member, an element or a closing bracket, with the spaces of its level.

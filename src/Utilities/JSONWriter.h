@@ -5,7 +5,6 @@
 #include "Utilities/JSON.h"
 
 #include <cstddef>
-#include <cstring>
 #include <expected>
 #include <string>
 #include <string_view>
@@ -21,29 +20,19 @@ public:
 
 private:
     std::size_t writtenSize(const Value& value, std::size_t depth) const;
+    static std::size_t quotedSize(const Value& string);
     std::size_t frameSize(std::size_t count, std::size_t depth) const;
 
-    void writeValue(const Value& value, std::size_t depth);
-    void writeObject(const Value& object, std::size_t depth);
-    void writeArray(const Value& array, std::size_t depth);
-    void writeString(const Value& string);
-    void writeEscaped(std::string_view content);
+    // Each of these writes to `to`, and returns where the next character goes.
+    char* writeValue(char* to, const Value& value, std::size_t depth) const;
+    char* writeObject(char* to, const Value& object, std::size_t depth) const;
+    char* writeArray(char* to, const Value& array, std::size_t depth) const;
+    static char* writeString(char* to, const Value& string);
+    static char* writeEscaped(char* to, std::string_view content);
 
     std::string_view line(std::size_t depth) const;
 
-    void append(char character) { *m_next++ = character; }
-
-    /// Text of the document, which has room for a block after its end.
-    void appendText(std::string_view text);
-
-    template <std::size_t size>
-    void append(const char (&literal)[size]) {
-        std::memcpy(m_next, literal, size - 1);
-        m_next += size - 1;
-    }
-
     WritingOptions m_options;
-    char* m_next = nullptr; ///< where the next character goes
 };
 
 } // namespace korvane::JSON

@@ -33,16 +33,19 @@ protected:
 
 private:
     void applyTheme() {
-        const auto inset = m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset;
+        // Insets count from the panel's edge; its outline is outside the text area.
+        const auto inset = (m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset) - Size::panelOutline;
         const auto left = m_options.lineNumbers ? 0 : inset; // the gutter brings its own distance
-        const auto right = m_options.hasOverlayButton ? Size::overlayReserve : Size::editorInsetRight;
+        const auto right =
+            (m_options.hasOverlayButton ? Size::overlayReserve : Size::editorInsetRight) - Size::panelOutline;
         m_area->setStyle({.font = Theme::font(Theme::TextStyle::code),
                           .lineHeight = Theme::lineHeight(Theme::TextStyle::code),
                           .text = Theme::color(Role::primary),
                           .placeholder = Theme::color(Role::placeholder),
                           .number = Theme::color(Role::placeholder),
                           .selection = Theme::color(Role::selection),
-                          .inset = Theme::margins(left, inset, right, inset)});
+                          .inset = Theme::margins(left, inset, right, inset),
+                          .numberGap = Theme::px(Size::gutterPadding)});
     }
 
     TextArea* m_area;

@@ -14,7 +14,8 @@ using Theme::Size;
 Panel::Panel(QWidget* content) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setFocusProxy(content);
-    fill(this, Qt::Vertical, {.spacing = 0, .padding = {1, 1, 1, 1}}, {content});
+    constexpr auto outline = Size::panelOutline;
+    fill(this, Qt::Vertical, {.spacing = 0, .padding = {outline, outline, outline, outline}}, {content});
     giveFocusRing(focusTarget(content), this, Size::radiusMedium);
 }
 

@@ -47,7 +47,7 @@ protected:
 private:
     void applyTheme() {
         m_applying = true;
-        auto look = Theme::palette();
+        QPalette look; // names only what differs, so that the rest goes on following the window
         look.setColor(QPalette::Base, Qt::transparent);
         look.setColor(QPalette::PlaceholderText, Theme::color(Role::secondary));
         setPalette(look);

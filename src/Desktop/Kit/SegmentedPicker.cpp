@@ -77,6 +77,7 @@ protected:
 QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
     auto* track = new Track;
     track->setAccessibleName(qString(parts.label));
+    track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // however much its segments would grow
     track->setFixedSize(Theme::px(parts.width), Theme::px(Size::segmentedHeight));
     constexpr auto inset = Size::segmentedInset;
     fill(track, Qt::Horizontal, {.spacing = 0, .padding = {inset, inset, inset, inset}, .equalShares = true},

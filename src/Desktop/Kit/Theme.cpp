@@ -3,7 +3,11 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QGlyphRun>
+#include <QHash>
+#include <QProxyStyle>
 #include <QString>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <array>
@@ -205,6 +209,30 @@ double scaleFactor() {
     return std::max(1.0, QFontInfo(QApplication::font()).pixelSize() / bodySize);
 }
 
+/// The glyphs that `font` sets ASCII punctuation in.
+QList<quint32> glyphsOf(const QFont& font) {
+    QTextLayout layout(QStringLiteral("!= == -> => // <= >= && || ::"), font);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    QList<quint32> glyphs;
+    for (const auto& run : layout.glyphRuns())
+        glyphs += run.glyphIndexes();
+    return glyphs;
+}
+
+/// `font` without ligatures, so that every character is seen as it is. The toolkit can only leave out all shaping,
+/// which takes joined emoji apart, so it is left on for the many fonts that have no ligatures.
+QFont withoutLigatures(QFont font) {
+    static QHash<QString, bool> knownFamilies;
+    auto unshaped = font;
+    unshaped.setStyleStrategy(QFont::PreferNoShaping);
+    auto known = knownFamilies.find(font.family());
+    if (known == knownFamilies.end())
+        known = knownFamilies.insert(font.family(), glyphsOf(font) != glyphsOf(unshaped));
+    return *known ? unshaped : font;
+}
+
 /// `color` for a style sheet.
 QString css(const QColor& color) {
     return QStringLiteral("rgba(%1,%2,%3,%4)")
@@ -214,7 +242,24 @@ QString css(const QColor& color) {
         .arg(color.alpha());
 }
 
+/// The toolkit's style, except for what the theme wants otherwise.
+class Style final : public QProxyStyle {
+public:
+    Style() : QProxyStyle(QStringLiteral("fusion")) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        if (hint == SH_UnderlineShortcut)
+            return 0; // the letters work all the same
+        return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
 } // namespace
+
+QStyle* style() {
+    return new Style;
+}
 
 Scheme scheme() {
     return currentScheme;
@@ -321,7 +366,7 @@ QFont font(TextStyle style) {
     font.setWeight(facts.weight);
     if (facts.letterSpacing > 0)
         font.setLetterSpacing(QFont::AbsoluteSpacing, facts.letterSpacing);
-    return font;
+    return facts.isCode ? withoutLigatures(font) : font;
 }
 
 int lineHeight(TextStyle style) {

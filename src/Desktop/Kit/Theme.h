@@ -10,6 +10,8 @@
 #include <QMargins>
 #include <QPalette>
 
+class QStyle;
+
 namespace korvane::Theme {
 
 enum class Scheme { light, dark };
@@ -115,6 +117,7 @@ struct Size {
                          overlayInset = 8, overlayReserve = 40, editorMinimumHeight = 120;
     static constexpr int scrollWidth = 5, scrollWidthHover = 7, scrollInset = 2, scrollThumbMinimum = 32,
                          scrollEndInset = 3;
+    static constexpr int panelOutline = 1;
     static constexpr int focusWidth = 2;
     static constexpr int treeRow = 20, treeIndent = 20, treeChevronBox = 16, treeChevron = 10, treeGlyph = 11,
                          treeValueGap = 8, treeGap = 4, treePaddingX = 8, treePaddingY = 10;
@@ -133,6 +136,9 @@ Scheme scheme();
 /// Switches all looks. Widgets that keep a colour hear of it as QEvent::PaletteChange once the window's
 /// palette is set to `palette()`.
 void setScheme(Scheme scheme);
+
+/// A new style for the application: for what the toolkit still paints and does by itself.
+QStyle* style();
 
 /// The palette for the window: the theme's colours in the toolkit's roles.
 QPalette palette();

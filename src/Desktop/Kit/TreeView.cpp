@@ -96,7 +96,7 @@ private:
                                 RowState state) { paint(painter, rect, row, state); },
                 .width = [this] { return width(); },
                 .height = rowHeight(),
-                .topPadding = Theme::px(Size::treePaddingY)};
+                .topPadding = Theme::px(Size::treePaddingY - Size::panelOutline)};
     }
 
     static int rowHeight() { return Theme::px(Size::treeRow) + Theme::px(Size::treeGap); }
@@ -112,7 +112,7 @@ private:
 
     static QRectF chevronBox(const TreeRow& row, const QRect& rect) {
         const auto left =
-            rect.left() + Theme::px(Size::treePaddingX) + row.depth * Theme::px(Size::treeIndent);
+            rect.left() + Theme::px(Size::treePaddingX - Size::panelOutline) + row.depth * Theme::px(Size::treeIndent);
         return {static_cast<double>(left), static_cast<double>(rect.top()),
                 static_cast<double>(Theme::px(Size::treeChevronBox)),
                 static_cast<double>(Theme::px(Size::treeRow))};
