@@ -1,5 +1,5 @@
-/// Draws the screens into picture files, with something to see in each: korvane_screenshots FOLDER. It shows the real
-/// window, without a display.
+/// Draws the screens into picture files, with something to see in each: korvane_screenshots FOLDER. It shows
+/// the real window, without a display.
 
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Window/MainWindow.h"
@@ -91,7 +91,8 @@ bool draw(const Scene& scene, Theme::Scheme scheme, QSize size, const QString& f
 int drawAll(const QDir& folder) {
     for (const auto& scene : scenes()) {
         for (const auto scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
-            for (const auto& [size, suffix] : {std::pair(QSize(1100, 750), ""), std::pair(QSize(900, 600), "-900x600")}) {
+            for (const auto& [size, suffix] :
+                 {std::pair(QSize(1100, 750), ""), std::pair(QSize(900, 600), "-900x600")}) {
                 const auto name = QString::fromStdString(scene.name) +
                                   (scheme == Theme::Scheme::light ? "-light" : "-dark") + suffix + ".png";
                 if (!draw(scene, scheme, size, folder.filePath(name))) {

@@ -34,7 +34,8 @@ protected:
 private:
     void applyTheme() {
         // Insets count from the panel's edge; its outline is outside the text area.
-        const auto inset = (m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset) - Size::panelOutline;
+        const auto inset =
+            (m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset) - Size::panelOutline;
         const auto left = m_options.lineNumbers ? 0 : inset; // the gutter brings its own distance
         const auto right =
             (m_options.hasOverlayButton ? Size::overlayReserve : Size::editorInsetRight) - Size::panelOutline;

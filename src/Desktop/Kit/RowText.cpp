@@ -25,8 +25,8 @@ bool isASCII(std::string_view text) {
 QString onOneLine(std::string_view text) {
     auto line = qString(text);
     for (auto& character : line) {
-        if (character == '\n' || character == '\r' || character == '\t' || character == QChar::LineSeparator ||
-            character == QChar::ParagraphSeparator)
+        if (character == '\n' || character == '\r' || character == '\t' ||
+            character == QChar::LineSeparator || character == QChar::ParagraphSeparator)
             character = ' ';
     }
     return line;

@@ -1,5 +1,5 @@
-/// Text of any length in one row: only what is visible is drawn, so a value of a megabyte costs as little as a short
-/// one.
+/// Text of any length in one row: only what is visible is drawn, so a value of a megabyte costs as little as
+/// a short one.
 #pragma once
 
 #include <QColor>
@@ -13,13 +13,13 @@ class QPainter;
 
 namespace korvane {
 
-/// Draws `text` on one line from the left edge of `rect`, vertically centred, and returns its width as far as it is visible. Line breaks and
-/// tabs are shown as spaces. `font` is monospaced.
+/// Draws `text` on one line from the left edge of `rect`, vertically centred, and returns its width as far as
+/// it is visible. Line breaks and tabs are shown as spaces. `font` is monospaced.
 double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
                    const QColor& color);
 
-/// How many columns of a monospaced font `text` takes at most: one for a character of few bytes, two for the others,
-/// which may be wide.
+/// How many columns of a monospaced font `text` takes at most: one for a character of few bytes, two for the
+/// others, which may be wide.
 std::size_t columnCount(std::string_view text);
 
 } // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringDecoder>
 
 #include <string>
 #include <string_view>
@@ -9,7 +10,10 @@
 namespace korvane {
 
 inline QString qString(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    // The plain conversion would swallow a byte-order mark at the start, which belongs to the text.
+    QStringDecoder decode(QStringDecoder::Utf8,
+                          QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    return decode.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
 }
 
 inline std::string utf8String(const QString& string) {

@@ -60,7 +60,8 @@ public:
 
     /// Shows `utf8`; of bytes that are not UTF-8 each wrong sequence is shown as U+FFFD. In an editable
     /// control it is an edit that can be undone, with the caret after the text; a read-only control shows its
-    /// start. Does nothing if that is the text already. Costs about 70 nanoseconds a byte.
+    /// start. Does nothing if that is the text already. Costs about 3 microseconds a line and 10 nanoseconds
+    /// a byte.
     void setText(std::string_view utf8);
 
     /// What was set, byte for byte, or what the user has made of it.

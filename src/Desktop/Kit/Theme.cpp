@@ -221,8 +221,8 @@ QList<quint32> glyphsOf(const QFont& font) {
     return glyphs;
 }
 
-/// `font` without ligatures, so that every character is seen as it is. The toolkit can only leave out all shaping,
-/// which takes joined emoji apart, so it is left on for the many fonts that have no ligatures.
+/// `font` without ligatures, so that every character is seen as it is. The toolkit can only leave out all
+/// shaping, which takes joined emoji apart, so it is left on for the many fonts that have no ligatures.
 QFont withoutLigatures(QFont font) {
     static QHash<QString, bool> knownFamilies;
     auto unshaped = font;
@@ -302,7 +302,8 @@ QString menuStyleSheet() {
                     css(color(Role::controlPressed))) +
            QStringLiteral("QMenu { background: %1; border: 1px solid %2; border-radius: %3px; padding: %4px;"
                           " color: %5; font-size: %6px; }"
-                          "QMenu::item { padding: %4px %7px; border-radius: %8px; background: transparent; }"
+                          "QMenu::item { padding: %13px %7px; min-width: %14px; border-radius: %8px; "
+                          "background: transparent; }"
                           "QMenu::item:selected { background: %9; color: %10; }"
                           "QMenu::item:disabled { color: %11; background: transparent; }"
                           "QMenu::separator { height: 1px; background: %12; margin: %4px %7px; }")
@@ -314,7 +315,9 @@ QString menuStyleSheet() {
                .arg(px(Size::menuPadding))
                .arg(px(Size::radiusSmall))
                .arg(css(color(Role::accent)), css(color(Role::onAccent)), css(color(Role::secondary)),
-                    css(color(Role::divider)));
+                    css(color(Role::divider)))
+               .arg((px(Size::menuRow) - px(factsOf(TextStyle::headline).lineHeight)) / 2)
+               .arg(px(Size::menuMinimumWidth));
 }
 
 QColor color(Role role) {

@@ -125,7 +125,7 @@ struct Size {
     static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
                          welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,
                          welcomeTileGlyph = 20, welcomeBottom = 36;
-    static constexpr int menuRow = 26, menuPadding = 10, menuInset = 4, menuRadius = 8;
+    static constexpr int menuRow = 26, menuPadding = 10, menuInset = 4, menuMinimumWidth = 140;
 };
 
 /// How long a change of state takes to show, in milliseconds.

@@ -111,8 +111,8 @@ private:
     }
 
     static QRectF chevronBox(const TreeRow& row, const QRect& rect) {
-        const auto left =
-            rect.left() + Theme::px(Size::treePaddingX - Size::panelOutline) + row.depth * Theme::px(Size::treeIndent);
+        const auto left = rect.left() + Theme::px(Size::treePaddingX - Size::panelOutline) +
+                          row.depth * Theme::px(Size::treeIndent);
         return {static_cast<double>(left), static_cast<double>(rect.top()),
                 static_cast<double>(Theme::px(Size::treeChevronBox)),
                 static_cast<double>(Theme::px(Size::treeRow))};

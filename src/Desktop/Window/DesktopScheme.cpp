@@ -53,8 +53,7 @@ Theme::Scheme DesktopScheme::scheme() const {
 
 void DesktopScheme::askPortal() {
     auto bus = QDBusConnection::sessionBus();
-    bus.connect(service, path, interface, "SettingChanged", this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    bus.connect(service, path, interface, "SettingChanged", this, SLOT(settingChanged(QDBusMessage)));
     auto question = QDBusMessage::createMethodCall(service, path, interface, "Read");
     question << QString(group) << QString(key);
     auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
@@ -66,10 +65,10 @@ void DesktopScheme::askPortal() {
     });
 }
 
-void DesktopScheme::settingChanged(const QString& changedGroup, const QString& changedKey,
-                                   const QDBusVariant& value) {
-    if (changedGroup == group && changedKey == key)
-        adopt(value.variant());
+void DesktopScheme::settingChanged(const QDBusMessage& signal) {
+    const auto arguments = signal.arguments(); // group, key, value
+    if (arguments.size() == 3 && arguments[0] == group && arguments[1] == key)
+        adopt(arguments[2]);
 }
 
 void DesktopScheme::adopt(const QVariant& value) {

@@ -4,11 +4,14 @@
 
 #include "Desktop/Kit/Theme.h"
 
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 
 #include <functional>
 #include <optional>
+
+class QDBusMessage;
+class QVariant;
 
 namespace korvane {
 
@@ -26,7 +29,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& signal);
 
 private:
     void askPortal();

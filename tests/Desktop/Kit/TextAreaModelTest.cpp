@@ -1,4 +1,4 @@
-#include "Desktop/TextAreaSubject.h"
+#include "Desktop/Kit/TextAreaSubject.h"
 #include "Utilities/Text.h"
 
 #include <QScrollBar>
