@@ -34,7 +34,7 @@ std::expected<std::string_view, std::string> contents(const char* path) {
     const auto size = static_cast<std::size_t>(facts.st_size);
     if (size == 0)
         return std::string_view();
-    void* const bytes = mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file, 0);
+    void* const bytes = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0);
     if (bytes == MAP_FAILED)
         return std::unexpected(fmt::format("cannot read {}", path));
     return std::string_view(static_cast<const char*>(bytes), size);

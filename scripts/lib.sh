@@ -11,14 +11,14 @@ fail() {
     exit 1
 }
 
-# Runs a command as root: by itself, or through sudo.
+# Runs one of the commands that install packages: as root, or through sudo.
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
         "$@"
     elif command -v sudo >/dev/null; then
         sudo "$@"
     else
-        fail "packages are missing and there is no sudo; as root, run: $*"
+        fail "packages are missing and there is no sudo; as root, run: apt-get update && apt-get build-dep ./"
     fi
 }
 

@@ -1,6 +1,7 @@
 #include "Utilities/LargePages.h"
 
 #include <sys/mman.h>
+#include <unistd.h>
 
 #include <cstdint>
 #include <cstdlib>
@@ -20,11 +21,13 @@ constexpr std::size_t roundedUp(std::size_t size, std::size_t unit) {
 
 void preferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
 #if defined(MADV_HUGEPAGE)
-    const auto address = reinterpret_cast<std::uintptr_t>(memory);
-    const auto begin = roundedUp(address, largePage);
-    const auto end = (address + size) / largePage * largePage;
-    if (begin < end)
-        madvise(static_cast<std::byte*>(memory) + (begin - address), end - begin, MADV_HUGEPAGE);
+    if (size < largePage)
+        return;
+    // All pages that the memory is on: the system sees for itself which of them large ones can replace. What
+    // else is on the first and on the last one is as well off either way.
+    const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    const auto offset = reinterpret_cast<std::uintptr_t>(memory) % pageSize;
+    madvise(static_cast<std::byte*>(memory) - offset, roundedUp(offset + size, pageSize), MADV_HUGEPAGE);
 #endif
 }
 

@@ -75,6 +75,17 @@ bool standsAlone(char32_t character) {
            !u_hasBinaryProperty(codePoint, UCHAR_EXTENDED_PICTOGRAPHIC);
 }
 
+/// How many of the bytes from `start` to `end` are a LF behind a CR, which together are one character.
+std::size_t lineFeedsAfterCarriageReturns(std::string_view text, std::size_t start, std::size_t end) {
+    const auto run = text.substr(0, end);
+    std::size_t pairs = 0;
+    for (auto at = run.find('\n', start); at != std::string_view::npos; at = run.find('\n', at + 1)) {
+        if (at > 0 && text[at - 1] == '\r')
+            ++pairs;
+    }
+    return pairs;
+}
+
 /// Counts clusters by the full rules, in whatever windows of a text need them.
 class ClusterCounter {
 public:
@@ -170,16 +181,19 @@ std::size_t validUTF8PrefixLength(std::string_view text) {
 std::size_t characterCount(std::string_view text) {
     std::unique_ptr<ClusterCounter> clusters;
     std::size_t count = 0;
-    std::size_t previous = 0; // where the last counted character begins
-    char32_t before = 0;
+    std::size_t previous = 0; // where the last counted code point begins
     for (std::size_t offset = 0; offset < text.size();) {
+        if (const auto ascii = asciiPrefixLength(text.substr(offset)); ascii > 0) {
+            count += ascii - lineFeedsAfterCarriageReturns(text, offset, offset + ascii);
+            previous = offset + ascii - 1;
+            offset += ascii;
+            continue;
+        }
         auto decoded = decodeAt(text, offset);
         if (standsAlone(decoded.character)) {
-            if (!(before == '\r' && decoded.character == '\n'))
-                ++count;
+            ++count;
         } else {
-            // The window takes one plain character from either side along: it may carry marks, or follow a
-            // prefix.
+            // The window takes one plain character from either side along: it may carry marks, or follow a prefix.
             while (decoded.end < text.size() && !standsAlone(decoded.character))
                 decoded = decodeAt(text, decoded.end);
             if (!clusters)
@@ -188,7 +202,6 @@ std::size_t characterCount(std::string_view text) {
             offset = previousOffset(text, decoded.end);
         }
         previous = offset;
-        before = decoded.character;
         offset = decoded.end;
     }
     return count;

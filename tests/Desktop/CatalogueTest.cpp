@@ -1,6 +1,7 @@
 /// What holds for every screen alike.
 
 #include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/Screen.h"
 #include "Desktop/Kit/TextArea.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Tools/Screens.h"
@@ -38,6 +39,23 @@ TEST_P(CatalogueTest, BuildsAndGoesCleanly) {
     EXPECT_TRUE(screen.shows(rawValue(GetParam())));
     widget.reset();
     settle();
+}
+
+TEST_P(CatalogueTest, RefreshingPerformsNoOperation) {
+    const ScreenDriver screen(*widget);
+    auto* frame = dynamic_cast<ScreenWidget*>(widget.get());
+    if (!frame)
+        return; // only a display name so far
+    for (const auto* text : {"", "[1]"}) {
+        for (auto* button : widget->findChildren<QAbstractButton*>()) {
+            fakes.clipboard.content = text;
+            button->click();
+        }
+        const auto operations = frame->core().operationCount();
+        frame->core().refresh();
+        frame->core().refresh();
+        EXPECT_EQ(frame->core().operationCount(), operations);
+    }
 }
 
 TEST_P(CatalogueTest, GivesEveryControlAName) {

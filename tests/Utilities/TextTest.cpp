@@ -38,6 +38,8 @@ constexpr CountRow countRows[] = {
     {"Arabic number sign before a digit", "\u06001", 1, 1},
     {"Devanagari consonants joined by a virama", "क्षि", 1, 1},
     {"Han", "漢字かな", 4, 1},
+    {"a CR LF behind a letter that may carry marks", "各\r\n\u0308", 3, 3},
+    {"a CR LF behind a mark", "u\u0308\r\nx", 3, 3},
     {"not UTF-8", "a\xff", 2, 1},
 };
 
@@ -87,6 +89,16 @@ TEST(Text, TellsUTF8FromOtherBytes) {
          {"\xff", "\x80", "\xc3", "abcdefgh\xc3", "\xc0\x80", "\xe0\x80\x80", "\xed\xa0\x80",
           "\xf4\x90\x80\x80", "\xf8\x88\x80\x80\x80", "\xe6\xbc"})
         EXPECT_FALSE(isValidUTF8(bad));
+}
+
+TEST(Text, FindsTheFirstByteThatIsNotUTF8) {
+    EXPECT_EQ(validUTF8PrefixLength(""), 0U);
+    EXPECT_EQ(validUTF8PrefixLength("plain ASCII text, and ü漢👩"),
+              std::string_view("plain ASCII text, and ü漢👩").size());
+    EXPECT_EQ(validUTF8PrefixLength("\xff"), 0U);
+    EXPECT_EQ(validUTF8PrefixLength("0123456789abcdef\xff"), 16U);
+    EXPECT_EQ(validUTF8PrefixLength("ü\xc3"), 2U);
+    EXPECT_EQ(validUTF8PrefixLength("ü\xed\xa0\x80ü"), 2U);
 }
 
 TEST(Text, TellsPositionsAsPeopleCountThem) {

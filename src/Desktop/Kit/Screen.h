@@ -8,10 +8,16 @@
 
 namespace korvane {
 
-/// A widget that owns a view of `State` and what `body` builds from it. The view is gone before the widgets
-/// are, so none of them can read a state that has been destroyed.
+/// Any screen, whatever its state.
+class ScreenWidget : public QWidget {
+public:
+    virtual ViewCore& core() = 0;
+};
+
+/// A widget that owns a view of `State` and what `body` builds from it. The view is gone before the widgets are, so
+/// none of them can read a state that has been destroyed.
 template <typename State>
-class ScreenFrame final : public QWidget {
+class ScreenFrame final : public ScreenWidget {
 public:
     ScreenFrame(Services& services, QWidget* (*body)(View<State>&)) : m_view(services) {
         auto* layout = new QVBoxLayout(this);
@@ -20,6 +26,8 @@ public:
     }
 
     View<State>& view() { return m_view; }
+
+    ViewCore& core() override { return m_view; }
 
 private:
     View<State> m_view;

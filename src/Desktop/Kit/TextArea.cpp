@@ -1,5 +1,7 @@
 #include "Desktop/Kit/TextArea.h"
 
+#include "Desktop/Kit/Strings.h"
+
 #include <QDropEvent>
 #include <QFontMetrics>
 #include <QInputMethodEvent>
@@ -7,7 +9,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QStringConverter>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -16,13 +17,6 @@
 namespace korvane {
 
 namespace {
-
-/// Unlike `QString::fromUtf8` keeps a byte-order mark, which is a character of the text like any other.
-QString decoded(std::string_view utf8) {
-    using Flag = QStringConverter::Flag;
-    QStringDecoder decoder(QStringConverter::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
-    return decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
-}
 
 /// The document must have its layout before the control takes it.
 QTextDocument* makeDocument(QObject* owner) {
@@ -103,7 +97,7 @@ void TextArea::setText(std::string_view utf8) {
         m_document.clear(); // quicker than an edit
     QTextCursor cursor(&m_document);
     cursor.select(QTextCursor::Document);
-    insertExactly(cursor, decoded(utf8), m_longestPiece);
+    insertExactly(cursor, qString(utf8), m_longestPiece);
     if (isReadOnly())
         cursor.setPosition(0);
     setTextCursor(cursor);
