@@ -2,5 +2,5 @@
 add_library(korvane_warnings INTERFACE)
 target_compile_options(korvane_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
-  -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough -Wunused
+  -Woverloaded-virtual -Wimplicit-fallthrough -Wunused
   $<$<BOOL:${KORVANE_WARNINGS_AS_ERRORS}>:-Werror>)

@@ -54,6 +54,7 @@ void FocusRing::follow(QWidget* control) {
 void FocusRing::place() {
     if (!m_frame || !m_frame->isVisible()) {
         hide();
+        setParent(m_window); // what the ring lay in may be about to go
         return;
     }
     auto* host = surroundings(m_frame, m_window);

@@ -1,5 +1,6 @@
 #include "Desktop/Window/MainWindow.h"
 
+#include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/TextArea.h"
 #include "Desktop/Kit/Theme.h"
@@ -100,6 +101,29 @@ TEST_F(MainWindowTest, ControlAndADigitSelectsAlsoFromAnEditor) {
     QTest::keyClick(&screen.editor("Input"), '2', Qt::ControlModifier);
     EXPECT_EQ(selectedTool(), Tool::base64);
     EXPECT_EQ(window.focusWidget(), &screen.editor("Plain Text"));
+}
+
+TEST_F(MainWindowTest, TheFocusRingFollowsTheFocusFromScreenToScreen) {
+    const auto ringOn = [&](const QWidget& frame) {
+        for (auto* child : window.findChildren<QWidget*>()) {
+            const auto* ring = dynamic_cast<FocusRing*>(child);
+            if (ring && ring->isVisible())
+                return QRect(ring->mapTo(&window, QPoint()), ring->size())
+                    .contains(QRect(frame.mapTo(&window, QPoint()), frame.size()));
+        }
+        return false;
+    };
+    EXPECT_TRUE(ringOn(screen.editor("Input")));
+    QTest::keyClick(&window, '2', Qt::ControlModifier);
+    settle();
+    EXPECT_TRUE(ringOn(screen.editor("Plain Text")));
+    screen.button("Clear").setFocus();
+    EXPECT_TRUE(ringOn(screen.button("Clear")));
+    EXPECT_FALSE(ringOn(screen.editor("Plain Text")));
+    QTest::keyClick(&window, '3', Qt::ControlModifier); // nothing there to take the focus
+    QTest::keyClick(&window, '1', Qt::ControlModifier);
+    settle();
+    EXPECT_TRUE(ringOn(screen.editor("Input")));
 }
 
 TEST_F(MainWindowTest, AScreenStartsFromItsDefaultsEveryTime) {
