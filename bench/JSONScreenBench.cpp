@@ -1,5 +1,5 @@
-/// How long a person waits for the JSON screen with a large document: until the tree of what was pasted is painted,
-/// and for each step of scrolling through it. Runs without a display.
+/// How long a person waits for the JSON screen with a large document: until the tree of what was pasted is
+/// painted, and for each step of scrolling through it. Runs without a display.
 
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/Theme.h"

@@ -193,7 +193,8 @@ std::size_t characterCount(std::string_view text) {
         if (standsAlone(decoded.character)) {
             ++count;
         } else {
-            // The window takes one plain character from either side along: it may carry marks, or follow a prefix.
+            // The window takes one plain character from either side along: it may carry marks, or follow a
+            // prefix.
             while (decoded.end < text.size() && !standsAlone(decoded.character))
                 decoded = decodeAt(text, decoded.end);
             if (!clusters)

@@ -14,8 +14,8 @@ public:
     virtual ViewCore& core() = 0;
 };
 
-/// A widget that owns a view of `State` and what `body` builds from it. The view is gone before the widgets are, so
-/// none of them can read a state that has been destroyed.
+/// A widget that owns a view of `State` and what `body` builds from it. The view is gone before the widgets
+/// are, so none of them can read a state that has been destroyed.
 template <typename State>
 class ScreenFrame final : public ScreenWidget {
 public:
