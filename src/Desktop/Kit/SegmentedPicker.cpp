@@ -23,7 +23,6 @@ public:
     explicit Segment(const std::string& title) {
         setText(qString(title));
         setAccessibleName(text());
-        setFocusPolicy(Qt::TabFocus);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     }
 
@@ -90,8 +89,12 @@ QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
             if (isOn)
                 select(index);
         });
-        view.onRefresh(
-            [segment, index, selected = parts.selected] { segment->setChecked(selected() == index); });
+        // The Tab key stops at the chosen segment only; the arrow keys go on from there.
+        view.onRefresh([segment, index, selected = parts.selected] {
+            const bool isChosen = selected() == index;
+            segment->setChecked(isChosen);
+            segment->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus);
+        });
     }
     return track;
 }

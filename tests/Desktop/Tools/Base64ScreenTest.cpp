@@ -1,11 +1,14 @@
 #include "Desktop/Tools/Screens.h"
 
+#include "Desktop/Kit/TextArea.h"
+
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QtTest/QTest>
 
 #include <memory>
 
@@ -44,6 +47,18 @@ TEST_F(Base64ScreenTest, DecodesWhatIsPasted) {
     EXPECT_EQ(screen.text("Base64 Input"), " 4pqT\n");
     screen.press("Decode");
     EXPECT_EQ(screen.text("Decoded Text"), "⚓");
+}
+
+TEST_F(Base64ScreenTest, ChangesItsModeByKeyboard) {
+    screen.editor("Plain Text").setFocus();
+    for (int stops = 0; stops < 4; ++stops) // Clear, Paste, Encode, and the picker
+        QTest::keyClick(widget->focusWidget(), Qt::Key_Backtab);
+    QTest::keyClick(widget->focusWidget(), Qt::Key_Right);
+    EXPECT_TRUE(screen.hasEditor("Base64 Input"));
+    QTest::keyClick(widget->focusWidget(), Qt::Key_Left);
+    EXPECT_TRUE(screen.hasEditor("Plain Text"));
+    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(widget->focusWidget(), &screen.button("Encode"));
 }
 
 TEST_F(Base64ScreenTest, ShowsItsMessageUntilTheInputChanges) {
