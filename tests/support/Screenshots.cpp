@@ -4,6 +4,7 @@
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Window/MainWindow.h"
 #include "support/FakeServices.h"
+#include "support/Gallery.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
@@ -88,6 +89,16 @@ bool draw(const Scene& scene, Theme::Scheme scheme, QSize size, const QString& f
     return window.grab().save(file);
 }
 
+/// The controls by themselves, on the window's background.
+bool drawGallery(Theme::Scheme scheme, const QString& file) {
+    Theme::setScheme(scheme);
+    FakeServices fakes;
+    const auto controls = gallery(fakes.services);
+    controls->setPalette(Theme::palette());
+    const ScreenDriver screen(*controls, {820, 750});
+    return controls->grab().save(file);
+}
+
 int drawAll(const QDir& folder) {
     for (const auto& scene : scenes()) {
         for (const auto scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
@@ -102,7 +113,9 @@ int drawAll(const QDir& folder) {
             }
         }
     }
-    return 0;
+    const bool drawn = drawGallery(Theme::Scheme::light, folder.filePath("controls-light.png")) &&
+                       drawGallery(Theme::Scheme::dark, folder.filePath("controls-dark.png"));
+    return drawn ? 0 : 1;
 }
 
 } // namespace

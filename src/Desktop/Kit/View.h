@@ -158,6 +158,13 @@ public:
         return korvane::caption(*this, reading<std::string>(text));
     }
 
+    /// A card with a figure.
+    template <typename Value>
+    QWidget* statCard(std::string title, Value value, std::string icon, PaletteColor color) {
+        return korvane::statCard(*this, std::move(title), reading<std::string>(value), std::move(icon),
+                                 color);
+    }
+
     /// `widget`, shown only while `condition` reads true.
     template <typename Condition>
     QWidget* when(Condition condition, QWidget* widget) {

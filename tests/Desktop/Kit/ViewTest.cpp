@@ -1,5 +1,6 @@
 #include "Desktop/Kit/Screen.h"
 
+#include "Desktop/Kit/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/Base64View.h"
 #include "Views/Tools/JSONFormatterView.h"
@@ -49,6 +50,7 @@ QWidget* body(View<Counter>& view) {
         view.section("Text", "", view.codeEditor(&Counter::text, &Counter::setText, "Type")),
         view.section("Output", "", view.output(&Counter::text, "")),
         view.copyButton(&Counter::title, {.label = "Copy number"}),
+        view.statCard("Count", &Counter::title, "number", PaletteColor::blue),
     });
 }
 
@@ -62,6 +64,21 @@ TEST_F(ViewTest, AnOperationChangesTheStateAndEveryControlReadsItAgain) {
     screen.press("0");
     EXPECT_EQ(frame->view().state().value, 1);
     EXPECT_TRUE(screen.hasButton("1"));
+    EXPECT_TRUE(screen.shows("1")) << "on the card";
+    EXPECT_TRUE(screen.shows("Count"));
+}
+
+TEST_F(ViewTest, AnEditorShowsItsLineNumbersUnlessToldOtherwise) {
+    View<Counter> view(fakes.services);
+    const std::unique_ptr<QWidget> both(
+        row({view.section("With", "", view.codeEditor(&Counter::text, &Counter::setText, "")),
+             view.section("Without", "",
+                          view.codeEditor(&Counter::text, &Counter::setText, "", {.lineNumbers = false}))}));
+    const ScreenDriver driver(*both);
+    driver.type("With", "a\nb\n");
+    EXPECT_EQ(driver.editor("With").visibleNumbers().size(), 3U);
+    EXPECT_TRUE(driver.editor("Without").visibleNumbers().empty());
+    EXPECT_EQ(driver.text("Without"), "a\nb\n");
 }
 
 TEST_F(ViewTest, ARefreshPerformsNoOperation) {
