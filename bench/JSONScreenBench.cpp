@@ -71,9 +71,25 @@ void foldTheRoot(benchmark::State& state) {
     }
 }
 
+void scrollAlongOneValue(benchmark::State& state) {
+    std::string document = "[\"";
+    while (document.size() < 2'000'000)
+        document += "長い値 and ASCII ";
+    TreeScreen subject(document + "\"]");
+    subject.paste();
+    auto& list = subject.screen.list("Tree View");
+    auto* bar = list.horizontalScrollBar();
+    const auto step = bar->maximum() / 97;
+    for (auto _ : state) {
+        bar->setValue((bar->value() + step) % (bar->maximum() + 1));
+        list.grab();
+    }
+}
+
 BENCHMARK(pasteInTreeMode)->Unit(benchmark::kMillisecond);
 BENCHMARK(scrollTheTree)->Unit(benchmark::kMillisecond);
 BENCHMARK(foldTheRoot)->Unit(benchmark::kMillisecond);
+BENCHMARK(scrollAlongOneValue)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace korvane::bench

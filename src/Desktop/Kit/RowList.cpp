@@ -49,8 +49,10 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
+        auto row = option.rect;
+        row.setWidth(m_list->rowWidth()); // the view has cut it to its own
         painter->save();
-        m_list->m_source.paint(*painter, option.rect, index.row(),
+        m_list->m_source.paint(*painter, row, index.row(),
                                {.isHovered = option.state.testFlag(QStyle::State_MouseOver),
                                 .isCurrent = m_list->hasFocus() && index == m_list->currentIndex()});
         painter->restore();
@@ -88,6 +90,25 @@ void RowList::reload() {
     if (m_model->rowCount() > 0)
         selectionModel()->setCurrentIndex(m_model->index(std::clamp(row, 0, m_model->rowCount() - 1)),
                                           QItemSelectionModel::NoUpdate);
+}
+
+// The base makes the rows of a single column as wide as the view, however wide they would like to be.
+
+int RowList::rowWidth() const {
+    return std::max(m_source.width(), viewport()->width());
+}
+
+QRect RowList::visualRect(const QModelIndex& index) const {
+    auto rect = QListView::visualRect(index);
+    if (rect.isValid())
+        rect.setWidth(rowWidth());
+    return rect;
+}
+
+void RowList::updateGeometries() {
+    QListView::updateGeometries();
+    horizontalScrollBar()->setPageStep(viewport()->width());
+    horizontalScrollBar()->setRange(0, rowWidth() - viewport()->width());
 }
 
 void RowList::setCurrentRow(int row) {

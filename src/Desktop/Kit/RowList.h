@@ -43,11 +43,14 @@ public:
     /// Has the list ask for everything again. Keeps position and current row as far as they still exist.
     void reload();
 
+    QRect visualRect(const QModelIndex& index) const override;
+
     int currentRow() const { return currentIndex().row(); }
 
     void setCurrentRow(int row);
 
 protected:
+    void updateGeometries() override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -55,6 +58,8 @@ protected:
 private:
     class Model;
     class Delegate;
+
+    int rowWidth() const;
 
     RowSource m_source;
     Model* m_model;

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QScrollBar>
 #include <QtTest/QTest>
 
 #include <memory>
@@ -106,6 +107,28 @@ TEST_F(JSONFormatterScreenTest, FoldsRowsByKeyboard) {
     EXPECT_EQ(rows(), std::vector<std::string>{"root [2]"});
     key(Qt::Key_Return);
     EXPECT_EQ(rows().size(), 4U);
+}
+
+TEST_F(JSONFormatterScreenTest, ALongValueIsReachedByScrollingSideways) {
+    screen.press("Tree View");
+    for (const std::size_t length : {std::size_t{500}, std::size_t{500'000}}) {
+        fakes.clipboard.content = "[\"" + std::string(length, 'x') + "\"]";
+        screen.press("Paste");
+        auto* bar = screen.list("Tree View").horizontalScrollBar();
+        const auto start = screen.list("Tree View").grab().toImage();
+        EXPECT_GT(bar->maximum(), static_cast<int>(length) * 5);
+        bar->setValue(bar->maximum());
+        EXPECT_NE(screen.list("Tree View").grab().toImage(), start);
+        auto& list = screen.list("Tree View");
+        const QPoint atTheEnd(list.viewport()->width() - 10,
+                              list.visualRect(list.model()->index(1, 0)).center().y());
+        const auto unmarked = list.grab().toImage();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, atTheEnd);
+        EXPECT_EQ(list.currentRow(), 1);
+        EXPECT_NE(list.grab().toImage(), unmarked) << "the row is marked along its whole width";
+        bar->setValue(0);
+        list.setCurrentRow(0);
+    }
 }
 
 TEST_F(JSONFormatterScreenTest, SurvivesWhateverIsPasted) {
