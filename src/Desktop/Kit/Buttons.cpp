@@ -75,7 +75,7 @@ void GlyphButton::paintContent(QPainter& painter, const QColor& color) const {
     const auto textWidth = showsTitle() ? QFontMetrics(font).horizontalAdvance(text()) : 0;
     const auto gap = glyph > 0 && textWidth > 0 ? Theme::px(m_metrics.gap) : 0;
     const auto left = (width() - glyph - gap - textWidth) / 2;
-    Glyph::paint(painter, m_icon, QRectF(left, (height() - glyph) / 2, glyph, glyph), color);
+    Glyph::paint(painter, m_icon, QRectF(left, (height() - glyph) / 2.0, glyph, glyph), color);
     if (textWidth == 0)
         return;
     painter.setFont(font);

@@ -7,6 +7,7 @@
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QScrollArea>
 
 namespace korvane {
