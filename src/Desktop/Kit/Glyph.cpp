@@ -67,7 +67,9 @@ void paint(QPainter& painter, std::string_view name, const QRectF& rect, const Q
     tinting.fillRect(rect, brush);
     tinting.end();
     image.setDevicePixelRatio(scale);
-    painter.drawImage(rect.topLeft(), image);
+    const auto onGrid = [scale](double position) { return std::round(position * scale) / scale; };
+    painter.drawImage(QPointF(onGrid(rect.left()), onGrid(rect.top())),
+                      image); // between pixels it would blur
 }
 
 QBrush brandBrush(const QRectF& rect) {

@@ -2,6 +2,7 @@
 
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/ViewCore.h"
 
@@ -47,25 +48,6 @@ protected:
 
 private:
     Tool m_tool;
-};
-
-/// A rounded background in the tint of a colour.
-class TintedCard final : public QWidget {
-public:
-    explicit TintedCard(PaletteColor color) : m_color(color) {}
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Theme::withTint(m_color, Theme::Tint::row));
-        const auto radius = Theme::px(Size::radiusLarge);
-        painter.drawRoundedRect(rect(), radius, radius);
-    }
-
-private:
-    PaletteColor m_color;
 };
 
 } // namespace
@@ -231,7 +213,7 @@ QWidget* statCard(ViewCore& view, std::string title, std::function<std::string()
                   PaletteColor color) {
     auto* figure = new Label({}, TextStyle::stat);
     view.onRefresh([figure, value = std::move(value)] { figure->show(value()); });
-    auto* card = new TintedCard(color);
+    auto* card = new Surface([color] { return Theme::withTint(color, Theme::Tint::row); }, Size::radiusLarge);
     const auto padding = Size::statPadding;
     fill(card, Qt::Vertical, {.spacing = Size::statGap, .padding = {padding, padding, padding, padding}},
          {new GlyphLabel(icon, Size::statGlyph, color), figure,

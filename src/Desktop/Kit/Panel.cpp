@@ -11,6 +11,15 @@ namespace korvane {
 using Theme::Role;
 using Theme::Size;
 
+void Surface::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_color());
+    const auto radius = Theme::px(m_radius);
+    painter.drawRoundedRect(rect(), radius, radius);
+}
+
 Panel::Panel(QWidget* content) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setFocusProxy(content);

@@ -1,14 +1,14 @@
 #include "Desktop/Kit/SearchField.h"
 
+#include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/FocusRing.h"
-#include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
-#include <QAbstractButton>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -59,33 +59,25 @@ private:
     bool m_applying = false;
 };
 
-class ClearFieldButton final : public QAbstractButton {
+/// A glyph without a background.
+class ClearFieldButton final : public GlyphButton {
 public:
-    ClearFieldButton() {
-        setAccessibleName(tr("Clear search"));
-        setToolTip(accessibleName());
-        setFocusPolicy(Qt::TabFocus);
-        setFixedSize(Theme::px(Size::searchGlyph), Theme::px(Size::searchGlyph));
-        giveFocusRing(this, this, Size::radiusSmall);
+    ClearFieldButton() : GlyphButton("Clear search", "xmark.circle.fill") {
+        setToolTip(text());
+        setMetrics({.style = Theme::TextStyle::quiet,
+                    .height = Size::searchGlyph,
+                    .padding = 0,
+                    .glyph = Size::searchGlyph,
+                    .gap = 0,
+                    .radius = Size::radiusSmall});
     }
 
 protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        Glyph::paint(painter, "xmark.circle.fill", rect(),
-                     Theme::color(underMouse() ? Role::primary : Role::secondary));
-    }
-};
+    bool showsTitle() const override { return false; }
 
-class Background final : public QWidget {
-protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Theme::color(Role::controlFill));
-        const auto radius = Theme::px(Size::radiusMedium);
-        painter.drawRoundedRect(rect(), radius, radius);
+        paintContent(painter, Theme::color(underMouse() ? Role::primary : Role::secondary));
     }
 };
 
@@ -96,7 +88,7 @@ QWidget* searchField(ViewCore& view, SearchFieldParts parts) {
     field->setPlaceholderText(qString(parts.placeholder));
     field->setAccessibleName(field->placeholderText());
     auto* clear = new ClearFieldButton;
-    auto* background = new Background;
+    auto* background = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusMedium);
     background->setFixedHeight(Theme::px(Size::searchHeight));
     background->setFocusProxy(field);
     constexpr auto padding = Size::searchGap;

@@ -2,6 +2,7 @@
 
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
@@ -59,22 +60,10 @@ protected:
     }
 };
 
-class Track final : public QWidget {
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Theme::color(Role::controlFill));
-        const auto radius = Theme::px(Size::radiusMedium);
-        painter.drawRoundedRect(rect(), radius, radius);
-    }
-};
-
 } // namespace
 
 QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
-    auto* track = new Track;
+    auto* track = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusMedium);
     track->setAccessibleName(qString(parts.label));
     track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // however much its segments would grow
     track->setFixedSize(Theme::px(parts.width), Theme::px(Size::segmentedHeight));

@@ -1,18 +1,16 @@
 #include "Desktop/Window/TopStrip.h"
 
-#include "Desktop/Kit/FocusRing.h"
-#include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/Theme.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWindow>
 
 #include <functional>
+#include <string_view>
 
 namespace korvane {
 
@@ -21,49 +19,37 @@ using Theme::Size;
 
 namespace {
 
-/// One of the three buttons at the window's corner.
-class WindowButton final : public QAbstractButton {
+/// One of the three buttons at the window's corner. Its glyph is asked for whenever it is painted.
+class WindowButton final : public GlyphButton {
 public:
-    WindowButton(const char* name, std::function<std::string_view()> glyph, int glyphSize)
-        : m_glyph(std::move(glyph)), m_glyphSize(glyphSize) {
-        setAccessibleName(tr(name));
-        setToolTip(accessibleName());
-        setFocusPolicy(Qt::TabFocus);
+    WindowButton(std::string_view name, std::function<std::string_view()> glyph, int glyphSize)
+        : GlyphButton(name, glyph()), m_glyph(std::move(glyph)) {
+        setToolTip(text());
+        setMetrics({.style = Theme::TextStyle::quiet,
+                    .height = Size::windowButton,
+                    .padding = (Size::windowButton - glyphSize) / 2,
+                    .glyph = glyphSize,
+                    .gap = 0,
+                    .radius = Size::radiusMedium});
         setFixedSize(Theme::px(Size::windowButton), Theme::px(Size::windowButton));
-        giveFocusRing(this, this, Size::radiusMedium);
     }
 
 protected:
-    void enterEvent(QEnterEvent* event) override {
-        QAbstractButton::enterEvent(event);
-        update();
-    }
-
-    void leaveEvent(QEvent* event) override {
-        QAbstractButton::leaveEvent(event);
-        update();
-    }
+    bool showsTitle() const override { return false; }
 
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        if (underMouse() || isDown()) {
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(Theme::color(isDown() ? Role::controlPressed : Role::controlHover));
-            const auto radius = Theme::px(Size::radiusMedium);
-            painter.drawRoundedRect(rect(), radius, radius);
-        }
-        const auto size = Theme::px(m_glyphSize);
-        Glyph::paint(painter, m_glyph(), QRectF((width() - size) / 2.0, (height() - size) / 2.0, size, size),
-                     Theme::color(underMouse() ? Role::primary : Role::secondary));
+        m_icon = m_glyph();
+        if (underMouse() || isDown())
+            paintBackground(painter, Theme::color(isDown() ? Role::controlPressed : Role::controlHover));
+        paintContent(painter, Theme::color(underMouse() ? Role::primary : Role::secondary));
     }
 
 private:
     std::function<std::string_view()> m_glyph;
-    int m_glyphSize;
 };
 
-QWidget* windowButton(const char* name, std::function<std::string_view()> glyph, int glyphSize,
+QWidget* windowButton(std::string_view name, std::function<std::string_view()> glyph, int glyphSize,
                       std::function<void()> action) {
     auto* button = new WindowButton(name, std::move(glyph), glyphSize);
     QObject::connect(button, &QAbstractButton::clicked, button, std::move(action));
