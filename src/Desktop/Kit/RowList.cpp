@@ -25,6 +25,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override {
         if (role == Qt::AccessibleTextRole || role == Qt::DisplayRole)
             return qString(m_source.name(index.row()));
+        if (role == Qt::ToolTipRole)
+            return qString(m_source.toolTip(index.row()));
         return {};
     }
 

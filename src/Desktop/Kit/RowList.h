@@ -22,6 +22,7 @@ struct RowSource {
     std::function<int()> count;
     std::function<std::string(int row)> name; ///< what assistive technology calls it, and what is copied
     std::function<void(QPainter&, const QRect&, int row, RowState)> paint;
+    std::function<std::string(int row)> toolTip = [](int) { return std::string(); };
     std::function<int()> width = [] {
         return 0;
     }; ///< of the widest row; the list scrolls sideways to show it

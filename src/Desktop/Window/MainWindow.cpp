@@ -4,6 +4,7 @@
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Window/Menus.h"
+#include "Desktop/Window/Shortcuts.h"
 #include "Desktop/Window/Sidebar.h"
 #include "Desktop/Window/TopStrip.h"
 #include "Desktop/Window/WelcomeScreen.h"
@@ -12,8 +13,8 @@
 #include <QEvent>
 #include <QMenuBar>
 #include <QPainter>
-#include <QShortcut>
 #include <QSplitter>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace korvane {
@@ -67,8 +68,10 @@ MainWindow::MainWindow(Services& services) : m_view(services) {
 
 void MainWindow::showScheme(Theme::Scheme scheme) {
     Theme::setScheme(scheme);
-    if (const auto look = Theme::palette(); look != palette())
+    if (const auto look = Theme::palette(); look != palette()) {
         setPalette(look);
+        QToolTip::setPalette(look);
+    }
     const auto sheet = Theme::menuStyleSheet();
     for (auto* bar : findChildren<QMenuBar*>()) {
         if (sheet != bar->styleSheet())
@@ -78,9 +81,8 @@ void MainWindow::showScheme(Theme::Scheme scheme) {
 
 void MainWindow::addShortcuts() {
     for (const auto tool : allCases<Tool>) {
-        if (const auto key = korvane::keyboardShortcut(tool))
-            keyboardShortcut(this, QKeySequence(Qt::CTRL | static_cast<Qt::Key>(*key)),
-                             [this, tool] { m_view.perform(&ContentView::select, tool); });
+        if (const auto keys = shortcutKeys(tool); !keys.isEmpty())
+            keyboardShortcut(this, keys, [this, tool] { m_view.perform(&ContentView::select, tool); });
     }
 }
 
@@ -108,10 +110,6 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), Theme::color(Theme::Role::windowBackground));
-}
-
-void keyboardShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action) {
-    QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window, std::move(action));
 }
 
 } // namespace korvane

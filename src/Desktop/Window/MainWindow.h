@@ -35,7 +35,4 @@ private:
     std::optional<Tool> m_shownTool;
 };
 
-/// Has `keys` run `action` anywhere in `window`, also while an editor has the focus.
-void keyboardShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action);
-
 } // namespace korvane

@@ -2,6 +2,7 @@
 
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
+#include "Desktop/Window/Shortcuts.h"
 #include "Views/ContentView.h"
 #include "Views/Services.h"
 
@@ -67,8 +68,7 @@ void addFileMenu(QMenuBar* bar, QWidget* window, Services& services) {
     addLabel(menu, MenuTexts::tools)->setFont(Theme::font(Theme::TextStyle::caption));
     for (const auto tool : allCases<Tool>) {
         auto* action = menu->addAction(qString(rawValue(tool)));
-        if (const auto key = keyboardShortcut(tool))
-            showShortcut(action, QKeySequence(Qt::CTRL | static_cast<Qt::Key>(*key)));
+        showShortcut(action, shortcutKeys(tool));
         QObject::connect(action, &QAction::triggered, window,
                          [tool, &services] { postSelectTool(tool, services); });
     }

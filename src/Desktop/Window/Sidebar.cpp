@@ -8,6 +8,7 @@
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/Transition.h"
+#include "Desktop/Window/Shortcuts.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -71,8 +72,16 @@ private:
                 .name = [this](int row) { return std::string(rawValue(toolAt(row))); },
                 .paint = [this](QPainter& painter, const QRect& rect, int row,
                                 RowState state) { paint(painter, rect, toolAt(row), state); },
+                .toolTip = [this](int row) { return toolTip(toolAt(row)); },
                 .height = Theme::px(Size::sidebarRow) + Theme::px(Size::gapList),
                 .topPadding = Theme::px(Size::gapList)};
+    }
+
+    /// What the row may have had to shorten, and the keys as this desktop calls them.
+    static std::string toolTip(Tool tool) {
+        const auto keys = shortcutKeys(tool);
+        return std::string(description(tool)) +
+               (keys.isEmpty() ? "" : " (" + utf8String(keys.toString(QKeySequence::NativeText)) + ")");
     }
 
     Tool toolAt(int row) const { return m_tools[static_cast<std::size_t>(row)]; }

@@ -206,6 +206,14 @@ TEST_F(MainWindowTest, TheListIsUsedByKeyboard) {
     EXPECT_EQ(window.focusWidget(), &list);
 }
 
+TEST_F(MainWindowTest, ARowsToolTipTellsPurposeAndKeys) {
+    const auto toolTip = [&](int row) {
+        return screen.list("Tools").model()->index(row, 0).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ(toolTip(0), "Format, minify, and validate JSON (Ctrl+1)");
+    EXPECT_EQ(toolTip(10), "Transform text case and lines");
+}
+
 TEST_F(MainWindowTest, AClickSelects) {
     auto& list = screen.list("Tools");
     const auto row = list.visualRect(list.model()->index(1, 0));
