@@ -3,9 +3,11 @@
 #include "Desktop/Kit/Theme.h"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <cmath>
@@ -15,73 +17,80 @@ namespace korvane {
 using Theme::Size;
 
 OverlayScrollBar::OverlayScrollBar(Qt::Orientation orientation, QAbstractScrollArea* area, QWidget* host)
-    : QScrollBar(orientation, host), m_host(host) {
-    const bool isVertical = orientation == Qt::Vertical;
-    m_driven = isVertical ? area->verticalScrollBar() : area->horizontalScrollBar();
-    if (isVertical)
+    : QWidget(host), m_host(host) {
+    if (orientation == Qt::Vertical) {
+        m_driven = area->verticalScrollBar();
         area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    else
+    } else {
+        m_driven = area->horizontalScrollBar();
         area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
     setFocusPolicy(Qt::NoFocus);
-    setAttribute(Qt::WA_OpaquePaintEvent, false);
     setCursor(Qt::ArrowCursor);
-    connect(m_driven, &QScrollBar::rangeChanged, this, [this] { adopt(); });
-    connect(m_driven, &QScrollBar::valueChanged, this, [this](int value) { setValue(value); });
-    connect(this, &QScrollBar::valueChanged, m_driven, &QScrollBar::setValue);
+    connect(m_driven, &QScrollBar::rangeChanged, this, [this] { follow(); });
+    connect(m_driven, &QScrollBar::valueChanged, this, [this] { follow(); });
+    // Text areas move their bar without a word, but whenever it has moved they are painted anew.
+    area->viewport()->installEventFilter(this);
     host->installEventFilter(this);
-    adopt();
+    follow();
     place();
 }
 
-void OverlayScrollBar::adopt() {
-    const auto value = m_driven->value(); // setting the range may clamp our value and drive it
-    setPageStep(m_driven->pageStep());
-    setSingleStep(m_driven->singleStep());
-    setRange(m_driven->minimum(), m_driven->maximum());
-    setValue(value);
-    setVisible(maximum() > minimum());
+void OverlayScrollBar::follow() {
+    setVisible(m_driven->maximum() > m_driven->minimum());
     update();
 }
 
 void OverlayScrollBar::place() {
     const auto thickness = Theme::px(Size::scrollWidthHover) + 2 * Theme::px(Size::scrollInset);
     const auto area = m_host->rect();
-    setGeometry(orientation() == Qt::Vertical
-                    ? QRect(area.right() + 1 - thickness, 0, thickness, area.height())
-                    : QRect(0, area.bottom() + 1 - thickness, area.width() - thickness, thickness));
+    setGeometry(isVertical() ? QRect(area.right() + 1 - thickness, 0, thickness, area.height())
+                             : QRect(0, area.bottom() + 1 - thickness, area.width() - thickness, thickness));
     raise();
 }
 
 bool OverlayScrollBar::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::ChildAdded)
+    if (watched == m_host && (event->type() == QEvent::Resize || event->type() == QEvent::ChildAdded))
         place();
-    return QScrollBar::eventFilter(watched, event);
+    if (event->type() == QEvent::Paint && m_driven->value() != m_paintedValue)
+        update();
+    return QWidget::eventFilter(watched, event);
+}
+
+bool OverlayScrollBar::isVertical() const {
+    return m_driven->orientation() == Qt::Vertical;
+}
+
+bool OverlayScrollBar::isActive() const {
+    return underMouse() || m_grabbedAt >= 0;
+}
+
+double OverlayScrollBar::length() const {
+    return (isVertical() ? height() : width()) - 2.0 * Theme::px(Size::scrollEndInset);
 }
 
 double OverlayScrollBar::along(const QPointF& point) const {
-    return orientation() == Qt::Vertical ? point.y() : point.x();
+    return isVertical() ? point.y() : point.x();
 }
 
 QRectF OverlayScrollBar::thumb() const {
-    const bool isVertical = orientation() == Qt::Vertical;
-    const double inset = Theme::px(Size::scrollEndInset);
-    const double track = (isVertical ? height() : width()) - 2 * inset;
-    const double range = maximum() - minimum();
-    const double length = std::min(track, std::max<double>(Theme::px(Size::scrollThumbMinimum),
-                                                           track * pageStep() / (range + pageStep())));
-    const double start = inset + (range > 0 ? (track - length) * (value() - minimum()) / range : 0);
-    const double thickness =
-        Theme::px(underMouse() || m_grabbedAt >= 0 ? Size::scrollWidthHover : Size::scrollWidth);
-    const double side = (isVertical ? width() : height()) - Theme::px(Size::scrollInset) - thickness;
-    return isVertical ? QRectF(side, start, thickness, length) : QRectF(start, side, length, thickness);
+    const double range = m_driven->maximum() - m_driven->minimum();
+    const double page = m_driven->pageStep();
+    const double size = std::min(
+        length(), std::max<double>(Theme::px(Size::scrollThumbMinimum), length() * page / (range + page)));
+    const double share = range > 0 ? (m_driven->value() - m_driven->minimum()) / range : 0;
+    const double start = Theme::px(Size::scrollEndInset) + (length() - size) * share;
+    const double thickness = Theme::px(isActive() ? Size::scrollWidthHover : Size::scrollWidth);
+    const double side = (isVertical() ? width() : height()) - Theme::px(Size::scrollInset) - thickness;
+    return isVertical() ? QRectF(side, start, thickness, size) : QRectF(start, side, size, thickness);
 }
 
 void OverlayScrollBar::paintEvent(QPaintEvent*) {
+    m_paintedValue = m_driven->value();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    const bool isActive = underMouse() || m_grabbedAt >= 0;
-    painter.setBrush(Theme::color(isActive ? Theme::Role::scrollThumbHover : Theme::Role::scrollThumb));
+    painter.setBrush(Theme::color(isActive() ? Theme::Role::scrollThumbHover : Theme::Role::scrollThumb));
     const auto bar = thumb();
     const auto radius = std::min(bar.width(), bar.height()) / 2;
     painter.drawRoundedRect(bar, radius, radius);
@@ -91,24 +100,23 @@ void OverlayScrollBar::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
     const auto bar = thumb();
-    const auto start = along(bar.topLeft());
-    const auto length = orientation() == Qt::Vertical ? bar.height() : bar.width();
-    const auto at = along(event->position());
+    const auto size = std::max(bar.width(), bar.height());
+    const auto grabbedAt = along(event->position()) - along(bar.topLeft());
     // A press beside the thumb brings its middle there, and goes on as a drag.
-    m_grabbedAt = at >= start && at < start + length ? at - start : length / 2;
+    m_grabbedAt = grabbedAt >= 0 && grabbedAt < size ? grabbedAt : size / 2;
     mouseMoveEvent(event);
 }
 
 void OverlayScrollBar::mouseMoveEvent(QMouseEvent* event) {
     if (m_grabbedAt < 0)
         return;
-    const bool isVertical = orientation() == Qt::Vertical;
-    const double inset = Theme::px(Size::scrollEndInset);
     const auto bar = thumb();
-    const auto room = (isVertical ? height() - bar.height() : width() - bar.width()) - 2 * inset;
+    const auto room = length() - std::max(bar.width(), bar.height());
     if (room > 0) {
-        const auto share = std::clamp((along(event->position()) - m_grabbedAt - inset) / room, 0.0, 1.0);
-        setValue(minimum() + static_cast<int>(std::lround(share * (maximum() - minimum()))));
+        const auto start = along(event->position()) - m_grabbedAt - Theme::px(Size::scrollEndInset);
+        const auto range = m_driven->maximum() - m_driven->minimum();
+        const auto share = std::clamp(start / room, 0.0, 1.0);
+        m_driven->setValue(m_driven->minimum() + static_cast<int>(std::lround(share * range)));
     }
     update();
 }
@@ -118,13 +126,17 @@ void OverlayScrollBar::mouseReleaseEvent(QMouseEvent*) {
     update();
 }
 
+void OverlayScrollBar::wheelEvent(QWheelEvent* event) {
+    QApplication::sendEvent(m_driven, event);
+}
+
 void OverlayScrollBar::enterEvent(QEnterEvent* event) {
-    QScrollBar::enterEvent(event);
+    QWidget::enterEvent(event);
     update();
 }
 
 void OverlayScrollBar::leaveEvent(QEvent* event) {
-    QScrollBar::leaveEvent(event);
+    QWidget::leaveEvent(event);
     update();
 }
 

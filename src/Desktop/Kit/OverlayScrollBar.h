@@ -1,18 +1,23 @@
-/// A thin scroll bar that lies over a scrolling area and takes no room in it. It drives the area's own,
-/// hidden bar, so whatever scrolls by keyboard, wheel or program moves it too.
+/// A thin scroll bar that lies over a scrolling area and takes no room in it. It has no position of its own:
+/// it shows and drives the area's own, hidden bar, so whatever scrolls by keyboard, wheel or program moves it
+/// too.
 #pragma once
 
-#include <QScrollBar>
+#include <QWidget>
 
 class QAbstractScrollArea;
+class QScrollBar;
 
 namespace korvane {
 
-class OverlayScrollBar final : public QScrollBar {
+class OverlayScrollBar final : public QWidget {
 public:
     /// Lays a bar over `area`, at the right edge of `host` (or the bottom one for a horizontal bar), and
     /// hides the area's own.
     OverlayScrollBar(Qt::Orientation orientation, QAbstractScrollArea* area, QWidget* host);
+
+    /// Where the handle is, in the bar; it is as long in the bar as the view is in the content.
+    QRectF thumb() const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -20,17 +25,21 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
 
 private:
     void place();
-    void adopt();
-    QRectF thumb() const;
+    void follow();
+    bool isVertical() const;
+    bool isActive() const;
+    double length() const;
     double along(const QPointF& point) const;
 
     QScrollBar* m_driven;
     QWidget* m_host;
+    int m_paintedValue = 0;
     double m_grabbedAt = -1; // where in the thumb the pointer holds it
 };
 
