@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 
 namespace korvane {
@@ -294,7 +293,8 @@ TEST(JSONReader, LetsTheLastMemberOfANameCount) {
     EXPECT_EQ(members[2].value.text(), "5");
 }
 
-TEST(JSONReader, TakesManyMembersInGoodTime) {
+/// Quadratic time would take minutes here, and run into the time limit of the test.
+TEST(JSONReader, TakesManyMembersOfOneObject) {
     std::string distinct = "{";
     std::string equal = "{";
     for (int i = 200'000; i > 0; --i) {
@@ -302,13 +302,10 @@ TEST(JSONReader, TakesManyMembersInGoodTime) {
         equal += "\"name\":" + std::to_string(i) + ",";
     }
     distinct.back() = equal.back() = '}';
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(JSON::parse(distinct)->root().members().size(), 200'000U);
     const auto document = JSON::parse(equal);
     ASSERT_EQ(document->root().members().size(), 1U);
     EXPECT_EQ(document->root().member("name")->text(), "1");
-    // Quadratic time would be minutes, even on a fast machine.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 } // namespace

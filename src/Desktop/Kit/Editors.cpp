@@ -8,6 +8,7 @@
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QEvent>
+#include <QMetaObject>
 
 namespace korvane {
 
@@ -66,6 +67,10 @@ QWidget* codeEditor(ViewCore& view, CodeEditorParts parts) {
         area->setPlaceholder(qString(placeholder()));
     });
     return panel;
+}
+
+bool holdsText(const QWidget* widget) {
+    return widget->metaObject()->indexOfMethod("undo()") >= 0; // lists have some of the others
 }
 
 } // namespace korvane

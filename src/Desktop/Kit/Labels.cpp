@@ -54,10 +54,10 @@ private:
 
 Label::Label(std::string_view text, TextStyle style, Role color) : m_style(style), m_color(color) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    show(text);
+    display(text);
 }
 
-void Label::show(std::string_view text) {
+void Label::display(std::string_view text) {
     const auto string = qString(text);
     if (string == this->text())
         return;
@@ -117,7 +117,7 @@ StatusBadgeLabel::StatusBadgeLabel() {
     setSizePolicy(policy);
 }
 
-void StatusBadgeLabel::show(const StatusBadge& badge) {
+void StatusBadgeLabel::display(const StatusBadge& badge) {
     if (badge == m_badge)
         return;
     m_badge = badge;
@@ -182,7 +182,7 @@ QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title, std:
     auto* label = new Label({}, TextStyle::heading, Role::secondary);
     view.onRefresh([label, title = std::move(title)] {
         const auto text = title();
-        label->show(utf8String(qString(text).toUpper()));
+        label->display(utf8String(qString(text).toUpper()));
         label->setAccessibleName(qString(text));
     });
     if (icon.empty())
@@ -197,7 +197,7 @@ QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()>
     view.onRefresh([label, line, badge = std::move(badge)] {
         const auto current = badge();
         if (current)
-            label->show(*current);
+            label->display(*current);
         line->setVisible(current.has_value());
     });
     return line;
@@ -205,14 +205,14 @@ QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()>
 
 QWidget* caption(ViewCore& view, std::function<std::string()> text) {
     auto* label = new Label({}, TextStyle::caption, Role::secondary);
-    view.onRefresh([label, text = std::move(text)] { label->show(text()); });
+    view.onRefresh([label, text = std::move(text)] { label->display(text()); });
     return label;
 }
 
 QWidget* statCard(ViewCore& view, std::string title, std::function<std::string()> value, std::string icon,
                   PaletteColor color) {
     auto* figure = new Label({}, TextStyle::stat);
-    view.onRefresh([figure, value = std::move(value)] { figure->show(value()); });
+    view.onRefresh([figure, value = std::move(value)] { figure->display(value()); });
     auto* card = new Surface([color] { return Theme::withTint(color, Theme::Tint::row); }, Size::radiusLarge);
     const auto padding = Size::statPadding;
     fill(card, Qt::Vertical, {.spacing = Size::statGap, .padding = {padding, padding, padding, padding}},

@@ -22,7 +22,7 @@ class Label final : public QLabel {
 public:
     Label(std::string_view text, Theme::TextStyle style, Theme::Role color = Theme::Role::primary);
 
-    void show(std::string_view text);
+    void display(std::string_view text);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -61,7 +61,7 @@ class StatusBadgeLabel final : public QLabel {
 public:
     StatusBadgeLabel();
 
-    void show(const StatusBadge& badge);
+    void display(const StatusBadge& badge);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -1,5 +1,7 @@
 #include "Desktop/Kit/LineBreaks.h"
 
+#include "Models/Enumeration.h"
+
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
 
@@ -9,26 +11,28 @@
 
 namespace korvane {
 
-namespace {
-
 struct LineBreakFacts {
+    LineBreak value;
     QStringView text;
     int newlines;
 };
 
-constexpr std::array<LineBreakFacts, 11> facts = {{
-    {u"\n", 1},
-    {u"\r\n", 2},
-    {u"\r", 1},
-    {u"\v", 1},
-    {u"\f", 1},
-    {u"\u0085", 1},
-    {u"\u2028", 1},
-    {u"\u2029", 1},
-    {u"\uFDD0", 0},
-    {u"\uFDD1", 0},
-    {u"", 0},
-}};
+template <>
+inline constexpr auto facts<LineBreak> = std::to_array<LineBreakFacts>({
+    {LineBreak::lineFeed, u"\n", 1},
+    {LineBreak::carriageReturnLineFeed, u"\r\n", 2},
+    {LineBreak::carriageReturn, u"\r", 1},
+    {LineBreak::verticalTab, u"\v", 1},
+    {LineBreak::formFeed, u"\f", 1},
+    {LineBreak::nextLine, u"\u0085", 1},
+    {LineBreak::lineSeparator, u"\u2028", 1},
+    {LineBreak::paragraphSeparator, u"\u2029", 1},
+    {LineBreak::noncharacterFDD0, u"\uFDD0", 0},
+    {LineBreak::noncharacterFDD1, u"\uFDD1", 0},
+    {LineBreak::seam, u"", 0},
+});
+
+namespace {
 
 /// The kind is the object type of the break's own character format. The history keeps it with the break, and
 /// it is the one property that the toolkit does not hand on to what is typed behind the break.
@@ -39,31 +43,33 @@ QTextCharFormat formatOf(LineBreak lineBreak) {
     return format;
 }
 
-/// The line break that begins at `index`; a seam where there is none.
+/// Whether a character begins a line break; asked of every character of a text.
+bool beginsLineBreak(QChar character) {
+    static constexpr auto latin = [] {
+        std::array<bool, 256> begins{};
+        for (const auto& row : facts<LineBreak>) {
+            if (!row.text.empty() && row.text.front().unicode() < begins.size())
+                begins[row.text.front().unicode()] = true;
+        }
+        return begins;
+    }();
+    if (character.unicode() < latin.size())
+        return latin[character.unicode()];
+    return std::ranges::any_of(facts<LineBreak>, [character](const LineBreakFacts& row) {
+        return !row.text.empty() && row.text.front() == character;
+    });
+}
+
+/// The line break that begins at `index`, the longest where several do; a seam where there is none.
 LineBreak lineBreakAt(QStringView text, qsizetype index) {
-    switch (text[index].unicode()) {
-    case u'\n':
-        return LineBreak::lineFeed;
-    case u'\r':
-        return index + 1 < text.size() && text[index + 1] == u'\n' ? LineBreak::carriageReturnLineFeed
-                                                                   : LineBreak::carriageReturn;
-    case u'\v':
-        return LineBreak::verticalTab;
-    case u'\f':
-        return LineBreak::formFeed;
-    case u'\u0085':
-        return LineBreak::nextLine;
-    case u'\u2028':
-        return LineBreak::lineSeparator;
-    case u'\u2029':
-        return LineBreak::paragraphSeparator;
-    case u'\uFDD0':
-        return LineBreak::noncharacterFDD0;
-    case u'\uFDD1':
-        return LineBreak::noncharacterFDD1;
-    default:
+    if (!beginsLineBreak(text[index]))
         return LineBreak::seam;
+    auto longest = LineBreak::seam;
+    for (const auto& [lineBreak, characters, newlines] : facts<LineBreak>) {
+        if (characters.size() > textOf(longest).size() && text.sliced(index).startsWith(characters))
+            longest = lineBreak;
     }
+    return longest;
 }
 
 /// In UTF-16 units; what is longer is no writing but a run of marks, and may be cut anywhere.
@@ -213,11 +219,11 @@ void cutIfTooLong(const QTextBlock& block, int longestPiece) {
 } // namespace
 
 QStringView textOf(LineBreak lineBreak) {
-    return facts[static_cast<std::size_t>(lineBreak)].text;
+    return factsOf(lineBreak).text;
 }
 
 int newlineCount(LineBreak lineBreak) {
-    return facts[static_cast<std::size_t>(lineBreak)].newlines;
+    return factsOf(lineBreak).newlines;
 }
 
 LineBreak lineBreakBefore(const QTextBlock& block) {

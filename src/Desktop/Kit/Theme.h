@@ -91,20 +91,20 @@ enum class TextStyle {
 
 /// Distances and sizes by name, in pixels at a 13-pixel body text; `px` scales them.
 struct Size {
-    static constexpr int radiusBar = 2, radiusBadge = 4, radiusSmall = 6, radiusMedium = 8, radiusLarge = 10,
+    static constexpr int radiusBadge = 4, radiusSmall = 6, radiusMedium = 8, radiusLarge = 10,
                          radiusExtraLarge = 12;
     static constexpr int screenPadding = 24, headerTop = 4, headerBottom = 16, bodyTop = 4;
-    static constexpr int gapHeader = 12, gapSection = 16, gapHeading = 8, gapControl = 8, gapGroup = 16,
-                         gapList = 4, gapBadge = 6, gapQuiet = 4;
+    static constexpr int gapHeader = 12, gapSection = 16, gapHeading = 8, gapControl = 8, gapList = 4,
+                         gapBadge = 6, gapQuiet = 4;
     static constexpr int stripHeight = 36, stripMenuHeight = 24, stripMenuPadding = 8, windowButton = 28,
                          windowButtonGap = 4;
     static constexpr int windowGlyphMinimise = 13, windowGlyphMaximise = 11, windowGlyphClose = 12;
     static constexpr int windowGrip = 5;
     static constexpr int sidebarInset = 8, sidebarTextInset = 18, brandHeight = 46, brandGlyph = 18,
                          brandGap = 8, sidebarRow = 48, sidebarRowPadding = 10, sidebarIconBox = 32,
-                         sidebarGlyph = 15, sidebarTextGap = 12, sidebarNameHeight = 17, shortcutPaddingX = 6,
-                         shortcutPaddingY = 2, searchHeight = 32, searchGlyph = 13, searchGap = 8,
-                         searchTop = 8, searchBottom = 4, footerHeight = 37, footerGlyph = 13;
+                         sidebarGlyph = 15, sidebarTextGap = 12, shortcutPaddingX = 6, shortcutPaddingY = 2,
+                         searchHeight = 32, searchGlyph = 13, searchGap = 8, searchTop = 8, searchBottom = 4,
+                         footerHeight = 37, footerGlyph = 13;
     static constexpr int headerTile = 44, headerGlyph = 21;
     static constexpr int actionHeight = 32, actionPadding = 16, actionGlyph = 14;
     static constexpr int quietHeight = 28, quietPadding = 10, quietGlyph = 12, quietCompact = 28,
@@ -172,6 +172,5 @@ int lineHeight(TextStyle style);
 /// The opacity of a disabled control.
 inline constexpr double disabledOpacity = 0.45;
 inline constexpr double disabledActionOpacity = 0.75;
-inline constexpr double promptGlyphOpacity = 0.6;
 
 } // namespace korvane::Theme

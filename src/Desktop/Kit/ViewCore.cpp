@@ -1,11 +1,13 @@
 #include "Desktop/Kit/ViewCore.h"
 
+#include <utility>
+
 namespace korvane {
 
 void ViewCore::onRefresh(std::function<void()> refresher) {
-    m_refreshing = true;
+    const bool wasRefreshing = std::exchange(m_refreshing, true);
     refresher();
-    m_refreshing = false;
+    m_refreshing = wasRefreshing;
     m_refreshers.push_back(std::move(refresher));
 }
 

@@ -1,5 +1,6 @@
 #include "Desktop/Window/MainWindow.h"
 
+#include "Desktop/Kit/Editors.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Tools/Screens.h"
@@ -24,7 +25,7 @@ namespace {
 /// The control of `screen` that takes the text which the tool works on.
 QWidget* firstEditor(QWidget* screen) {
     for (auto* child : screen->findChildren<QWidget*>()) {
-        if (child->metaObject()->indexOfMethod("undo()") >= 0)
+        if (holdsText(child))
             return child;
     }
     return nullptr;

@@ -1,5 +1,6 @@
 #include "Desktop/Window/Menus.h"
 
+#include "Desktop/Kit/Editors.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Window/Shortcuts.h"
@@ -10,7 +11,6 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMetaMethod>
 #include <QPointer>
 #include <QWidget>
 
@@ -38,10 +38,6 @@ constexpr std::array editCommands{
     EditCommand{"&Paste", QKeySequence::Paste, "paste", true},
     EditCommand{"Select &All", QKeySequence::SelectAll, "selectAll", false, true},
 };
-
-bool isEditor(const QWidget* widget) {
-    return widget && widget->metaObject()->indexOfMethod("undo()") >= 0;
-}
 
 /// Shows `keys` beside the action without answering to them: the shortcut belongs to the menu alone, which
 /// never has the focus, so it cannot stand in the way of whoever does answer.
@@ -84,7 +80,7 @@ void addEditMenu(QMenuBar* bar, QWidget* window) {
     auto editor = std::make_shared<QPointer<QWidget>>();
     QObject::connect(qApp, &QApplication::focusChanged, menu, [editor, window](QWidget*, QWidget* now) {
         if (now && now->window() == window && !qobject_cast<QMenuBar*>(now))
-            *editor = isEditor(now) ? now : nullptr;
+            *editor = holdsText(now) ? now : nullptr;
     });
     std::vector<std::pair<QAction*, bool>> actions;
     for (const auto& command : editCommands) {

@@ -173,6 +173,14 @@ TEST_F(MainWindowTest, TheEditMenuActsOnTheEditorWithTheFocus) {
     EXPECT_EQ(screen.text("Input"), "abcabc");
 }
 
+TEST_F(MainWindowTest, TheEditMenuHasNothingToActOnInAList) {
+    screen.type("Input", "abc");
+    screen.list("Tools").setFocus();
+    menuItem("&Edit", "Select &All").trigger();
+    menuItem("&Edit", "&Undo").trigger();
+    EXPECT_EQ(screen.text("Input"), "abc");
+}
+
 TEST_F(MainWindowTest, TheSearchFiltersTheToolsAndLeavesTheSelection) {
     EXPECT_EQ(tools().size(), 16U);
     EXPECT_FALSE(screen.hasButton("Clear search"));
