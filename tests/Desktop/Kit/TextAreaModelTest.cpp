@@ -178,7 +178,9 @@ private:
         area.setLineNumbers(true);
         area.verticalScrollBar()->setValue(area.verticalScrollBar()->maximum());
         const auto numbers = area.visibleNumbers();
-        RC_ASSERT(numbers.empty() || numbers.back().number == lineCount(m_model));
+        // None where the last line begins above the view. (The macro would read both sides of a bare ||.)
+        if (!numbers.empty())
+            RC_ASSERT(numbers.back().number == lineCount(m_model));
     }
 
     Subject m_subject{8, 300};
