@@ -23,6 +23,18 @@ public:
 
     /// Replaces whatever is on the clipboard; an empty text is put there like any other.
     virtual void setText(std::string_view text) = 0;
+
+    /// The same for a text that is not to be shown or kept by programs which remember the clipboard's
+    /// content.
+    virtual void setSecret(std::string_view text) = 0;
+};
+
+/// The time of day.
+class Clock {
+public:
+    virtual ~Clock() = default;
+
+    virtual std::chrono::system_clock::time_point now() const = 0;
 };
 
 /// Delayed work on the thread of the user interface.
@@ -32,6 +44,24 @@ public:
 
     /// Runs `action` once, `delay` from now. It cannot be called off, so it must bear its subject being gone.
     virtual void after(std::chrono::milliseconds delay, std::function<void()> action) = 0;
+};
+
+/// Other threads. States use it through `runInBackground`.
+class Background {
+public:
+    virtual ~Background() = default;
+
+    /// Runs `work` on another thread, and then `done` on the thread of the user interface.
+    virtual void run(std::function<void()> work, std::function<void()> done) = 0;
+};
+
+/// The program that the user has chosen for web pages.
+class Browser {
+public:
+    virtual ~Browser() = default;
+
+    /// Asks it to open `url`. Whether it does is not known here.
+    virtual void open(std::string_view url) = 0;
 };
 
 /// Announcements that carry a tool. Posting is synchronous: all observers have run when `post` returns.
@@ -53,7 +83,10 @@ private:
 /// What the window hands to every screen. The services outlive all screens.
 struct Services {
     Clipboard& clipboard;
+    Clock& clock;
     Timers& timers;
+    Background& background;
+    Browser& browser;
     NotificationCenter& notifications;
 };
 

@@ -39,4 +39,12 @@ QWidget* makeScreen(Services& services, QWidget* (*body)(View<State>&)) {
     return new ScreenFrame<State>(services, body);
 }
 
+/// A fresh screen that begins with an operation.
+template <typename State, typename Operation>
+QWidget* makeScreen(Services& services, QWidget* (*body)(View<State>&), Operation appear) {
+    auto* screen = new ScreenFrame<State>(services, body);
+    screen->view().perform(appear);
+    return screen;
+}
+
 } // namespace korvane

@@ -3,9 +3,11 @@
 #include "Desktop/Kit/Strings.h"
 
 #include <QClipboard>
+#include <QDesktopServices>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTimer>
+#include <QUrl>
 
 namespace korvane {
 
@@ -20,8 +22,27 @@ void ServicesQt::ClipboardQt::setText(std::string_view text) {
     QGuiApplication::clipboard()->setText(qString(text));
 }
 
+void ServicesQt::ClipboardQt::setSecret(std::string_view text) {
+    auto* content = new QMimeData;
+    content->setText(qString(text));
+    content->setData("x-kde-passwordManagerHint", "secret");
+    QGuiApplication::clipboard()->setMimeData(content);
+}
+
 void ServicesQt::TimersQt::after(std::chrono::milliseconds delay, std::function<void()> action) {
     QTimer::singleShot(delay, qApp, std::move(action));
+}
+
+void ServicesQt::BackgroundQt::run(std::function<void()> work, std::function<void()> done) {
+    m_threads.start([work = std::move(work), done = std::move(done)]() mutable {
+        work();
+        work = nullptr; // its inputs may be large, and go on this thread
+        QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
+    });
+}
+
+void ServicesQt::BrowserQt::open(std::string_view url) {
+    QDesktopServices::openUrl(QUrl(qString(url)));
 }
 
 } // namespace korvane

@@ -1,7 +1,10 @@
-/// The services of the running program: the system's clipboard and the event loop's timers.
+/// The services of the running program: the system's clipboard, clock and browser, the event loop's timers,
+/// and a few threads.
 #pragma once
 
 #include "Views/Services.h"
+
+#include <QThreadPool>
 
 namespace korvane {
 
@@ -14,6 +17,14 @@ private:
     public:
         std::optional<std::string> text() const override;
         void setText(std::string_view text) override;
+        void setSecret(std::string_view text) override;
+    };
+
+    class ClockQt final : public Clock {
+    public:
+        std::chrono::system_clock::time_point now() const override {
+            return std::chrono::system_clock::now();
+        }
     };
 
     class TimersQt final : public Timers {
@@ -21,10 +32,27 @@ private:
         void after(std::chrono::milliseconds delay, std::function<void()> action) override;
     };
 
+    /// Waits for its threads when it goes; by then the screens are gone and have asked their work to stop.
+    class BackgroundQt final : public Background {
+    public:
+        void run(std::function<void()> work, std::function<void()> done) override;
+
+    private:
+        QThreadPool m_threads;
+    };
+
+    class BrowserQt final : public Browser {
+    public:
+        void open(std::string_view url) override;
+    };
+
     ClipboardQt m_clipboard;
+    ClockQt m_clock;
     TimersQt m_timers;
+    BackgroundQt m_background;
+    BrowserQt m_browser;
     NotificationCenter m_notifications;
-    Services m_services{m_clipboard, m_timers, m_notifications};
+    Services m_services{m_clipboard, m_clock, m_timers, m_background, m_browser, m_notifications};
 };
 
 } // namespace korvane

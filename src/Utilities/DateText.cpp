@@ -1,0 +1,117 @@
+#include "Utilities/DateText.h"
+
+#include <fmt/format.h>
+#include <unicode/datefmt.h>
+#include <unicode/locid.h>
+#include <unicode/timezone.h>
+#include <unicode/unistr.h>
+
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+namespace korvane::DateText {
+
+namespace {
+
+/// The earliest and latest moment that ICU's calendar tells apart, in milliseconds; beyond them it would
+/// quietly answer with these.
+constexpr double earliestMillisecond = -184303902528000000.0;
+constexpr double latestMillisecond = 183882168921600000.0;
+
+/// The locale for dates, as the C library would choose it. ICU by itself looks at the language of messages.
+icu::Locale userLocale() {
+    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        const char* name = std::getenv(variable);
+        if (name && *name)
+            return icu::Locale::createCanonical(name);
+    }
+    return icu::Locale::getDefault();
+}
+
+icu::TimeZone* newTimeZone(const std::string& name) {
+    return name.empty() ? icu::TimeZone::detectHostTimeZone()
+                        : icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name));
+}
+
+struct Style {
+    icu::DateFormat::EStyle date;
+    icu::DateFormat::EStyle time;
+
+    bool operator==(const Style&) const = default;
+};
+
+constexpr Style fullStyle{icu::DateFormat::kFull, icu::DateFormat::kFull};
+constexpr Style mediumStyle{icu::DateFormat::kMedium, icu::DateFormat::kMedium};
+constexpr Style shortTimeStyle{icu::DateFormat::kNone, icu::DateFormat::kShort};
+
+/// A formatter and what it was made for. Making one costs about a millisecond, which is too much for every
+/// row of a list, so the last one of each thread is kept.
+struct Formatter {
+    Style style{icu::DateFormat::kNone, icu::DateFormat::kNone};
+    Region region{};
+    std::unique_ptr<icu::DateFormat> format{};
+};
+
+const icu::DateFormat* formatter(Style style, const Region& region) {
+    thread_local Formatter last;
+    if (!last.format || last.style != style || last.region != region) {
+        const auto locale =
+            region.locale.empty() ? userLocale() : icu::Locale::createCanonical(region.locale.c_str());
+        last = {style, region,
+                std::unique_ptr<icu::DateFormat>(
+                    icu::DateFormat::createDateTimeInstance(style.date, style.time, locale))};
+        if (last.format)
+            last.format->adoptTimeZone(newTimeZone(region.timeZone));
+    }
+    return last.format.get();
+}
+
+std::optional<std::string> text(double secondsSince1970, Style style, const Region& region) {
+    const double milliseconds = secondsSince1970 * 1000;
+    if (!(milliseconds >= earliestMillisecond && milliseconds <= latestMillisecond))
+        return std::nullopt;
+    const auto* format = formatter(style, region);
+    if (!format)
+        return std::nullopt;
+    icu::UnicodeString formatted;
+    std::string result;
+    format->format(milliseconds, formatted).toUTF8String(result);
+    return result;
+}
+
+} // namespace
+
+std::optional<std::string> fullDateAndTime(double secondsSince1970, const Region& region) {
+    return text(secondsSince1970, fullStyle, region);
+}
+
+std::optional<std::string> mediumDateAndTime(double secondsSince1970, const Region& region) {
+    return text(secondsSince1970, mediumStyle, region);
+}
+
+std::optional<std::string> shortTime(double secondsSince1970, const Region& region) {
+    return text(secondsSince1970, shortTimeStyle, region);
+}
+
+std::optional<std::string> iso8601(double secondsSince1970) {
+    using namespace std::chrono;
+    constexpr auto earliest = sys_seconds(sys_days(year(0) / January / 1));
+    constexpr auto end = sys_seconds(sys_days(year(10000) / January / 1));
+    const double wholeSeconds = std::floor(secondsSince1970);
+    if (!(wholeSeconds >= static_cast<double>(earliest.time_since_epoch().count()) &&
+          wholeSeconds < static_cast<double>(end.time_since_epoch().count())))
+        return std::nullopt;
+    const sys_seconds moment{seconds(static_cast<std::int64_t>(wholeSeconds))};
+    const auto midnight = floor<days>(moment);
+    const year_month_day date{midnight};
+    const hh_mm_ss time{moment - midnight};
+    return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z", static_cast<int>(date.year()),
+                       static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                       time.hours().count(), time.minutes().count(), time.seconds().count());
+}
+
+} // namespace korvane::DateText
