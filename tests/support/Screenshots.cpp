@@ -95,7 +95,7 @@ bool drawGallery(Theme::Scheme scheme, const QString& file) {
     FakeServices fakes;
     const auto controls = gallery(fakes.services);
     controls->setPalette(Theme::palette());
-    const ScreenDriver screen(*controls, {820, 750});
+    const ScreenDriver screen(*controls, {820, 1500});
     return controls->grab().save(file);
 }
 

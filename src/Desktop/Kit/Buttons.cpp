@@ -2,6 +2,7 @@
 
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/ViewCore.h"
 #include "Views/Components/CopyButton.h"
@@ -33,7 +34,8 @@ void GlyphButton::setTitle(std::string_view title) {
     if (text == this->text())
         return;
     setText(text);
-    setAccessibleName(text);
+    const auto subject = qString(this->subject());
+    setAccessibleName(subject.isEmpty() ? text : text + QLatin1Char(' ') + subject);
     updateGeometry();
 }
 
@@ -57,16 +59,7 @@ QSize GlyphButton::sizeHint() const {
 }
 
 void GlyphButton::paintBackground(QPainter& painter, const QColor& fill, const QColor& outline) const {
-    painter.setRenderHint(QPainter::Antialiasing);
-    const auto radius = Theme::px(m_metrics.radius);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(fill);
-    painter.drawRoundedRect(rect(), radius, radius);
-    if (!outline.isValid())
-        return;
-    painter.setPen(outline);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    paintSurface(painter, rect(), Theme::px(m_metrics.radius), fill, outline);
 }
 
 void GlyphButton::paintContent(QPainter& painter, const QColor& color) const {
@@ -122,20 +115,21 @@ void ActionButton::paintEvent(QPaintEvent*) {
     paintContent(painter, isEnabled() ? Theme::onSolid(m_color) : Theme::color(Role::onAccent));
 }
 
-QuietButton::QuietButton(std::string_view title, std::string_view icon, bool showLabel, bool isOverlay)
-    : GlyphButton(title, icon), m_showLabel(showLabel), m_isOverlay(isOverlay) {
+QuietButton::QuietButton(std::string_view title, std::string_view icon, QuietButtonOptions options)
+    : GlyphButton({}, icon), m_options(std::move(options)) {
+    setTitle(title);
     setMetrics({.style = Theme::TextStyle::quiet,
-                .height = showLabel ? Size::quietHeight : Size::iconButton,
+                .height = m_options.showLabel ? Size::quietHeight : Size::iconButton,
                 .padding = Size::quietPadding,
                 .glyph = Size::quietGlyph,
                 .gap = Size::gapQuiet,
                 .radius = Size::radiusSmall});
-    if (!showLabel)
+    if (!m_options.showLabel)
         setToolTip(text());
 }
 
 void QuietButton::setCompact(bool compact) {
-    if (compact == m_compact || !m_showLabel)
+    if (compact == m_compact || !m_options.showLabel || !m_options.dropsLabel)
         return;
     m_compact = compact;
     setToolTip(compact ? text() : QString());
@@ -151,25 +145,28 @@ void QuietButton::setHighlight(std::optional<PaletteColor> color) {
 QSize QuietButton::sizeHint() const {
     if (showsTitle())
         return GlyphButton::sizeHint();
-    const auto side = Theme::px(m_showLabel ? Size::quietCompact : Size::iconButton);
+    const auto side = Theme::px(m_options.showLabel ? Size::quietCompact : Size::iconButton);
     return {side, side};
+}
+
+QColor QuietButton::background() const {
+    if (isDown())
+        return Theme::color(Role::controlPressed);
+    if (underMouse() && isEnabled())
+        return Theme::color(m_options.isOverlay ? Role::overlayHover : Role::controlHover);
+    if (m_options.isPlain)
+        return Qt::transparent;
+    return Theme::color(m_options.isOverlay ? Role::overlayFill : Role::controlFill);
 }
 
 void QuietButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (!isEnabled())
         painter.setOpacity(Theme::disabledOpacity);
+    if (m_options.isOverlay && isDown()) // what it lies over must not shine through
+        paintBackground(painter, Theme::color(Role::overlayFill));
+    paintBackground(painter, background());
     const bool isHovered = underMouse() && isEnabled();
-    auto fill = Theme::color(m_isOverlay ? Role::overlayFill : Role::controlFill);
-    if (isDown() && m_isOverlay) {
-        paintBackground(painter, fill);
-        fill = Theme::color(Role::controlPressed);
-    } else if (isDown()) {
-        fill = Theme::color(Role::controlPressed);
-    } else if (isHovered) {
-        fill = Theme::color(m_isOverlay ? Role::overlayHover : Role::controlHover);
-    }
-    paintBackground(painter, fill);
     const auto quiet = Theme::color(isHovered || isDown() ? Role::primary : Role::secondary);
     paintContent(painter, Theme::mixed(quiet, Theme::textTone(m_highlight), m_highlighted.progress()));
 }
@@ -216,9 +213,9 @@ QWidget* actionButton(ViewCore& view, ActionButtonParts parts) {
 }
 
 QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const CopyButtonOptions& options) {
-    auto state =
-        std::make_shared<CopyButton>(CopyButton{.label = options.label, .showLabel = options.showLabel});
-    auto* button = new QuietButton(state->title(), state->icon(), options.showLabel, options.isOverlay);
+    auto state = std::make_shared<CopyButton>(CopyButton{
+        .label = options.label, .showLabel = options.look.showLabel, .isSecret = options.isSecret});
+    auto* button = new QuietButton(state->title(), state->icon(), options.look);
     const auto show = [button, state] {
         button->setTitle(state->title());
         button->setIconName(state->icon());
@@ -240,9 +237,13 @@ QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const Cop
     return button;
 }
 
-QWidget* quietButton(std::string_view title, std::string_view icon, std::function<void()> action) {
-    auto* button = new QuietButton(title, icon);
-    QObject::connect(button, &QAbstractButton::clicked, button, std::move(action));
+QWidget* quietButton(ViewCore& view, QuietButtonParts parts) {
+    auto* button = new QuietButton({}, parts.icon, parts.look);
+    view.onRefresh([button, title = parts.title, isDisabled = parts.isDisabled] {
+        button->setTitle(title());
+        button->setEnabled(!isDisabled());
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button, parts.action);
     return button;
 }
 

@@ -43,6 +43,9 @@ protected:
 
     virtual bool showsTitle() const { return true; }
 
+    /// What the button acts on, added to its title for its accessible name.
+    virtual std::string subject() const { return {}; }
+
     /// Paints the rounded background, with an outline where one is given.
     void paintBackground(QPainter& painter, const QColor& fill, const QColor& outline = {}) const;
     void paintContent(QPainter& painter, const QColor& color) const;
@@ -66,13 +69,20 @@ private:
     PaletteColor m_color = PaletteColor::blue;
 };
 
-/// A secondary action, in the secondary colour on a faint background. Without its label it is a small square;
-/// in a narrow screen it drops the label too but keeps its height.
+struct QuietButtonOptions {
+    bool showLabel = true;   ///< without its label it is a small square
+    bool dropsLabel = false; ///< in a narrow screen, where it keeps its height
+    bool isOverlay = false;  ///< lies over text, so it is opaque
+    bool isPlain = false;    ///< no background until the pointer is over it
+    std::string subject{};   ///< what it acts on, where the title alone does not say; for the name only
+};
+
+/// A secondary action, in the secondary colour on a faint background.
 class QuietButton final : public GlyphButton {
 public:
-    QuietButton(std::string_view title, std::string_view icon, bool showLabel = true, bool isOverlay = false);
+    QuietButton(std::string_view title, std::string_view icon, QuietButtonOptions options = {});
 
-    /// Drops the label, or brings it back. Only a button with a label can be compact.
+    /// Drops the label, or brings it back, of a button whose label may be dropped.
     void setCompact(bool compact);
 
     /// The colour of glyph and title, or none for the secondary colour. Changes are animated.
@@ -81,13 +91,16 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    bool showsTitle() const override { return m_showLabel && !m_compact; }
+    bool showsTitle() const override { return m_options.showLabel && !m_compact; }
+
+    std::string subject() const override { return m_options.subject; }
 
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    bool m_showLabel;
-    bool m_isOverlay; // lies over text, so it is opaque
+    QColor background() const;
+
+    QuietButtonOptions m_options;
     bool m_compact = false;
     PaletteColor m_highlight = PaletteColor::green;
     Transition m_highlighted{this};
@@ -117,14 +130,22 @@ QWidget* actionButton(ViewCore& view, ActionButtonParts parts);
 
 struct CopyButtonOptions {
     std::string label = "Copy";
-    bool showLabel = true;
-    bool isOverlay = false;
+    QuietButtonOptions look{};
+    bool isSecret = false; ///< the text is marked as one that is not to be kept
 };
 
 /// Copies what `text` reads at the time of the press.
 QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const CopyButtonOptions& options);
 
-QWidget* quietButton(std::string_view title, std::string_view icon, std::function<void()> action);
+struct QuietButtonParts {
+    std::function<std::string()> title;
+    std::string icon;
+    std::function<bool()> isDisabled;
+    std::function<void()> action;
+    QuietButtonOptions look{};
+};
+
+QWidget* quietButton(ViewCore& view, QuietButtonParts parts);
 
 struct PushToggleParts {
     std::string title;

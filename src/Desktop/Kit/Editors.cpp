@@ -40,8 +40,9 @@ private:
         const auto left = m_options.lineNumbers ? 0 : inset; // the gutter brings its own distance
         const auto right =
             (m_options.hasOverlayButton ? Size::overlayReserve : Size::editorInsetRight) - Size::panelOutline;
-        m_area->setStyle({.font = Theme::font(Theme::TextStyle::code),
-                          .lineHeight = Theme::lineHeight(Theme::TextStyle::code),
+        const auto style = m_options.isSmall ? Theme::TextStyle::codeSmall : Theme::TextStyle::code;
+        m_area->setStyle({.font = Theme::font(style),
+                          .lineHeight = Theme::lineHeight(style),
                           .text = Theme::color(Role::primary),
                           .placeholder = Theme::color(Role::placeholder),
                           .number = Theme::color(Role::placeholder),

@@ -12,6 +12,7 @@ class ViewCore;
 
 struct CodeEditorOptions {
     bool lineNumbers = true;       ///< without them it is the simple editor, with wider insets
+    bool isSmall = false;          ///< smaller text, for panels beside other things
     bool hasOverlayButton = false; ///< keeps the text clear of a button in the top right corner
 };
 

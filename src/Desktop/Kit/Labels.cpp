@@ -50,9 +50,30 @@ private:
     Tool m_tool;
 };
 
+class Tag final : public QLabel {
+public:
+    Tag(std::string_view title, PaletteColor color, bool isSmall) : m_color(color), m_isSmall(isSmall) {
+        setText(qString(title));
+        setFixedSize(Theme::px(Size::tagWidth), Theme::px(isSmall ? Size::tagSmallHeight : Size::tagHeight));
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::solid(m_color));
+        painter.setFont(Theme::font(m_isSmall ? TextStyle::tagSmall : TextStyle::tag));
+        painter.setPen(Theme::onSolid(m_color));
+        painter.drawText(rect(), Qt::AlignCenter, text());
+    }
+
+private:
+    PaletteColor m_color;
+    bool m_isSmall;
+};
+
 } // namespace
 
-Label::Label(std::string_view text, TextStyle style, Role color) : m_style(style), m_color(color) {
+Label::Label(std::string_view text, TextStyle style, Theme::Ink ink) : m_style(style), m_ink(ink) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     display(text);
 }
@@ -73,11 +94,36 @@ QSize Label::minimumSizeHint() const {
     return {0, Theme::lineHeight(m_style)};
 }
 
+QWidget* label(ViewCore& view, std::function<std::string()> text, TextStyle style, Theme::Ink ink,
+               LabelOptions options) {
+    auto* line = new Label({}, style, ink);
+    line->setAlignment(options.alignment | Qt::AlignVCenter);
+    if (options.width > 0)
+        line->setFixedWidth(Theme::px(options.width));
+    view.onRefresh([line, read = std::move(text)] { line->display(read()); });
+    return line;
+}
+
+QWidget* tag(std::string_view title, PaletteColor color, bool isSmall) {
+    return new Tag(title, color, isSmall);
+}
+
+QWidget* emptyPrompt(ViewCore& view, std::string icon, std::function<std::string()> text) {
+    auto* message = new Label({}, TextStyle::body, Role::secondary);
+    view.onRefresh([message, read = std::move(text)] { message->display(read()); });
+    constexpr double glyphOpacity = 0.6;
+    return stack(
+        Qt::Vertical, {},
+        {stretch(),
+         row({stretch(), new GlyphLabel(icon, Size::promptGlyph, Role::secondary, glyphOpacity), stretch()}),
+         row({stretch(), message, stretch()}), stretch()});
+}
+
 void Label::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const auto font = Theme::font(m_style);
     painter.setFont(font);
-    painter.setPen(Theme::color(m_color));
+    painter.setPen(Theme::color(m_ink));
     QTextOption option((alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
     option.setWrapMode(QTextOption::NoWrap);
     painter.drawText(rect(), QFontMetrics(font).elidedText(text(), Qt::ElideRight, width()), option);
@@ -112,7 +158,7 @@ void GlyphLabel::paintEvent(QPaintEvent*) {
 }
 
 StatusBadgeLabel::StatusBadgeLabel() {
-    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }

@@ -20,7 +20,7 @@ class ViewCore;
 /// and then a tool tip shows it whole.
 class Label final : public QLabel {
 public:
-    Label(std::string_view text, Theme::TextStyle style, Theme::Role color = Theme::Role::primary);
+    Label(std::string_view text, Theme::TextStyle style, Theme::Ink ink = Theme::Role::primary);
 
     void display(std::string_view text);
 
@@ -33,7 +33,7 @@ protected:
 
 private:
     Theme::TextStyle m_style;
-    Theme::Role m_color;
+    Theme::Ink m_ink;
 };
 
 /// A glyph that stands for nothing by itself, painted in a role's colour, a named colour, or the brand's
@@ -89,6 +89,21 @@ QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()>
 
 /// A line in small secondary text.
 QWidget* caption(ViewCore& view, std::function<std::string()> text);
+
+struct LabelOptions {
+    int width = 0; ///< in pixels at a 13-pixel body text; 0: as wide as the text, or less where room is short
+    Qt::Alignment alignment = Qt::AlignLeft;
+};
+
+/// A line of text.
+QWidget* label(ViewCore& view, std::function<std::string()> text, Theme::TextStyle style, Theme::Ink ink,
+               LabelOptions options);
+
+/// A short title in white on a badge of a colour. A small one is for dense rows.
+QWidget* tag(std::string_view title, PaletteColor color, bool isSmall = false);
+
+/// What an empty place says instead of its content: a glyph above a text, in the middle.
+QWidget* emptyPrompt(ViewCore& view, std::string icon, std::function<std::string()> text);
 
 /// A card with a figure: `icon` and tint in `color`, the value large, the title below.
 QWidget* statCard(ViewCore& view, std::string title, std::function<std::string()> value, std::string icon,

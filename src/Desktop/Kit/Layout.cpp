@@ -3,11 +3,14 @@
 #include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/OverlayScrollBar.h"
+#include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/ViewCore.h"
+#include "Desktop/Kit/WrappingLayout.h"
 
 #include <QBoxLayout>
 #include <QEvent>
+#include <QGridLayout>
 #include <QScrollArea>
 
 namespace korvane {
@@ -91,10 +94,14 @@ void fill(QWidget* container, Qt::Orientation orientation, const StackOptions& o
     layout->setContentsMargins(
         Theme::margins(padding.left(), padding.top(), padding.right(), padding.bottom()));
     for (const auto& item : items) {
-        if (item.widget)
-            layout->addWidget(item.widget, options.equalShares ? 1 : 0);
-        else
+        if (!item.widget) {
             layout->addStretch(1);
+            continue;
+        }
+        // A text that is as high as it needs to be stands in the middle of a higher row.
+        const bool isCentred = orientation == Qt::Horizontal && item.widget->sizePolicy().hasHeightForWidth();
+        layout->addWidget(item.widget, options.equalShares ? 1 : 0,
+                          isCentred ? Qt::AlignVCenter : Qt::Alignment());
     }
 }
 
@@ -125,6 +132,67 @@ QWidget* screen(QWidget* header, std::initializer_list<Item> items) {
               {header});
     head->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return stack(Qt::Vertical, {.spacing = 0}, {head, new ScreenBody(content)});
+}
+
+QWidget* wrappingRow(std::initializer_list<Item> items, int spacing) {
+    auto* container = new QWidget;
+    auto* layout = new WrappingLayout(container, Theme::px(spacing), Theme::px(Size::gapControl));
+    for (const auto& item : items) {
+        if (item.widget)
+            layout->addWidget(item.widget);
+        else
+            layout->addItem(new QSpacerItem(0, 0, QSizePolicy::Expanding));
+    }
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    container->setSizePolicy(policy);
+    return container;
+}
+
+QWidget* grid(int columnCount, int spacing, std::initializer_list<QWidget*> items) {
+    auto* container = new QWidget;
+    auto* layout = new QGridLayout(container);
+    layout->setContentsMargins({});
+    layout->setSpacing(Theme::px(spacing));
+    int index = 0;
+    for (auto* item : items) {
+        layout->addWidget(item, index / columnCount, index % columnCount);
+        layout->setColumnStretch(index % columnCount, 1);
+        layout->setRowStretch(index / columnCount, 1);
+        ++index;
+    }
+    return container;
+}
+
+QWidget* card(const CardOptions& options, std::initializer_list<Item> items) {
+    const auto fillColor = [tint = options.tint] {
+        return tint ? Theme::withTint(*tint, Theme::Tint::row) : Theme::color(Theme::Role::panelFill);
+    };
+    const auto outlineColor = [tint = options.tint] {
+        return tint ? Theme::withTint(*tint, Theme::Tint::outline) : Theme::color(Theme::Role::outline);
+    };
+    auto* surface = new Surface(fillColor, options.radius,
+                                options.hasOutline ? std::function<QColor()>(outlineColor) : nullptr);
+    fill(surface, options.orientation, {.spacing = options.spacing, .padding = options.padding}, items);
+    return surface;
+}
+
+QWidget* withHeight(int height, QWidget* widget) {
+    widget->setFixedHeight(Theme::px(height));
+    return widget;
+}
+
+QWidget* withWidth(int width, QWidget* widget) {
+    widget->setFixedWidth(Theme::px(width));
+    return widget;
+}
+
+QWidget* growing(QWidget* widget) {
+    auto policy = widget->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Expanding);
+    policy.setVerticalPolicy(QSizePolicy::Expanding);
+    widget->setSizePolicy(policy);
+    return widget;
 }
 
 QWidget* section(ViewCore& view, std::function<std::string()> title, std::string icon, QWidget* content) {

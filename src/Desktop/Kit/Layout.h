@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 
 namespace korvane {
@@ -44,6 +45,33 @@ QWidget* row(std::initializer_list<Item> items);
 
 /// Sections side by side, each with the same width.
 QWidget* columns(std::initializer_list<Item> items);
+
+/// Controls side by side that go on in further lines where the room is too narrow. What follows a stretch
+/// stands at the right end of its line.
+QWidget* wrappingRow(std::initializer_list<Item> items, int spacing = Theme::Size::gapControl);
+
+/// Widgets in lines of `columnCount`, all of the same width, and of the same height.
+QWidget* grid(int columnCount, int spacing, std::initializer_list<QWidget*> items);
+
+struct CardOptions {
+    Qt::Orientation orientation = Qt::Vertical;
+    int spacing = Theme::Size::gapControl;
+    QMargins padding{Theme::Size::cardPadding, Theme::Size::cardPadding, Theme::Size::cardPadding,
+                     Theme::Size::cardPadding};
+    int radius = Theme::Size::radiusMedium;
+    bool hasOutline = true;
+    std::optional<PaletteColor> tint{}; ///< in place of the panels' neutral tint
+};
+
+/// A tinted surface with rounded corners around `items`.
+QWidget* card(const CardOptions& options, std::initializer_list<Item> items);
+
+/// `widget` with a fixed height or width, in pixels at a 13-pixel body text.
+QWidget* withHeight(int height, QWidget* widget);
+QWidget* withWidth(int width, QWidget* widget);
+
+/// `widget`, taking the room that is left in the stack around it.
+QWidget* growing(QWidget* widget);
 
 /// A screen: the header stays, and what is below scrolls when it does not fit. Quiet buttons drop their
 /// labels while the screen is narrow.

@@ -11,13 +11,22 @@ namespace korvane {
 using Theme::Role;
 using Theme::Size;
 
-void Surface::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void paintSurface(QPainter& painter, const QRect& area, double radius, const QColor& fill,
+                  const QColor& outline) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(m_color());
-    const auto radius = Theme::px(m_radius);
-    painter.drawRoundedRect(rect(), radius, radius);
+    painter.setBrush(fill);
+    painter.drawRoundedRect(area, radius, radius);
+    if (!outline.isValid())
+        return;
+    painter.setPen(outline);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+}
+
+void Surface::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintSurface(painter, rect(), Theme::px(m_radius), m_color(), m_outline ? m_outline() : QColor());
 }
 
 Panel::Panel(QWidget* content) {
@@ -34,11 +43,8 @@ QSize Panel::sizeHint() const {
 
 void Panel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Theme::color(Role::panelFill));
-    painter.setPen(Theme::color(Role::outline));
-    const auto radius = Theme::px(Size::radiusMedium) - 0.5;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    paintSurface(painter, rect(), Theme::px(Size::radiusMedium), Theme::color(Role::panelFill),
+                 Theme::color(Role::outline));
 }
 
 } // namespace korvane

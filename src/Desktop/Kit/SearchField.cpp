@@ -4,13 +4,13 @@
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/LineEdit.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPainter>
 
 namespace korvane {
@@ -20,43 +20,23 @@ using Theme::Size;
 
 namespace {
 
-class Field final : public QLineEdit {
+class Field final : public LineEdit {
 public:
-    explicit Field(std::function<void()> leaveDown) : m_leaveDown(std::move(leaveDown)) {
-        setFrame(false);
-        setTextMargins(0, 0, 0, 0);
-        applyTheme();
-    }
+    explicit Field(std::function<void()> leaveDown)
+        : LineEdit(Theme::TextStyle::body, Role::secondary), m_leaveDown(std::move(leaveDown)) {}
 
 protected:
-    void changeEvent(QEvent* event) override {
-        QLineEdit::changeEvent(event);
-        if (event->type() == QEvent::PaletteChange && !m_applying)
-            applyTheme();
-    }
-
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_Escape && !text().isEmpty())
             clear();
         else if (event->key() == Qt::Key_Down)
             m_leaveDown();
         else
-            QLineEdit::keyPressEvent(event);
+            LineEdit::keyPressEvent(event);
     }
 
 private:
-    void applyTheme() {
-        m_applying = true;
-        QPalette look; // names only what differs, so that the rest goes on following the window
-        look.setColor(QPalette::Base, Qt::transparent);
-        look.setColor(QPalette::PlaceholderText, Theme::color(Role::secondary));
-        setPalette(look);
-        setFont(Theme::font(Theme::TextStyle::body));
-        m_applying = false;
-    }
-
     std::function<void()> m_leaveDown;
-    bool m_applying = false;
 };
 
 /// A glyph without a background.
@@ -102,10 +82,9 @@ QWidget* searchField(ViewCore& view, SearchFieldParts parts) {
         field->setFocus();
     });
     view.onRefresh([field, clear, read = std::move(parts.text)] {
-        const auto text = qString(read());
-        if (text != field->text())
-            field->setText(text);
-        clear->setVisible(!text.isEmpty());
+        const auto text = read();
+        field->display(text);
+        clear->setVisible(!text.empty());
     });
     return background;
 }

@@ -1,6 +1,7 @@
 #include "Desktop/Kit/SegmentedPicker.h"
 
 #include "Desktop/Kit/FocusRing.h"
+#include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
@@ -21,18 +22,19 @@ namespace {
 
 class Segment final : public QRadioButton {
 public:
-    explicit Segment(const std::string& title) {
+    Segment(const std::string& title, std::string icon) : m_icon(std::move(icon)) {
         setText(qString(title));
         setAccessibleName(text());
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     }
 
     QSize sizeHint() const override {
-        return {QFontMetrics(Theme::font(TextStyle::quietStrong)).horizontalAdvance(text()),
+        return {iconWidth() + 2 * Theme::px(Size::segmentPadding) +
+                    QFontMetrics(Theme::font(TextStyle::quietStrong)).horizontalAdvance(text()),
                 Theme::lineHeight(TextStyle::quiet)};
     }
 
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override { return {iconWidth(), sizeHint().height()}; }
 
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
@@ -54,10 +56,25 @@ protected:
             painter.setPen(Qt::NoPen);
             painter.drawRoundedRect(rect(), radius, radius);
         }
-        painter.setFont(Theme::font(isChecked() ? TextStyle::quietStrong : TextStyle::quiet));
-        painter.setPen(Theme::color(isLit ? Role::primary : Role::secondary));
-        painter.drawText(rect(), Qt::AlignCenter, text());
+        const auto font = Theme::font(isChecked() ? TextStyle::quietStrong : TextStyle::quiet);
+        const auto ink = Theme::color(isLit ? Role::primary : Role::secondary);
+        const auto textWidth = QFontMetrics(font).horizontalAdvance(text());
+        const auto left = (width() - iconWidth() - textWidth) / 2;
+        const auto glyph = Theme::px(Size::quietGlyph);
+        if (!m_icon.empty())
+            Glyph::paint(painter, m_icon, QRectF(left, (height() - glyph) / 2.0, glyph, glyph), ink);
+        painter.setFont(font);
+        painter.setPen(ink);
+        painter.drawText(rect().adjusted(left + iconWidth(), 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                         text());
     }
+
+private:
+    int iconWidth() const {
+        return m_icon.empty() ? 0 : Theme::px(Size::quietGlyph) + Theme::px(Size::segmentGap);
+    }
+
+    std::string m_icon;
 };
 
 } // namespace
@@ -66,13 +83,16 @@ QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
     auto* track = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusMedium);
     track->setAccessibleName(qString(parts.label));
     track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // however much its segments would grow
-    track->setFixedSize(Theme::px(parts.width), Theme::px(Size::segmentedHeight));
+    track->setFixedHeight(Theme::px(Size::segmentedHeight));
+    if (parts.width > 0)
+        track->setFixedWidth(Theme::px(parts.width));
     constexpr auto inset = Size::segmentedInset;
-    fill(track, Qt::Horizontal, {.spacing = 0, .padding = {inset, inset, inset, inset}, .equalShares = true},
-         {});
+    fill(track, Qt::Horizontal, {.spacing = 0, .padding = {inset, inset, inset, inset}}, {});
     for (int index = 0; index < static_cast<int>(parts.titles.size()); ++index) {
-        auto* segment = new Segment(parts.titles[static_cast<std::size_t>(index)]);
-        static_cast<QBoxLayout*>(track->layout())->addWidget(segment, 1);
+        const auto position = static_cast<std::size_t>(index);
+        auto* segment =
+            new Segment(parts.titles[position], parts.icons.empty() ? std::string() : parts.icons[position]);
+        static_cast<QBoxLayout*>(track->layout())->addWidget(segment, parts.icons.empty() ? 1 : 0);
         giveFocusRing(segment, track, Size::radiusMedium);
         QObject::connect(segment, &QRadioButton::toggled, segment, [select = parts.select, index](bool isOn) {
             if (isOn)

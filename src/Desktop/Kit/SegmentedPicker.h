@@ -11,10 +11,14 @@ namespace korvane {
 
 class ViewCore;
 
+/// Whether segments show the glyphs of their values.
+enum class SegmentIcons { hidden, shown };
+
 struct SegmentedPickerParts {
     std::string label; ///< the accessible name of the whole
     std::vector<std::string> titles;
-    int width; ///< in pixels at a 13-pixel body text
+    std::vector<std::string> icons; ///< before the titles; empty: none
+    int width;                      ///< in pixels at a 13-pixel body text; 0: as wide as its titles need
     std::function<int()> selected;
     std::function<void(int)> select;
 };

@@ -55,6 +55,13 @@ public:
 
     void setLineNumbers(bool shown);
 
+    /// Where in their rows the lines are: at the left, in the middle or at the right. To be set before a
+    /// text.
+    void setAlignment(Qt::Alignment alignment);
+
+    /// How many rows the text takes in a control of `width`. Lays the whole text out; meant for short ones.
+    int rowCount(int width) const;
+
     /// Shown while the text is empty, in place of the text.
     void setPlaceholder(const QString& placeholder);
 

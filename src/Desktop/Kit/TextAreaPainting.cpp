@@ -89,6 +89,14 @@ void TextArea::setStyle(const TextAreaStyle& style) {
         m_gutter->update();
 }
 
+void TextArea::setAlignment(Qt::Alignment alignment) {
+    m_layout.setAlignment(alignment);
+}
+
+int TextArea::rowCount(int width) const {
+    return m_layout.rowCount(width - m_style.inset.left() - m_style.inset.right());
+}
+
 void TextArea::setLineNumbers(bool shown) {
     if (shown == (m_gutter != nullptr))
         return;

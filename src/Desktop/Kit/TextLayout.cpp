@@ -19,14 +19,27 @@ void TextLayout::setFrame(const Frame& frame) {
     emit update();
 }
 
+int TextLayout::rowCount(qreal width) const {
+    int rows = 0;
+    for (auto block = document()->begin(); block.isValid(); block = block.next()) {
+        QTextLayout layout(block.text(), document()->defaultFont());
+        rows += layLines(layout, width);
+    }
+    return rows;
+}
+
 int TextLayout::layLines(QTextLayout& layout) const {
-    QTextOption option;
+    return layLines(layout, m_frame.width);
+}
+
+int TextLayout::layLines(QTextLayout& layout, qreal width) const {
+    QTextOption option(m_alignment);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
     int rows = 0;
     layout.beginLayout();
     for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(m_frame.width);
+        line.setLineWidth(width);
         const auto height = line.naturalTextRect().height(); // `line.height()` is rounded
         line.setPosition({m_frame.left, ++rows * m_frame.lineHeight - height});
     }

@@ -27,6 +27,12 @@ public:
 
     const Frame& frame() const { return m_frame; }
 
+    /// For blocks that are laid out from now on.
+    void setAlignment(Qt::Alignment alignment) { m_alignment = alignment; }
+
+    /// How many rows the document would have in lines of `width`.
+    int rowCount(qreal width) const;
+
     /// Breaks `layout` into lines. Each line's natural rectangle ends where its row ends: the view takes the
     /// bottom of a line for the top of the next one when it scrolls.
     int layLines(QTextLayout& layout) const;
@@ -50,7 +56,10 @@ private:
     bool isLaidOut(const QTextBlock& block) const;
     void announceSize() const;
 
+    int layLines(QTextLayout& layout, qreal width) const;
+
     Frame m_frame{};
+    Qt::Alignment m_alignment = Qt::AlignLeft;
     int m_generation = 0; // a block's user state is the generation of its layout
     int m_blockCount = 1;
     mutable bool m_announcing = false;

@@ -10,6 +10,8 @@
 #include <QMargins>
 #include <QPalette>
 
+#include <variant>
+
 class QStyle;
 
 namespace korvane::Theme {
@@ -42,6 +44,10 @@ enum class Role {
     segmentOutline,
     overlayFill,
     overlayHover,
+    switchOff,
+    knob,
+    knobOutline,
+    sliderTrack,
     scrollThumb,
     scrollThumbHover,
     accent,
@@ -72,6 +78,8 @@ enum class TextStyle {
     title3,
     headline,
     body,
+    bodyMedium,
+    bodyStrong,
     subheadline,
     caption,
     button,
@@ -86,7 +94,10 @@ enum class TextStyle {
     codeMedium,
     codeSmall,
     codeCaption,
+    codeValue, ///< a result in a card of its own
     hero,
+    tag,
+    tagSmall,
 };
 
 /// Distances and sizes by name, in pixels at a 13-pixel body text; `px` scales them.
@@ -109,7 +120,17 @@ struct Size {
     static constexpr int actionHeight = 32, actionPadding = 16, actionGlyph = 14;
     static constexpr int quietHeight = 28, quietPadding = 10, quietGlyph = 12, quietCompact = 28,
                          iconButton = 24;
-    static constexpr int segmentedHeight = 32, segmentedInset = 2;
+    static constexpr int segmentedHeight = 32, segmentedInset = 2, segmentGap = 5, segmentPadding = 10;
+    static constexpr int fieldHeight = 32, fieldPadding = 10, fieldGap = 6;
+    static constexpr int switchWidth = 34, switchHeight = 20, switchKnob = 16, switchInset = 2;
+    static constexpr int checkbox = 16, checkboxTick = 10, optionRow = 28, optionGap = 12;
+    static constexpr int sliderTrack = 4, sliderKnob = 16, sliderHeight = 20, sliderMinimumWidth = 60,
+                         radiusBar = 2;
+    static constexpr int stepperHeight = 28, stepperButton = 28, stepperGlyph = 11;
+    static constexpr int tagWidth = 70, tagHeight = 28, tagSmallHeight = 24;
+    static constexpr int cardPadding = 12;
+    static constexpr int promptGlyph = 28;
+    static constexpr int gapGroup = 16, gapSectionWide = 20;
     static constexpr int badgePaddingX = 12, badgePaddingY = 8, badgeGlyph = 14, badgeLine = 16;
     static constexpr int headingGlyph = 12;
     static constexpr int statGlyph = 18, statPadding = 12, statGap = 4;
@@ -146,7 +167,11 @@ QPalette palette();
 /// The style sheet of menus, menu bar and tool tips, which the toolkit paints.
 QString menuStyleSheet();
 
+/// What a text or glyph is painted in: a role's colour, or a named colour in the tone for text.
+using Ink = std::variant<Role, PaletteColor>;
+
 QColor color(Role role);
+QColor color(const Ink& ink);
 QColor withTint(PaletteColor color, Tint tint);
 
 /// The colour of glyphs, tints and bars.

@@ -31,6 +31,13 @@ public:
         m_animation.start();
     }
 
+    /// The same without taking time.
+    void jumpTo(bool on) {
+        m_animation.stop();
+        m_on = on;
+        m_progress = on ? 1 : 0;
+    }
+
     /// Runs from off to on, whatever it was.
     void restart() {
         m_animation.stop();

@@ -12,6 +12,11 @@
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/SegmentedPicker.h"
+#include "Desktop/Kit/SelectableText.h"
+#include "Desktop/Kit/Slider.h"
+#include "Desktop/Kit/Stepper.h"
+#include "Desktop/Kit/TextField.h"
+#include "Desktop/Kit/Toggle.h"
 #include "Desktop/Kit/TreeView.h"
 #include "Desktop/Kit/ViewCore.h"
 
@@ -80,16 +85,40 @@ public:
     }
 
     template <typename Setter>
-    QWidget* pasteButton(Setter setter) {
+    QWidget* pasteButton(Setter setter, QuietButtonOptions look = {.dropsLabel = true}) {
         auto set = setting<std::string>(setter);
-        return quietButton("Paste", PasteButton::icon,
-                           [this, set] { PasteButton::paste(services().clipboard, set); });
+        return korvane::quietButton(*this,
+                                    {.title = [] { return "Paste"; },
+                                     .icon = std::string(PasteButton::icon),
+                                     .isDisabled = [] { return false; },
+                                     .action = [this, set] { PasteButton::paste(services().clipboard, set); },
+                                     .look = std::move(look)});
     }
 
     template <typename Setter>
     QWidget* clearButton(Setter setter) {
-        return quietButton("Clear", ClearButton::icon,
-                           [set = setting<std::string>(setter)] { ClearButton::clear(set); });
+        return korvane::quietButton(
+            *this, {.title = [] { return "Clear"; },
+                    .icon = std::string(ClearButton::icon),
+                    .isDisabled = [] { return false; },
+                    .action = [set = setting<std::string>(setter)] { ClearButton::clear(set); },
+                    .look = {.dropsLabel = true}});
+    }
+
+    template <typename Title, typename Operation>
+    QWidget* quietButton(Title title, std::string icon, Operation operation, QuietButtonOptions look = {}) {
+        return quietButton(std::move(title), std::move(icon), std::move(operation), false, std::move(look));
+    }
+
+    template <typename Title, typename Operation, typename Disabled>
+        requires(!std::is_same_v<Disabled, QuietButtonOptions>)
+    QWidget* quietButton(Title title, std::string icon, Operation operation, Disabled isDisabled,
+                         QuietButtonOptions look = {}) {
+        return korvane::quietButton(*this, {.title = reading<std::string>(title),
+                                            .icon = std::move(icon),
+                                            .isDisabled = reading<bool>(isDisabled),
+                                            .action = performing(operation),
+                                            .look = std::move(look)});
     }
 
     template <typename Reader, typename Setter>
@@ -101,18 +130,60 @@ public:
                                            .setOn = setting<bool>(setter)});
     }
 
-    /// A segment for each case of the enumeration that `reader` reads, titled with its raw value. `width` is
-    /// in pixels at a 13-pixel body text.
+    /// A switch or a checkbox with its title.
     template <typename Reader, typename Setter>
-    QWidget* segmentedPicker(std::string label, Reader reader, Setter setter, int width) {
+    QWidget* toggle(std::string title, Reader isOn, Setter setter, ToggleOptions options = {}) {
+        return korvane::toggle(*this, {.title = std::move(title),
+                                       .isOn = reading<bool>(isOn),
+                                       .setOn = setting<bool>(setter),
+                                       .options = options});
+    }
+
+    template <typename Reader, typename Setter>
+    QWidget* slider(std::string name, Reader value, Setter setter, SliderOptions options) {
+        return korvane::slider(*this, {.name = std::move(name),
+                                       .value = reading<double>(value),
+                                       .setValue = setting<double>(setter),
+                                       .options = options});
+    }
+
+    template <typename Reader, typename Setter>
+    QWidget* stepper(std::string name, Reader value, Setter setter, StepperOptions options) {
+        return korvane::stepper(*this, {.name = std::move(name),
+                                        .value = reading<int>(value),
+                                        .setValue = setting<int>(setter),
+                                        .options = options});
+    }
+
+    /// A single line of text that the user types.
+    template <typename Reader, typename Setter>
+    QWidget* textField(std::string name, Reader text, Setter setter, TextFieldOptions options = {}) {
+        return korvane::textField(*this, {.name = std::move(name),
+                                          .text = reading<std::string>(text),
+                                          .setText = setting<std::string>(setter),
+                                          .options = std::move(options)});
+    }
+
+    /// A segment for each case of the enumeration that `reader` reads, titled with its raw value. `width` is
+    /// in pixels at a 13-pixel body text; 0 stands for what the titles need.
+    template <typename Reader, typename Setter>
+    QWidget* segmentedPicker(std::string label, Reader reader, Setter setter, int width,
+                             SegmentIcons icons = SegmentIcons::hidden) {
         using E = std::remove_cvref_t<std::invoke_result_t<Reader, const State&>>;
         std::vector<std::string> titles;
-        for (const auto value : allCases<E>)
+        std::vector<std::string> glyphs;
+        for (const auto value : allCases<E>) {
             titles.emplace_back(rawValue(value));
+            if constexpr (requires { icon(value); }) {
+                if (icons == SegmentIcons::shown)
+                    glyphs.emplace_back(icon(value));
+            }
+        }
         auto set = setting<E>(setter);
         return korvane::segmentedPicker(
             *this, {.label = std::move(label),
                     .titles = std::move(titles),
+                    .icons = std::move(glyphs),
                     .width = width,
                     .selected = [read = reading<E>(reader)] { return static_cast<int>(read()); },
                     .select = [set](int index) { set(static_cast<E>(index)); }});
@@ -136,7 +207,7 @@ public:
                                                    .placeholder = reading<std::string>(placeholder),
                                                    .options = options});
         auto isEmpty = [read = referring(text)] { return read().empty(); };
-        auto* button = copyButton(text, {.showLabel = false, .isOverlay = true});
+        auto* button = copyButton(text, {.look = {.showLabel = false, .isOverlay = true}});
         onRefresh([button, isEmpty] { button->setVisible(!isEmpty()); });
         return overlay(editor, button);
     }
@@ -156,6 +227,39 @@ public:
     template <typename Reader>
     QWidget* caption(Reader text) {
         return korvane::caption(*this, reading<std::string>(text));
+    }
+
+    /// A line of text, shortened with an ellipsis where room is short.
+    template <typename Text>
+    QWidget* label(Text text, Theme::TextStyle style, Theme::Ink ink = Theme::Role::primary,
+                   LabelOptions options = {}) {
+        return korvane::label(*this, reading<std::string>(text), style, ink, options);
+    }
+
+    /// A text of a few lines that can be selected and copied. `name` is for assistive technology.
+    template <typename Reader>
+    QWidget* selectableText(std::string name, Reader text, SelectableTextOptions options = {}) {
+        return korvane::selectableText(
+            *this,
+            {.name = std::move(name), .text = reading<std::string>(text), .options = std::move(options)});
+    }
+
+    /// A message in red while `reader` reads an `std::optional<std::string>` that holds one.
+    template <typename Reader>
+    QWidget* errorMessage(Reader reader) {
+        auto read = reading<std::optional<std::string>>(reader);
+        auto* message =
+            korvane::selectableText(*this, {.name = "Error",
+                                            .text = [read] { return read().value_or(std::string()); },
+                                            .options = {.ink = PaletteColor::red}});
+        onRefresh([message, read] { message->setVisible(read().has_value()); });
+        return message;
+    }
+
+    /// What an empty place says instead of its content.
+    template <typename Text>
+    QWidget* emptyPrompt(std::string icon, Text text) {
+        return korvane::emptyPrompt(*this, std::move(icon), reading<std::string>(text));
     }
 
     /// A card with a figure.
@@ -180,10 +284,10 @@ public:
 
     /// A tree of rows that fold. See `TreeRows` for what is read of it.
     template <typename Rows, typename Toggle>
-    QWidget* treeView(Rows rows, Toggle toggle, std::string emptyPrompt) {
+    QWidget* treeView(Rows rows, Toggle toggleRow, std::string prompt) {
         return korvane::treeView(
             *this, [this, rows] { return std::invoke(rows, std::as_const(m_state)); },
-            setting<std::size_t>(toggle), std::move(emptyPrompt));
+            setting<std::size_t>(toggleRow), std::move(prompt));
     }
 
     /// How a control reads a value.

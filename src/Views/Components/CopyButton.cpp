@@ -3,7 +3,11 @@
 namespace korvane {
 
 void CopyButton::copyToClipboard(const Context<CopyButton>& context) {
-    context.services.clipboard.setText(text);
+    auto& clipboard = context.services.clipboard;
+    if (isSecret)
+        clipboard.setSecret(text);
+    else
+        clipboard.setText(text);
     copied = true;
     context.services.timers.after(feedbackDuration, [update = context.update] {
         update([](CopyButton& button) { button.copied = false; });

@@ -18,6 +18,7 @@ struct CopyButton {
     std::string text{};
     std::string label{};
     bool showLabel = true;
+    bool isSecret = false; ///< the text is not one for programs that remember the clipboard
     bool copied = false;
 
     std::string_view icon() const { return copied ? "checkmark" : "doc.on.doc"; }

@@ -1,0 +1,80 @@
+#include "Desktop/Kit/SelectableText.h"
+
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QEvent>
+#include <QTextBlock>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvane {
+
+SelectableText::SelectableText(SelectableTextOptions options) : m_options(std::move(options)) {
+    setReadOnly(true);
+    setFocusPolicy(Qt::ClickFocus);
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setAlignment(m_options.alignment);
+    setPlaceholder(qString(m_options.placeholder));
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    viewport()->setCursor(Qt::IBeamCursor);
+    applyTheme();
+}
+
+void SelectableText::display(const std::string& text) {
+    const auto before = document()->revision();
+    setText(text);
+    if (document()->revision() != before)
+        updateGeometry();
+}
+
+QSize SelectableText::sizeHint() const {
+    const QFontMetricsF metrics(Theme::font(m_options.style));
+    auto widest = metrics.horizontalAdvance(document()->isEmpty() ? placeholderText() : QString());
+    for (auto block = document()->begin(); block.isValid(); block = block.next())
+        widest = std::max(widest, metrics.horizontalAdvance(block.text()));
+    const auto width = static_cast<int>(std::ceil(widest)) + 2;
+    return {width, document()->blockCount() * Theme::lineHeight(m_options.style)};
+}
+
+QSize SelectableText::minimumSizeHint() const {
+    return {0, Theme::lineHeight(m_options.style)};
+}
+
+int SelectableText::heightForWidth(int width) const {
+    return rowCount(width) * Theme::lineHeight(m_options.style);
+}
+
+void SelectableText::changeEvent(QEvent* event) {
+    TextArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !m_applying)
+        applyTheme();
+}
+
+void SelectableText::wheelEvent(QWheelEvent* event) {
+    event->ignore(); // there is nothing to scroll in here, but perhaps around it
+}
+
+void SelectableText::applyTheme() {
+    m_applying = true;
+    setStyle({.font = Theme::font(m_options.style),
+              .lineHeight = Theme::lineHeight(m_options.style),
+              .text = Theme::color(m_options.ink),
+              .placeholder = Theme::color(Theme::Role::placeholder),
+              .number = {},
+              .selection = Theme::color(Theme::Role::selection)});
+    m_applying = false;
+}
+
+QWidget* selectableText(ViewCore& view, SelectableTextParts parts) {
+    auto* text = new SelectableText(std::move(parts.options));
+    text->setAccessibleName(qString(parts.name));
+    view.onRefresh([text, read = std::move(parts.text)] { text->display(read()); });
+    return text;
+}
+
+} // namespace korvane

@@ -1,0 +1,100 @@
+#include "Desktop/Kit/Theme.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QGlyphRun>
+#include <QHash>
+#include <QString>
+#include <QTextLayout>
+
+#include <array>
+
+namespace korvane::Theme {
+
+namespace {
+
+struct TextFacts {
+    TextStyle style;
+    int size;
+    int lineHeight;
+    QFont::Weight weight = QFont::Normal;
+    bool isCode = false;
+    double letterSpacing = 0;
+};
+
+constexpr auto textFacts = std::to_array<TextFacts>({
+    {TextStyle::largeTitle, 26, 32, QFont::Bold},
+    {TextStyle::title, 22, 28},
+    {TextStyle::title2, 17, 22, QFont::Bold},
+    {TextStyle::title3, 15, 20},
+    {TextStyle::headline, 13, 16, QFont::DemiBold},
+    {TextStyle::body, 13, 18},
+    {TextStyle::bodyMedium, 13, 18, QFont::Medium},
+    {TextStyle::bodyStrong, 13, 18, QFont::DemiBold},
+    {TextStyle::subheadline, 11, 14},
+    {TextStyle::caption, 10, 13},
+    {TextStyle::button, 13, 16, QFont::DemiBold},
+    {TextStyle::quiet, 12, 16, QFont::Medium},
+    {TextStyle::quietStrong, 12, 16, QFont::DemiBold},
+    {TextStyle::heading, 12, 16, QFont::DemiBold, false, 0.5},
+    {TextStyle::toolName, 13, 17},
+    {TextStyle::toolNameStrong, 13, 17, QFont::DemiBold},
+    {TextStyle::menu, 12, 16},
+    {TextStyle::stat, 28, 34, QFont::Bold},
+    {TextStyle::code, 13, 21, QFont::Normal, true},
+    {TextStyle::codeMedium, 13, 20, QFont::Medium, true},
+    {TextStyle::codeSmall, 12, 20, QFont::Normal, true},
+    {TextStyle::codeCaption, 10, 13, QFont::Normal, true},
+    {TextStyle::codeValue, 15, 22, QFont::Normal, true},
+    {TextStyle::hero, 22, 30, QFont::Medium, true},
+    {TextStyle::tag, 12, 16, QFont::Bold},
+    {TextStyle::tagSmall, 11, 14, QFont::Bold},
+});
+
+const TextFacts& factsOf(TextStyle style) {
+    const auto& row = textFacts[static_cast<std::size_t>(style)];
+    Q_ASSERT(row.style == style);
+    return row;
+}
+
+/// The glyphs that `font` sets ASCII punctuation in.
+QList<quint32> glyphsOf(const QFont& font) {
+    QTextLayout layout(QStringLiteral("!= == -> => // <= >= && || ::"), font);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    QList<quint32> glyphs;
+    for (const auto& run : layout.glyphRuns())
+        glyphs += run.glyphIndexes();
+    return glyphs;
+}
+
+/// `font` without ligatures, so that every character is seen as it is. The toolkit can only leave out all
+/// shaping, which takes joined emoji apart, so it is left on for the many fonts that have no ligatures.
+QFont withoutLigatures(QFont font) {
+    static QHash<QString, bool> knownFamilies;
+    auto unshaped = font;
+    unshaped.setStyleStrategy(QFont::PreferNoShaping);
+    auto known = knownFamilies.find(font.family());
+    if (known == knownFamilies.end())
+        known = knownFamilies.insert(font.family(), glyphsOf(font) != glyphsOf(unshaped));
+    return *known ? unshaped : font;
+}
+
+} // namespace
+
+QFont font(TextStyle style) {
+    const auto& facts = factsOf(style);
+    auto font = facts.isCode ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QApplication::font();
+    font.setPixelSize(px(facts.size));
+    font.setWeight(facts.weight);
+    if (facts.letterSpacing > 0)
+        font.setLetterSpacing(QFont::AbsoluteSpacing, facts.letterSpacing);
+    return facts.isCode ? withoutLigatures(font) : font;
+}
+
+int lineHeight(TextStyle style) {
+    return px(factsOf(style).lineHeight);
+}
+
+} // namespace korvane::Theme
