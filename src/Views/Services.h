@@ -5,6 +5,8 @@
 #include "Models/Tool.h"
 
 #include <chrono>
+#include <cstddef>
+#include <expected>
 #include <functional>
 #include <optional>
 #include <string>
@@ -12,6 +14,8 @@
 #include <vector>
 
 namespace korvane {
+
+struct ImageEngine;
 
 /// The system's clipboard, as far as it holds plain text.
 class Clipboard {
@@ -64,6 +68,52 @@ public:
     virtual void open(std::string_view url) = 0;
 };
 
+/// Files on the disks. May be used on any thread. Paths are UTF-8; errors are texts for the user.
+class Files {
+public:
+    virtual ~Files() = default;
+
+    /// The content of the file, or why it cannot be had: it is missing, forbidden, no ordinary file, or
+    /// longer than `maximumBytes`.
+    virtual std::expected<std::string, std::string> read(const std::string& path,
+                                                         std::size_t maximumBytes) const = 0;
+
+    /// Makes `bytes` the content of the file. They are written beside it first and take its place at once
+    /// when they are all there, so a failure leaves what was there before.
+    virtual std::expected<void, std::string> write(const std::string& path, std::string_view bytes) = 0;
+};
+
+/// The kind of files that a panel offers.
+struct FileKind {
+    std::string name{};
+    std::vector<std::string> extensions{}; ///< without the dot; the first is given to a name that has none
+
+    bool operator==(const FileKind&) const = default;
+};
+
+/// The desktop's panels to choose a file with. They come back at once; `chosen` runs later, with the path, on
+/// the thread of the user interface, and not at all if the user changes his mind.
+class FilePanels {
+public:
+    using Chosen = std::function<void(std::string path)>;
+
+    virtual ~FilePanels() = default;
+
+    virtual void open(const FileKind& kind, Chosen chosen) = 0;
+
+    /// Asks where to save, proposing a name, and before another file is replaced.
+    virtual void save(const FileKind& kind, const std::string& proposedName, Chosen chosen) = 0;
+};
+
+/// Where the image engine comes from.
+class Images {
+public:
+    virtual ~Images() = default;
+
+    /// The engine, or why there is none; the first call takes some 50 ms.
+    virtual std::expected<const ImageEngine*, std::string> engine() = 0;
+};
+
 /// Announcements that carry a tool. Posting is synchronous: all observers have run when `post` returns.
 class NotificationCenter {
 public:
@@ -88,6 +138,9 @@ struct Services {
     Background& background;
     Browser& browser;
     NotificationCenter& notifications;
+    Files& files;
+    FilePanels& panels;
+    Images& images;
 };
 
 /// What an operation gets that reaches beyond its own state: the services, and a way to change the state

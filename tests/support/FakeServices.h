@@ -1,12 +1,15 @@
 /// Scripted services: a clipboard in memory, time that only the test moves, background work that waits for
-/// the test, and a record of what was announced and opened.
+/// the test, files in memory, and a record of what was announced and opened.
 #pragma once
 
+#include "Utilities/ImageModule.h"
 #include "Views/Services.h"
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <deque>
+#include <expected>
 #include <functional>
 #include <map>
 #include <optional>
@@ -96,6 +99,65 @@ public:
     void open(std::string_view url) override { opened.emplace_back(url); }
 };
 
+/// Files in memory, on a disk that may fail.
+class FakeFiles final : public Files {
+public:
+    std::map<std::string, std::string> contents{};
+    std::optional<std::string> readFailure{};  ///< what every reading fails with
+    std::optional<std::string> writeFailure{}; ///< what every writing fails with
+
+    std::expected<std::string, std::string> read(const std::string& path,
+                                                 std::size_t maximumBytes) const override {
+        const auto found = contents.find(path);
+        if (readFailure)
+            return std::unexpected(*readFailure);
+        if (found == contents.end())
+            return std::unexpected("No such file or directory");
+        if (found->second.size() > maximumBytes)
+            return std::unexpected("The file is too large");
+        return found->second;
+    }
+
+    std::expected<void, std::string> write(const std::string& path, std::string_view bytes) override {
+        if (writeFailure)
+            return std::unexpected(*writeFailure);
+        contents[path] = bytes;
+        return {};
+    }
+};
+
+/// Panels that wait for the test to choose.
+class FakeFilePanels final : public FilePanels {
+public:
+    FileKind kind{};            ///< of the panel that was opened last
+    std::string proposedName{}; ///< in the panel to save
+    Chosen choose{};            ///< chooses in that panel; not to call it is to cancel
+
+    void open(const FileKind& offered, Chosen chosen) override {
+        kind = offered;
+        proposedName.clear();
+        choose = std::move(chosen);
+    }
+
+    void save(const FileKind& offered, const std::string& name, Chosen chosen) override {
+        kind = offered;
+        proposedName = name;
+        choose = std::move(chosen);
+    }
+};
+
+/// The real engine, unless it is to be missing.
+class FakeImages final : public Images {
+public:
+    std::optional<std::string> failure{};
+
+    std::expected<const ImageEngine*, std::string> engine() override {
+        if (failure)
+            return std::unexpected(*failure);
+        return ImageModule::load();
+    }
+};
+
 struct FakeServices {
     FakeClipboard clipboard{};
     FakeClock clock{};
@@ -103,8 +165,11 @@ struct FakeServices {
     FakeBackground background{};
     FakeBrowser browser{};
     NotificationCenter notifications{};
+    FakeFiles files{};
+    FakeFilePanels panels{};
+    FakeImages images{};
     std::vector<std::pair<std::string, Tool>> posted{};
-    Services services{clipboard, clock, timers, background, browser, notifications};
+    Services services{clipboard, clock, timers, background, browser, notifications, files, panels, images};
 
     FakeServices() {
         notifications.observe(

@@ -1,7 +1,8 @@
-/// The services of the running program: the system's clipboard, clock and browser, the event loop's timers,
-/// and a few threads.
+/// The services of the running program: the system's clipboard, clock, files and browser, the event loop's
+/// timers, and a few threads.
 #pragma once
 
+#include "Utilities/ImageModule.h"
 #include "Views/Services.h"
 
 #include <QThreadPool>
@@ -46,13 +47,35 @@ private:
         void open(std::string_view url) override;
     };
 
+    class FilesQt final : public Files {
+    public:
+        std::expected<std::string, std::string> read(const std::string& path,
+                                                     std::size_t maximumBytes) const override;
+        std::expected<void, std::string> write(const std::string& path, std::string_view bytes) override;
+    };
+
+    class FilePanelsQt final : public FilePanels {
+    public:
+        void open(const FileKind& kind, Chosen chosen) override;
+        void save(const FileKind& kind, const std::string& proposedName, Chosen chosen) override;
+    };
+
+    class ImagesQt final : public Images {
+    public:
+        std::expected<const ImageEngine*, std::string> engine() override { return ImageModule::load(); }
+    };
+
     ClipboardQt m_clipboard;
     ClockQt m_clock;
     TimersQt m_timers;
     BackgroundQt m_background;
     BrowserQt m_browser;
     NotificationCenter m_notifications;
-    Services m_services{m_clipboard, m_clock, m_timers, m_background, m_browser, m_notifications};
+    FilesQt m_files;
+    FilePanelsQt m_panels;
+    ImagesQt m_images;
+    Services m_services{m_clipboard,     m_clock, m_timers, m_background, m_browser,
+                        m_notifications, m_files, m_panels, m_images};
 };
 
 } // namespace korvane

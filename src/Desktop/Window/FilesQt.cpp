@@ -1,0 +1,81 @@
+#include "Desktop/Window/ServicesQt.h"
+
+#include "Desktop/Kit/Strings.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace korvane {
+
+namespace {
+
+std::unexpected<std::string> failure(const QFileDevice& file) {
+    return std::unexpected(utf8String(file.errorString()));
+}
+
+/// A panel over the window in use; it goes when it is closed.
+QFileDialog& newPanel(const FileKind& kind) {
+    auto* panel = new QFileDialog(QApplication::activeWindow());
+    panel->setAttribute(Qt::WA_DeleteOnClose);
+    QStringList patterns;
+    for (const auto& extension : kind.extensions)
+        patterns << QStringLiteral("*.") + qString(extension)
+                 << QStringLiteral("*.") + qString(extension).toUpper();
+    panel->setNameFilter(qString(kind.name) + QStringLiteral(" (") + patterns.join(' ') +
+                         QStringLiteral(")"));
+    return *panel;
+}
+
+void show(QFileDialog& panel, FilePanels::Chosen chosen) {
+    QObject::connect(&panel, &QFileDialog::fileSelected, &panel,
+                     [chosen = std::move(chosen)](const QString& path) { chosen(utf8String(path)); });
+    panel.open();
+}
+
+} // namespace
+
+std::expected<std::string, std::string> ServicesQt::FilesQt::read(const std::string& path,
+                                                                  std::size_t maximumBytes) const {
+    QFile file(qString(path));
+    const QFileInfo information(file);
+    if (information.exists() && !information.isFile()) // to open a pipe would wait for its other end
+        return std::unexpected("It is not a file");
+    if (!file.open(QIODevice::ReadOnly))
+        return failure(file);
+    const std::string tooLarge = "The file is too large";
+    if (static_cast<std::size_t>(file.size()) > maximumBytes)
+        return std::unexpected(tooLarge);
+    std::string bytes(static_cast<std::size_t>(file.size()), '\0');
+    const auto count = file.read(bytes.data(), static_cast<qint64>(bytes.size()));
+    if (count < 0)
+        return failure(file);
+    bytes.resize(static_cast<std::size_t>(count)); // it may have become shorter meanwhile
+    return bytes;
+}
+
+std::expected<void, std::string> ServicesQt::FilesQt::write(const std::string& path, std::string_view bytes) {
+    QSaveFile file(qString(path));
+    const auto size = static_cast<qint64>(bytes.size());
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size || !file.commit())
+        return failure(file);
+    return {};
+}
+
+void ServicesQt::FilePanelsQt::open(const FileKind& kind, Chosen chosen) {
+    auto& panel = newPanel(kind);
+    panel.setFileMode(QFileDialog::ExistingFile);
+    show(panel, std::move(chosen));
+}
+
+void ServicesQt::FilePanelsQt::save(const FileKind& kind, const std::string& proposedName, Chosen chosen) {
+    auto& panel = newPanel(kind);
+    panel.setAcceptMode(QFileDialog::AcceptSave);
+    panel.setDefaultSuffix(qString(kind.extensions.front()));
+    panel.selectFile(qString(proposedName));
+    show(panel, std::move(chosen));
+}
+
+} // namespace korvane

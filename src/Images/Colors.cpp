@@ -1,0 +1,119 @@
+#include "Images/Colors.h"
+
+#include <string_view>
+
+using vips::VImage;
+
+namespace korvane {
+
+namespace {
+
+/// The colours that the profile in `image` is for, as the four letters in its head ("RGB ", "GRAY", "CMYK");
+/// empty where there is no profile.
+std::string_view profileModel(const VImage& image) {
+    constexpr std::size_t headBytes = 128, modelOffset = 16, signatureOffset = 36;
+    if (vips_image_get_typeof(image.get_image(), VIPS_META_ICC_NAME) == 0)
+        return {};
+    std::size_t size = 0;
+    const auto* data = static_cast<const char*>(image.get_blob(VIPS_META_ICC_NAME, &size));
+    const std::string_view profile(data, size);
+    if (size < headBytes || profile.substr(signatureOffset, 4) != "acsp")
+        return "none";
+    return profile.substr(modelOffset, 4);
+}
+
+VImage withoutProfile(const VImage& image) {
+    auto copy = image.copy();
+    vips_image_remove(copy.get_image(), VIPS_META_ICC_NAME);
+    return copy;
+}
+
+bool hasKnownSamples(const VImage& image) {
+    return image.format() == VIPS_FORMAT_UCHAR || image.format() == VIPS_FORMAT_USHORT;
+}
+
+/// The colours that samples are taken for which are not marked as any in particular.
+VipsInterpretation plainInterpretation(const VImage& image) {
+    const bool is16Bits = image.format() == VIPS_FORMAT_USHORT;
+    if (image.bands() < 3)
+        return is16Bits ? VIPS_INTERPRETATION_GREY16 : VIPS_INTERPRETATION_B_W;
+    return is16Bits ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB;
+}
+
+bool isPlain(VipsInterpretation interpretation) {
+    return interpretation == VIPS_INTERPRETATION_B_W || interpretation == VIPS_INTERPRETATION_GREY16 ||
+           interpretation == VIPS_INTERPRETATION_sRGB || interpretation == VIPS_INTERPRETATION_RGB16 ||
+           interpretation == VIPS_INTERPRETATION_RGB || interpretation == VIPS_INTERPRETATION_MULTIBAND;
+}
+
+/// Goes by the profile in `image`, or, without one that can be used, by what such colours usually are.
+VImage throughProfile(const VImage& image) {
+    return image.icc_transform(
+        "srgb",
+        VImage::option()
+            ->set("embedded", true)
+            ->set("input_profile", image.interpretation() == VIPS_INTERPRETATION_CMYK ? "cmyk" : "srgb")
+            ->set("intent", VIPS_INTENT_RELATIVE)
+            ->set("black_point_compensation", true));
+}
+
+} // namespace
+
+VImage inKnownColors(const VImage& image) {
+    auto known = image;
+    if (known.interpretation() == VIPS_INTERPRETATION_CMYK) {
+        if (profileModel(known) != "CMYK")
+            known = withoutProfile(known);
+        known = withoutProfile(throughProfile(known));
+    } else if (!hasKnownSamples(known) || !isPlain(known.interpretation())) {
+        known = withoutProfile(
+            known.colourspace(known.bands() < 3 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB));
+    }
+    const bool isGray = known.interpretation() == VIPS_INTERPRETATION_B_W ||
+                        known.interpretation() == VIPS_INTERPRETATION_GREY16 || known.bands() < 3;
+    const int mostBands = isGray ? 2 : 4;
+    if (known.bands() > mostBands)
+        known = known.extract_band(0, VImage::option()->set("n", mostBands));
+    known = known.copy(VImage::option()->set("interpretation", plainInterpretation(known)));
+    if (profileModel(known) != (isGray ? "GRAY" : "RGB "))
+        known = withoutProfile(known);
+    return known;
+}
+
+const char* colorModel(const VImage& image) {
+    switch (image.interpretation()) {
+    case VIPS_INTERPRETATION_B_W:
+    case VIPS_INTERPRETATION_GREY16:
+        return "Gray";
+    case VIPS_INTERPRETATION_sRGB:
+    case VIPS_INTERPRETATION_RGB16:
+    case VIPS_INTERPRETATION_RGB:
+    case VIPS_INTERPRETATION_scRGB:
+        return "RGB";
+    case VIPS_INTERPRETATION_CMYK:
+        return "CMYK";
+    default:
+        return "Unknown";
+    }
+}
+
+VImage inSRGB(const VImage& image) {
+    const auto model = profileModel(image);
+    return model.empty() || model == "none" ? withoutProfile(image) : withoutProfile(throughProfile(image));
+}
+
+VImage with8Bits(const VImage& image) {
+    if (image.format() == VIPS_FORMAT_UCHAR)
+        return image;
+    const auto narrow = image.cast(VIPS_FORMAT_UCHAR, VImage::option()->set("shift", true));
+    return narrow.copy(VImage::option()->set("interpretation", plainInterpretation(narrow)));
+}
+
+VImage onWhite(const VImage& image) {
+    if (!image.has_alpha())
+        return image;
+    const double white = image.format() == VIPS_FORMAT_USHORT ? 65535 : 255;
+    return image.flatten(VImage::option()->set("background", white)->set("max_alpha", white));
+}
+
+} // namespace korvane

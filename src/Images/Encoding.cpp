@@ -1,0 +1,100 @@
+#include "Images/Bitmap.h"
+#include "Images/ByteTarget.h"
+#include "Images/Colors.h"
+#include "Images/HEIC.h"
+#include "Images/Vips.h"
+
+#include <algorithm>
+#include <cmath>
+
+using vips::VImage;
+
+namespace korvane::ImageConverter {
+
+namespace {
+
+/// What a file may take beside the pixels.
+constexpr std::size_t headroom = 65536;
+
+bool keepsDepth(ImageFormat format) {
+    return format == ImageFormat::png || format == ImageFormat::tiff;
+}
+
+bool keepsAlpha(ImageFormat format) {
+    return format != ImageFormat::jpeg;
+}
+
+bool keepsProfile(ImageFormat format) {
+    return format != ImageFormat::gif && format != ImageFormat::bmp;
+}
+
+/// `image` as far as the format can hold it.
+VImage fitted(const VImage& image, ImageFormat format) {
+    auto fit = image;
+    if (!keepsProfile(format))
+        fit = inSRGB(fit);
+    if (!keepsAlpha(format))
+        fit = onWhite(fit);
+    if (!keepsDepth(format))
+        fit = with8Bits(fit);
+    return fit;
+}
+
+/// `image`, with the three or four channels that are all that some encoders know.
+VImage inRGB(const VImage& image) {
+    if (image.bands() >= 3)
+        return image;
+    const auto gray = inSRGB(image);
+    return gray.bands() >= 3 ? gray : gray.colourspace(VIPS_INTERPRETATION_sRGB);
+}
+
+/// What the library writes of `image` itself.
+std::string written(const VImage& image, ImageFormat format, double quality) {
+    const auto pixelBytes = std::int64_t(image.width()) * image.height() * bytesPerPixel(image);
+    ByteTarget bytes(headroom + static_cast<std::size_t>(pixelBytes));
+    const auto target = bytes.target();
+    switch (format) {
+    case ImageFormat::png:
+        image.pngsave_target(target);
+        break;
+    case ImageFormat::jpeg:
+        image.jpegsave_target(
+            target, VImage::option()->set("Q", std::max(1, static_cast<int>(std::lround(quality * 100)))));
+        break;
+    case ImageFormat::tiff:
+        image.tiffsave_target(target, VImage::option()->set("resunit", VIPS_FOREIGN_TIFF_RESUNIT_INCH));
+        break;
+    case ImageFormat::gif:
+        image.gifsave_target(target);
+        break;
+    case ImageFormat::bmp:
+    case ImageFormat::heic:
+        break; // not the library's
+    }
+    return bytes.take();
+}
+
+/// The encoder: `image` must have pixels, and `quality` be from 0 to 1.
+std::expected<std::string, ConversionError> createImageData(const Image& image, ImageFormat format,
+                                                            double quality) {
+    const auto picture = fitted(vipsImage(image), format);
+    switch (format) {
+    case ImageFormat::bmp:
+        return Bitmap::write(computed(picture.bands() == 2 ? inRGB(picture) : picture));
+    case ImageFormat::heic:
+        return HEIC::write(computed(inRGB(picture)), quality);
+    default:
+        return written(picture, format, quality);
+    }
+}
+
+} // namespace
+
+std::expected<std::string, ConversionError> convert(const Image& image, ImageFormat to, double quality) {
+    if (!image.samples)
+        return std::unexpected(ConversionError::invalidImage);
+    const auto valid = std::isnan(quality) ? 1 : std::clamp(quality, 0.0, 1.0);
+    return guarded(ConversionError::conversionFailed, [&] { return createImageData(image, to, valid); });
+}
+
+} // namespace korvane::ImageConverter

@@ -1,0 +1,228 @@
+/// Pictures: their six file formats, facts about them, and three transforms. All of it is done by the image
+/// engine, a library of its own that `ImageModule` loads when it is first needed; what is declared as a
+/// function of the namespace `ImageConverter` is reached through the `ImageEngine` that it hands over.
+#pragma once
+
+#include "Models/Enumeration.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <expected>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+enum class ImageFormat { png, jpeg, tiff, gif, bmp, heic };
+
+struct ImageFormatFacts {
+    ImageFormat value;
+    std::string_view rawValue;
+    std::string_view fileExtension;
+    std::string_view mediaType;
+    std::string_view description; ///< of the type of a file
+    bool supportsQuality;
+};
+
+template <>
+inline constexpr auto facts<ImageFormat> = std::to_array<ImageFormatFacts>({
+    {ImageFormat::png, "PNG", "png", "image/png", "PNG image", false},
+    {ImageFormat::jpeg, "JPEG", "jpg", "image/jpeg", "JPEG image", true},
+    {ImageFormat::tiff, "TIFF", "tiff", "image/tiff", "TIFF image", false},
+    {ImageFormat::gif, "GIF", "gif", "image/gif", "GIF image", false},
+    {ImageFormat::bmp, "BMP", "bmp", "image/bmp", "BMP image", false},
+    {ImageFormat::heic, "HEIC", "heic", "image/heic", "HEIC image", true},
+});
+
+constexpr std::string_view id(ImageFormat format) {
+    return rawValue(format);
+}
+
+/// The extension that files of the format have by custom, without the dot.
+constexpr std::string_view fileExtension(ImageFormat format) {
+    return factsOf(format).fileExtension;
+}
+
+/// Whether the format loses detail by a quality that can be chosen.
+constexpr bool supportsQuality(ImageFormat format) {
+    return factsOf(format).supportsQuality;
+}
+
+/// A quarter turn or several, counter-clockwise.
+enum class Rotation { none, degrees90, degrees180, degrees270 };
+
+struct RotationFacts {
+    Rotation value;
+    int rawValue; ///< in degrees
+    std::string_view label;
+};
+
+template <>
+inline constexpr auto facts<Rotation> = std::to_array<RotationFacts>({
+    {Rotation::none, 0, "None"},
+    {Rotation::degrees90, 90, "90°"},
+    {Rotation::degrees180, 180, "180°"},
+    {Rotation::degrees270, 270, "270°"},
+});
+
+constexpr int rawValue(Rotation rotation) {
+    return factsOf(rotation).rawValue;
+}
+
+constexpr int id(Rotation rotation) {
+    return rawValue(rotation);
+}
+
+/// Which way a picture is mirrored: `horizontal` swaps left and right.
+enum class FlipDirection { none, horizontal, vertical, both };
+
+struct FlipDirectionFacts {
+    FlipDirection value;
+    std::string_view rawValue;
+};
+
+template <>
+inline constexpr auto facts<FlipDirection> = std::to_array<FlipDirectionFacts>({
+    {FlipDirection::none, "None"},
+    {FlipDirection::horizontal, "Horizontal"},
+    {FlipDirection::vertical, "Vertical"},
+    {FlipDirection::both, "Both"},
+});
+
+constexpr std::string_view id(FlipDirection direction) {
+    return rawValue(direction);
+}
+
+enum class ConversionError { invalidImage, conversionFailed, unsupportedFormat, saveFailed, resizeFailed };
+
+struct ConversionErrorFacts {
+    ConversionError value;
+    std::string_view errorDescription;
+};
+
+template <>
+inline constexpr auto facts<ConversionError> = std::to_array<ConversionErrorFacts>({
+    {ConversionError::invalidImage, "Invalid or corrupted image"},
+    {ConversionError::conversionFailed, "Failed to convert image"},
+    {ConversionError::unsupportedFormat, "Unsupported image format"},
+    {ConversionError::saveFailed, "Failed to save image"},
+    {ConversionError::resizeFailed, "Failed to resize image"},
+});
+
+/// What the user is told of the error.
+constexpr std::string_view errorDescription(ConversionError error) {
+    return factsOf(error).errorDescription;
+}
+
+/// The resolution of a picture that states none, in dots per inch.
+inline constexpr int defaultDPI = 72;
+
+/// Whether a resolution is one that pictures have; what else a file says is as good as nothing, and some formats
+/// could not hold it.
+constexpr bool isPossibleDPI(double dpi) {
+    return dpi >= 1 && dpi <= 100'000;
+}
+
+struct ImageInfo {
+    int width = 0;  ///< in pixels, of the upright picture
+    int height = 0; ///< the same
+    std::string format{};
+    std::int64_t fileSize = 0;          ///< in bytes
+    std::string colorSpace = "Unknown"; ///< "RGB", "Gray", "CMYK" or "Unknown"
+    bool hasAlpha = false;
+    int dpi = defaultDPI; ///< horizontally
+
+    bool operator==(const ImageInfo&) const = default;
+};
+
+/// A decoded picture, upright. It cannot be changed, so copies share their samples and cost nothing; two are
+/// equal if they do.
+struct Image {
+    int width = 0;          ///< in pixels, at least 1
+    int height = 0;         ///< the same
+    int channels = 0;       ///< 1: gray, 2: gray and alpha, 3: red, green, blue, 4: these and alpha
+    int bytesPerSample = 1; ///< 1 or 2, of the machine's byte order
+    /// Rows from top to bottom, without gaps. Alpha is not multiplied into the colours.
+    std::shared_ptr<const std::byte> samples{};
+    std::string colorProfile{}; ///< the ICC profile of the colours; empty: sRGB
+    double horizontalDPI = defaultDPI;
+    double verticalDPI = defaultDPI;
+
+    bool hasAlpha() const { return channels % 2 == 0; }
+
+    std::size_t rowBytes() const {
+        return static_cast<std::size_t>(width) * static_cast<std::size_t>(channels * bytesPerSample);
+    }
+
+    std::size_t byteCount() const { return rowBytes() * static_cast<std::size_t>(height); }
+
+    bool operator==(const Image&) const = default;
+};
+
+struct ImageSize {
+    int width = 0;
+    int height = 0;
+
+    bool operator==(const ImageSize&) const = default;
+};
+
+/// The operations of the engine. They may be called on any thread, also several at a time.
+namespace ImageConverter {
+
+/// The largest picture that is decoded or made: beyond it, a file of a few kilobytes could ask for more
+/// memory than the machine has.
+inline constexpr std::int64_t maximumPixels = 300'000'000;
+inline constexpr std::int64_t maximumBytes = std::int64_t(1) << 30;
+
+/// The format that the content of a file has, whatever its name; none for any other than the six.
+std::optional<ImageFormat> formatOf(std::string_view bytes);
+
+/// The picture in a file's bytes: the first where there are several, turned upright by the file's
+/// orientation. Colours that are neither gray nor RGB become sRGB; 16 bits a sample stay 16 bits. Fails with
+/// `unsupportedFormat` where the bytes are of none of the six formats, and with `invalidImage` where they are
+/// truncated, corrupt, or of a picture that is too large: this is found out before memory is taken for it.
+/// Asked to stop, it fails as soon as it can.
+std::expected<Image, ConversionError> decode(std::string_view bytes, const std::stop_token& stop);
+
+/// Facts about the picture in a file's bytes, found without decoding it; none where they cannot be read.
+std::optional<ImageInfo> getImageInfo(std::string_view bytes);
+
+/// The bytes of a file in the format. `quality` is from 0 to 1, and ignored unless the format
+/// `supportsQuality`. What a format cannot hold is fitted to it: colours become sRGB, samples 8 bits, and
+/// transparent pictures lie on white. Fails with `invalidImage` where the image has no pixels, and with
+/// `conversionFailed`.
+std::expected<std::string, ConversionError> convert(const Image& image, ImageFormat to, double quality);
+
+/// The picture turned counter-clockwise.
+std::expected<Image, ConversionError> rotate(const Image& image, Rotation by);
+
+/// The mirrored picture.
+std::expected<Image, ConversionError> flip(const Image& image, FlipDirection direction);
+
+/// The picture in another size, in pixels; with `maintainAspectRatio` in the largest that has its proportions
+/// and fits into `to`. Sides are rounded to whole pixels and at least 1. Fails with `resizeFailed`, also
+/// where the result would be too large.
+std::expected<Image, ConversionError> resize(const Image& image, ImageSize to, bool maintainAspectRatio);
+
+/// The picture for the screen: neither side longer than `side` pixels, in sRGB, with four channels of 8 bits.
+std::expected<Image, ConversionError> preview(const Image& image, int side);
+
+} // namespace ImageConverter
+
+/// The engine as its library hands it over.
+struct ImageEngine {
+    decltype(&ImageConverter::formatOf) formatOf;
+    decltype(&ImageConverter::decode) decode;
+    decltype(&ImageConverter::getImageInfo) getImageInfo;
+    decltype(&ImageConverter::convert) convert;
+    decltype(&ImageConverter::rotate) rotate;
+    decltype(&ImageConverter::flip) flip;
+    decltype(&ImageConverter::resize) resize;
+    decltype(&ImageConverter::preview) preview;
+};
+
+} // namespace korvane

@@ -1,0 +1,258 @@
+#include "Views/Tools/ImageConverterView.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+using LocalContext = Context<ImageConverterView>;
+
+FileKind anyImage() {
+    return {.name = "Images",
+            .extensions = {"png", "jpg", "jpeg", "tiff", "tif", "gif", "bmp", "heic", "heif"}};
+}
+
+FileKind kindOf(ImageFormat format) {
+    FileKind kind{.name = std::string(description(format)),
+                  .extensions = {std::string(fileExtension(format))}};
+    if (format == ImageFormat::jpeg)
+        kind.extensions.emplace_back("jpeg");
+    if (format == ImageFormat::tiff)
+        kind.extensions.emplace_back("tif");
+    return kind;
+}
+
+/// `path`, with the format's extension where the name has none.
+std::string withExtension(std::string path, ImageFormat format) {
+    const auto name = std::string_view(path).substr(path.rfind('/') + 1);
+    if (!name.contains('.'))
+        path += fmt::format(".{}", fileExtension(format));
+    return path;
+}
+
+/// The text in units of a thousand, with as many digits as tell it apart.
+std::string byteCountText(std::int64_t bytes) {
+    if (bytes < 1000)
+        return fmt::format("{} bytes", bytes);
+    constexpr auto units = std::to_array<std::string_view>({"KB", "MB", "GB"});
+    double amount = static_cast<double>(bytes) / 1000;
+    std::size_t unit = 0;
+    for (; amount >= 999.5 && unit + 1 < units.size(); ++unit)
+        amount /= 1000;
+    return unit == 0 || amount >= 99.95 ? fmt::format("{:.0f} {}", amount, units[unit])
+                                        : fmt::format("{:.1f} {}", amount, units[unit]);
+}
+
+/// What a transform makes of `image`, which stays as it is where the transform fails.
+Image kept(Image image, std::expected<Image, ConversionError> result) {
+    return result ? *std::move(result) : std::move(image);
+}
+
+} // namespace
+
+void ImageConverterView::appear(const LocalContext& context) {
+    if (const auto engine = context.services.images.engine(); !engine)
+        errorMessage = engine.error();
+}
+
+void ImageConverterView::openFilePicker(const LocalContext& context) {
+    context.services.panels.open(anyImage(), [context](std::string path) {
+        context.update([&](ImageConverterView& state) {
+            state.loadInBackground({.files = {std::move(path)}}, context);
+        });
+    });
+}
+
+void ImageConverterView::handleDrop(DroppedItems items, const LocalContext& context) {
+    isDropTargeted = false;
+    loadInBackground(std::move(items), context);
+}
+
+void ImageConverterView::loadImage(std::string data, const LocalContext& context) {
+    loadInBackground({.data = std::move(data)}, context);
+}
+
+void ImageConverterView::loadInBackground(DroppedItems items, const LocalContext& context) {
+    runInBackground(
+        context, *this, &ImageConverterView::loading,
+        [items = std::move(items), &services = context.services](const std::stop_token& stop) mutable {
+            return items.files.empty() ? load(std::move(items.data), services.images, stop)
+                                       : loadFirst(items.files, services, stop);
+        },
+        &ImageConverterView::finishLoading);
+}
+
+ImageConverterView::LoadResult ImageConverterView::load(std::string data, Images& images,
+                                                        const std::stop_token& stop) {
+    const auto engine = images.engine();
+    if (!engine)
+        return std::unexpected(engine.error());
+    const auto& operations = **engine;
+    const auto failure = [](ConversionError error) {
+        return std::unexpected(std::string(errorDescription(error)));
+    };
+    auto image = operations.decode(data, stop);
+    if (!image)
+        return failure(image.error());
+    auto info = operations.getImageInfo(data);
+    auto preview = operations.preview(*image, previewSide);
+    if (!info || !preview)
+        return failure(ConversionError::invalidImage);
+    return Loaded{std::move(data), *std::move(info), *std::move(image), *std::move(preview)};
+}
+
+ImageConverterView::LoadResult ImageConverterView::loadFirst(const std::vector<std::string>& paths,
+                                                             Services& services,
+                                                             const std::stop_token& stop) {
+    LoadResult first = std::unexpected(std::string());
+    for (const auto& path : paths) {
+        auto data = services.files.read(path, maximumFileBytes);
+        auto result = data ? load(*std::move(data), services.images, stop)
+                           : LoadResult(std::unexpected(std::move(data.error())));
+        if (result)
+            return result;
+        if (first.error().empty())
+            first = std::move(result);
+    }
+    return first;
+}
+
+void ImageConverterView::finishLoading(LoadResult result) {
+    if (!result) {
+        errorMessage = fmt::format("Failed to load image: {}", result.error());
+        return;
+    }
+    remove();
+    sourceData = std::move(result->data);
+    sourceImage = std::move(result->image);
+    sourcePreview = std::move(result->preview);
+    resizeWidth = result->info.width;
+    resizeHeight = result->info.height;
+    imageInfo = std::move(result->info);
+}
+
+void ImageConverterView::applyTransforms(const LocalContext& context) {
+    if (!sourceImage)
+        return;
+    errorMessage.reset();
+    const auto engine = context.services.images.engine();
+    if (!engine) {
+        errorMessage = engine.error();
+        return;
+    }
+    runInBackground(
+        context, *this, &ImageConverterView::applying,
+        [&operations = **engine, image = *sourceImage, rotation = rotation, direction = flipDirection,
+         size = ImageSize{resizeWidth, resizeHeight},
+         maintain = maintainAspectRatio](const std::stop_token&) mutable -> std::optional<Processed> {
+            if (rotation != Rotation::none)
+                image = kept(image, operations.rotate(image, rotation));
+            if (direction != FlipDirection::none)
+                image = kept(image, operations.flip(image, direction));
+            if (size.width >= 1 && size.height >= 1)
+                image = kept(image, operations.resize(image, size, maintain));
+            auto preview = operations.preview(image, previewSide);
+            if (!preview)
+                return std::nullopt;
+            return Processed{std::move(image), *std::move(preview)};
+        },
+        &ImageConverterView::finishApplying);
+}
+
+void ImageConverterView::finishApplying(std::optional<Processed> result) {
+    if (!result) // there is no memory even for a small picture
+        return;
+    processedImage = std::move(result->image);
+    processedPreview = std::move(result->preview);
+}
+
+void ImageConverterView::saveImage(const LocalContext& context) {
+    if (cannotSave())
+        return;
+    context.services.panels.save(
+        kindOf(targetFormat), fmt::format("converted.{}", fileExtension(targetFormat)),
+        [context, format = targetFormat](const std::string& path) {
+            context.update([&](ImageConverterView& state) { state.save(path, format, context); });
+        });
+}
+
+void ImageConverterView::save(const std::string& path, ImageFormat format, const LocalContext& context) {
+    if (cannotSave())
+        return;
+    errorMessage.reset();
+    using Result = std::expected<void, std::string>;
+    runInBackground(
+        context, *this, &ImageConverterView::saving,
+        [image = processedImage.value_or(*sourceImage), quality = quality, format,
+         path = withExtension(path, format), &services = context.services](const std::stop_token&) -> Result {
+            const auto engine = services.images.engine();
+            if (!engine)
+                return std::unexpected(engine.error());
+            const auto bytes = (*engine)->convert(image, format, quality);
+            if (!bytes)
+                return std::unexpected(std::string(errorDescription(bytes.error())));
+            return services.files.write(path, *bytes);
+        },
+        [](ImageConverterView& state, const Result& result) {
+            if (!result)
+                state.errorMessage = fmt::format("Failed to save: {}", result.error());
+        });
+}
+
+void ImageConverterView::remove() {
+    auto fresh = ImageConverterView{.targetFormat = targetFormat,
+                                    .quality = quality,
+                                    .rotation = rotation,
+                                    .flipDirection = flipDirection,
+                                    .maintainAspectRatio = maintainAspectRatio,
+                                    .isDropTargeted = isDropTargeted,
+                                    .saving = saving};
+    *this = std::move(fresh);
+}
+
+void ImageConverterView::reset() {
+    *this = ImageConverterView{.saving = saving};
+}
+
+std::string ImageConverterView::qualityText() const {
+    return fmt::format("{}%", static_cast<int>(quality * 100));
+}
+
+std::string ImageConverterView::dimensionsText() const {
+    return imageInfo ? fmt::format("{} × {}", imageInfo->width, imageInfo->height) : std::string();
+}
+
+std::string ImageConverterView::formatText() const {
+    return imageInfo ? imageInfo->format : std::string();
+}
+
+std::string ImageConverterView::fileSizeText() const {
+    return imageInfo ? byteCountText(imageInfo->fileSize) : std::string();
+}
+
+std::string ImageConverterView::colorSpaceText() const {
+    return imageInfo ? imageInfo->colorSpace : std::string();
+}
+
+std::string ImageConverterView::alphaText() const {
+    return !imageInfo ? std::string() : imageInfo->hasAlpha ? "Yes" : "No";
+}
+
+std::string ImageConverterView::resolutionText() const {
+    return imageInfo ? fmt::format("{}", imageInfo->dpi) : std::string();
+}
+
+std::string ImageConverterView::activity() const {
+    if (loading)
+        return "Loading…";
+    if (applying)
+        return "Applying…";
+    return saving ? "Saving…" : "";
+}
+
+} // namespace korvane

@@ -1,0 +1,146 @@
+/// The state of the image screen: a picture that is loaded, transformed on request and saved in another
+/// format. All that takes long runs in the background; what comes of it is dropped once the state has moved
+/// on.
+#pragma once
+
+#include "Utilities/ImageConverter.h"
+#include "Views/Background.h"
+#include "Views/Services.h"
+
+#include <cstddef>
+#include <expected>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvane {
+
+/// What another program has dropped: files, or else the bytes of a picture.
+struct DroppedItems {
+    std::vector<std::string> files{};
+    std::string data{};
+};
+
+struct ImageConverterView {
+    std::optional<Image> sourceImage{};
+    std::optional<std::string> sourceData{}; ///< the file that `sourceImage` was decoded from
+    std::optional<Image> processedImage{};
+    std::optional<ImageInfo> imageInfo{}; ///< of `sourceData`
+    ImageFormat targetFormat = ImageFormat::png;
+    double quality = 0.9; ///< from 0.1 to 1
+    Rotation rotation = Rotation::none;
+    FlipDirection flipDirection = FlipDirection::none;
+    int resizeWidth = 0;  ///< in pixels; below 1 the size stays
+    int resizeHeight = 0; ///< the same
+    bool maintainAspectRatio = true;
+    std::optional<std::string> errorMessage{};
+    bool isDropTargeted = false;
+
+    std::optional<Image> sourcePreview{};    ///< `sourceImage` in the size and colours of the screen
+    std::optional<Image> processedPreview{}; ///< the same of `processedImage`
+    std::optional<BackgroundTask> loading{};
+    std::optional<BackgroundTask> applying{};
+    std::optional<BackgroundTask> saving{};
+
+    /// A larger file is not read: it holds more than the largest picture.
+    static constexpr std::size_t maximumFileBytes = ImageConverter::maximumBytes;
+
+    /// The longer side of a preview, in pixels: enough for a large screen.
+    static constexpr int previewSide = 1600;
+
+    /// Gets the engine ready, or says why it is missing.
+    void appear(const Context<ImageConverterView>& context);
+
+    /// Loads the file that the user chooses.
+    void openFilePicker(const Context<ImageConverterView>& context);
+
+    /// Loads what has been dropped: of several files the first that is a picture.
+    void handleDrop(DroppedItems items, const Context<ImageConverterView>& context);
+
+    void setDropTargeted(bool targeted) { isDropTargeted = targeted; }
+
+    /// Loads the picture in a file's bytes. Until it is there, and if it cannot be, the one before stays.
+    void loadImage(std::string data, const Context<ImageConverterView>& context);
+
+    void setTargetFormat(ImageFormat format) { targetFormat = format; }
+
+    void setQuality(double value) { quality = value; }
+
+    void setRotation(Rotation value) { rotation = value; }
+
+    void setFlipDirection(FlipDirection value) { flipDirection = value; }
+
+    void setResizeWidth(int value) { resizeWidth = value; }
+
+    void setResizeHeight(int value) { resizeHeight = value; }
+
+    void setMaintainAspectRatio(bool maintain) { maintainAspectRatio = maintain; }
+
+    /// Makes `processedImage` of the source: turns, mirrors and resizes it, in this order. A step that fails
+    /// is left out.
+    void applyTransforms(const Context<ImageConverterView>& context);
+
+    /// Saves the processed picture, or the source while there is none, where the user chooses. What has begun
+    /// is finished even if the picture is removed meanwhile.
+    void saveImage(const Context<ImageConverterView>& context);
+
+    /// Lets go of the picture; format and transforms stay as they are chosen.
+    void remove();
+
+    /// Everything as it was at the start.
+    void reset();
+
+    bool hasSource() const { return sourceImage.has_value(); }
+
+    bool hasProcessed() const { return processedImage.has_value(); }
+
+    bool cannotApply() const { return !sourceImage; }
+
+    bool cannotSave() const { return !sourceImage || saving; }
+
+    bool showsQuality() const { return supportsQuality(targetFormat); }
+
+    /// The quality in whole percent, such as "90%".
+    std::string qualityText() const;
+
+    /// The facts of `imageInfo` as texts, empty without it: such as "1920 × 1280", "JPEG image", "482 KB",
+    /// "RGB", "No" and "72".
+    std::string dimensionsText() const;
+    std::string formatText() const;
+    std::string fileSizeText() const;
+    std::string colorSpaceText() const;
+    std::string alphaText() const;
+    std::string resolutionText() const;
+
+    /// What goes on in the background; empty if nothing does.
+    std::string activity() const;
+
+    bool isBusy() const { return loading || applying || saving; }
+
+    bool operator==(const ImageConverterView&) const = default;
+
+private:
+    struct Loaded {
+        std::string data{};
+        ImageInfo info{};
+        Image image{};
+        Image preview{};
+    };
+
+    struct Processed {
+        Image image{};
+        Image preview{};
+    };
+
+    using LoadResult = std::expected<Loaded, std::string>;
+
+    static LoadResult load(std::string data, Images& images, const std::stop_token& stop);
+    static LoadResult loadFirst(const std::vector<std::string>& paths, Services& services,
+                                const std::stop_token& stop);
+    void loadInBackground(DroppedItems items, const Context<ImageConverterView>& context);
+    void finishLoading(LoadResult result);
+    void finishApplying(std::optional<Processed> result);
+    void save(const std::string& path, ImageFormat format, const Context<ImageConverterView>& context);
+};
+
+} // namespace korvane

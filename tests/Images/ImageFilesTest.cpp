@@ -1,0 +1,431 @@
+/// What files hold of a picture, and what is read of files that others have made.
+
+#include "Utilities/ImageConverter.h"
+
+#include "Images/Vips.h"
+#include "support/Pictures.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <libheif/heif.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+#include <stop_token>
+
+namespace korvane {
+namespace {
+
+using namespace ImageConverter;
+using namespace testing;
+using vips::VImage;
+
+Image decoded(const std::string& file) {
+    const auto image = decode(file, {});
+    if (!image)
+        throw std::runtime_error(std::string(errorDescription(image.error())));
+    return *image;
+}
+
+Image throughFile(const Image& image, ImageFormat format, double quality = 0.9) {
+    return decoded(convert(image, format, quality).value());
+}
+
+/// A file that the image library writes of `image`, by the suffix of its format and options.
+std::string libraryFile(const VImage& image, const char* suffix) {
+    void* data = nullptr;
+    std::size_t size = 0;
+    image.write_to_buffer(suffix, &data, &size);
+    std::string file(static_cast<const char*>(data), size);
+    g_free(data);
+    return file;
+}
+
+struct ImageFilesTest : ::testing::Test {
+    std::stop_source stop{};
+
+    ImageFilesTest() { startVips(); }
+};
+
+TEST_F(ImageFilesTest, FormatsHaveTheirFacts) {
+    struct Row {
+        ImageFormat format;
+        std::string_view rawValue;
+        std::string_view fileExtension;
+        bool supportsQuality;
+        std::string_view description;
+    };
+
+    const Row rows[] = {
+        {ImageFormat::png, "PNG", "png", false, "PNG image"},
+        {ImageFormat::jpeg, "JPEG", "jpg", true, "JPEG image"},
+        {ImageFormat::tiff, "TIFF", "tiff", false, "TIFF image"},
+        {ImageFormat::gif, "GIF", "gif", false, "GIF image"},
+        {ImageFormat::bmp, "BMP", "bmp", false, "BMP image"},
+        {ImageFormat::heic, "HEIC", "heic", true, "HEIC image"},
+    };
+    EXPECT_EQ(std::size(rows), allCases<ImageFormat>.size());
+    for (const auto& row : rows) {
+        EXPECT_EQ(rawValue(row.format), row.rawValue);
+        EXPECT_EQ(id(row.format), row.rawValue);
+        EXPECT_EQ(fileExtension(row.format), row.fileExtension);
+        EXPECT_EQ(supportsQuality(row.format), row.supportsQuality);
+        EXPECT_EQ(description(row.format), row.description);
+    }
+}
+
+TEST_F(ImageFilesTest, ChoicesAndErrorsHaveTheirTexts) {
+    EXPECT_EQ(label(Rotation::none), "None");
+    EXPECT_EQ(label(Rotation::degrees90), "90\u00B0");
+    EXPECT_EQ(label(Rotation::degrees180), "180\u00B0");
+    EXPECT_EQ(label(Rotation::degrees270), "270\u00B0");
+    EXPECT_EQ(id(Rotation::degrees270), 270);
+    EXPECT_EQ(rawValue(FlipDirection::none), "None");
+    EXPECT_EQ(rawValue(FlipDirection::horizontal), "Horizontal");
+    EXPECT_EQ(rawValue(FlipDirection::vertical), "Vertical");
+    EXPECT_EQ(rawValue(FlipDirection::both), "Both");
+    EXPECT_EQ(errorDescription(ConversionError::invalidImage), "Invalid or corrupted image");
+    EXPECT_EQ(errorDescription(ConversionError::conversionFailed), "Failed to convert image");
+    EXPECT_EQ(errorDescription(ConversionError::unsupportedFormat), "Unsupported image format");
+    EXPECT_EQ(errorDescription(ConversionError::saveFailed), "Failed to save image");
+    EXPECT_EQ(errorDescription(ConversionError::resizeFailed), "Failed to resize image");
+}
+
+TEST_F(ImageFilesTest, TellTheirFactsWithoutBeingDecoded) {
+    for (const auto format : allCases<ImageFormat>) {
+        auto source = distinctPicture({30, 20});
+        source.horizontalDPI = 300;
+        source.verticalDPI = 150;
+        const auto file = convert(source, format, 0.9).value();
+        EXPECT_EQ(formatOf(file), format);
+        const auto info = getImageInfo(file);
+        ASSERT_TRUE(info) << rawValue(format);
+        EXPECT_EQ(info->width, 30);
+        EXPECT_EQ(info->height, 20);
+        EXPECT_EQ(info->format, std::string(rawValue(format)) + " image");
+        EXPECT_EQ(info->fileSize, static_cast<std::int64_t>(file.size()));
+        EXPECT_EQ(info->colorSpace, "RGB");
+        const bool hasResolution = format != ImageFormat::gif && format != ImageFormat::heic;
+        EXPECT_EQ(info->dpi, hasResolution ? 300 : 72) << rawValue(format);
+    }
+}
+
+TEST_F(ImageFilesTest, TellGrayAlphaAndCMYK) {
+    const auto infoOf = [](int channels, ImageFormat format) {
+        return getImageInfo(convert(distinctPicture({9, 9}, channels), format, 0.9).value()).value();
+    };
+    for (const auto format : {ImageFormat::png, ImageFormat::tiff}) {
+        EXPECT_EQ(infoOf(1, format).colorSpace, "Gray");
+        EXPECT_FALSE(infoOf(1, format).hasAlpha);
+        EXPECT_TRUE(infoOf(2, format).hasAlpha);
+        EXPECT_FALSE(infoOf(3, format).hasAlpha);
+        EXPECT_TRUE(infoOf(4, format).hasAlpha);
+    }
+    EXPECT_EQ(infoOf(1, ImageFormat::jpeg).colorSpace, "Gray");
+    EXPECT_FALSE(infoOf(4, ImageFormat::jpeg).hasAlpha);
+    EXPECT_EQ(infoOf(1, ImageFormat::bmp).colorSpace, "Gray");
+    EXPECT_TRUE(infoOf(4, ImageFormat::bmp).hasAlpha);
+    EXPECT_TRUE(infoOf(4, ImageFormat::heic).hasAlpha);
+    const auto plain = plainPicture({9, 9}, {200, 100, 50});
+    const auto cmyk = vipsImage(plain).icc_transform("cmyk", VImage::option()->set("input_profile", "srgb"));
+    EXPECT_EQ(getImageInfo(libraryFile(cmyk, ".jpg"))->colorSpace, "CMYK");
+    EXPECT_EQ(getImageInfo(libraryFile(cmyk, ".tif"))->colorSpace, "CMYK");
+    const auto lab = vipsImage(plain).colourspace(VIPS_INTERPRETATION_LAB);
+    EXPECT_EQ(getImageInfo(libraryFile(lab, ".tif"))->colorSpace, "Unknown");
+}
+
+TEST_F(ImageFilesTest, AnAbsentResolutionIs72) {
+    const auto source = distinctPicture({9, 9});
+    auto jpeg = convert(source, ImageFormat::jpeg, 0.9).value();
+    const auto units = jpeg.find("JFIF") + 7;
+    const auto exif = jpeg.find("Exif");
+    jpeg[units] = 0; // no unit: the density is only the aspect ratio of a pixel
+    if (exif != std::string::npos)
+        jpeg.replace(exif, 4, "None");
+    EXPECT_EQ(getImageInfo(jpeg)->dpi, 72);
+    EXPECT_NEAR(decoded(jpeg).horizontalDPI, 72, 0.1);
+    auto png = convert(source, ImageFormat::png, 0.9).value();
+    const auto chunk = png.find("pHYs") - 4;
+    png.erase(chunk, 4 + 4 + 9 + 4);
+    EXPECT_EQ(getImageInfo(png)->dpi, 72);
+    EXPECT_NEAR(decoded(png).horizontalDPI, 72, 0.1);
+}
+
+TEST_F(ImageFilesTest, KeepTheResolution) {
+    auto source = distinctPicture({9, 9});
+    source.horizontalDPI = 300;
+    source.verticalDPI = 150;
+    for (const auto format : {ImageFormat::png, ImageFormat::jpeg, ImageFormat::tiff, ImageFormat::bmp}) {
+        const auto image = throughFile(source, format);
+        EXPECT_NEAR(image.horizontalDPI, 300, 0.1) << rawValue(format);
+        EXPECT_NEAR(image.verticalDPI, 150, 0.1) << rawValue(format);
+    }
+}
+
+RC_GTEST_PROP(ImageFiles, LosslessFormatsAreTheIdentity, ()) {
+    const ImageSize size{*rc::gen::inRange(1, 50), *rc::gen::inRange(1, 50)};
+    const int channels = *rc::gen::inRange(1, 5);
+    const auto source = distinctPicture(size, channels);
+    const auto deep = distinctPicture(size, channels, 2);
+    for (const auto format : {ImageFormat::png, ImageFormat::tiff}) {
+        RC_ASSERT(haveSamePixels(throughFile(source, format), source));
+        RC_ASSERT(haveSamePixels(throughFile(deep, format), deep));
+    }
+    if (channels != 2)
+        RC_ASSERT(haveSamePixels(throughFile(source, ImageFormat::bmp), source));
+}
+
+TEST_F(ImageFilesTest, LossyFormatsComeClose) {
+    const auto source = photograph({120, 80});
+    EXPECT_LE(largestDifference(throughFile(source, ImageFormat::jpeg, 1), source), 24);
+    EXPECT_LE(largestDifference(throughFile(source, ImageFormat::heic, 1), source), 40);
+}
+
+TEST_F(ImageFilesTest, GIFHasAGoodPalette) {
+    const auto source = photograph({120, 80});
+    const auto image = throughFile(source, ImageFormat::gif);
+    double squares = 0;
+    for (int y = 0; y < 80; ++y) {
+        for (int x = 0; x < 120; ++x) {
+            for (int channel = 0; channel < 3; ++channel) {
+                const double difference = sampleAt(source, x, y, channel) - sampleAt(image, x, y, channel);
+                squares += difference * difference;
+            }
+        }
+    }
+    EXPECT_LE(std::sqrt(squares / (120 * 80 * 3)), 14) << "colours that do not fit the picture are far off";
+}
+
+TEST_F(ImageFilesTest, QualityCountsWhereItIsSupported) {
+    const auto source = photograph({200, 150});
+    for (const auto format : allCases<ImageFormat>) {
+        const auto low = convert(source, format, 0.1).value().size();
+        const auto high = convert(source, format, 1.0).value().size();
+        if (supportsQuality(format))
+            EXPECT_LT(2 * low, high) << rawValue(format);
+        else
+            EXPECT_EQ(low, high) << rawValue(format);
+    }
+}
+
+TEST_F(ImageFilesTest, BearAnyQuality) {
+    const auto source = photograph({20, 15});
+    for (const auto format : {ImageFormat::jpeg, ImageFormat::heic, ImageFormat::png}) {
+        for (const double quality : {-1.0, 0.0, 2.0, std::nan("")})
+            EXPECT_TRUE(decode(convert(source, format, quality).value(), {})) << quality;
+    }
+}
+
+TEST_F(ImageFilesTest, AnySizeAndShapeFitsEveryFormat) {
+    for (const auto format : allCases<ImageFormat>) {
+        for (const ImageSize size : {ImageSize{1, 1}, {2, 1}, {1, 300}, {300, 1}, {15, 17}, {63, 65}}) {
+            for (const int channels : {1, 2, 3, 4}) {
+                for (const int bytes : {1, 2}) {
+                    const auto image = throughFile(distinctPicture(size, channels, bytes), format);
+                    EXPECT_EQ(image.width, size.width)
+                        << rawValue(format) << ' ' << size.width << ' ' << channels;
+                    EXPECT_EQ(image.height, size.height) << rawValue(format);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(ImageFilesTest, AlphaLiesOnWhiteWhereThereIsNone) {
+    const auto half = plainPicture({16, 16}, {200, 0, 0, 128});
+    const auto jpeg = throughFile(half, ImageFormat::jpeg, 1);
+    EXPECT_EQ(jpeg.channels, 3);
+    const auto pixel = pixelAt(jpeg, 8, 8);
+    EXPECT_NEAR(pixel[0], 227, 3); // 200 * 128/255 + 255 * 127/255
+    EXPECT_NEAR(pixel[1], 127, 3);
+    const auto clear = plainPicture({16, 16}, {0, 0, 0, 0});
+    EXPECT_NEAR(pixelAt(throughFile(clear, ImageFormat::jpeg, 1), 8, 8)[0], 255, 1);
+    EXPECT_EQ(pixelAt(throughFile(clear, ImageFormat::gif), 8, 8)[3], 0);
+    EXPECT_NEAR(pixelAt(throughFile(half, ImageFormat::heic, 1), 8, 8)[3], 128, 3);
+}
+
+TEST_F(ImageFilesTest, SixteenBitsStayOrBecomeEight) {
+    const auto deep =
+        picture({16, 16}, 3, 2, [](int, int, int channel) { return channel == 0 ? 65535 : 0x8080; });
+    EXPECT_EQ(pixelAt(throughFile(deep, ImageFormat::bmp), 3, 3), (std::vector{255, 128, 128}));
+    EXPECT_EQ(pixelAt(throughFile(deep, ImageFormat::png), 3, 3), (std::vector{65535, 0x8080, 0x8080}));
+}
+
+TEST_F(ImageFilesTest, WideColoursArriveRight) {
+    const auto source = plainPicture({8, 8}, {200, 100, 50});
+    const auto wide = vipsImage(source).icc_transform("p3", VImage::option()->set("input_profile", "srgb"));
+    for (const auto* suffix : {".png", ".tif", ".jpg[Q=100]"}) {
+        const auto image = decoded(libraryFile(wide, suffix));
+        EXPECT_NE(image.colorProfile, "");
+        EXPECT_GT(std::abs(pixelAt(image, 4, 4)[0] - 200), 5)
+            << "the samples are still those of the wide colours";
+        for (const auto format :
+             {ImageFormat::png, ImageFormat::tiff, ImageFormat::jpeg, ImageFormat::heic}) {
+            const auto kept = throughFile(image, format, 1);
+            EXPECT_EQ(kept.colorProfile, image.colorProfile) << suffix << ' ' << rawValue(format);
+            EXPECT_LE(largestDifference(kept, image), 3) << rawValue(format);
+        }
+        for (const auto format : {ImageFormat::bmp, ImageFormat::gif}) {
+            const auto pixel = pixelAt(throughFile(image, format), 4, 4);
+            EXPECT_NEAR(pixel[0], 200, 3) << suffix << ' ' << rawValue(format);
+            EXPECT_NEAR(pixel[1], 100, 3);
+            EXPECT_NEAR(pixel[2], 50, 3);
+        }
+        EXPECT_NEAR(pixelAt(preview(image, 8).value(), 4, 4)[0], 200, 3);
+    }
+}
+
+TEST_F(ImageFilesTest, CMYKArrivesAsTheColourItIs) {
+    const auto source = plainPicture({8, 8}, {180, 100, 80});
+    const auto cmyk = vipsImage(source).icc_transform("cmyk", VImage::option()->set("input_profile", "srgb"));
+    for (const auto* suffix : {".jpg[Q=100]", ".tif", ".jpg[Q=100,strip]"}) {
+        const auto image = decoded(libraryFile(cmyk, suffix));
+        EXPECT_EQ(image.channels, 3) << suffix;
+        const auto pixel = pixelAt(image, 4, 4);
+        EXPECT_NEAR(pixel[0], 180, 12) << suffix;
+        EXPECT_NEAR(pixel[1], 100, 12) << suffix;
+        EXPECT_NEAR(pixel[2], 80, 12) << suffix;
+    }
+}
+
+TEST_F(ImageFilesTest, UnusualTIFFsAreRead) {
+    const auto source = photograph({40, 30});
+    const auto picture = vipsImage(source);
+    for (const auto* suffix : {".tif[compression=lzw]", ".tif[compression=deflate,predictor=horizontal]",
+                               ".tif[compression=packbits]", ".tif[tile]", ".tif[bigtiff]"})
+        EXPECT_TRUE(haveSamePixels(decoded(libraryFile(picture, suffix)), source)) << suffix;
+    EXPECT_EQ(decoded(libraryFile(picture.colourspace(VIPS_INTERPRETATION_B_W), ".tif[bitdepth=1]")).channels,
+              1);
+    EXPECT_LE(
+        largestDifference(decoded(libraryFile(picture.colourspace(VIPS_INTERPRETATION_LAB), ".tif")), source),
+        2);
+    EXPECT_LE(largestDifference(decoded(libraryFile(picture.colourspace(VIPS_INTERPRETATION_scRGB), ".tif")),
+                                source),
+              2);
+}
+
+/// The place in a stored picture of `size` of the pixel that is shown at (x, y), for each orientation that a
+/// file can state (TIFF 6.0, page 36).
+ImageSize storedPlace(int orientation, ImageSize size, int x, int y) {
+    const int right = size.width - 1;
+    const int bottom = size.height - 1;
+    switch (orientation) {
+    case 2:
+        return {right - x, y};
+    case 3:
+        return {right - x, bottom - y};
+    case 4:
+        return {x, bottom - y};
+    case 5:
+        return {y, x};
+    case 6:
+        return {y, bottom - x};
+    case 7:
+        return {right - y, bottom - x};
+    case 8:
+        return {right - y, x};
+    default:
+        return {x, y};
+    }
+}
+
+TEST_F(ImageFilesTest, PicturesStandUpright) {
+    const auto stored = distinctPicture({6, 4});
+    for (int orientation = 1; orientation <= 8; ++orientation) {
+        const ImageSize shown = orientation < 5 ? ImageSize{6, 4} : ImageSize{4, 6};
+        const auto expected = picture(shown, 3, 1, [&](int x, int y, int channel) {
+            const auto place = storedPlace(orientation, {6, 4}, x, y);
+            return sampleAt(stored, place.width, place.height, channel);
+        });
+        auto oriented = vipsImage(stored).copy();
+        oriented.set(VIPS_META_ORIENTATION, orientation);
+        for (const auto* suffix : {".tif", ".jpg[Q=100]"}) {
+            const auto file = libraryFile(oriented, suffix);
+            const auto info = getImageInfo(file).value();
+            EXPECT_EQ(info.width, shown.width) << suffix << orientation;
+            EXPECT_EQ(info.height, shown.height) << suffix << orientation;
+            const auto image = decoded(file);
+            EXPECT_EQ(image.width, shown.width) << suffix << orientation;
+            const bool isExact = std::string_view(suffix) == ".tif";
+            EXPECT_TRUE(!isExact || haveSamePixels(image, expected)) << orientation;
+            EXPECT_TRUE(haveSamePixels(throughFile(image, ImageFormat::tiff), image))
+                << "turned once, not again";
+        }
+    }
+}
+
+/// A HEIC file that says how to turn its picture.
+std::string orientedHEIC(const Image& image, heif_orientation orientation) {
+    auto* context = heif_context_alloc();
+    heif_encoder* encoder = nullptr;
+    heif_context_get_encoder_for_format(context, heif_compression_HEVC, &encoder);
+    heif_image* picture = nullptr;
+    heif_image_create(image.width, image.height, heif_colorspace_RGB, heif_chroma_interleaved_RGB, &picture);
+    heif_image_add_plane(picture, heif_channel_interleaved, image.width, image.height, 8);
+    int stride = 0;
+    auto* rows = heif_image_get_plane(picture, heif_channel_interleaved, &stride);
+    for (int y = 0; y < image.height; ++y)
+        std::memcpy(rows + y * stride, image.samples.get() + static_cast<std::size_t>(y) * image.rowBytes(),
+                    image.rowBytes());
+    auto* options = heif_encoding_options_alloc();
+    options->image_orientation = orientation;
+    heif_context_encode_image(context, picture, encoder, options, nullptr);
+    std::string file;
+    heif_writer writer{1, [](heif_context*, const void* data, std::size_t size, void* target) {
+                           static_cast<std::string*>(target)->append(static_cast<const char*>(data), size);
+                           return heif_error{heif_error_Ok, heif_suberror_Unspecified, ""};
+                       }};
+    heif_context_write(context, &writer, &file);
+    heif_encoding_options_free(options);
+    heif_image_release(picture);
+    heif_encoder_release(encoder);
+    heif_context_free(context);
+    return file;
+}
+
+TEST_F(ImageFilesTest, HEICStandsUpright) {
+    const auto source =
+        picture({64, 32}, 3, 1, [](int x, int, int) { return x < 32 ? 20 : 230; }); // dark, light
+    const auto file = orientedHEIC(source, heif_orientation_rotate_90_cw);
+    const auto info = getImageInfo(file).value();
+    EXPECT_EQ(info.width, 32);
+    EXPECT_EQ(info.height, 64);
+    const auto image = decoded(file);
+    EXPECT_EQ(image.width, 32);
+    EXPECT_EQ(image.height, 64);
+    EXPECT_NEAR(sampleAt(image, 16, 8, 0), 20, 10) << "what was on the left is above";
+    EXPECT_NEAR(sampleAt(image, 16, 56, 0), 230, 10);
+}
+
+TEST_F(ImageFilesTest, OnlyTheSixFormatsAreRead) {
+    const auto picture = vipsImage(photograph({8, 8}));
+    for (const auto* suffix : {".webp", ".ppm"})
+        EXPECT_EQ(decode(libraryFile(picture, suffix), {}).error(), ConversionError::unsupportedFormat)
+            << suffix;
+    for (const auto& file :
+         {std::string(), std::string("plain text"), std::string("<svg xmlns='x'/>"), std::string("%PDF-1.4"),
+          std::string("\0\0\0\x18"
+                      "ftypavif\0\0\0\0avifmif1",
+                      24)}) {
+        EXPECT_EQ(decode(file, {}).error(), ConversionError::unsupportedFormat) << file;
+        EXPECT_EQ(getImageInfo(file), std::nullopt) << file;
+    }
+    EXPECT_THROW(VImage::new_from_file("/usr/share/none.svg"), vips::VError);
+}
+
+TEST_F(ImageFilesTest, AnEmptyImageIsInvalid) {
+    EXPECT_EQ(convert(Image{}, ImageFormat::png, 1).error(), ConversionError::invalidImage);
+}
+
+TEST_F(ImageFilesTest, DecodingStopsWhenAsked) {
+    const auto file = convert(photograph({600, 400}), ImageFormat::png, 1).value();
+    EXPECT_TRUE(decode(file, stop.get_token()));
+    stop.request_stop();
+    EXPECT_FALSE(decode(file, stop.get_token()));
+}
+
+} // namespace
+} // namespace korvane

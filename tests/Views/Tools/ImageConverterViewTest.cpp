@@ -1,0 +1,392 @@
+#include "Views/Tools/ImageConverterView.h"
+
+#include "support/FakeServices.h"
+#include "support/Pictures.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+using testing::haveSamePixels;
+
+const ImageEngine& engine() {
+    return **ImageModule::load();
+}
+
+class ImageConverterViewTest : public ::testing::Test {
+protected:
+    FakeServices fakes{};
+    std::optional<ImageConverterView> state{ImageConverterView{}};
+    Context<ImageConverterView> context{fakes.services,
+                                        [this](const std::function<void(ImageConverterView&)>& change) {
+                                            if (state)
+                                                change(*state);
+                                        }};
+    Image picture = testing::distinctPicture({40, 30});
+    std::string file = engine().convert(picture, ImageFormat::png, 1).value();
+
+    void load() {
+        state->loadImage(file, context);
+        fakes.background.runAll();
+    }
+
+    void apply() {
+        state->applyTransforms(context);
+        fakes.background.runAll();
+    }
+
+    void saveAs(const std::string& path) {
+        state->saveImage(context);
+        fakes.panels.choose(path);
+        fakes.background.runAll();
+    }
+};
+
+TEST_F(ImageConverterViewTest, StartsWithoutAPicture) {
+    state->appear(context);
+    EXPECT_EQ(*state, ImageConverterView{});
+    EXPECT_FALSE(state->hasSource());
+    EXPECT_EQ(state->targetFormat, ImageFormat::png);
+    EXPECT_EQ(state->quality, 0.9);
+    EXPECT_EQ(state->rotation, Rotation::none);
+    EXPECT_EQ(state->flipDirection, FlipDirection::none);
+    EXPECT_EQ(state->resizeWidth, 0);
+    EXPECT_TRUE(state->maintainAspectRatio);
+    EXPECT_TRUE(state->cannotApply());
+    EXPECT_TRUE(state->cannotSave());
+}
+
+TEST_F(ImageConverterViewTest, LoadingShowsThePictureAndItsFacts) {
+    state->loadImage(file, context);
+    EXPECT_EQ(state->activity(), "Loading…");
+    EXPECT_FALSE(state->hasSource()) << "it comes later";
+    fakes.background.runAll();
+    ASSERT_TRUE(state->hasSource());
+    EXPECT_TRUE(haveSamePixels(*state->sourceImage, picture));
+    EXPECT_EQ(state->sourceData, file);
+    EXPECT_EQ(state->resizeWidth, 40);
+    EXPECT_EQ(state->resizeHeight, 30);
+    EXPECT_EQ(state->dimensionsText(), "40 × 30");
+    EXPECT_EQ(state->formatText(), "PNG image");
+    EXPECT_EQ(state->colorSpaceText(), "RGB");
+    EXPECT_EQ(state->alphaText(), "No");
+    EXPECT_EQ(state->resolutionText(), "72");
+    EXPECT_EQ(state->activity(), "");
+    EXPECT_FALSE(state->isBusy());
+}
+
+TEST_F(ImageConverterViewTest, ThePanelOffersTheSixFormats) {
+    state->openFilePicker(context);
+    for (const auto format : allCases<ImageFormat>)
+        EXPECT_EQ(std::ranges::count(fakes.panels.kind.extensions, fileExtension(format)), 1);
+    fakes.files.contents["/tmp/a picture.png"] = file;
+    fakes.panels.choose("/tmp/a picture.png");
+    EXPECT_TRUE(state->loading);
+    fakes.background.runAll();
+    EXPECT_TRUE(state->hasSource());
+}
+
+TEST_F(ImageConverterViewTest, CancellingAPanelChangesNothing) {
+    load();
+    const auto before = *state;
+    state->openFilePicker(context);
+    state->saveImage(context);
+    EXPECT_EQ(*state, before);
+    EXPECT_EQ(fakes.background.pendingCount(), 0);
+}
+
+TEST_F(ImageConverterViewTest, SaysWhyAFileCannotBeLoaded) {
+    struct Row {
+        std::string_view path;
+        std::string_view message;
+    };
+
+    fakes.files.contents["/text.png"] = "no picture at all";
+    fakes.files.contents["/cut.png"] = file.substr(0, file.size() / 2);
+    const Row rows[] = {
+        {"/missing.png", "Failed to load image: No such file or directory"},
+        {"/text.png", "Failed to load image: Unsupported image format"},
+        {"/cut.png", "Failed to load image: Invalid or corrupted image"},
+    };
+    for (const auto& row : rows) {
+        state->handleDrop({.files = {std::string(row.path)}}, context);
+        fakes.background.runAll();
+        EXPECT_EQ(state->errorMessage, row.message);
+        EXPECT_FALSE(state->hasSource());
+    }
+    load();
+    EXPECT_EQ(state->errorMessage, std::nullopt) << "a picture has been loaded since";
+}
+
+TEST_F(ImageConverterViewTest, AFailureKeepsThePictureThatIsThere) {
+    load();
+    state->loadImage("no picture", context);
+    fakes.background.runAll();
+    EXPECT_TRUE(state->hasSource());
+    EXPECT_TRUE(state->errorMessage);
+}
+
+TEST_F(ImageConverterViewTest, OfSeveralFilesTheFirstImageIsLoaded) {
+    fakes.files.contents["/notes.txt"] = "notes";
+    fakes.files.contents["/Übersicht 1.png"] = file;
+    fakes.files.contents["/other.png"] =
+        engine().convert(testing::distinctPicture({9, 9}), ImageFormat::png, 1).value();
+    state->setDropTargeted(true);
+    state->handleDrop({.files = {"/gone.png", "/notes.txt", "/Übersicht 1.png", "/other.png"}}, context);
+    EXPECT_FALSE(state->isDropTargeted);
+    fakes.background.runAll();
+    EXPECT_EQ(state->resizeWidth, 40);
+    EXPECT_EQ(state->errorMessage, std::nullopt);
+    state->reset();
+    state->handleDrop({.files = {"/gone.png", "/notes.txt"}}, context);
+    fakes.background.runAll();
+    EXPECT_EQ(state->errorMessage, "Failed to load image: No such file or directory") << "that of the first";
+}
+
+TEST_F(ImageConverterViewTest, TheBytesOfAPictureCanBeDropped) {
+    state->handleDrop({.data = file}, context);
+    fakes.background.runAll();
+    EXPECT_TRUE(state->hasSource());
+}
+
+TEST_F(ImageConverterViewTest, OnlyTheLastOfTwoLoadingsCounts) {
+    state->loadImage(file, context);
+    state->loadImage(engine().convert(testing::distinctPicture({9, 8}), ImageFormat::gif, 1).value(),
+                     context);
+    fakes.background.runAll();
+    EXPECT_EQ(state->dimensionsText(), "9 × 8");
+    EXPECT_EQ(state->formatText(), "GIF image");
+}
+
+TEST_F(ImageConverterViewTest, AResultThatComesTooLateIsDropped) {
+    state->loadImage(file, context);
+    state->reset();
+    fakes.background.runAll();
+    EXPECT_EQ(*state, ImageConverterView{});
+    load();
+    state->applyTransforms(context);
+    state->remove();
+    fakes.background.runAll();
+    EXPECT_FALSE(state->hasProcessed());
+    load();
+    state->applyTransforms(context);
+    state->loadImage(file, context);
+    fakes.background.runAll();
+    EXPECT_FALSE(state->hasProcessed()) << "it was made of the picture before";
+    state->applyTransforms(context);
+    state.reset();
+    fakes.background.runAll();
+}
+
+TEST_F(ImageConverterViewTest, TransformsAreAppliedInTheirOrder) {
+    load();
+    state->setMaintainAspectRatio(false);
+    state->setResizeWidth(12);
+    state->setResizeHeight(11);
+    state->setFlipDirection(FlipDirection::horizontal);
+    state->setRotation(Rotation::degrees90);
+    state->applyTransforms(context);
+    EXPECT_EQ(state->activity(), "Applying…");
+    fakes.background.runAll();
+    auto expected = engine().rotate(picture, Rotation::degrees90).value();
+    expected = engine().flip(expected, FlipDirection::horizontal).value();
+    expected = engine().resize(expected, {12, 11}, false).value();
+    ASSERT_TRUE(state->hasProcessed());
+    EXPECT_TRUE(haveSamePixels(*state->processedImage, expected));
+    EXPECT_TRUE(haveSamePixels(*state->sourceImage, picture)) << "the source stays";
+}
+
+TEST_F(ImageConverterViewTest, WithoutASizeItOnlyTurnsAndMirrors) {
+    load();
+    state->setRotation(Rotation::degrees90);
+    for (const auto& [width, height] : {std::pair{0, 10}, {10, 0}, {-1, -1}}) {
+        state->setResizeWidth(width);
+        state->setResizeHeight(height);
+        apply();
+        EXPECT_EQ(state->processedImage->width, 30);
+        EXPECT_EQ(state->processedImage->height, 40);
+    }
+}
+
+TEST_F(ImageConverterViewTest, ATransformThatFailsIsLeftOut) {
+    load();
+    state->setRotation(Rotation::degrees180);
+    state->setMaintainAspectRatio(false);
+    state->setResizeWidth(2'000'000'000);
+    state->setResizeHeight(2'000'000'000);
+    apply();
+    ASSERT_TRUE(state->hasProcessed());
+    EXPECT_TRUE(
+        haveSamePixels(*state->processedImage, engine().rotate(picture, Rotation::degrees180).value()));
+    EXPECT_EQ(state->errorMessage, std::nullopt);
+}
+
+TEST_F(ImageConverterViewTest, ApplyingForgetsTheMessageAndNeedsAPicture) {
+    state->errorMessage = "before";
+    apply();
+    EXPECT_EQ(state->errorMessage, "before");
+    load();
+    state->errorMessage = "before";
+    apply();
+    EXPECT_EQ(state->errorMessage, std::nullopt);
+}
+
+TEST_F(ImageConverterViewTest, ProposesANameForEachFormat) {
+    load();
+    for (const auto& [format, name] : {std::pair{ImageFormat::png, "converted.png"},
+                                       {ImageFormat::jpeg, "converted.jpg"},
+                                       {ImageFormat::tiff, "converted.tiff"},
+                                       {ImageFormat::gif, "converted.gif"},
+                                       {ImageFormat::bmp, "converted.bmp"},
+                                       {ImageFormat::heic, "converted.heic"}}) {
+        state->setTargetFormat(format);
+        state->saveImage(context);
+        EXPECT_EQ(fakes.panels.proposedName, name);
+        EXPECT_EQ(fakes.panels.kind.extensions.front(), fileExtension(format));
+    }
+}
+
+TEST_F(ImageConverterViewTest, SavesTheProcessedPictureOrElseTheSource) {
+    load();
+    saveAs("/source.png");
+    EXPECT_TRUE(haveSamePixels(engine().decode(fakes.files.contents["/source.png"], {}).value(), picture));
+    state->setRotation(Rotation::degrees90);
+    apply();
+    saveAs("/turned.png");
+    EXPECT_TRUE(haveSamePixels(engine().decode(fakes.files.contents["/turned.png"], {}).value(),
+                               *state->processedImage));
+    EXPECT_EQ(state->errorMessage, std::nullopt);
+}
+
+TEST_F(ImageConverterViewTest, SavesInTheFormatAndQualityThatAreChosen) {
+    load();
+    state->setTargetFormat(ImageFormat::jpeg);
+    saveAs("/good.jpg");
+    state->setQuality(0.1);
+    saveAs("/small.jpg");
+    EXPECT_EQ(engine().formatOf(fakes.files.contents["/good.jpg"]), ImageFormat::jpeg);
+    EXPECT_LT(fakes.files.contents["/small.jpg"].size(), fakes.files.contents["/good.jpg"].size());
+}
+
+TEST_F(ImageConverterViewTest, ANameWithoutAnExtensionGetsOne) {
+    load();
+    state->setTargetFormat(ImageFormat::jpeg);
+    for (const auto& [chosen, written] : {std::pair{"/folder.old/picture", "/folder.old/picture.jpg"},
+                                          {"/picture.jpeg", "/picture.jpeg"},
+                                          {"/picture.v2", "/picture.v2"}}) {
+        saveAs(chosen);
+        EXPECT_TRUE(fakes.files.contents.contains(written)) << chosen;
+    }
+}
+
+TEST_F(ImageConverterViewTest, SaysWhyAFileCannotBeSaved) {
+    load();
+    for (const auto* reason : {"No space left on device", "Permission denied"}) {
+        fakes.files.writeFailure = reason;
+        saveAs("/converted.png");
+        EXPECT_EQ(state->errorMessage, std::string("Failed to save: ") + reason);
+    }
+    fakes.files.writeFailure.reset();
+    saveAs("/converted.png");
+    EXPECT_EQ(state->errorMessage, std::nullopt);
+    state->sourceImage = Image{};
+    saveAs("/nothing.png");
+    EXPECT_EQ(state->errorMessage, "Failed to save: Invalid or corrupted image");
+}
+
+TEST_F(ImageConverterViewTest, WhatIsBeingSavedIsSaved) {
+    load();
+    state->saveImage(context);
+    fakes.panels.choose("/converted.png");
+    EXPECT_EQ(state->activity(), "Saving…");
+    EXPECT_TRUE(state->cannotSave());
+    state->reset();
+    EXPECT_TRUE(state->saving);
+    fakes.background.runAll();
+    EXPECT_TRUE(fakes.files.contents.contains("/converted.png"));
+    EXPECT_EQ(*state, ImageConverterView{});
+}
+
+TEST_F(ImageConverterViewTest, AChoiceInAPanelMayComeTooLate) {
+    load();
+    state->saveImage(context);
+    state->remove();
+    fakes.panels.choose("/converted.png");
+    fakes.background.runAll();
+    EXPECT_TRUE(fakes.files.contents.empty());
+    state->openFilePicker(context);
+    state.reset();
+    fakes.panels.choose("/picture.png");
+    EXPECT_EQ(fakes.background.pendingCount(), 0);
+}
+
+TEST_F(ImageConverterViewTest, RemovingKeepsWhatIsChosen) {
+    load();
+    state->setTargetFormat(ImageFormat::heic);
+    state->setRotation(Rotation::degrees270);
+    state->setQuality(0.5);
+    apply();
+    state->remove();
+    EXPECT_EQ(*state,
+              (ImageConverterView{
+                  .targetFormat = ImageFormat::heic, .quality = 0.5, .rotation = Rotation::degrees270}));
+}
+
+TEST_F(ImageConverterViewTest, ResettingForgetsEverything) {
+    load();
+    state->setTargetFormat(ImageFormat::heic);
+    state->setFlipDirection(FlipDirection::both);
+    state->setMaintainAspectRatio(false);
+    apply();
+    state->errorMessage = "before";
+    state->reset();
+    EXPECT_EQ(*state, ImageConverterView{});
+}
+
+TEST_F(ImageConverterViewTest, ShowsTheQualityWhereThereIsOne) {
+    for (const auto format : allCases<ImageFormat>) {
+        state->setTargetFormat(format);
+        EXPECT_EQ(state->showsQuality(), format == ImageFormat::jpeg || format == ImageFormat::heic);
+    }
+    EXPECT_EQ(state->qualityText(), "90%");
+    for (const auto& [quality, text] :
+         {std::pair{0.1, "10%"}, {0.999, "99%"}, {1.0, "100%"}, {0.505, "50%"}}) {
+        state->setQuality(quality);
+        EXPECT_EQ(state->qualityText(), text);
+    }
+}
+
+TEST_F(ImageConverterViewTest, TellsFileSizesInThousands) {
+    state->imageInfo = ImageInfo{.hasAlpha = true, .dpi = 300};
+    for (const auto& [size, text] : {std::pair<std::int64_t, const char*>{0, "0 bytes"},
+                                     {999, "999 bytes"},
+                                     {1000, "1 KB"},
+                                     {482'300, "482 KB"},
+                                     {999'600, "1.0 MB"},
+                                     {12'340'000, "12.3 MB"},
+                                     {345'678'000, "346 MB"},
+                                     {1'073'741'824, "1.1 GB"}}) {
+        state->imageInfo->fileSize = size;
+        EXPECT_EQ(state->fileSizeText(), text);
+    }
+    EXPECT_EQ(state->alphaText(), "Yes");
+    EXPECT_EQ(state->resolutionText(), "300");
+}
+
+TEST_F(ImageConverterViewTest, SaysThatTheEngineIsMissing) {
+    fakes.images.failure = "The image library cannot be loaded: no such file";
+    state->appear(context);
+    EXPECT_EQ(state->errorMessage, fakes.images.failure);
+    state->loadImage(file, context);
+    fakes.background.runAll();
+    EXPECT_EQ(state->errorMessage, "Failed to load image: " + *fakes.images.failure);
+    state->sourceImage = picture;
+    apply();
+    EXPECT_EQ(state->errorMessage, fakes.images.failure);
+    saveAs("/converted.png");
+    EXPECT_EQ(state->errorMessage, "Failed to save: " + *fakes.images.failure);
+}
+
+} // namespace
+} // namespace korvane
