@@ -52,6 +52,7 @@ QWidget* body(View<Form>& view) {
             view.textField("Text", &Form::text, &Form::setText, {.submit = view.performing(&Form::submit)}),
             view.selectableText("Shown", &Form::text),
             view.errorMessage(&Form::error),
+            stretch(),
         });
 }
 
