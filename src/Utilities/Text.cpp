@@ -128,6 +128,12 @@ icu::UnicodeString caseFolded(std::string_view text) {
 
 } // namespace
 
+char32_t takeCodePoint(std::string_view& text) {
+    const auto decoded = decodeAt(text, 0);
+    text.remove_prefix(decoded.end);
+    return decoded.character;
+}
+
 bool isNewline(char32_t character) {
     return (character >= 0x0A && character <= 0x0D) || character == 0x85 || character == 0x2028 ||
            character == 0x2029;

@@ -9,6 +9,10 @@
 
 namespace korvane {
 
+/// Cuts the first code point off `text`, which is not empty. The replacement character stands for bytes that
+/// are not UTF-8.
+char32_t takeCodePoint(std::string_view& text);
+
 /// The characters that end a line: LF, VT, FF, CR, NEL (U+0085), LS (U+2028) and PS (U+2029).
 bool isNewline(char32_t character);
 

@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QRadioButton>
 
+#include <algorithm>
+
 namespace korvane {
 
 using Theme::Role;
@@ -84,8 +86,6 @@ QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
     track->setAccessibleName(qString(parts.label));
     track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // however much its segments would grow
     track->setFixedHeight(Theme::px(Size::segmentedHeight));
-    if (parts.width > 0)
-        track->setFixedWidth(Theme::px(parts.width));
     constexpr auto inset = Size::segmentedInset;
     fill(track, Qt::Horizontal, {.spacing = 0, .padding = {inset, inset, inset, inset}}, {});
     for (int index = 0; index < static_cast<int>(parts.titles.size()); ++index) {
@@ -105,6 +105,8 @@ QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
             segment->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus);
         });
     }
+    if (parts.width > 0) // but titles are never cut off, whatever the font
+        track->setFixedWidth(std::max(Theme::px(parts.width), track->layout()->sizeHint().width()));
     return track;
 }
 

@@ -1,9 +1,13 @@
 #include "Desktop/Kit/WrappingLayout.h"
 
+#include "Desktop/Kit/Layout.h"
+#include "support/ScreenDriver.h"
+
 #include <gtest/gtest.h>
 
 #include <QWidget>
 
+#include <memory>
 #include <vector>
 
 namespace korvane {
@@ -49,6 +53,21 @@ TEST_F(WrappingLayoutTest, GoesOnInFurtherLinesWhereThereIsNot) {
     EXPECT_EQ(places(315), (std::vector<QPoint>{{0, 0}, {108, 0}, {215, 24}}));
     EXPECT_EQ(places(150), (std::vector<QPoint>{{0, 0}, {0, 24}, {50, 48}}));
     EXPECT_EQ(layout->heightForWidth(150), 68);
+}
+
+TEST_F(WrappingLayoutTest, TakesAsManyLinesAsItNeedsBesideWhatGrows) {
+    auto* wrapping = wrappingRow(
+        {withHeight(20, withWidth(100, new QWidget)), withHeight(20, withWidth(100, new QWidget))});
+    auto* grows = growing(new QWidget);
+    const std::unique_ptr<QWidget> whole(stack(Qt::Vertical, {.spacing = 0}, {wrapping, grows}));
+    whole->resize(300, 400);
+    whole->show();
+    settle();
+    EXPECT_EQ(wrapping->height(), 20);
+    whole->resize(150, 400);
+    settle();
+    EXPECT_EQ(wrapping->height(), 20 + Theme::Size::gapControl + 20);
+    EXPECT_EQ(grows->height(), 400 - wrapping->height());
 }
 
 TEST_F(WrappingLayoutTest, LeavesOutWhatIsHidden) {
