@@ -19,6 +19,9 @@ bool isNewline(char32_t character);
 /// The horizontal white space: general category Zs, and the tab.
 bool isWhitespace(char32_t character);
 
+/// `text` without the white space at both of its ends; newlines stay.
+std::string_view trimmingWhitespaces(std::string_view text);
+
 /// `text` without the white space and newlines at both of its ends.
 std::string_view trimmingWhitespacesAndNewlines(std::string_view text);
 

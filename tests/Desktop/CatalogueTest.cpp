@@ -13,6 +13,7 @@
 #include "Views/ContentView.h"
 #include "Views/Tools/Base64View.h"
 #include "Views/Tools/JSONFormatterView.h"
+#include "Views/Tools/NumberBaseView.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -160,7 +161,12 @@ TEST(Glyph, HasAnIconForEveryNameThatIsUsed) {
                                            "arrow.clockwise",
                                            "plus.square.on.square",
                                            "clock.badge.questionmark",
-                                           "text.quote"};
+                                           "text.quote",
+                                           "arrow.triangle.branch",
+                                           "number.square",
+                                           "menu.chevrons",
+                                           "chevron.left",
+                                           "doc.on.clipboard"};
     const auto addIcons = [&](const auto& cases) {
         for (const auto value : cases)
             names.push_back(icon(value));
@@ -170,6 +176,7 @@ TEST(Glyph, HasAnIconForEveryNameThatIsUsed) {
     addIcons(allCases<JSONValueType>);
     addIcons(allCases<Base64View::Mode>);
     addIcons(allCases<GenerationType>);
+    addIcons(allCases<NumberBaseView::Base>);
     for (const bool copied : {false, true})
         names.push_back(CopyButton{.copied = copied}.icon());
     for (const auto name : names)

@@ -219,8 +219,10 @@ static void display(QuietButton& button, const CopyButton& state) {
 }
 
 QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const CopyButtonOptions& options) {
-    auto state = std::make_shared<CopyButton>(CopyButton{
-        .label = options.label, .showLabel = options.look.showLabel, .isSecret = options.isSecret});
+    auto state = std::make_shared<CopyButton>(CopyButton{.label = options.label,
+                                                         .showLabel = options.look.showLabel,
+                                                         .idleIcon = options.icon,
+                                                         .isSecret = options.isSecret});
     auto* button = new QuietButton(state->title(), state->icon(), options.look);
     const auto show = [button, state] { display(*button, *state); };
     const Context<CopyButton> context{view.services(), [weakState = std::weak_ptr(state),

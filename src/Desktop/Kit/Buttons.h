@@ -130,6 +130,7 @@ QWidget* actionButton(ViewCore& view, ActionButtonParts parts);
 
 struct CopyButtonOptions {
     std::string label = "Copy";
+    std::string_view icon = "doc.on.doc";
     QuietButtonOptions look{};
     bool isSecret = false; ///< the text is marked as one that is not to be kept
 };

@@ -69,6 +69,8 @@ enum class Tint {
     toggleOutline = 40,
     headerFrom = 30,
     headerTo = 10,
+    checkerEven = 30,
+    checkerOdd = 10,
 };
 
 enum class TextStyle {
@@ -151,12 +153,21 @@ struct Size {
     static constexpr int strengthWidth = 100, strengthHeight = 6, strengthGap = 4;
     static constexpr int heroPaddingX = 16, heroPaddingY = 20, proseInset = 16, pillWidth = 84,
                          pillPadding = 8;
+    static constexpr int calendarDayWidth = 28, calendarDayHeight = 24, calendarHeading = 20, calendarGap = 2;
+    static constexpr int timeFieldHeight = 28, timeFieldLeft = 10, timeFieldRight = 6, timeFieldGap = 4,
+                         timeFieldGlyph = 11;
+    static constexpr int valueCardGap = 10, valueCardGlyph = 16, valueCardTextTop = 3, valueRowsEdge = 2;
+    static constexpr int swatchHeight = 150, checkerCell = 10;
+    static constexpr int colorWellWidth = 44, colorWellHeight = 28, colorWellInset = 4, colorWellRadius = 3;
     static constexpr int compactWidth = 640;
     static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
                          welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,
                          welcomeTileGlyph = 20, welcomeBottom = 36;
     static constexpr int menuRow = 26, menuPadding = 10, menuInset = 4, menuMinimumWidth = 140;
 };
+
+/// The width of an outline that marks one card among several, in pixels.
+inline constexpr double strongOutline = 1.5;
 
 /// How long a change of state takes to show, in milliseconds.
 inline constexpr int motion = 200;

@@ -24,6 +24,12 @@ QWidget* toolView(Tool tool, Services& services) {
         return base64Screen(services);
     case Tool::uuidGenerator:
         return uuidGeneratorScreen(services);
+    case Tool::timestamp:
+        return timestampScreen(services);
+    case Tool::colorPicker:
+        return colorPickerScreen(services);
+    case Tool::numberBase:
+        return numberBaseScreen(services);
     case Tool::loremIpsum:
         return loremIpsumScreen(services);
     case Tool::passwordGenerator:
@@ -31,12 +37,9 @@ QWidget* toolView(Tool tool, Services& services) {
     case Tool::urlEncoder:
     case Tool::jwtDecoder:
     case Tool::hashGenerator:
-    case Tool::timestamp:
     case Tool::regexTester:
-    case Tool::colorPicker:
     case Tool::textDiff:
     case Tool::textTransformer:
-    case Tool::numberBase:
     case Tool::markdownPreview:
     case Tool::imageConverter:
         return displayName(tool);
