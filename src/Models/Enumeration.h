@@ -12,8 +12,9 @@
 namespace korvane {
 
 /// The table of one enumeration: a `std::array` with a row for each case, in declaration order. A row is an
-/// aggregate with at least `value` (the case) and `rawValue` (its text), and with whichever of `icon`,
-/// `label` and `description` the enumeration has. Specialise it next to the enumeration:
+/// aggregate with at least `value` (the case) and `rawValue` (its text, or the number that it stands for),
+/// and with whichever of `icon`, `label` and `description` the enumeration has. Specialise it next to the
+/// enumeration:
 ///
 ///     template <> inline constexpr auto facts<Mode> = std::to_array<ModeFacts>({{Mode::encode, "Encode"},
 ///     ...});
@@ -48,17 +49,21 @@ inline constexpr auto allCases = [] {
     return cases;
 }();
 
-/// The text that stands for the case.
+/// What the raw values of an enumeration are: texts for most, numbers for some.
 template <Enumerated E>
-constexpr std::string_view rawValue(E value) {
+using RawValue = std::remove_cvref_t<decltype(facts<E>[0].rawValue)>;
+
+/// The text or number that stands for the case.
+template <Enumerated E>
+constexpr RawValue<E> rawValue(E value) {
     return factsOf(value).rawValue;
 }
 
-/// The case whose `rawValue` is exactly `text` (case-sensitive, whole text), or none.
+/// The case whose `rawValue` is exactly `raw` (a text: case-sensitive, and the whole of it), or none.
 template <Enumerated E>
-constexpr std::optional<E> fromRawValue(std::string_view text) {
+constexpr std::optional<E> fromRawValue(RawValue<E> raw) {
     for (const auto& row : facts<E>) {
-        if (row.rawValue == text)
+        if (row.rawValue == raw)
             return row.value;
     }
     return std::nullopt;
@@ -66,7 +71,9 @@ constexpr std::optional<E> fromRawValue(std::string_view text) {
 
 /// The glyph name of the case.
 template <Enumerated E>
-constexpr std::string_view icon(E value) {
+constexpr std::string_view icon(E value)
+    requires requires { factsOf(value).icon; }
+{
     return factsOf(value).icon;
 }
 
@@ -74,6 +81,16 @@ constexpr std::string_view icon(E value) {
 template <Enumerated E>
 constexpr std::string_view label(E value) {
     return factsOf(value).label;
+}
+
+/// What a choice among the cases calls this one: its raw value, or its label where the raw values are
+/// numbers.
+template <Enumerated E>
+constexpr std::string_view title(E value) {
+    if constexpr (std::is_convertible_v<RawValue<E>, std::string_view>)
+        return rawValue(value);
+    else
+        return label(value);
 }
 
 /// One line that tells what the case is for.

@@ -1,5 +1,7 @@
 #include "Utilities/DateText.h"
 
+#include "Utilities/LocaleName.h"
+
 #include <fmt/format.h>
 #include <unicode/datefmt.h>
 #include <unicode/locid.h>
@@ -10,7 +12,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 
 namespace korvane::DateText {
@@ -21,16 +22,6 @@ namespace {
 /// quietly answer with these.
 constexpr double earliestMillisecond = -184303902528000000.0;
 constexpr double latestMillisecond = 183882168921600000.0;
-
-/// The locale for dates, as the C library would choose it. ICU by itself looks at the language of messages.
-icu::Locale userLocale() {
-    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
-        const char* name = std::getenv(variable);
-        if (name && *name)
-            return icu::Locale::createCanonical(name);
-    }
-    return icu::Locale::getDefault();
-}
 
 icu::TimeZone* newTimeZone(const std::string& name) {
     return name.empty() ? icu::TimeZone::detectHostTimeZone()
@@ -59,8 +50,7 @@ struct Formatter {
 const icu::DateFormat* formatter(Style style, const Region& region) {
     thread_local Formatter last;
     if (!last.format || last.style != style || last.region != region) {
-        const auto locale =
-            region.locale.empty() ? userLocale() : icu::Locale::createCanonical(region.locale.c_str());
+        const icu::Locale locale(icuLocaleName(region.locale).c_str());
         last = {style, region,
                 std::unique_ptr<icu::DateFormat>(
                     icu::DateFormat::createDateTimeInstance(style.date, style.time, locale))};

@@ -46,8 +46,27 @@ std::size_t previousOffset(std::string_view text, std::size_t end) {
     return decodeAt(text, offset).end == end ? offset : end - 1;
 }
 
-bool isTrimmed(char32_t character) {
+bool isWhitespaceOrNewline(char32_t character) {
     return isWhitespace(character) || isNewline(character);
+}
+
+/// `text` without the characters at both of its ends that `isTrimmed` tells.
+std::string_view trimming(std::string_view text, bool (*isTrimmed)(char32_t)) {
+    std::size_t start = 0;
+    while (start < text.size()) {
+        const auto decoded = decodeAt(text, start);
+        if (!isTrimmed(decoded.character))
+            break;
+        start = decoded.end;
+    }
+    std::size_t end = text.size();
+    while (end > start) {
+        const auto offset = previousOffset(text, end);
+        if (!isTrimmed(decodeAt(text, offset).character))
+            break;
+        end = offset;
+    }
+    return text.substr(start, end - start);
 }
 
 /// The number of bytes at the start of `text` that are ASCII. Reads eight at a time.
@@ -128,6 +147,12 @@ icu::UnicodeString caseFolded(std::string_view text) {
 
 } // namespace
 
+char32_t takeCodePoint(std::string_view& text) {
+    const auto decoded = decodeAt(text, 0);
+    text.remove_prefix(decoded.end);
+    return decoded.character;
+}
+
 bool isNewline(char32_t character) {
     return (character >= 0x0A && character <= 0x0D) || character == 0x85 || character == 0x2028 ||
            character == 0x2029;
@@ -137,22 +162,12 @@ bool isWhitespace(char32_t character) {
     return character == '\t' || u_charType(static_cast<UChar32>(character)) == U_SPACE_SEPARATOR;
 }
 
+std::string_view trimmingWhitespaces(std::string_view text) {
+    return trimming(text, isWhitespace);
+}
+
 std::string_view trimmingWhitespacesAndNewlines(std::string_view text) {
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const auto decoded = decodeAt(text, start);
-        if (!isTrimmed(decoded.character))
-            break;
-        start = decoded.end;
-    }
-    std::size_t end = text.size();
-    while (end > start) {
-        const auto offset = previousOffset(text, end);
-        if (!isTrimmed(decodeAt(text, offset).character))
-            break;
-        end = offset;
-    }
-    return text.substr(start, end - start);
+    return trimming(text, isWhitespaceOrNewline);
 }
 
 bool isValidUTF8(std::string_view text) {

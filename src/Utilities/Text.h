@@ -9,11 +9,18 @@
 
 namespace korvane {
 
+/// Cuts the first code point off `text`, which is not empty. The replacement character stands for bytes that
+/// are not UTF-8.
+char32_t takeCodePoint(std::string_view& text);
+
 /// The characters that end a line: LF, VT, FF, CR, NEL (U+0085), LS (U+2028) and PS (U+2029).
 bool isNewline(char32_t character);
 
 /// The horizontal white space: general category Zs, and the tab.
 bool isWhitespace(char32_t character);
+
+/// `text` without the white space at both of its ends; newlines stay.
+std::string_view trimmingWhitespaces(std::string_view text);
 
 /// `text` without the white space and newlines at both of its ends.
 std::string_view trimmingWhitespacesAndNewlines(std::string_view text);

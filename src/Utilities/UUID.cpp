@@ -2,26 +2,30 @@
 
 #include "Utilities/Random.h"
 
-#include <algorithm>
+#include <bit>
 #include <cstring>
-#include <span>
+#include <string_view>
 
 namespace korvane {
 
 UUID UUID::random() {
-    // One system call serves 256 identifiers; a call for each would cost ten times as much.
-    thread_local std::array<std::uint8_t, 4096> pool{};
-    thread_local std::size_t used = pool.size();
-    if (used == pool.size()) {
-        fillRandom(std::as_writable_bytes(std::span(pool)));
-        used = 0;
-    }
-    UUID uuid;
-    std::copy_n(pool.begin() + static_cast<std::ptrdiff_t>(used), uuid.bytes.size(), uuid.bytes.begin());
-    used += uuid.bytes.size();
+    auto uuid = std::bit_cast<UUID>(std::array{nextRandom(), nextRandom()});
     uuid.bytes[6] = static_cast<std::uint8_t>((uuid.bytes[6] & 0x0F) | 0x40); // version 4
     uuid.bytes[8] = static_cast<std::uint8_t>((uuid.bytes[8] & 0x3F) | 0x80); // the RFC's variant
     return uuid;
+}
+
+std::string UUID::text() const {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    text.reserve(36);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (i == 4 || i == 6 || i == 8 || i == 10)
+            text += '-';
+        text += digits[bytes[i] >> 4];
+        text += digits[bytes[i] & 0x0F];
+    }
+    return text;
 }
 
 } // namespace korvane

@@ -81,6 +81,13 @@ TEST(Text, TrimsWhitespaceAndNewlinesAtTheEndsOnly) {
     EXPECT_EQ(trimmingWhitespacesAndNewlines("\xff "), "\xff");
 }
 
+TEST(Text, TrimsWhitespaceAndLeavesNewlines) {
+    EXPECT_EQ(trimmingWhitespaces(" \t\u00A0a b\u3000 "), "a b");
+    EXPECT_EQ(trimmingWhitespaces(" \n a\r\n \t"), "\n a\r\n");
+    EXPECT_EQ(trimmingWhitespaces("\u2028"), "\u2028");
+    EXPECT_EQ(trimmingWhitespaces(" \t "), "");
+}
+
 TEST(Text, TellsUTF8FromOtherBytes) {
     for (const std::string_view good :
          {"", "plain ASCII text", "ü", "漢字", "👩", "\xef\xbf\xbf", "\xf4\x8f\xbf\xbf"})

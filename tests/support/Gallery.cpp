@@ -2,6 +2,8 @@
 
 #include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/Screen.h"
+#include "Desktop/Kit/StatPill.h"
+#include "Desktop/Kit/StrengthMeter.h"
 #include "Views/Tools/Base64View.h"
 
 #include <QAbstractButton>
@@ -103,6 +105,12 @@ QWidget* contents(View<Base64View>& view) {
                  badge(view, Status::warning, "Large input"), badge(view, Status::info, "Nothing to do")}),
             row({view.statCard("Words", "1,204", "text.word.spacing", PaletteColor::blue),
                  view.statCard("Lines", "38", "text.alignleft", PaletteColor::green)}),
+            row({statPill(view, StatPill{"Words", 111, PaletteColor::green}),
+                 statPill(view, StatPill{"Characters", 833, PaletteColor::orange}),
+                 strengthMeter(view, PasswordStrength::veryWeak),
+                 strengthMeter(view, PasswordStrength::weak)}),
+            row({strengthMeter(view, PasswordStrength::fair), strengthMeter(view, PasswordStrength::strong),
+                 strengthMeter(view, PasswordStrength::veryStrong)}),
             card({.tint = PaletteColor::pink},
                  {view.selectableText("Hero", digest + digest + digest,
                                       {.style = Theme::TextStyle::hero, .alignment = Qt::AlignHCenter})}),

@@ -9,7 +9,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
+#include <QSlider>
+#include <QSpinBox>
 #include <QtTest/QTest>
 
 #include <algorithm>
@@ -17,6 +20,19 @@
 #include <type_traits>
 
 namespace korvane {
+
+namespace {
+
+void typeInto(QWidget& control, std::string_view text) {
+    for (const auto character : qString(text)) {
+        if (character == '\n')
+            QTest::keyClick(&control, Qt::Key_Return);
+        else
+            QTest::sendKeyEvent(QTest::Click, &control, Qt::Key_unknown, QString(character), Qt::NoModifier);
+    }
+}
+
+} // namespace
 
 ScreenDriver::ScreenDriver(QWidget& root, QSize size) : m_root(root) {
     root.resize(size);
@@ -56,6 +72,18 @@ RowList& ScreenDriver::list(std::string_view name) const {
     return only<RowList>(name);
 }
 
+QLineEdit& ScreenDriver::field(std::string_view name) const {
+    return only<QLineEdit>(name);
+}
+
+QSlider& ScreenDriver::slider(std::string_view name) const {
+    return only<QSlider>(name);
+}
+
+QSpinBox& ScreenDriver::stepper(std::string_view name) const {
+    return only<QSpinBox>(name);
+}
+
 void ScreenDriver::press(std::string_view name) const {
     QTest::mouseClick(&button(name), Qt::LeftButton);
     settle();
@@ -74,12 +102,17 @@ void ScreenDriver::undo(std::string_view name) const {
 void ScreenDriver::type(std::string_view name, std::string_view text) const {
     auto& area = editor(name);
     area.setFocus();
-    for (const auto character : qString(text)) {
-        if (character == '\n')
-            QTest::keyClick(&area, Qt::Key_Return);
-        else
-            QTest::sendKeyEvent(QTest::Click, &area, Qt::Key_unknown, QString(character), Qt::NoModifier);
-    }
+    typeInto(area, text);
+    settle();
+}
+
+void ScreenDriver::enter(std::string_view name, std::string_view text) const {
+    auto& edit = field(name);
+    edit.setFocus();
+    edit.selectAll();
+    typeInto(edit, text);
+    if (text.empty())
+        QTest::keyClick(&edit, Qt::Key_Delete);
     settle();
 }
 

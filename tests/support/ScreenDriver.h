@@ -9,6 +9,9 @@
 #include <vector>
 
 class QAbstractButton;
+class QLineEdit;
+class QSlider;
+class QSpinBox;
 
 namespace korvane {
 
@@ -25,12 +28,17 @@ public:
     QAbstractButton& button(std::string_view name) const;
     TextArea& editor(std::string_view name) const;
     RowList& list(std::string_view name) const;
+    QLineEdit& field(std::string_view name) const;
+    QSlider& slider(std::string_view name) const;
+    QSpinBox& stepper(std::string_view name) const;
 
     void press(std::string_view button) const;
     /// Presses the segment of a picker, which may be called like a button.
     void choose(std::string_view segment) const;
     void undo(std::string_view editor) const;
     void type(std::string_view editor, std::string_view text) const;
+    /// Types `text` in place of what a field shows.
+    void enter(std::string_view field, std::string_view text) const;
     std::string text(std::string_view editor) const;
     std::string placeholder(std::string_view editor) const;
 

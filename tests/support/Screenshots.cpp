@@ -5,79 +5,31 @@
 #include "Desktop/Window/MainWindow.h"
 #include "support/FakeServices.h"
 #include "support/Gallery.h"
+#include "support/Scenes.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
 #include <QDir>
 
+#include <chrono>
 #include <cstdio>
-#include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace korvane {
 namespace {
 
-constexpr std::string_view document = R"({"name":"Aurora Station","active":true,"crew":12,
- "location":{"lat":69.6492,"lon":18.9553,"city":"Tromsø"},
- "modules":["habitat","lab","greenhouse"],
- "power":{"source":"solar","output_kw":42.5,"backup":null},
- "website":"https://example.org/aurora",
- "launched":"2024-11-03"})";
-
-constexpr std::string_view letter = R"(Meet me at the old lighthouse at dusk.
-Bring the maps, the lantern and a warm coat.
-
-— Ingrid ⚓)";
-
-/// What a person does before the picture is taken.
-struct Scene {
-    std::string name;
-    std::optional<Tool> tool;
-    std::function<void(const ScreenDriver&, FakeServices&)> play = [](const ScreenDriver&, FakeServices&) {};
-};
-
-void paste(const ScreenDriver& screen, FakeServices& fakes, std::string_view text) {
-    fakes.clipboard.content = text;
-    screen.press("Paste");
-}
-
-const std::vector<Scene>& scenes() {
-    static const std::vector<Scene> all = {
-        {"json", Tool::jsonFormatter,
-         [](const ScreenDriver& screen, FakeServices& fakes) {
-             paste(screen, fakes, document);
-             screen.press("Prettify");
-         }},
-        {"json-tree", Tool::jsonFormatter,
-         [](const ScreenDriver& screen, FakeServices& fakes) {
-             screen.press("Tree View");
-             paste(screen, fakes, document);
-         }},
-        {"json-error", Tool::jsonFormatter,
-         [](const ScreenDriver& screen, FakeServices& fakes) {
-             paste(screen, fakes, std::string(document).replace(document.find("12,"), 3, "12"));
-             screen.press("Prettify");
-         }},
-        {"base64", Tool::base64,
-         [](const ScreenDriver& screen, FakeServices& fakes) {
-             paste(screen, fakes, letter);
-             screen.press("Encode");
-         }},
-        {"base64-error", Tool::base64,
-         [](const ScreenDriver& screen, FakeServices& fakes) {
-             screen.choose("Decode");
-             paste(screen, fakes, letter);
-             screen.press("Decode");
-         }},
-        {"welcome", std::nullopt},
-    };
+std::vector<Scene> scenes() {
+    std::vector<Scene> all = formatterScenes();
+    for (const auto& scenes : {converterScenes(), generatorScenes(), textScenes()})
+        all.insert(all.end(), scenes.begin(), scenes.end());
+    all.push_back({"welcome", std::nullopt});
     return all;
 }
 
 bool draw(const Scene& scene, Theme::Scheme scheme, QSize size, const QString& file) {
     FakeServices fakes;
+    fakes.clock.moment = std::chrono::system_clock::time_point(std::chrono::seconds(1763735400));
     MainWindow window(fakes.services);
     window.showScheme(scheme);
     window.view().perform([&](ContentView& state) { state.selectedTool = scene.tool; });
@@ -119,6 +71,12 @@ int drawAll(const QDir& folder) {
 }
 
 } // namespace
+
+void paste(const ScreenDriver& screen, FakeServices& fakes, std::string_view text) {
+    fakes.clipboard.content = text;
+    screen.press("Paste");
+}
+
 } // namespace korvane
 
 int main(int argc, char* argv[]) {

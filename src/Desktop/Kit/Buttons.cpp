@@ -212,15 +212,19 @@ QWidget* actionButton(ViewCore& view, ActionButtonParts parts) {
     return button;
 }
 
+static void display(QuietButton& button, const CopyButton& state) {
+    button.setTitle(state.title());
+    button.setIconName(state.icon());
+    button.setHighlight(state.color());
+}
+
 QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const CopyButtonOptions& options) {
-    auto state = std::make_shared<CopyButton>(CopyButton{
-        .label = options.label, .showLabel = options.look.showLabel, .isSecret = options.isSecret});
+    auto state = std::make_shared<CopyButton>(CopyButton{.label = options.label,
+                                                         .showLabel = options.look.showLabel,
+                                                         .idleIcon = options.icon,
+                                                         .isSecret = options.isSecret});
     auto* button = new QuietButton(state->title(), state->icon(), options.look);
-    const auto show = [button, state] {
-        button->setTitle(state->title());
-        button->setIconName(state->icon());
-        button->setHighlight(state->color());
-    };
+    const auto show = [button, state] { display(*button, *state); };
     const Context<CopyButton> context{view.services(), [weakState = std::weak_ptr(state),
                                                         target = QPointer(button), show](const auto& change) {
                                           if (const auto living = weakState.lock(); living && target) {
@@ -234,6 +238,17 @@ QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const Cop
         state->text.clear(); // it may be large, or secret
         show();
     });
+    return button;
+}
+
+QWidget* copyButton(ViewCore& view, CopyActionParts parts) {
+    CopyButton state{.label = "Copy", .showLabel = parts.look.showLabel};
+    auto* button = new QuietButton(state.title(), state.icon(), parts.look);
+    view.onRefresh([button, state, copied = std::move(parts.copied)]() mutable {
+        state.copied = copied();
+        display(*button, state);
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button, std::move(parts.copy));
     return button;
 }
 

@@ -130,12 +130,22 @@ QWidget* actionButton(ViewCore& view, ActionButtonParts parts);
 
 struct CopyButtonOptions {
     std::string label = "Copy";
+    std::string_view icon = "doc.on.doc";
     QuietButtonOptions look{};
     bool isSecret = false; ///< the text is marked as one that is not to be kept
 };
 
 /// Copies what `text` reads at the time of the press.
 QWidget* copyButton(ViewCore& view, std::function<std::string()> text, const CopyButtonOptions& options);
+
+/// The parts of a copy button whose feedback is kept in the screen's own state.
+struct CopyActionParts {
+    std::function<bool()> copied;
+    std::function<void()> copy;
+    QuietButtonOptions look{};
+};
+
+QWidget* copyButton(ViewCore& view, CopyActionParts parts);
 
 struct QuietButtonParts {
     std::function<std::string()> title;

@@ -1,4 +1,4 @@
-/// A line of one pixel across its column.
+/// A line of one pixel, across its column or down its row.
 #pragma once
 
 #include "Desktop/Kit/Theme.h"
@@ -10,7 +10,12 @@ namespace korvane {
 
 class Divider final : public QWidget {
 public:
-    Divider() { setFixedHeight(1); }
+    explicit Divider(Qt::Orientation orientation = Qt::Horizontal) {
+        if (orientation == Qt::Horizontal)
+            setFixedHeight(1);
+        else
+            setFixedWidth(1);
+    }
 
 protected:
     void paintEvent(QPaintEvent*) override {

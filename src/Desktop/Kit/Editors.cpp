@@ -35,12 +35,11 @@ protected:
 private:
     void applyTheme() {
         // Insets count from the panel's edge; its outline is outside the text area.
-        const auto inset =
-            (m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset) - Size::panelOutline;
+        const auto inset = textInset() - Size::panelOutline;
         const auto left = m_options.lineNumbers ? 0 : inset; // the gutter brings its own distance
         const auto right =
-            (m_options.hasOverlayButton ? Size::overlayReserve : Size::editorInsetRight) - Size::panelOutline;
-        const auto style = m_options.isSmall ? Theme::TextStyle::codeSmall : Theme::TextStyle::code;
+            (m_options.hasOverlayButton ? Size::overlayReserve : endInset()) - Size::panelOutline;
+        const auto style = textStyle();
         m_area->setStyle({.font = Theme::font(style),
                           .lineHeight = Theme::lineHeight(style),
                           .text = Theme::color(Role::primary),
@@ -50,6 +49,20 @@ private:
                           .inset = Theme::margins(left, inset, right, inset),
                           .numberGap = Theme::px(Size::gutterPadding)});
     }
+
+    Theme::TextStyle textStyle() const {
+        if (m_options.isProse)
+            return Theme::TextStyle::prose;
+        return m_options.isSmall ? Theme::TextStyle::codeSmall : Theme::TextStyle::code;
+    }
+
+    int textInset() const {
+        if (m_options.isProse)
+            return Size::proseInset;
+        return m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset;
+    }
+
+    int endInset() const { return m_options.isProse ? Size::proseInset : Size::editorInsetRight; }
 
     TextArea* m_area;
     CodeEditorOptions m_options;

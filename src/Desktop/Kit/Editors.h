@@ -13,6 +13,7 @@ class ViewCore;
 struct CodeEditorOptions {
     bool lineNumbers = true;       ///< without them it is the simple editor, with wider insets
     bool isSmall = false;          ///< smaller text, for panels beside other things
+    bool isProse = false;          ///< text for reading instead of code, with still wider insets
     bool hasOverlayButton = false; ///< keeps the text clear of a button in the top right corner
 };
 

@@ -86,6 +86,13 @@ void Label::display(std::string_view text) {
     setAccessibleName(string);
 }
 
+void Label::setInk(Theme::Ink ink) {
+    if (ink == m_ink)
+        return;
+    m_ink = ink;
+    update();
+}
+
 QSize Label::sizeHint() const {
     return {QFontMetrics(Theme::font(m_style)).horizontalAdvance(text()) + 1, Theme::lineHeight(m_style)};
 }
@@ -108,8 +115,8 @@ QWidget* tag(std::string_view title, PaletteColor color, bool isSmall) {
     return new Tag(title, color, isSmall);
 }
 
-QWidget* emptyPrompt(ViewCore& view, std::string icon, std::function<std::string()> text) {
-    auto* message = new Label({}, TextStyle::body, Role::secondary);
+QWidget* emptyPrompt(ViewCore& view, std::string icon, std::function<std::string()> text, TextStyle style) {
+    auto* message = new Label({}, style, Role::secondary);
     view.onRefresh([message, read = std::move(text)] { message->display(read()); });
     constexpr double glyphOpacity = 0.6;
     return stack(

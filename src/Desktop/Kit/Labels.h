@@ -23,6 +23,7 @@ public:
     Label(std::string_view text, Theme::TextStyle style, Theme::Ink ink = Theme::Role::primary);
 
     void display(std::string_view text);
+    void setInk(Theme::Ink ink);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -103,7 +104,8 @@ QWidget* label(ViewCore& view, std::function<std::string()> text, Theme::TextSty
 QWidget* tag(std::string_view title, PaletteColor color, bool isSmall = false);
 
 /// What an empty place says instead of its content: a glyph above a text, in the middle.
-QWidget* emptyPrompt(ViewCore& view, std::string icon, std::function<std::string()> text);
+QWidget* emptyPrompt(ViewCore& view, std::string icon, std::function<std::string()> text,
+                     Theme::TextStyle style = Theme::TextStyle::body);
 
 /// A card with a figure: `icon` and tint in `color`, the value large, the title below.
 QWidget* statCard(ViewCore& view, std::string title, std::function<std::string()> value, std::string icon,

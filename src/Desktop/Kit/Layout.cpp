@@ -35,12 +35,13 @@ public:
 
     QSize minimumSizeHint() const override { return {0, 0}; }
 
+    bool isNarrow() const { return width() < Theme::px(Size::compactWidth); }
+
 protected:
     void resizeEvent(QResizeEvent* event) override {
-        const bool isNarrow = width() < Theme::px(Size::compactWidth);
         for (auto* child : widget()->findChildren<QWidget*>()) {
             if (auto* button = dynamic_cast<QuietButton*>(child))
-                button->setCompact(isNarrow);
+                button->setCompact(isNarrow());
         }
         QScrollArea::resizeEvent(event);
     }
@@ -134,6 +135,14 @@ QWidget* screen(QWidget* header, std::initializer_list<Item> items) {
     return stack(Qt::Vertical, {.spacing = 0}, {head, new ScreenBody(content)});
 }
 
+bool isInNarrowScreen(const QWidget* widget) {
+    for (; widget; widget = widget->parentWidget()) {
+        if (const auto* body = dynamic_cast<const ScreenBody*>(widget))
+            return body->isNarrow();
+    }
+    return false;
+}
+
 QWidget* wrappingRow(std::initializer_list<Item> items, int spacing) {
     auto* container = new QWidget;
     auto* layout = new WrappingLayout(container, Theme::px(spacing), Theme::px(Size::gapControl));
@@ -143,7 +152,8 @@ QWidget* wrappingRow(std::initializer_list<Item> items, int spacing) {
         else
             layout->addItem(new QSpacerItem(0, 0, QSizePolicy::Expanding));
     }
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // A fixed height would be that of a single line, whatever the width.
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     container->setSizePolicy(policy);
     return container;

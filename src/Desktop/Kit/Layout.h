@@ -73,6 +73,9 @@ QWidget* withWidth(int width, QWidget* widget);
 /// `widget`, taking the room that is left in the stack around it.
 QWidget* growing(QWidget* widget);
 
+/// Whether the screen around `widget` is narrow by now.
+bool isInNarrowScreen(const QWidget* widget);
+
 /// A screen: the header stays, and what is below scrolls when it does not fit. Quiet buttons drop their
 /// labels while the screen is narrow.
 QWidget* screen(QWidget* header, std::initializer_list<Item> items);

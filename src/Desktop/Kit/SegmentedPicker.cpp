@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QRadioButton>
 
+#include <algorithm>
+
 namespace korvane {
 
 using Theme::Role;
@@ -22,14 +24,16 @@ namespace {
 
 class Segment final : public QRadioButton {
 public:
-    Segment(const std::string& title, std::string icon) : m_icon(std::move(icon)) {
+    /// `padding` is what is kept free on either side of the title.
+    Segment(const std::string& title, std::string icon, int padding)
+        : m_icon(std::move(icon)), m_padding(Theme::px(padding)) {
         setText(qString(title));
         setAccessibleName(text());
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     }
 
     QSize sizeHint() const override {
-        return {iconWidth() + 2 * Theme::px(Size::segmentPadding) +
+        return {iconWidth() + 2 * m_padding +
                     QFontMetrics(Theme::font(TextStyle::quietStrong)).horizontalAdvance(text()),
                 Theme::lineHeight(TextStyle::quiet)};
     }
@@ -75,6 +79,7 @@ private:
     }
 
     std::string m_icon;
+    int m_padding;
 };
 
 } // namespace
@@ -84,14 +89,13 @@ QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
     track->setAccessibleName(qString(parts.label));
     track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // however much its segments would grow
     track->setFixedHeight(Theme::px(Size::segmentedHeight));
-    if (parts.width > 0)
-        track->setFixedWidth(Theme::px(parts.width));
     constexpr auto inset = Size::segmentedInset;
     fill(track, Qt::Horizontal, {.spacing = 0, .padding = {inset, inset, inset, inset}}, {});
     for (int index = 0; index < static_cast<int>(parts.titles.size()); ++index) {
         const auto position = static_cast<std::size_t>(index);
         auto* segment =
-            new Segment(parts.titles[position], parts.icons.empty() ? std::string() : parts.icons[position]);
+            new Segment(parts.titles[position], parts.icons.empty() ? std::string() : parts.icons[position],
+                        parts.width > 0 ? 0 : Size::segmentPadding);
         static_cast<QBoxLayout*>(track->layout())->addWidget(segment, parts.icons.empty() ? 1 : 0);
         giveFocusRing(segment, track, Size::radiusMedium);
         QObject::connect(segment, &QRadioButton::toggled, segment, [select = parts.select, index](bool isOn) {
@@ -105,6 +109,8 @@ QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
             segment->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus);
         });
     }
+    if (parts.width > 0) // but titles are never cut off, whatever the font
+        track->setFixedWidth(std::max(Theme::px(parts.width), track->layout()->sizeHint().width()));
     return track;
 }
 

@@ -18,7 +18,7 @@ struct SegmentedPickerParts {
     std::string label; ///< the accessible name of the whole
     std::vector<std::string> titles;
     std::vector<std::string> icons; ///< before the titles; empty: none
-    int width;                      ///< in pixels at a 13-pixel body text; 0: as wide as its titles need
+    int width; ///< at least, in pixels at a 13-pixel body text; 0: as wide as its titles need
     std::function<int()> selected;
     std::function<void(int)> select;
 };

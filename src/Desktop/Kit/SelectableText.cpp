@@ -1,5 +1,6 @@
 #include "Desktop/Kit/SelectableText.h"
 
+#include "Desktop/Kit/SecretText.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/ViewCore.h"
 
@@ -59,12 +60,16 @@ void SelectableText::wheelEvent(QWheelEvent* event) {
     event->ignore(); // there is nothing to scroll in here, but perhaps around it
 }
 
+QMimeData* SelectableText::createMimeDataFromSelection() const {
+    return m_options.isSecret ? secretText(qString(selectedText())) : TextArea::createMimeDataFromSelection();
+}
+
 void SelectableText::applyTheme() {
     m_applying = true;
     setStyle({.font = Theme::font(m_options.style),
               .lineHeight = Theme::lineHeight(m_options.style),
               .text = Theme::color(m_options.ink),
-              .placeholder = Theme::color(Theme::Role::placeholder),
+              .placeholder = Theme::color(m_options.placeholderInk),
               .number = {},
               .selection = Theme::color(Theme::Role::selection)});
     m_applying = false;

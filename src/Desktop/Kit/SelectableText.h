@@ -17,6 +17,8 @@ struct SelectableTextOptions {
     Theme::Ink ink = Theme::Role::primary;
     Qt::Alignment alignment = Qt::AlignLeft;
     std::string placeholder{};
+    Theme::Ink placeholderInk = Theme::Role::placeholder;
+    bool isSecret = false; ///< what is selected is copied as a secret
 };
 
 class SelectableText final : public TextArea {
@@ -32,6 +34,7 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
 
 private:
     void applyTheme();

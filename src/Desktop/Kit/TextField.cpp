@@ -33,7 +33,8 @@ QWidget* textField(ViewCore& view, TextFieldParts parts) {
     auto* edit = new LineEdit(options.style);
     edit->setAccessibleName(qString(parts.name));
     edit->setPlaceholderText(qString(options.placeholder));
-    auto* field = new Surface([] { return Theme::color(Role::panelFill); }, Size::radiusMedium,
+    const auto radius = options.height < Size::fieldHeight ? Size::radiusSmall : Size::radiusMedium;
+    auto* field = new Surface([fill = options.fill] { return Theme::color(fill); }, radius,
                               [] { return Theme::color(Role::outline); });
     field->setFocusProxy(edit);
     field->setFixedHeight(Theme::px(options.height));
@@ -44,12 +45,16 @@ QWidget* textField(ViewCore& view, TextFieldParts parts) {
     fill(field, Qt::Horizontal,
          {.spacing = Size::fieldGap, .padding = {Size::fieldPadding, 0, Size::fieldPadding, 0}},
          {affix(view, options.leading, options.style), edit, affix(view, options.trailing, options.style)});
-    giveFocusRing(edit, field, Size::radiusMedium);
+    giveFocusRing(edit, field, radius);
     QObject::connect(edit, &QLineEdit::textEdited, edit,
                      [set = parts.setText](const QString& text) { set(utf8String(text)); });
     if (options.submit)
         QObject::connect(edit, &QLineEdit::returnPressed, edit, options.submit);
-    view.onRefresh([edit, text = parts.text] { edit->display(text()); });
+    view.onRefresh([edit, text = parts.text, placeholder = options.changingPlaceholder] {
+        edit->display(text());
+        if (placeholder)
+            edit->setPlaceholderText(qString(placeholder()));
+    });
     return field;
 }
 

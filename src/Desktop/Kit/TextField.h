@@ -14,7 +14,9 @@ class ViewCore;
 
 struct TextFieldOptions {
     std::string placeholder{};
+    std::function<std::string()> changingPlaceholder{}; ///< in its place, where it depends on the state
     Theme::TextStyle style = Theme::TextStyle::body;
+    Theme::Role fill = Theme::Role::panelFill;
     int width = 0; ///< in pixels at a 13-pixel body text; 0: takes the room that is left
     int height = Theme::Size::fieldHeight;
     std::function<std::string()> leading{};  ///< a fixed text before what is typed, in the secondary colour

@@ -69,6 +69,8 @@ enum class Tint {
     toggleOutline = 40,
     headerFrom = 30,
     headerTo = 10,
+    checkerEven = 30,
+    checkerOdd = 10,
 };
 
 enum class TextStyle {
@@ -80,6 +82,8 @@ enum class TextStyle {
     body,
     bodyMedium,
     bodyStrong,
+    bodyBold,
+    prose, ///< for reading more than a line
     subheadline,
     caption,
     button,
@@ -90,6 +94,7 @@ enum class TextStyle {
     toolNameStrong,
     menu,
     stat,
+    pill, ///< the figure of a small counter
     code,
     codeMedium,
     codeSmall,
@@ -130,7 +135,7 @@ struct Size {
     static constexpr int tagWidth = 70, tagHeight = 28, tagSmallHeight = 24;
     static constexpr int cardPadding = 12;
     static constexpr int promptGlyph = 28;
-    static constexpr int gapGroup = 16, gapSectionWide = 20;
+    static constexpr int gapGroup = 16, gapSectionWide = 20, gapBulk = 24;
     static constexpr int badgePaddingX = 12, badgePaddingY = 8, badgeGlyph = 14, badgeLine = 16;
     static constexpr int headingGlyph = 12;
     static constexpr int statGlyph = 18, statPadding = 12, statGap = 4;
@@ -142,12 +147,27 @@ struct Size {
     static constexpr int focusWidth = 2;
     static constexpr int treeRow = 20, treeIndent = 20, treeChevronBox = 16, treeChevron = 10, treeGlyph = 11,
                          treeValueGap = 8, treeGap = 4, treePaddingX = 8, treePaddingY = 10;
+    static constexpr int historyHeader = 40, historyHeaderLeft = 12, historyHeaderRight = 8,
+                         historyPadding = 8, historyRow = 36, historyRowPadding = 10, historyButtonInset = 4,
+                         historyDot = 8, historyGap = 12;
+    static constexpr int strengthWidth = 100, strengthHeight = 6, strengthGap = 4;
+    static constexpr int heroPaddingX = 16, heroPaddingY = 20, proseInset = 16, pillWidth = 84,
+                         pillPadding = 8;
+    static constexpr int calendarDayWidth = 28, calendarDayHeight = 24, calendarHeading = 20, calendarGap = 2;
+    static constexpr int timeFieldHeight = 28, timeFieldLeft = 10, timeFieldRight = 6, timeFieldGap = 4,
+                         timeFieldGlyph = 11;
+    static constexpr int valueCardGap = 10, valueCardGlyph = 16, valueCardTextTop = 3, valueRowsEdge = 2;
+    static constexpr int swatchHeight = 150, checkerCell = 10;
+    static constexpr int colorWellWidth = 44, colorWellHeight = 28, colorWellInset = 4, colorWellRadius = 3;
     static constexpr int compactWidth = 640;
     static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
                          welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,
                          welcomeTileGlyph = 20, welcomeBottom = 36;
     static constexpr int menuRow = 26, menuPadding = 10, menuInset = 4, menuMinimumWidth = 140;
 };
+
+/// The width of an outline that marks one card among several, in pixels.
+inline constexpr double strongOutline = 1.5;
 
 /// How long a change of state takes to show, in milliseconds.
 inline constexpr int motion = 200;

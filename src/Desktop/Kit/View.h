@@ -164,8 +164,7 @@ public:
                                           .options = std::move(options)});
     }
 
-    /// A segment for each case of the enumeration that `reader` reads, titled with its raw value. `width` is
-    /// in pixels at a 13-pixel body text; 0 stands for what the titles need.
+    /// A segment for each case of the enumeration that `reader` reads, with its title. `width` is in pixels at a 13-pixel body text; 0 stands for what the titles need.
     template <typename Reader, typename Setter>
     QWidget* segmentedPicker(std::string label, Reader reader, Setter setter, int width,
                              SegmentIcons icons = SegmentIcons::hidden) {
@@ -173,7 +172,7 @@ public:
         std::vector<std::string> titles;
         std::vector<std::string> glyphs;
         for (const auto value : allCases<E>) {
-            titles.emplace_back(rawValue(value));
+            titles.emplace_back(title(value));
             if constexpr (requires { icon(value); }) {
                 if (icons == SegmentIcons::shown)
                     glyphs.emplace_back(icon(value));

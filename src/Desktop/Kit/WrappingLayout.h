@@ -19,6 +19,8 @@ public:
     QLayoutItem* itemAt(int index) const override;
     QLayoutItem* takeAt(int index) override;
 
+    Qt::Orientations expandingDirections() const override { return Qt::Horizontal; }
+
     bool hasHeightForWidth() const override { return true; }
 
     int heightForWidth(int width) const override;

@@ -22,18 +22,24 @@ QWidget* toolView(Tool tool, Services& services) {
         return jsonFormatterScreen(services);
     case Tool::base64:
         return base64Screen(services);
+    case Tool::uuidGenerator:
+        return uuidGeneratorScreen(services);
+    case Tool::timestamp:
+        return timestampScreen(services);
+    case Tool::colorPicker:
+        return colorPickerScreen(services);
+    case Tool::numberBase:
+        return numberBaseScreen(services);
+    case Tool::loremIpsum:
+        return loremIpsumScreen(services);
+    case Tool::passwordGenerator:
+        return passwordGeneratorScreen(services);
     case Tool::urlEncoder:
     case Tool::jwtDecoder:
     case Tool::hashGenerator:
-    case Tool::uuidGenerator:
-    case Tool::timestamp:
     case Tool::regexTester:
-    case Tool::colorPicker:
     case Tool::textDiff:
     case Tool::textTransformer:
-    case Tool::numberBase:
-    case Tool::loremIpsum:
-    case Tool::passwordGenerator:
     case Tool::markdownPreview:
     case Tool::imageConverter:
         return displayName(tool);

@@ -11,7 +11,13 @@ namespace korvane {
 struct Services;
 
 QWidget* base64Screen(Services& services);
+QWidget* colorPickerScreen(Services& services);
 QWidget* jsonFormatterScreen(Services& services);
+QWidget* loremIpsumScreen(Services& services);
+QWidget* numberBaseScreen(Services& services);
+QWidget* passwordGeneratorScreen(Services& services);
+QWidget* timestampScreen(Services& services);
+QWidget* uuidGeneratorScreen(Services& services);
 
 /// The screen of `tool`, or its display name while there is no screen yet.
 QWidget* toolView(Tool tool, Services& services);

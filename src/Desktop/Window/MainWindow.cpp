@@ -2,6 +2,7 @@
 
 #include "Desktop/Kit/Editors.h"
 #include "Desktop/Kit/FocusRing.h"
+#include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Window/Menus.h"
@@ -11,6 +12,7 @@
 #include "Desktop/Window/WelcomeScreen.h"
 #include "Desktop/Window/WindowEdges.h"
 
+#include <QAbstractSpinBox>
 #include <QEvent>
 #include <QMenuBar>
 #include <QPainter>
@@ -22,10 +24,12 @@ namespace korvane {
 
 namespace {
 
-/// The control of `screen` that takes the text which the tool works on.
+/// The control of `screen` that takes the text which the tool works on. A text that is only shown is none,
+/// nor is the number in a stepper.
 QWidget* firstEditor(QWidget* screen) {
     for (auto* child : screen->findChildren<QWidget*>()) {
-        if (holdsText(child))
+        const bool isNumber = qobject_cast<QAbstractSpinBox*>(child->parentWidget()) != nullptr;
+        if (holdsText(child) && !isNumber && !child->property("readOnly").toBool())
             return child;
     }
     return nullptr;
@@ -97,9 +101,13 @@ void MainWindow::showSelectedTool() {
     delete m_screen;
     m_screen = tool ? toolView(*tool, m_view.services()) : welcomeScreen();
     m_detail->addWidget(m_screen, 1);
+    m_screen->setAccessibleName(tool ? qString(rawValue(*tool)) : QString());
     m_screen->show();
-    if (auto* editor = firstEditor(m_screen); editor && takesFocus)
-        editor->setFocus(Qt::OtherFocusReason);
+    if (!takesFocus)
+        return;
+    // Where there is nothing to type into, the next Tab goes to the screen's first control.
+    auto* editor = firstEditor(m_screen);
+    (editor ? editor : m_screen)->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

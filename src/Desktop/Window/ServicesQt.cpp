@@ -1,5 +1,6 @@
 #include "Desktop/Window/ServicesQt.h"
 
+#include "Desktop/Kit/SecretText.h"
 #include "Desktop/Kit/Strings.h"
 
 #include <QClipboard>
@@ -23,10 +24,7 @@ void ServicesQt::ClipboardQt::setText(std::string_view text) {
 }
 
 void ServicesQt::ClipboardQt::setSecret(std::string_view text) {
-    auto* content = new QMimeData;
-    content->setText(qString(text));
-    content->setData("x-kde-passwordManagerHint", "secret");
-    QGuiApplication::clipboard()->setMimeData(content);
+    QGuiApplication::clipboard()->setMimeData(secretText(qString(text)));
 }
 
 void ServicesQt::TimersQt::after(std::chrono::milliseconds delay, std::function<void()> action) {

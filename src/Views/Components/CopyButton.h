@@ -18,10 +18,11 @@ struct CopyButton {
     std::string text{};
     std::string label{};
     bool showLabel = true;
-    bool isSecret = false; ///< the text is not one for programs that remember the clipboard
+    std::string_view idleIcon = "doc.on.doc"; ///< the name of a glyph, which outlives the button
+    bool isSecret = false;               ///< the text is not one for programs that remember the clipboard
     bool copied = false;
 
-    std::string_view icon() const { return copied ? "checkmark" : "doc.on.doc"; }
+    std::string_view icon() const { return copied ? "checkmark" : idleIcon; }
 
     std::string_view title() const { return copied ? std::string_view("Copied!") : std::string_view(label); }
 

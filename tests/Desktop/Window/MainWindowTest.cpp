@@ -126,6 +126,13 @@ TEST_F(MainWindowTest, TheFocusRingFollowsTheFocusFromScreenToScreen) {
     EXPECT_TRUE(ringOn(screen.editor("Input")));
 }
 
+TEST_F(MainWindowTest, TabGoesToTheFirstControlWhereThereIsNothingToTypeInto) {
+    QTest::keyClick(&window, '6', Qt::ControlModifier);
+    ASSERT_EQ(selectedTool(), Tool::uuidGenerator);
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), &screen.button("Uppercase"));
+}
+
 TEST_F(MainWindowTest, AScreenStartsFromItsDefaultsEveryTime) {
     screen.type("Input", "[1]");
     screen.press("Prettify");

@@ -34,6 +34,14 @@ TEST_F(CopyButtonTest, CopiesAndSaysSoForOneAndAHalfSeconds) {
     EXPECT_EQ(button.title(), "Copy");
 }
 
+TEST_F(CopyButtonTest, MarksASecret) {
+    press();
+    EXPECT_FALSE(fakes.clipboard.isSecret);
+    button.isSecret = true;
+    press();
+    EXPECT_TRUE(fakes.clipboard.isSecret);
+}
+
 TEST_F(CopyButtonTest, RevertsOneAndAHalfSecondsAfterTheFirstOfSeveralPresses) {
     press();
     fakes.timers.advance(1000ms);

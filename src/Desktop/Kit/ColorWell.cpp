@@ -1,0 +1,162 @@
+#include "Desktop/Kit/ColorWell.h"
+
+#include "Desktop/Kit/FocusRing.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QAbstractButton>
+#include <QColorDialog>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointer>
+
+#include <utility>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+
+namespace {
+
+/// Black stands for a colour that is not in sRGB, as in the texts.
+QColor qColor(const Color& color) {
+    const auto shown = color.sRGB().value_or(Color());
+    return QColor::fromRgbF(static_cast<float>(shown.red), static_cast<float>(shown.green),
+                            static_cast<float>(shown.blue));
+}
+
+/// The dialog shows and counts channels in whole numbers from 0 to 255, whatever the toolkit's colour holds.
+Color colorOf(const QColor& color) {
+    return Color::fromChannels(color.red(), color.green(), color.blue());
+}
+
+class WellButton final : public QAbstractButton {
+public:
+    explicit WellButton(ColorWellParts parts) : m_parts(std::move(parts)) {
+        setText(qString(m_parts.label));
+        setAccessibleName(text());
+        setToolTip(text());
+        setFocusPolicy(Qt::TabFocus);
+        setAttribute(Qt::WA_Hover);
+        setFixedSize(Theme::px(Size::colorWellWidth), Theme::px(Size::colorWellHeight));
+        giveFocusRing(this, this, Size::radiusSmall);
+        connect(this, &QAbstractButton::clicked, this, [this] { openDialog(); });
+    }
+
+    QSize sizeHint() const override { return minimumSize(); }
+
+    void display(const Color& color) {
+        if (color == m_color)
+            return;
+        m_color = color;
+        // Where the dialog shows the colour already, it may know more of it, such as the hue of a gray.
+        if (m_dialog && colorOf(m_dialog->currentColor()) != color)
+            m_dialog->setCurrentColor(qColor(color));
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const auto fill = isDown()       ? Role::controlPressed
+                          : underMouse() ? Role::controlHover
+                                         : Role::controlFill;
+        paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::color(fill),
+                     Theme::color(Role::outline));
+        const auto inset = Theme::px(Size::colorWellInset);
+        paintSurface(painter, rect().adjusted(inset, inset, -inset, -inset), Theme::px(Size::colorWellRadius),
+                     qColor(m_color));
+    }
+
+private:
+    void openDialog() {
+        if (!m_dialog)
+            m_dialog = newDialog();
+        m_dialog->show();
+        m_dialog->raise();
+        m_dialog->activateWindow();
+    }
+
+    QColorDialog* newDialog() {
+        auto* dialog = new QColorDialog(qColor(m_color), this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->setAttribute(Qt::WA_WindowPropagation); // of the window's palette
+        dialog->setOption(QColorDialog::DontUseNativeDialog);
+        dialog->setWindowTitle(text());
+        connect(dialog, &QColorDialog::currentColorChanged, this,
+                [this](const QColor& color) { m_parts.setColor(colorOf(color)); });
+        connect(dialog, &QDialog::rejected, this, [this, before = m_color] { m_parts.setColor(before); });
+        return dialog;
+    }
+
+    ColorWellParts m_parts;
+    Color m_color{};
+    QPointer<QColorDialog> m_dialog{};
+};
+
+class Swatch final : public QWidget {
+public:
+    explicit Swatch(const std::string& label) {
+        setAccessibleName(qString(label));
+        setFixedHeight(Theme::px(Size::swatchHeight));
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    }
+
+    void display(const Color& color, double opacity) {
+        auto shown = qColor(color);
+        shown.setAlphaF(static_cast<float>(opacity));
+        if (shown == m_color)
+            return;
+        m_color = shown;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const auto radius = Theme::px(Size::radiusExtraLarge);
+        QPainterPath outline;
+        outline.addRoundedRect(rect(), radius, radius);
+        painter.setClipPath(outline);
+        paintCheckerboard(painter);
+        painter.fillRect(rect(), m_color);
+        painter.setClipping(false);
+        painter.setPen(Theme::color(Role::outline));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    }
+
+private:
+    void paintCheckerboard(QPainter& painter) const {
+        const auto cell = Theme::px(Size::checkerCell);
+        for (int row = 0; row * cell < height(); ++row) {
+            for (int column = 0; column * cell < width(); ++column) {
+                const bool isEven = (row + column) % 2 == 0;
+                painter.fillRect(column * cell, row * cell, cell, cell,
+                                 Theme::withTint(PaletteColor::gray, isEven ? Theme::Tint::checkerEven
+                                                                            : Theme::Tint::checkerOdd));
+            }
+        }
+    }
+
+    QColor m_color{};
+};
+
+} // namespace
+
+QWidget* colorWell(ViewCore& view, ColorWellParts parts) {
+    auto* well = new WellButton(parts);
+    view.onRefresh([well, color = std::move(parts.color)] { well->display(color()); });
+    return well;
+}
+
+QWidget* colorSwatch(ViewCore& view, ColorSwatchParts parts) {
+    auto* swatch = new Swatch(parts.label);
+    view.onRefresh([swatch, parts = std::move(parts)] { swatch->display(parts.color(), parts.opacity()); });
+    return swatch;
+}
+
+} // namespace korvane

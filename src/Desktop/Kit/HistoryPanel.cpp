@@ -1,0 +1,308 @@
+#include "Desktop/Kit/HistoryPanel.h"
+
+#include "Desktop/Kit/Buttons.h"
+#include "Desktop/Kit/Divider.h"
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/OverlayScrollBar.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/RowList.h"
+#include "Desktop/Kit/RowText.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+#include "Utilities/DateText.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QEvent>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <utility>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+using Moment = std::chrono::system_clock::time_point;
+
+/// The times of day of rows. Neighbours are mostly of the same minute, and it takes the calendar's rules and
+/// the zone's to tell.
+class TimeTexts {
+public:
+    const QString& of(Moment moment) {
+        const auto minute = std::chrono::floor<std::chrono::minutes>(moment);
+        if (minute != m_minute) {
+            m_minute = minute;
+            const std::chrono::duration<double> seconds = minute.time_since_epoch();
+            m_text = qString(DateText::shortTime(seconds.count()).value_or(""));
+        }
+        return m_text;
+    }
+
+private:
+    std::optional<std::chrono::time_point<std::chrono::system_clock, std::chrono::minutes>> m_minute;
+    QString m_text;
+};
+
+/// The rows, and over their right ends the buttons.
+class HistoryList final : public QWidget {
+public:
+    HistoryList(ViewCore& view, std::string_view name, std::function<std::vector<HistoryRow>()> rows,
+                bool isSecret)
+        : m_view(view),
+          m_read(std::move(rows)),
+          m_isSecret(isSecret),
+          m_list(new RowList(source())),
+          m_buttonStrip(new QWidget(this)) {
+        m_list->setParent(this);
+        m_list->lower();
+        m_list->setAccessibleName(qString(name));
+        setFocusProxy(m_list);
+        new OverlayScrollBar(Qt::Vertical, m_list, this);
+        m_list->onActivate = [this](int row) { press(row); };
+        m_list->onKey = [this](QKeyEvent* event) {
+            const bool isPress = event->matches(QKeySequence::Copy) || event->key() == Qt::Key_Space;
+            if (isPress && m_list->currentRow() >= 0)
+                press(m_list->currentRow());
+            return isPress;
+        };
+        m_buttonStrip->installEventFilter(this);
+        QObject::connect(m_list->verticalScrollBar(), &QScrollBar::valueChanged, this,
+                         [this] { placeButtons(); });
+    }
+
+    void refresh() {
+        auto rows = m_read();
+        if (rows == m_rows)
+            return;
+        m_rows = std::move(rows);
+        m_list->reload();
+        placeButtons();
+    }
+
+protected:
+    void resizeEvent(QResizeEvent*) override {
+        m_list->setGeometry(rect());
+        placeButtons();
+    }
+
+    /// The pointer over a button scrolls the list like the pointer beside it.
+    void wheelEvent(QWheelEvent* event) override { QApplication::sendEvent(m_list->viewport(), event); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == m_buttonStrip && event->type() == QEvent::LayoutRequest)
+            placeButtons(); // a button has another width
+        if (watched != m_buttonStrip && event->type() == QEvent::FocusIn)
+            reveal(static_cast<QWidget*>(watched));
+        return QWidget::eventFilter(watched, event);
+    }
+
+private:
+    /// By what a button belongs to its row, wherever that stands. A row with another text is another one.
+    using Key = std::pair<UUID, std::string>;
+
+    static Key keyOf(const HistoryRow& row) { return {row.id, row.text}; }
+
+    RowSource source() {
+        return {.count = [this] { return static_cast<int>(m_rows.size()); },
+                .name = [this](int row) { return spokenName(rowAt(row)); },
+                .paint = [this](QPainter& painter, const QRect& rect, int row,
+                                RowState state) { paint(painter, rect, rowAt(row), state); },
+                .toolTip = [this](int row) { return toolTip(rowAt(row)); },
+                .height = Theme::px(Size::historyRow) + Theme::px(Size::gapList),
+                .topPadding = Theme::px(Size::historyPadding)};
+    }
+
+    static int padding() { return Theme::px(Size::historyPadding - Size::panelOutline); }
+
+    const HistoryRow& rowAt(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
+
+    std::string spokenName(const HistoryRow& row) {
+        auto name = row.text;
+        for (const auto& part : {row.note, utf8String(m_times.of(row.time))}) {
+            if (!part.empty())
+                name.append(", ").append(part);
+        }
+        return name;
+    }
+
+    std::string toolTip(const HistoryRow& row) const {
+        return row.note.empty() ? row.text : row.text + "\n" + row.note;
+    }
+
+    void press(int row) {
+        m_list->scrollTo(m_list->model()->index(row, 0));
+        placeButtons();
+        if (const auto button = m_buttons.find(keyOf(rowAt(row))); button != m_buttons.end())
+            button->second->click();
+    }
+
+    /// Makes the row of a button that the focus has come to the current one, all of it visible.
+    void reveal(const QWidget* button) {
+        for (std::size_t row = 0; row < m_rows.size(); ++row) {
+            const auto found = m_buttons.find(keyOf(m_rows[row]));
+            if (found != m_buttons.end() && found->second == button)
+                m_list->setCurrentRow(static_cast<int>(row));
+        }
+    }
+
+    QAbstractButton* newButton(const std::string& text) {
+        auto* button = static_cast<QuietButton*>(
+            copyButton(m_view, [text] { return text; },
+                       {.look = {.dropsLabel = true, .subject = text}, .isSecret = m_isSecret}));
+        button->setParent(m_buttonStrip);
+        button->setCompact(isInNarrowScreen(this));
+        button->installEventFilter(this);
+        button->show();
+        return button;
+    }
+
+    /// Gives each visible row its button.
+    void placeButtons() {
+        auto before = std::exchange(m_buttons, {});
+        std::vector<std::pair<QAbstractButton*, int>> places;
+        for (std::size_t row = 0; row < m_rows.size(); ++row) {
+            const auto index = m_list->model()->index(static_cast<int>(row), 0);
+            const auto rect = m_list->visualRect(index);
+            if (!rect.intersects(m_list->viewport()->rect()))
+                continue;
+            const auto known = before.extract(keyOf(m_rows[row]));
+            auto* button = known ? known.mapped() : newButton(m_rows[row].text);
+            m_buttons.emplace(keyOf(m_rows[row]), button);
+            places.emplace_back(button, rect.top());
+        }
+        for (const auto& [key, button] : before)
+            discard(button);
+        arrange(places);
+        m_list->viewport()->update();
+    }
+
+    void discard(QAbstractButton* button) {
+        if (button->hasFocus())
+            m_list->setFocus();
+        button->hide();
+        button->deleteLater(); // it may be the one that is being pressed
+    }
+
+    /// Sets the buttons, given with the tops of their rows, into the strip, and in the tab order. The strip
+    /// cuts them off where the list cuts off its rows.
+    void arrange(const std::vector<std::pair<QAbstractButton*, int>>& places) {
+        int stripWidth = 0;
+        for (const auto& [button, top] : places)
+            stripWidth = std::max(stripWidth, button->sizeHint().width());
+        const auto right = width() - padding() - Theme::px(Size::historyButtonInset);
+        const auto rows = m_list->viewport()->geometry();
+        m_buttonStrip->setGeometry(right - stripWidth, rows.top(), stripWidth, rows.height());
+        QWidget* previous = m_list;
+        for (const auto& [button, top] : places) {
+            const auto size = button->sizeHint();
+            const auto inset = (Theme::px(Size::historyRow) - size.height()) / 2;
+            button->setGeometry(QRect(QPoint(stripWidth - size.width(), top + inset), size));
+            setTabOrder(previous, button);
+            previous = button;
+        }
+    }
+
+    void paint(QPainter& painter, const QRect& area, const HistoryRow& row, RowState state) {
+        const QRectF rect(padding(), area.top(), width() - 2 * padding(), Theme::px(Size::historyRow));
+        const auto fill = [&](Role role) {
+            painter.setBrush(Theme::color(role));
+            painter.drawRoundedRect(rect, Theme::px(Size::radiusSmall), Theme::px(Size::radiusSmall));
+        };
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        fill(Role::panelFill);
+        if (state.isCurrent || state.isHovered)
+            fill(state.isCurrent ? Role::selection : Role::rowHover);
+
+        auto left = rect.left() + Theme::px(Size::historyRowPadding);
+        if (row.dot) {
+            const auto side = Theme::px(Size::historyDot);
+            painter.setBrush(Theme::hue(*row.dot));
+            painter.drawEllipse(QRectF(left, rect.center().y() - side / 2.0, side, side));
+            left += side + gap(row);
+        }
+        const auto right = paintTime(painter, rect, row) - gap(row);
+        const auto font = Theme::font(TextStyle::codeSmall);
+        const auto text =
+            QFontMetrics(font).elidedText(qString(row.text), Qt::ElideRight, static_cast<int>(right - left));
+        painter.setFont(font);
+        painter.setPen(Theme::color(Role::primary));
+        painter.drawText(QRectF(left, rect.top(), right - left, rect.height()),
+                         Qt::AlignVCenter | Qt::AlignLeft, text);
+    }
+
+    /// Paints the time of day left of the row's button, and returns where it begins.
+    double paintTime(QPainter& painter, const QRectF& rect, const HistoryRow& row) {
+        const auto font = Theme::font(TextStyle::caption);
+        const auto& text = m_times.of(row.time);
+        const auto button = m_buttons.find(keyOf(row));
+        const auto buttonWidth = button == m_buttons.end() ? 0 : button->second->width();
+        const auto right = rect.right() - Theme::px(Size::historyButtonInset) - buttonWidth - gap(row);
+        const auto left = right - QFontMetrics(font).horizontalAdvance(text);
+        painter.setFont(font);
+        painter.setPen(Theme::color(Role::secondary));
+        painter.drawText(QRectF(left, rect.top(), right - left + 1, rect.height()),
+                         Qt::AlignVCenter | Qt::AlignLeft, text);
+        return left;
+    }
+
+    static int gap(const HistoryRow& row) { return Theme::px(row.dot ? Size::gapControl : Size::historyGap); }
+
+    ViewCore& m_view;
+    std::function<std::vector<HistoryRow>()> m_read;
+    bool m_isSecret;
+    std::vector<HistoryRow> m_rows;
+    std::map<Key, QAbstractButton*> m_buttons; ///< of the visible rows
+    TimeTexts m_times;
+    RowList* m_list;
+    QWidget* m_buttonStrip;
+};
+
+} // namespace
+
+QWidget* historyPanel(ViewCore& view, HistoryPanelParts parts) {
+    auto* list = new HistoryList(view, "History", parts.rows, parts.options.isSecret);
+    view.onRefresh([list] { list->refresh(); });
+    const QuietButtonOptions plain{.isPlain = true};
+    const auto never = [] { return false; };
+    constexpr auto outline = Size::panelOutline; // around the content, and counted with it
+    auto* header =
+        stack(Qt::Horizontal,
+              {.spacing = Size::gapList,
+               .padding = {Size::historyHeaderLeft - outline, 0, Size::historyHeaderRight - outline, 0}},
+              {label(view, parts.title, TextStyle::headline, Role::primary, {}), stretch(),
+               quietButton(view, {.title = [] { return "Copy All"; },
+                                  .icon = "doc.on.doc",
+                                  .isDisabled = never,
+                                  .action = parts.copyAll,
+                                  .look = plain}),
+               quietButton(view, {.title = [] { return "Clear"; },
+                                  .icon = "trash",
+                                  .isDisabled = never,
+                                  .action = parts.clear,
+                                  .look = plain})});
+    auto* prompt = emptyPrompt(
+        view, "clock.badge.questionmark", [text = parts.options.prompt] { return text; },
+        TextStyle::subheadline);
+    auto* content =
+        stack(Qt::Vertical, {.spacing = 0},
+              {withHeight(Size::historyHeader - outline, header), new Divider,
+               growing(either(view, [rows = parts.rows] { return !rows().empty(); }, list, prompt))});
+    content->setFocusProxy(list);
+    return new Panel(content);
+}
+
+} // namespace korvane

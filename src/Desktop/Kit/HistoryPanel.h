@@ -1,0 +1,57 @@
+/// The values that a screen has generated, newest on top, under a title with buttons for all of them. Each
+/// row shows a value and the time of day, and has a button that copies it. The rows are items of a real list;
+/// the buttons are real ones too, of which only those of the visible rows exist.
+#pragma once
+
+#include "Desktop/Kit/View.h"
+#include "Models/PaletteColor.h"
+#include "Utilities/UUID.h"
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+class QWidget;
+
+namespace korvane {
+
+struct HistoryRow {
+    UUID id{};          ///< of the entry, by which it is known wherever it stands
+    std::string text{}; ///< shown and copied
+    std::chrono::system_clock::time_point time{};
+    std::optional<PaletteColor> dot{}; ///< a dot before the text
+    std::string note{};                ///< what the dot says
+
+    bool operator==(const HistoryRow&) const = default;
+};
+
+struct HistoryPanelOptions {
+    std::string prompt{};  ///< stands in the panel while the history is empty
+    bool isSecret = false; ///< whether values are copied as secrets
+};
+
+struct HistoryPanelParts {
+    std::function<std::string()> title;
+    std::function<std::vector<HistoryRow>()> rows;
+    std::function<void()> copyAll;
+    std::function<void()> clear;
+    HistoryPanelOptions options{};
+};
+
+/// In the list, Return, Space and the keys for Copy press the button of the current row.
+QWidget* historyPanel(ViewCore& view, HistoryPanelParts parts);
+
+template <typename State, typename Title, typename Rows, typename CopyAll, typename Clear>
+QWidget* historyPanel(View<State>& view, Title title, Rows rows, CopyAll copyAll, Clear clear,
+                      HistoryPanelOptions options) {
+    return historyPanel(view, HistoryPanelParts{.title = view.template reading<std::string>(title),
+                                                .rows = view.template reading<std::vector<HistoryRow>>(rows),
+                                                .copyAll = view.performing(copyAll),
+                                                .clear = view.performing(clear),
+                                                .options = std::move(options)});
+}
+
+} // namespace korvane

@@ -1,0 +1,67 @@
+#include "Desktop/Kit/StrengthMeter.h"
+
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QPainter>
+#include <QWidget>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+class StrengthBars final : public QWidget {
+public:
+    StrengthBars() { setFixedSize(Theme::px(Size::strengthWidth), Theme::px(Size::strengthHeight)); }
+
+    void display(PasswordStrength strength) {
+        if (strength == m_strength)
+            return;
+        m_strength = strength;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr auto& steps = allCases<PasswordStrength>;
+        const auto gap = Theme::px(Size::strengthGap);
+        const auto radius = Theme::px(Size::radiusBar);
+        const auto barWidth =
+            (width() - gap * static_cast<double>(steps.size() - 1)) / static_cast<double>(steps.size());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        double left = 0;
+        for (const auto step : steps) {
+            painter.setBrush(step <= m_strength ? Theme::hue(color(m_strength))
+                                                : Theme::color(Role::outline));
+            painter.drawRoundedRect(QRectF(left, 0, barWidth, height()), radius, radius);
+            left += barWidth + gap;
+        }
+    }
+
+private:
+    PasswordStrength m_strength = PasswordStrength::veryWeak;
+};
+
+} // namespace
+
+QWidget* strengthMeter(ViewCore& view, std::function<PasswordStrength()> strength) {
+    auto* bars = new StrengthBars;
+    auto* word = new Label({}, TextStyle::bodyStrong);
+    view.onRefresh([bars, word, read = std::move(strength)] {
+        const auto current = read();
+        bars->display(current);
+        word->display(label(current));
+        word->setInk(color(current));
+    });
+    return stack(Qt::Horizontal, {.spacing = Size::optionGap}, {bars, word});
+}
+
+} // namespace korvane

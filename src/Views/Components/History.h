@@ -1,0 +1,38 @@
+/// What the histories of generated values have in common. Each keeps its newest entries, in front the last
+/// one.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+/// Puts `entry` in front of `history`, which keeps no more than `limit` entries.
+template <typename Entry>
+void addToHistory(std::vector<Entry>& history, Entry entry, std::size_t limit) {
+    history.insert(history.begin(), std::move(entry));
+    if (history.size() > limit)
+        history.erase(history.begin() + static_cast<std::ptrdiff_t>(limit), history.end());
+}
+
+/// The heading of a history of so many entries, such as "History (3)".
+inline std::string historyTitle(std::size_t count) {
+    return "History (" + std::to_string(count) + ")";
+}
+
+/// What `textOf` gives for each entry, a line each, without a line feed at the end.
+template <typename Entry, typename Text>
+std::string historyText(const std::vector<Entry>& history, Text textOf) {
+    std::string lines;
+    for (const auto& entry : history) {
+        if (&entry != &history.front())
+            lines += '\n';
+        lines += std::invoke(textOf, entry);
+    }
+    return lines;
+}
+
+} // namespace korvane

@@ -1,0 +1,269 @@
+#include "Desktop/Kit/DateTimePicker.h"
+
+#include "Desktop/Kit/Screen.h"
+#include "Utilities/CalendarText.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QDateTime>
+#include <QTimeEdit>
+#include <QtTest/QTest>
+
+#include <ctime>
+#include <memory>
+
+namespace korvane {
+namespace {
+
+Moment momentOf(QDateTime local) {
+    return Moment(std::chrono::milliseconds(local.toMSecsSinceEpoch()));
+}
+
+struct Appointment {
+    Moment moment = momentOf({{2025, 11, 21}, {15, 30, 45, 678}});
+    Moment now = momentOf({{2025, 11, 20}, {9, 0}});
+
+    void setMoment(Moment newMoment) { moment = newMoment; }
+
+    bool operator==(const Appointment&) const = default;
+};
+
+QWidget* body(View<Appointment>& view) {
+    return dateTimePicker(view, {.label = "Select Date",
+                                 .color = PaletteColor::yellow,
+                                 .moment = view.reading<Moment>(&Appointment::moment),
+                                 .setMoment = view.setting<Moment>(&Appointment::setMoment),
+                                 .now = view.reading<Moment>(&Appointment::now)});
+}
+
+std::string dayName(int year, unsigned month, unsigned day) {
+    return CalendarText::fullDate(std::chrono::year(year) / std::chrono::month(month) /
+                                  std::chrono::day(day));
+}
+
+std::string monthName(int year, unsigned month) {
+    return CalendarText::monthAndYear(std::chrono::year(year) / std::chrono::month(month));
+}
+
+struct DateTimePickerTest : testing::Test {
+    FakeServices fakes{};
+    std::unique_ptr<ScreenFrame<Appointment>> frame{
+        std::make_unique<ScreenFrame<Appointment>>(fakes.services, body)};
+    ScreenDriver screen{*frame, {360, 320}};
+
+    QDateTime chosen() const {
+        return QDateTime::fromMSecsSinceEpoch(frame->view().state().moment.time_since_epoch().count());
+    }
+
+    void choose(QDateTime local) {
+        frame->view().perform([&](Appointment& state) { state.moment = momentOf(local); });
+    }
+
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
+        QTest::keyClick(frame->focusWidget(), key, modifiers);
+    }
+
+    QTimeEdit& time() const { return *frame->findChild<QTimeEdit*>(); }
+};
+
+TEST_F(DateTimePickerTest, ShowsTheMonthOfTheChosenDay) {
+    EXPECT_TRUE(screen.shows(monthName(2025, 11)));
+    for (const auto& weekday : CalendarText::weekdays())
+        EXPECT_TRUE(screen.shows(weekday)) << weekday;
+    for (unsigned day = 1; day <= 30; ++day)
+        EXPECT_EQ(screen.button(dayName(2025, 11, day)).text(), QString::number(day));
+    EXPECT_FALSE(screen.hasButton(dayName(2025, 12, 31)));
+    EXPECT_EQ(time().time(), QTime(15, 30));
+}
+
+TEST_F(DateTimePickerTest, BeginsItsWeeksAsTheLocaleDoes) {
+    const auto firstName = CalendarText::weekdays().front();
+    const auto firstDay = CalendarText::firstDayOfWeek();
+    for (unsigned day = 1; day <= 7; ++day) {
+        const std::chrono::sys_days date = std::chrono::year(2025) / 11 / std::chrono::day(day);
+        if (std::chrono::weekday(date) != firstDay)
+            continue;
+        const auto column = screen.button(dayName(2025, 11, day)).geometry().center().x();
+        for (auto* label : frame->findChildren<QLabel*>()) {
+            if (label->accessibleName().toStdString() == firstName) {
+                EXPECT_NEAR(label->geometry().center().x(), column, 1);
+            }
+        }
+    }
+}
+
+TEST_F(DateTimePickerTest, ChoosingADayKeepsTheTimeToTheMillisecond) {
+    screen.press(dayName(2025, 11, 3));
+    EXPECT_EQ(chosen(), QDateTime({2025, 11, 3}, {15, 30, 45, 678}));
+}
+
+TEST_F(DateTimePickerTest, ADayOfANeighbouringMonthBringsThatMonth) {
+    choose({{2025, 10, 15}, {12, 0}});
+    ASSERT_TRUE(screen.hasButton(dayName(2025, 11, 1)));
+    screen.press(dayName(2025, 11, 1));
+    EXPECT_EQ(chosen().date(), QDate(2025, 11, 1));
+    EXPECT_TRUE(screen.shows(monthName(2025, 11)));
+}
+
+TEST_F(DateTimePickerTest, TurningMonthsChoosesNothing) {
+    screen.press("Next Month");
+    screen.press("Next Month");
+    EXPECT_TRUE(screen.shows(monthName(2026, 1)));
+    EXPECT_EQ(chosen().date(), QDate(2025, 11, 21));
+    frame->view().refresh();
+    EXPECT_TRUE(screen.shows(monthName(2026, 1))) << "a refresh leaves it there";
+    screen.press("Previous Month");
+    EXPECT_TRUE(screen.shows(monthName(2025, 12)));
+    choose({{2025, 11, 22}, {12, 0}});
+    EXPECT_TRUE(screen.shows(monthName(2025, 11))) << "another choice comes into view";
+}
+
+TEST_F(DateTimePickerTest, ShowsEveryDayOfEveryMonth) {
+    for (int month = 1; month <= 12 * 5; ++month) {
+        const auto first = QDate(2023, 1, 1).addMonths(month);
+        choose({first, {12, 0}});
+        for (int day = 1; day <= first.daysInMonth(); ++day)
+            EXPECT_TRUE(screen.hasButton(
+                dayName(first.year(), static_cast<unsigned>(first.month()), static_cast<unsigned>(day))));
+    }
+}
+
+TEST_F(DateTimePickerTest, TheKeyboardGoesByDaysWeeksMonthsAndYears) {
+    screen.button(dayName(2025, 11, 21)).setFocus();
+
+    struct Step {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        QDate date;
+    };
+
+    const Step steps[] = {
+        {Qt::Key_Right, Qt::NoModifier, {2025, 11, 22}},
+        {Qt::Key_Left, Qt::NoModifier, {2025, 11, 21}},
+        {Qt::Key_Down, Qt::NoModifier, {2025, 11, 28}},
+        {Qt::Key_Down, Qt::NoModifier, {2025, 12, 5}},
+        {Qt::Key_Up, Qt::NoModifier, {2025, 11, 28}},
+        {Qt::Key_End, Qt::NoModifier, {2025, 11, 30}},
+        {Qt::Key_PageDown, Qt::NoModifier, {2025, 12, 30}},
+        {Qt::Key_PageUp, Qt::ShiftModifier, {2024, 12, 30}},
+        {Qt::Key_Home, Qt::NoModifier, {2024, 12, 1}},
+        {Qt::Key_Left, Qt::NoModifier, {2024, 11, 30}},
+        {Qt::Key_PageDown, Qt::ShiftModifier, {2025, 11, 30}},
+    };
+    for (const auto& step : steps) {
+        key(step.key, step.modifiers);
+        EXPECT_EQ(chosen().date(), step.date);
+        EXPECT_EQ(frame->focusWidget()->accessibleName().toStdString(),
+                  dayName(step.date.year(), static_cast<unsigned>(step.date.month()),
+                          static_cast<unsigned>(step.date.day())));
+    }
+    EXPECT_EQ(chosen().time(), QTime(15, 30, 45, 678));
+}
+
+TEST_F(DateTimePickerTest, TheTabKeyStopsAtOneDay) {
+    int stops = 0;
+    for (const auto* button : frame->findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && button->focusPolicy() != Qt::NoFocus)
+            ++stops;
+    }
+    EXPECT_EQ(stops, 3) << "the day, and the two that turn the months";
+    screen.press("Next Month");
+    auto& first = screen.button(dayName(2025, 12, 1));
+    EXPECT_EQ(first.focusPolicy(), Qt::TabFocus);
+    first.setFocus();
+    key(Qt::Key_Space);
+    EXPECT_EQ(chosen().date(), QDate(2025, 12, 1));
+}
+
+TEST_F(DateTimePickerTest, StopsAtTheEndsOfTheCalendar) {
+    choose({{1, 1, 1}, {12, 0}});
+    screen.button(dayName(1, 1, 1)).setFocus();
+    key(Qt::Key_Left);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(chosen().date(), QDate(1, 1, 1));
+    screen.press("Previous Month");
+    EXPECT_TRUE(screen.shows(monthName(1, 1)));
+    choose({{9998, 12, 31}, {12, 0}});
+    screen.button(dayName(9998, 12, 31)).setFocus();
+    key(Qt::Key_Right);
+    key(Qt::Key_PageDown, Qt::ShiftModifier);
+    EXPECT_EQ(chosen().date(), QDate(9998, 12, 31));
+    screen.press("Next Month");
+    EXPECT_TRUE(screen.shows(monthName(9998, 12)));
+}
+
+TEST_F(DateTimePickerTest, TheTimeTakesArrowsAndDigits) {
+    auto& edit = time();
+    edit.setFocus();
+    edit.setSelectedSection(QDateTimeEdit::MinuteSection);
+    QTest::keyClick(&edit, Qt::Key_Up);
+    EXPECT_EQ(chosen(), QDateTime({2025, 11, 21}, {15, 31, 45, 678}));
+    edit.setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClick(&edit, Qt::Key_Down);
+    EXPECT_EQ(chosen(), QDateTime({2025, 11, 21}, {14, 31, 45, 678}));
+    edit.setSelectedSection(QDateTimeEdit::MinuteSection);
+    QTest::keyClick(&edit, Qt::Key_0);
+    frame->view().refresh(); // as the clock does while one types
+    QTest::keyClick(&edit, Qt::Key_7);
+    EXPECT_EQ(chosen(), QDateTime({2025, 11, 21}, {14, 7, 45, 678}));
+}
+
+/// The local time of a zone, for as long as it lives.
+class LocalZone {
+public:
+    explicit LocalZone(const char* name) {
+        qputenv("TZ", name);
+        tzset();
+    }
+
+    ~LocalZone() {
+        if (m_before.isNull())
+            qunsetenv("TZ");
+        else
+            qputenv("TZ", m_before);
+        tzset();
+    }
+
+    LocalZone(const LocalZone&) = delete;
+    LocalZone& operator=(const LocalZone&) = delete;
+
+private:
+    QByteArray m_before = qgetenv("TZ");
+};
+
+TEST_F(DateTimePickerTest, ATimeThatTheClocksSkipIsLaterByAsMuch) {
+    const LocalZone berlin("Europe/Berlin");
+    choose({{2024, 3, 30}, {2, 30}});
+    screen.press(dayName(2024, 3, 31));
+    EXPECT_EQ(chosen(), QDateTime({2024, 3, 31}, {3, 30}));
+    EXPECT_EQ(time().time(), QTime(3, 30));
+}
+
+TEST_F(DateTimePickerTest, ReachesBothEndsOfTheCalendarInEveryZone) {
+    for (const auto* zone : {"America/New_York", "Pacific/Kiritimati", "Asia/Kathmandu", "UTC"}) {
+        const LocalZone local(zone);
+        for (const QDate day :
+             {QDate(1, 1, 1), QDate(1969, 12, 31), QDate(2038, 1, 19), QDate(9998, 12, 31)}) {
+            choose({day.year() == 1 ? day.addDays(1) : day.addDays(-1), {23, 59}});
+            screen.press(
+                dayName(day.year(), static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day())));
+            EXPECT_EQ(chosen(), QDateTime(day, {23, 59})) << zone;
+        }
+    }
+}
+
+TEST_F(DateTimePickerTest, MarksTheDays) {
+    const auto picture = [this](unsigned day) {
+        return screen.button(dayName(2025, 11, day)).grab().toImage();
+    };
+    const auto corner = [](const QImage& image) { return image.pixelColor(image.width() / 2, 1); };
+    EXPECT_EQ(corner(picture(21)), Theme::solid(PaletteColor::yellow));
+    EXPECT_NE(picture(20), picture(19)) << "the present day has an outline";
+    EXPECT_NE(corner(picture(20)), corner(picture(21)));
+}
+
+} // namespace
+} // namespace korvane

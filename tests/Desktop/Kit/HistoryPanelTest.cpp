@@ -1,0 +1,189 @@
+#include "Desktop/Kit/HistoryPanel.h"
+
+#include "Desktop/Kit/RowList.h"
+#include "Desktop/Kit/Screen.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct Values {
+    std::vector<HistoryRow> rows{};
+    int copies = 0;
+
+    void add(std::string text) {
+        rows.insert(rows.begin(), {.id = UUID::random(), .text = std::move(text), .note = "noted"});
+    }
+
+    bool operator==(const Values&) const = default;
+};
+
+struct HistoryPanelTest : testing::Test {
+    FakeServices fakes{};
+    View<Values> view{fakes.services};
+    std::unique_ptr<QWidget> widget{historyPanel(
+        view, "Title", &Values::rows, [](Values& values) { ++values.copies; },
+        [](Values& values) { values.rows.clear(); }, {.prompt = "Nothing yet", .isSecret = true})};
+    ScreenDriver screen{*widget, {400, 241}};
+
+    void add(int count) {
+        for (int i = 1; i <= count; ++i)
+            view.perform([&](Values& values) { values.add(std::to_string(i)); });
+        settle();
+    }
+
+    RowList& list() const { return screen.list("History"); }
+
+    /// The buttons of the rows from top to bottom.
+    std::vector<QAbstractButton*> buttons() const {
+        std::vector<QAbstractButton*> found;
+        for (auto* button : widget->findChildren<QAbstractButton*>()) {
+            if (button->isVisible() && button != &screen.button("Copy All") &&
+                button != &screen.button("Clear"))
+                found.push_back(button);
+        }
+        std::ranges::sort(found, std::less{}, &QWidget::y);
+        return found;
+    }
+
+    std::vector<std::string> names() const {
+        std::vector<std::string> texts;
+        for (const auto* button : buttons())
+            texts.push_back(button->accessibleName().toStdString());
+        return texts;
+    }
+};
+
+TEST_F(HistoryPanelTest, GivesEveryVisibleRowAButton) {
+    EXPECT_EQ(names(), std::vector<std::string>{});
+    add(2);
+    EXPECT_EQ(names(), (std::vector<std::string>{"Copy 2", "Copy 1"}));
+    add(100);
+    EXPECT_LE(buttons().size(), 6U) << "200 pixels show five rows of 40, or parts of six";
+    EXPECT_EQ(names().front(), "Copy 100");
+}
+
+TEST_F(HistoryPanelTest, CopiesTheRowOfTheButtonAndSaysSo) {
+    add(3);
+    QTest::mouseClick(buttons()[1], Qt::LeftButton);
+    EXPECT_EQ(fakes.clipboard.content, "2");
+    EXPECT_TRUE(fakes.clipboard.isSecret);
+    EXPECT_EQ(buttons()[1]->text(), "Copied!");
+    fakes.timers.advance(1500ms);
+    EXPECT_EQ(buttons()[1]->text(), "Copy");
+}
+
+TEST_F(HistoryPanelTest, TheFeedbackMovesWithItsRow) {
+    add(1);
+    QTest::mouseClick(buttons()[0], Qt::LeftButton);
+    add(1);
+    EXPECT_EQ(buttons()[0]->text(), "Copy");
+    EXPECT_EQ(buttons()[1]->text(), "Copied!");
+}
+
+TEST_F(HistoryPanelTest, CopiesWhatIsShownByNow) {
+    add(1);
+    view.perform([](Values& values) { values.rows[0].text = "other"; });
+    QTest::mouseClick(buttons()[0], Qt::LeftButton);
+    EXPECT_EQ(fakes.clipboard.content, "other");
+}
+
+TEST_F(HistoryPanelTest, CopiesTheCurrentRowByKey) {
+    add(100);
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QTest::keyClick(&list(), Qt::Key_Return);
+    EXPECT_EQ(fakes.clipboard.content, "99");
+    QTest::keyClick(&list(), Qt::Key_End);
+    QTest::keyClick(&list(), Qt::Key_Space);
+    EXPECT_EQ(fakes.clipboard.content, "1");
+    QTest::keyClick(&list(), Qt::Key_Up);
+    QTest::keySequence(&list(), QKeySequence::Copy);
+    EXPECT_EQ(fakes.clipboard.content, "2");
+    EXPECT_TRUE(fakes.clipboard.isSecret) << "by every way";
+}
+
+TEST_F(HistoryPanelTest, PressesTheCurrentRowEvenIfItIsScrolledAway) {
+    add(100);
+    list().setFocus();
+    list().verticalScrollBar()->setValue(2000);
+    QTest::keyClick(&list(), Qt::Key_Return);
+    EXPECT_EQ(fakes.clipboard.content, "100");
+    EXPECT_EQ(list().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(HistoryPanelTest, ReachesTheButtonsByTab) {
+    add(100);
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_Tab);
+    EXPECT_EQ(widget->focusWidget(), buttons()[0]);
+    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(widget->focusWidget(), buttons()[1]);
+    EXPECT_EQ(list().currentRow(), 1);
+    QTest::keyClick(widget->focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(fakes.clipboard.content, "99");
+}
+
+TEST_F(HistoryPanelTest, KeepsTheFocusWhenItsButtonGoes) {
+    add(100);
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_Tab);
+    list().verticalScrollBar()->setValue(2000);
+    EXPECT_EQ(widget->focusWidget(), &list());
+}
+
+TEST_F(HistoryPanelTest, ScrollsUnderAButtonToo) {
+    add(100);
+    // A button ignores the wheel, so its event comes to what lies around the list.
+    auto* around = list().parentWidget();
+    const QPointF place(buttons()[0]->mapTo(around, QPoint(5, 5)));
+    QWheelEvent wheel(place, around->mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(around, &wheel);
+    EXPECT_GT(list().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(HistoryPanelTest, NamesItsRowsWithAllTheyShow) {
+    add(1);
+    const auto name = list().model()->index(0, 0).data(Qt::AccessibleTextRole).toString().toStdString();
+    EXPECT_TRUE(name.starts_with("1, noted, ")) << name;
+    EXPECT_GT(name.size(), std::string("1, noted, ").size()) << "the time of day";
+}
+
+TEST_F(HistoryPanelTest, HasItsTitleAndActions) {
+    add(2);
+    EXPECT_TRUE(screen.shows("Title"));
+    screen.press("Copy All");
+    EXPECT_EQ(view.state().copies, 1);
+    screen.press("Clear");
+    EXPECT_TRUE(buttons().empty());
+    EXPECT_EQ(view.state().rows.size(), 0U);
+}
+
+TEST_F(HistoryPanelTest, PromptsWhileItIsEmpty) {
+    EXPECT_TRUE(screen.shows("Nothing yet"));
+    EXPECT_FALSE(screen.hasList("History"));
+    add(1);
+    EXPECT_FALSE(screen.shows("Nothing yet"));
+    EXPECT_TRUE(screen.hasList("History"));
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,52 @@
+#include "support/Scenes.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::string_view document = R"({"name":"Aurora Station","active":true,"crew":12,
+ "location":{"lat":69.6492,"lon":18.9553,"city":"Tromsø"},
+ "modules":["habitat","lab","greenhouse"],
+ "power":{"source":"solar","output_kw":42.5,"backup":null},
+ "website":"https://example.org/aurora",
+ "launched":"2024-11-03"})";
+
+constexpr std::string_view letter = R"(Meet me at the old lighthouse at dusk.
+Bring the maps, the lantern and a warm coat.
+
+— Ingrid ⚓)";
+
+} // namespace
+
+std::vector<Scene> formatterScenes() {
+    return {
+        {"json", Tool::jsonFormatter,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, document);
+             screen.press("Prettify");
+         }},
+        {"json-tree", Tool::jsonFormatter,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             screen.press("Tree View");
+             paste(screen, fakes, document);
+         }},
+        {"json-error", Tool::jsonFormatter,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, std::string(document).replace(document.find("12,"), 3, "12"));
+             screen.press("Prettify");
+         }},
+        {"base64", Tool::base64,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, letter);
+             screen.press("Encode");
+         }},
+        {"base64-error", Tool::base64,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             screen.choose("Decode");
+             paste(screen, fakes, letter);
+             screen.press("Decode");
+         }},
+    };
+}
+
+} // namespace korvane

@@ -1,0 +1,31 @@
+/// What is to be seen in the pictures of the screens, tool by tool.
+#pragma once
+
+#include "Models/Tool.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+/// A picture, and what a person does before it is taken.
+struct Scene {
+    std::string name;
+    std::optional<Tool> tool; ///< none: the welcome view
+    std::function<void(const ScreenDriver&, FakeServices&)> play = [](const ScreenDriver&, FakeServices&) {};
+};
+
+std::vector<Scene> formatterScenes();
+std::vector<Scene> converterScenes();
+std::vector<Scene> generatorScenes();
+std::vector<Scene> textScenes();
+
+/// Presses Paste with `text` on the clipboard.
+void paste(const ScreenDriver& screen, FakeServices& fakes, std::string_view text);
+
+} // namespace korvane

@@ -1,0 +1,9 @@
+#include "support/Scenes.h"
+
+namespace korvane {
+
+std::vector<Scene> textScenes() {
+    return {};
+}
+
+} // namespace korvane
