@@ -74,17 +74,27 @@ std::string written(const VImage& image, ImageFormat format, double quality) {
     return bytes.take();
 }
 
+/// `image` in the form that the encoders know which are not the library's: 8 bits, no alpha beside gray, and
+/// RGB alone for `onlyRGB`. An image that has this form already is not copied: it may be most of the memory
+/// there is.
+Image plainImage(const Image& image, ImageFormat format, bool onlyRGB) {
+    const bool hasChannels = onlyRGB ? image.channels >= 3 : image.channels != 2;
+    if (hasChannels && image.bytesPerSample == 1 && (image.colorProfile.empty() || keepsProfile(format)))
+        return image;
+    const auto picture = fitted(vipsImage(image), format);
+    return computed(hasChannels ? picture : inRGB(picture));
+}
+
 /// The encoder: `image` must have pixels, and `quality` be from 0 to 1.
 std::expected<std::string, ConversionError> createImageData(const Image& image, ImageFormat format,
                                                             double quality) {
-    const auto picture = fitted(vipsImage(image), format);
     switch (format) {
     case ImageFormat::bmp:
-        return Bitmap::write(computed(picture.bands() == 2 ? inRGB(picture) : picture));
+        return Bitmap::write(plainImage(image, format, false));
     case ImageFormat::heic:
-        return HEIC::write(computed(inRGB(picture)), quality);
+        return HEIC::write(plainImage(image, format, true), quality);
     default:
-        return written(picture, format, quality);
+        return written(fitted(vipsImage(image), format), format, quality);
     }
 }
 

@@ -38,6 +38,16 @@ ImageSize targetSize(const Image& image, ImageSize to, bool maintainAspectRatio)
     return {wholePixels(image.width * scale), wholePixels(image.height * scale)};
 }
 
+/// By how much the filter has to shrink at least before the library averages whole pixels and leaves it less
+/// to do; 0 for never. The filter alone is better and twelve times as fast, but its coefficients are small
+/// whole numbers: where they are many, their errors add up.
+double averagingFrom(const VImage& image, ImageSize size) {
+    constexpr double largestFactor = 8, atOnce = 2, never = 0;
+    const bool isLarge =
+        image.width() > largestFactor * size.width || image.height() > largestFactor * size.height;
+    return isLarge ? atOnce : never;
+}
+
 /// `image` in another size. Colours are weighted by their alpha, so that what cannot be seen does not shine
 /// through.
 VImage resized(const VImage& image, ImageSize size) {
@@ -48,7 +58,8 @@ VImage resized(const VImage& image, ImageSize size) {
     const auto result = source.resize(static_cast<double>(size.width) / image.width(),
                                       VImage::option()
                                           ->set("vscale", static_cast<double>(size.height) / image.height())
-                                          ->set("kernel", VIPS_KERNEL_LANCZOS3));
+                                          ->set("kernel", VIPS_KERNEL_LANCZOS3)
+                                          ->set("gap", averagingFrom(image, size)));
     return image.has_alpha() ? result.unpremultiply(alpha()).cast(format) : result;
 }
 

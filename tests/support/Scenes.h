@@ -23,6 +23,7 @@ struct Scene {
 std::vector<Scene> formatterScenes();
 std::vector<Scene> converterScenes();
 std::vector<Scene> generatorScenes();
+std::vector<Scene> imageScenes();
 std::vector<Scene> textScenes();
 
 /// Presses Paste with `text` on the clipboard.

@@ -8,6 +8,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -70,6 +71,10 @@ TextArea& ScreenDriver::editor(std::string_view name) const {
 
 RowList& ScreenDriver::list(std::string_view name) const {
     return only<RowList>(name);
+}
+
+QComboBox& ScreenDriver::picker(std::string_view name) const {
+    return only<QComboBox>(name);
 }
 
 QLineEdit& ScreenDriver::field(std::string_view name) const {

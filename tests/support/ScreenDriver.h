@@ -9,6 +9,7 @@
 #include <vector>
 
 class QAbstractButton;
+class QComboBox;
 class QLineEdit;
 class QSlider;
 class QSpinBox;
@@ -28,6 +29,7 @@ public:
     QAbstractButton& button(std::string_view name) const;
     TextArea& editor(std::string_view name) const;
     RowList& list(std::string_view name) const;
+    QComboBox& picker(std::string_view name) const;
     QLineEdit& field(std::string_view name) const;
     QSlider& slider(std::string_view name) const;
     QSpinBox& stepper(std::string_view name) const;

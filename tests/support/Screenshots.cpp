@@ -21,7 +21,7 @@ namespace {
 
 std::vector<Scene> scenes() {
     std::vector<Scene> all = formatterScenes();
-    for (const auto& scenes : {converterScenes(), generatorScenes(), textScenes()})
+    for (const auto& scenes : {converterScenes(), generatorScenes(), imageScenes(), textScenes()})
         all.insert(all.end(), scenes.begin(), scenes.end());
     all.push_back({"welcome", std::nullopt});
     return all;

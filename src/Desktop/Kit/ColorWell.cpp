@@ -122,7 +122,7 @@ protected:
         QPainterPath outline;
         outline.addRoundedRect(rect(), radius, radius);
         painter.setClipPath(outline);
-        paintCheckerboard(painter);
+        paintCheckerboard(painter, rect());
         painter.fillRect(rect(), m_color);
         painter.setClipping(false);
         painter.setPen(Theme::color(Role::outline));
@@ -130,18 +130,6 @@ protected:
     }
 
 private:
-    void paintCheckerboard(QPainter& painter) const {
-        const auto cell = Theme::px(Size::checkerCell);
-        for (int row = 0; row * cell < height(); ++row) {
-            for (int column = 0; column * cell < width(); ++column) {
-                const bool isEven = (row + column) % 2 == 0;
-                painter.fillRect(column * cell, row * cell, cell, cell,
-                                 Theme::withTint(PaletteColor::gray, isEven ? Theme::Tint::checkerEven
-                                                                            : Theme::Tint::checkerOdd));
-            }
-        }
-    }
-
     QColor m_color{};
 };
 

@@ -14,6 +14,9 @@ namespace korvane {
 void paintSurface(QPainter& painter, const QRect& area, double radius, const QColor& fill,
                   const QColor& outline = {});
 
+/// Paints the squares that stand for nothing behind what may be transparent.
+void paintCheckerboard(QPainter& painter, const QRect& area);
+
 /// A surface of one colour, with an outline where one is given.
 class Surface : public QWidget {
 public:

@@ -56,6 +56,7 @@ enum class Role {
     hoverOnColor,
     pressedOnColor,
     disabledFill,
+    dropFill, ///< of a place that something can be dropped on, while it is over it
 };
 
 /// How strongly a colour is laid over the surface, in percent.
@@ -153,6 +154,10 @@ struct Size {
     static constexpr int strengthWidth = 100, strengthHeight = 6, strengthGap = 4;
     static constexpr int heroPaddingX = 16, heroPaddingY = 20, proseInset = 16, pillWidth = 84,
                          pillPadding = 8;
+    static constexpr int menuPickerHeight = 28, menuPickerLeft = 10, menuPickerRight = 8,
+                         menuPickerGlyph = 11;
+    static constexpr int dropGlyph = 40, dropPadding = 16, imageMinimum = 150, secondaryGlyph = 13;
+    static constexpr int busyRing = 14, busyRingWidth = 2;
     static constexpr int calendarDayWidth = 28, calendarDayHeight = 24, calendarHeading = 20, calendarGap = 2;
     static constexpr int timeFieldHeight = 28, timeFieldLeft = 10, timeFieldRight = 6, timeFieldGap = 4,
                          timeFieldGlyph = 11;
@@ -165,6 +170,12 @@ struct Size {
                          welcomeTileGlyph = 20, welcomeBottom = 36;
     static constexpr int menuRow = 26, menuPadding = 10, menuInset = 4, menuMinimumWidth = 140;
 };
+
+/// The opacity of the glyph in a place to drop something on.
+inline constexpr double dropGlyphOpacity = 0.8;
+
+/// The length of the dashes around a place to drop something on, and of the gaps, in widths of the line.
+inline constexpr double dropDash = 2.5;
 
 /// The width of an outline that marks one card among several, in pixels.
 inline constexpr double strongOutline = 1.5;

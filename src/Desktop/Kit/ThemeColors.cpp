@@ -105,6 +105,8 @@ constexpr Tone tone(Role role) {
         return {black, black, 16, 18};
     case Role::disabledFill:
         return {0x8E8E93, 0x636367};
+    case Role::dropFill:
+        return {accentLight, accentDark, 8, 8};
     }
     return {};
 }
@@ -173,7 +175,7 @@ void setScheme(Scheme scheme) {
 }
 
 QColor color(Role role) {
-    if (role == Role::accent || role == Role::focusRing || role == Role::selection)
+    if (role == Role::accent || role == Role::focusRing || role == Role::selection || role == Role::dropFill)
         return accentBased(tone(role));
     return colorOf(tone(role), currentScheme);
 }

@@ -34,6 +34,8 @@ QWidget* toolView(Tool tool, Services& services) {
         return loremIpsumScreen(services);
     case Tool::passwordGenerator:
         return passwordGeneratorScreen(services);
+    case Tool::imageConverter:
+        return imageConverterScreen(services);
     case Tool::urlEncoder:
     case Tool::jwtDecoder:
     case Tool::hashGenerator:
@@ -41,7 +43,6 @@ QWidget* toolView(Tool tool, Services& services) {
     case Tool::textDiff:
     case Tool::textTransformer:
     case Tool::markdownPreview:
-    case Tool::imageConverter:
         return displayName(tool);
     }
     return nullptr;

@@ -12,6 +12,7 @@ struct Services;
 
 QWidget* base64Screen(Services& services);
 QWidget* colorPickerScreen(Services& services);
+QWidget* imageConverterScreen(Services& services);
 QWidget* jsonFormatterScreen(Services& services);
 QWidget* loremIpsumScreen(Services& services);
 QWidget* numberBaseScreen(Services& services);

@@ -247,12 +247,4 @@ std::string ImageConverterView::resolutionText() const {
     return imageInfo ? fmt::format("{}", imageInfo->dpi) : std::string();
 }
 
-std::string ImageConverterView::activity() const {
-    if (loading)
-        return "Loading…";
-    if (applying)
-        return "Applying…";
-    return saving ? "Saving…" : "";
-}
-
 } // namespace korvane

@@ -112,10 +112,11 @@ struct ImageConverterView {
     std::string alphaText() const;
     std::string resolutionText() const;
 
-    /// What goes on in the background; empty if nothing does.
-    std::string activity() const;
+    bool isLoading() const { return loading.has_value(); }
 
-    bool isBusy() const { return loading || applying || saving; }
+    bool isApplying() const { return applying.has_value(); }
+
+    bool isSaving() const { return saving.has_value(); }
 
     bool operator==(const ImageConverterView&) const = default;
 

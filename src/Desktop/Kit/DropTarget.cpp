@@ -1,0 +1,131 @@
+#include "Desktop/Kit/DropTarget.h"
+
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QBuffer>
+#include <QDropEvent>
+#include <QImage>
+#include <QMimeData>
+#include <QPainter>
+#include <QUrl>
+
+#include <utility>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+
+namespace {
+
+/// Whether the drag holds what `droppedItems` finds, told without fetching it from the other program.
+bool canBeDropped(const QMimeData& data) {
+    for (const auto& url : data.urls()) {
+        if (url.isLocalFile())
+            return true;
+    }
+    for (const auto format : allCases<ImageFormat>) {
+        if (data.hasFormat(qString(factsOf(format).mediaType)))
+            return true;
+    }
+    return data.hasImage();
+}
+
+/// The picture that the toolkit knows, as a file.
+std::string encoded(const QImage& image) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data().toStdString();
+}
+
+class DropTarget final : public QWidget {
+public:
+    DropTarget(DropTargetParts parts, QWidget* content) : m_parts(std::move(parts)) {
+        setAcceptDrops(true);
+        fill(this, Qt::Vertical, {.spacing = 0}, {content});
+    }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (!canBeDropped(*event->mimeData()))
+            return;
+        event->setDropAction(Qt::CopyAction); // whatever the other program would like, its file stays
+        event->accept();
+        m_parts.setTargeted(true);
+    }
+
+    void dragLeaveEvent(QDragLeaveEvent*) override { m_parts.setTargeted(false); }
+
+    void dropEvent(QDropEvent* event) override {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        m_parts.drop(droppedItems(*event->mimeData()));
+    }
+
+private:
+    DropTargetParts m_parts;
+};
+
+class DropZone final : public QWidget {
+public:
+    DropZone() { setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding); }
+
+    void setTargeted(bool isTargeted) {
+        if (isTargeted == m_isTargeted)
+            return;
+        m_isTargeted = isTargeted;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(Theme::color(m_isTargeted ? Role::dropFill : Role::panelFill));
+        QPen pen(Theme::color(m_isTargeted ? Role::accent : Role::outlineStrong), 1);
+        pen.setDashPattern({Theme::dropDash, Theme::dropDash});
+        painter.setPen(pen);
+        constexpr double inset = 0.5;
+        const auto radius = Theme::px(Size::radiusExtraLarge);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
+    }
+
+private:
+    bool m_isTargeted = false;
+};
+
+} // namespace
+
+DroppedItems droppedItems(const QMimeData& data) {
+    DroppedItems items;
+    for (const auto& url : data.urls()) {
+        if (url.isLocalFile())
+            items.files.push_back(utf8String(url.toLocalFile()));
+    }
+    if (!items.files.empty())
+        return items;
+    for (const auto format : allCases<ImageFormat>) {
+        items.data = data.data(qString(factsOf(format).mediaType)).toStdString();
+        if (!items.data.empty())
+            return items;
+    }
+    if (data.hasImage())
+        items.data = encoded(qvariant_cast<QImage>(data.imageData()));
+    return items;
+}
+
+QWidget* dropTarget(DropTargetParts parts, QWidget* content) {
+    return new DropTarget(std::move(parts), content);
+}
+
+QWidget* dropZone(ViewCore& view, std::function<bool()> isTargeted, std::initializer_list<Item> items) {
+    auto* zone = new DropZone;
+    fill(zone, Qt::Vertical, {}, items);
+    view.onRefresh([zone, isTargeted = std::move(isTargeted)] { zone->setTargeted(isTargeted()); });
+    return zone;
+}
+
+} // namespace korvane

@@ -1,0 +1,99 @@
+#include "Desktop/Kit/ImageView.h"
+
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+
+namespace {
+
+/// `image` as the toolkit sees it. The samples are not copied: `image` must outlive the result.
+QImage qImage(const Image& image) {
+    return {reinterpret_cast<const uchar*>(image.samples.get()), image.width, image.height,
+            static_cast<qsizetype>(image.rowBytes()), QImage::Format_RGBA8888};
+}
+
+class ImageView final : public QWidget {
+public:
+    explicit ImageView(bool hasCheckerboard) : m_hasCheckerboard(hasCheckerboard) {
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    }
+
+    QSize sizeHint() const override { return minimumSizeHint(); }
+
+    QSize minimumSizeHint() const override {
+        return {Theme::px(Size::imageMinimum), Theme::px(Size::imageMinimum)};
+    }
+
+    void display(const std::optional<Image>& image) {
+        if (image == m_image)
+            return;
+        m_image = image;
+        m_scaled = {};
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const auto radius = Theme::px(Size::radiusMedium);
+        if (m_hasCheckerboard) {
+            QPainterPath outline;
+            outline.addRoundedRect(rect(), radius, radius);
+            painter.setClipPath(outline);
+            paintCheckerboard(painter, rect());
+        }
+        if (m_image)
+            paintImage(painter);
+        painter.setClipping(false);
+        if (m_hasCheckerboard)
+            paintSurface(painter, rect(), radius, Qt::transparent, Theme::color(Role::outline));
+    }
+
+private:
+    void paintImage(QPainter& painter) {
+        const auto size = QSize(m_image->width, m_image->height).scaled(this->size(), Qt::KeepAspectRatio);
+        const auto pixels = size.expandedTo({1, 1}) * devicePixelRatioF();
+        if (m_scaled.size() != pixels)
+            m_scaled = qImage(*m_image).scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        QRect place(QPoint(), size.expandedTo({1, 1}));
+        place.moveCenter(rect().center());
+        painter.drawImage(place, m_scaled);
+    }
+
+    bool m_hasCheckerboard;
+    std::optional<Image> m_image{};
+    QImage m_scaled{}; ///< in the size it was painted in last
+};
+
+} // namespace
+
+QWidget* imageView(ViewCore& view, ImageViewParts parts) {
+    auto* widget = new ImageView(parts.hasCheckerboard);
+    widget->setAccessibleName(qString(parts.name));
+    view.onRefresh([widget, image = std::move(parts.image)] { widget->display(image()); });
+    return widget;
+}
+
+QWidget* imagePlaceholder(const std::string& text) {
+    auto* panel = new Panel(stack(
+        Qt::Vertical, {},
+        {stretch(), row({stretch(), new Label(text, Theme::TextStyle::body, Role::secondary), stretch()}),
+         stretch()}));
+    panel->setMinimumHeight(Theme::px(Size::imageMinimum));
+    return panel;
+}
+
+} // namespace korvane

@@ -1,0 +1,97 @@
+#include "Desktop/Kit/MenuPicker.h"
+
+#include "Desktop/Kit/FocusRing.h"
+#include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QComboBox>
+#include <QMenu>
+#include <QPainter>
+#include <QPointer>
+#include <QWheelEvent>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+
+namespace {
+
+/// A combo box to keyboard and assistive technology, whose list is one of the window's menus.
+class MenuPicker final : public QComboBox {
+public:
+    explicit MenuPicker(int width) {
+        setFixedSize(Theme::px(width), Theme::px(Size::menuPickerHeight));
+        setFocusPolicy(Qt::TabFocus);
+        setAttribute(Qt::WA_Hover);
+        giveFocusRing(this, this, Size::radiusSmall);
+    }
+
+    void showPopup() override {
+        if (m_menu)
+            return;
+        m_menu = new QMenu(this);
+        m_menu->setAttribute(Qt::WA_DeleteOnClose);
+        m_menu->setMinimumWidth(width());
+        for (int index = 0; index < count(); ++index) {
+            auto* choice =
+                m_menu->addAction(itemText(index), this, [this, index] { setCurrentIndex(index); });
+            choice->setCheckable(true);
+            choice->setChecked(index == currentIndex());
+            if (choice->isChecked())
+                m_menu->setActiveAction(choice);
+        }
+        m_menu->popup(mapToGlobal(QPoint(0, height())));
+    }
+
+    void hidePopup() override {
+        if (m_menu)
+            m_menu->close();
+        QComboBox::hidePopup();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        if (!isEnabled())
+            painter.setOpacity(Theme::disabledOpacity);
+        const auto fill = m_menu         ? Role::controlPressed
+                          : underMouse() ? Role::controlHover
+                                         : Role::controlFill;
+        paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::color(fill),
+                     Theme::color(Role::outline));
+        const auto glyph = Theme::px(Size::menuPickerGlyph);
+        const auto right = width() - Theme::px(Size::menuPickerRight);
+        Glyph::paint(painter, "menu.chevrons", QRectF(right - glyph, (height() - glyph) / 2.0, glyph, glyph),
+                     Theme::color(Role::secondary));
+        painter.setFont(Theme::font(Theme::TextStyle::body));
+        painter.setPen(Theme::color(Role::primary));
+        const auto left = Theme::px(Size::menuPickerLeft);
+        painter.drawText(QRect(left, 0, right - glyph - left, height()), Qt::AlignVCenter | Qt::AlignLeft,
+                         currentText());
+    }
+
+    /// The wheel scrolls the screen, and changes nothing on its way.
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+private:
+    QPointer<QMenu> m_menu;
+};
+
+} // namespace
+
+QWidget* menuPicker(ViewCore& view, MenuPickerParts parts) {
+    auto* picker = new MenuPicker(parts.width);
+    picker->setAccessibleName(qString(parts.name));
+    for (const auto& title : parts.titles)
+        picker->addItem(qString(title));
+    QObject::connect(picker, &QComboBox::currentIndexChanged, picker,
+                     [choose = parts.choose](int index) { choose(static_cast<std::size_t>(index)); });
+    view.onRefresh([picker, chosen = parts.chosen] { picker->setCurrentIndex(static_cast<int>(chosen())); });
+    return picker;
+}
+
+} // namespace korvane
