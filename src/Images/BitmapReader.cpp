@@ -93,7 +93,7 @@ void readIndexedRow(const Header& header, const Palette& palette, const Byte* so
     const auto mask = (1U << bits) - 1;
     for (unsigned x = 0; x < static_cast<unsigned>(header.width); ++x) {
         const auto shift = (pixelsPerByte - 1 - x % pixelsPerByte) * bits;
-        palette.put(row, static_cast<int>(x), (source[x / pixelsPerByte] >> shift) & mask);
+        palette.put(row, static_cast<int>(x), (unsigned(source[x / pixelsPerByte]) >> shift) & mask);
     }
 }
 

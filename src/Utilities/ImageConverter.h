@@ -121,8 +121,8 @@ constexpr std::string_view errorDescription(ConversionError error) {
 /// The resolution of a picture that states none, in dots per inch.
 inline constexpr int defaultDPI = 72;
 
-/// Whether a resolution is one that pictures have; what else a file says is as good as nothing, and some formats
-/// could not hold it.
+/// Whether a resolution is one that pictures have; what else a file says is as good as nothing, and some
+/// formats could not hold it.
 constexpr bool isPossibleDPI(double dpi) {
     return dpi >= 1 && dpi <= 100'000;
 }

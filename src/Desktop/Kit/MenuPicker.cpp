@@ -35,13 +35,14 @@ public:
             return;
         m_menu = new QMenu(this);
         m_menu->setAttribute(Qt::WA_DeleteOnClose);
+        m_menu->setAttribute(Qt::WA_TranslucentBackground); // for its rounded corners
+        m_menu->setWindowFlags(m_menu->windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+        m_menu->setStyleSheet(Theme::menuStyleSheet());
         m_menu->setMinimumWidth(width());
         for (int index = 0; index < count(); ++index) {
             auto* choice =
                 m_menu->addAction(itemText(index), this, [this, index] { setCurrentIndex(index); });
-            choice->setCheckable(true);
-            choice->setChecked(index == currentIndex());
-            if (choice->isChecked())
+            if (index == currentIndex())
                 m_menu->setActiveAction(choice);
         }
         m_menu->popup(mapToGlobal(QPoint(0, height())));
