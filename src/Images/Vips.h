@@ -18,6 +18,7 @@ bool startVips();
 
 /// `image` as the library sees it. The samples are not copied: `image` must outlive the result.
 vips::VImage vipsImage(const Image& image);
+vips::VImage vipsImage(Image&&) = delete;
 
 /// Computes the pixels of `image`, which must be gray or RGB of 8 or 16 bits a sample.
 Image computed(const vips::VImage& image, const std::stop_token& stop = {});

@@ -284,7 +284,8 @@ TEST_F(ImageFilesTest, UnusualTIFFsAreRead) {
 }
 
 TEST_F(ImageFilesTest, OnlyTheSixFormatsAreRead) {
-    const auto picture = vipsImage(photograph({8, 8}));
+    const auto source = photograph({8, 8});
+    const auto picture = vipsImage(source);
     for (const auto* suffix : {".webp", ".ppm"})
         EXPECT_EQ(decode(libraryFile(picture, suffix), {}).error(), ConversionError::unsupportedFormat)
             << suffix;
