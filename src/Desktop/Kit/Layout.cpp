@@ -84,6 +84,19 @@ private:
     QWidget* m_button;
 };
 
+/// Moves the focus, where `hidden` has it, to the first control of `shown`. The toolkit would move it
+/// anywhere.
+void handFocusOver(QWidget* hidden, QWidget* shown) {
+    const auto* focused = hidden->window()->focusWidget();
+    if (!focused || !hidden->isAncestorOf(focused))
+        return;
+    for (auto* control : shown->findChildren<QWidget*>()) {
+        const bool takesFocus = (control->focusPolicy() & Qt::TabFocus) != 0 && !control->focusProxy();
+        if (takesFocus && control->isVisible() && control->isEnabled())
+            return control->setFocus();
+    }
+}
+
 } // namespace
 
 void fill(QWidget* container, Qt::Orientation orientation, const StackOptions& options,
@@ -220,8 +233,11 @@ QWidget* either(ViewCore& view, std::function<bool()> condition, QWidget* yes, Q
     auto* place = stack(Qt::Vertical, {.spacing = 0}, {yes, no});
     view.onRefresh([yes, no, condition = std::move(condition)] {
         const bool holds = condition();
-        (holds ? no : yes)->hide();
-        (holds ? yes : no)->show();
+        auto* hidden = holds ? no : yes;
+        auto* shown = holds ? yes : no;
+        shown->show();
+        handFocusOver(hidden, shown);
+        hidden->hide();
     });
     return place;
 }
