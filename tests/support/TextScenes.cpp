@@ -1,9 +1,75 @@
 #include "support/Scenes.h"
 
+#include "Desktop/Kit/TextArea.h"
+
+#include <QAbstractButton>
+
+#include <chrono>
+
 namespace korvane {
 
+namespace {
+
+constexpr std::string_view schedule = R"(# Harbour schedule
+open: 06:00
+close: 22:00
+berths: 14
+pilot: required
+fuel: diesel
+crane: 12 t
+contact: harald@example.com
+notes: call ahead in winter)";
+
+constexpr std::string_view newSchedule = R"(# Harbour schedule
+open: 05:30
+close: 22:00
+berths: 16
+pilot: required
+fuel: diesel
+shore power: yes
+contact: office@example.com
+notes: call ahead in winter
+weather: see board)";
+
+void enterTexts(const ScreenDriver& screen, FakeServices& fakes, std::string_view left,
+                std::string_view right) {
+    fakes.clipboard.content = left;
+    screen.press("Paste Original Text");
+    fakes.clipboard.content = right;
+    screen.press("Paste Modified Text");
+}
+
+std::vector<Scene> diffScenes() {
+    return {
+        {"diff", Tool::textDiff,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             enterTexts(screen, fakes, schedule, "");
+             screen.editor("Original Text").setFocus();
+         }},
+        {"diff-side", Tool::textDiff,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             enterTexts(screen, fakes, schedule, newSchedule);
+             screen.press("Compare");
+         }},
+        {"diff-unified", Tool::textDiff,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             enterTexts(screen, fakes, schedule, newSchedule);
+             screen.press("Compare");
+             screen.choose("Unified");
+         }},
+        {"diff-busy", Tool::textDiff,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             enterTexts(screen, fakes, std::string(100'000, '\n'), schedule);
+             screen.press("Compare");
+             fakes.timers.advance(std::chrono::seconds(1));
+         }},
+    };
+}
+
+} // namespace
+
 std::vector<Scene> textScenes() {
-    return {};
+    return diffScenes();
 }
 
 } // namespace korvane

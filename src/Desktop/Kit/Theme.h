@@ -56,11 +56,15 @@ enum class Role {
     hoverOnColor,
     pressedOnColor,
     disabledFill,
+    unchangedLine, ///< primary at 70 %: a line that is the same in both texts
+    plainBadgeFill,
 };
 
 /// How strongly a colour is laid over the surface, in percent.
 enum class Tint {
     row = 10,
+    badge = 10,
+    diffLine = 15,
     toggle = 14,
     toggleHover = 20,
     togglePressed = 26,
@@ -135,6 +139,11 @@ struct Size {
     static constexpr int tagWidth = 70, tagHeight = 28, tagSmallHeight = 24;
     static constexpr int cardPadding = 12;
     static constexpr int promptGlyph = 28;
+    static constexpr int diffTitlePaddingX = 12, diffTitlePaddingY = 8, diffRow = 20, diffPaddingY = 4,
+                         diffNumber = 40, diffNumberGap = 8, diffPrefix = 16, diffPaddingRight = 8,
+                         diffStep = 48;
+    static constexpr int statBadgeDot = 8, statBadgePaddingX = 10, statBadgePaddingY = 6;
+    static constexpr int busyRing = 14, busyRingWidth = 2;
     static constexpr int gapGroup = 16, gapSectionWide = 20, gapBulk = 24;
     static constexpr int badgePaddingX = 12, badgePaddingY = 8, badgeGlyph = 14, badgeLine = 16;
     static constexpr int headingGlyph = 12;

@@ -105,6 +105,10 @@ constexpr Tone tone(Role role) {
         return {black, black, 16, 18};
     case Role::disabledFill:
         return {0x8E8E93, 0x636367};
+    case Role::unchangedLine:
+        return ink(70, 70);
+    case Role::plainBadgeFill:
+        return ink(6, 6);
     }
     return {};
 }

@@ -34,11 +34,12 @@ QWidget* toolView(Tool tool, Services& services) {
         return loremIpsumScreen(services);
     case Tool::passwordGenerator:
         return passwordGeneratorScreen(services);
+    case Tool::textDiff:
+        return textDiffScreen(services);
     case Tool::urlEncoder:
     case Tool::jwtDecoder:
     case Tool::hashGenerator:
     case Tool::regexTester:
-    case Tool::textDiff:
     case Tool::textTransformer:
     case Tool::markdownPreview:
     case Tool::imageConverter:

@@ -16,6 +16,7 @@ QWidget* jsonFormatterScreen(Services& services);
 QWidget* loremIpsumScreen(Services& services);
 QWidget* numberBaseScreen(Services& services);
 QWidget* passwordGeneratorScreen(Services& services);
+QWidget* textDiffScreen(Services& services);
 QWidget* timestampScreen(Services& services);
 QWidget* uuidGeneratorScreen(Services& services);
 
