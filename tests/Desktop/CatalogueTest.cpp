@@ -14,6 +14,7 @@
 #include "Views/Tools/Base64View.h"
 #include "Views/Tools/JSONFormatterView.h"
 #include "Views/Tools/NumberBaseView.h"
+#include "Views/Tools/URLEncoderView.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -166,7 +167,9 @@ TEST(Glyph, HasAnIconForEveryNameThatIsUsed) {
                                            "number.square",
                                            "menu.chevrons",
                                            "chevron.left",
-                                           "doc.on.clipboard"};
+                                           "doc.on.clipboard",
+                                           "info.circle",
+                                           "bolt.fill"};
     const auto addIcons = [&](const auto& cases) {
         for (const auto value : cases)
             names.push_back(icon(value));
@@ -177,6 +180,7 @@ TEST(Glyph, HasAnIconForEveryNameThatIsUsed) {
     addIcons(allCases<Base64View::Mode>);
     addIcons(allCases<GenerationType>);
     addIcons(allCases<NumberBaseView::Base>);
+    addIcons(allCases<URLEncoderView::Mode>);
     for (const bool copied : {false, true})
         names.push_back(CopyButton{.copied = copied}.icon());
     for (const auto name : names)

@@ -4,7 +4,6 @@
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/TextArea.h"
-#include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QEvent>
@@ -23,6 +22,10 @@ public:
     EditorPanel(TextArea* area, CodeEditorOptions options) : Panel(area), m_area(area), m_options(options) {
         applyTheme();
         new OverlayScrollBar(Qt::Vertical, area, this);
+    }
+
+    QSize sizeHint() const override {
+        return {Panel::sizeHint().width(), Theme::px(m_options.minimumHeight)};
     }
 
 protected:

@@ -39,11 +39,22 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
+        dropLabels();
+        QScrollArea::resizeEvent(event);
+    }
+
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest)
+            dropLabels(); // of buttons that have come since
+        return QScrollArea::event(event);
+    }
+
+private:
+    void dropLabels() const {
         for (auto* child : widget()->findChildren<QWidget*>()) {
             if (auto* button = dynamic_cast<QuietButton*>(child))
                 button->setCompact(isNarrow());
         }
-        QScrollArea::resizeEvent(event);
     }
 };
 
@@ -201,6 +212,9 @@ QWidget* card(const CardOptions& options, std::initializer_list<Item> items) {
 }
 
 QWidget* withHeight(int height, QWidget* widget) {
+    auto policy = widget->sizePolicy();
+    policy.setVerticalPolicy(QSizePolicy::Fixed); // else what is around it would grow in its place
+    widget->setSizePolicy(policy);
     widget->setFixedHeight(Theme::px(height));
     return widget;
 }
@@ -214,6 +228,13 @@ QWidget* growing(QWidget* widget) {
     auto policy = widget->sizePolicy();
     policy.setHorizontalPolicy(QSizePolicy::Expanding);
     policy.setVerticalPolicy(QSizePolicy::Expanding);
+    widget->setSizePolicy(policy);
+    return widget;
+}
+
+QWidget* rigid(QWidget* widget) {
+    auto policy = widget->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Fixed);
     widget->setSizePolicy(policy);
     return widget;
 }

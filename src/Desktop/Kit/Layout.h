@@ -76,6 +76,9 @@ QWidget* growing(QWidget* widget);
 /// Whether the screen around `widget` is narrow by now.
 bool isInNarrowScreen(const QWidget* widget);
 
+/// `widget` in the width that it would like, however much room there is.
+QWidget* rigid(QWidget* widget);
+
 /// A screen: the header stays, and what is below scrolls when it does not fit. Quiet buttons drop their
 /// labels while the screen is narrow.
 QWidget* screen(QWidget* header, std::initializer_list<Item> items);
@@ -85,6 +88,7 @@ QWidget* section(ViewCore& view, std::function<std::string()> title, std::string
 /// `button` laid over the top right corner of `panel`.
 QWidget* overlay(QWidget* panel, QWidget* button);
 
+/// One of two widgets in the same place. When they change, the focus stays in that place.
 QWidget* either(ViewCore& view, std::function<bool()> condition, QWidget* yes, QWidget* no);
 
 /// The widget that takes the keyboard focus for `widget`: the editor in a panel, or `widget` itself.

@@ -7,6 +7,7 @@
 #include <QRectF>
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 class QPainter;
@@ -21,5 +22,9 @@ double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text,
 /// How many columns of a monospaced font `text` takes at most: one for a character of few bytes, two for the
 /// others, which may be wide.
 std::size_t columnCount(std::string_view text);
+
+/// The beginning of `text` on one line, for a control that shows no more than fits: more characters than any
+/// screen is wide would only be measured. Line breaks and tabs become spaces.
+std::string shortenedLine(std::string_view text);
 
 } // namespace korvane

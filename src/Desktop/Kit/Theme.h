@@ -89,6 +89,7 @@ enum class TextStyle {
     bodyBold,
     prose, ///< for reading more than a line
     subheadline,
+    subheadlineStrong,
     caption,
     button,
     quiet,
@@ -138,6 +139,11 @@ struct Size {
     static constexpr int stepperHeight = 28, stepperButton = 28, stepperGlyph = 11;
     static constexpr int tagWidth = 70, tagHeight = 28, tagSmallHeight = 24;
     static constexpr int cardPadding = 12;
+    static constexpr int hashRowPadding = 12, hashRowGap = 12, hashLengthWidth = 62, hashLengthHeight = 21;
+    static constexpr int componentRow = 36, componentLabel = 88, componentGap = 12, chipPaddingX = 6,
+                         chipHeight = 22, componentsPadding = 6, componentsGapTop = 6,
+                         componentsGapBottom = 10;
+    static constexpr int statusGap = 12;
     static constexpr int promptGlyph = 28;
     static constexpr int diffTitlePaddingX = 12, diffTitlePaddingY = 8, diffRow = 20, diffPaddingY = 4,
                          diffNumber = 40, diffNumberGap = 8, diffPrefix = 16, diffPaddingRight = 8,
@@ -226,5 +232,8 @@ int lineHeight(TextStyle style);
 /// The opacity of a disabled control.
 inline constexpr double disabledOpacity = 0.45;
 inline constexpr double disabledActionOpacity = 0.75;
+
+/// The opacity of a control that works but has nothing to work on.
+inline constexpr double idleOpacity = 0.3;
 
 } // namespace korvane::Theme

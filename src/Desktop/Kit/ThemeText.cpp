@@ -34,6 +34,7 @@ constexpr auto textFacts = std::to_array<TextFacts>({
     {TextStyle::bodyBold, 13, 18, QFont::Bold},
     {TextStyle::prose, 13, 21},
     {TextStyle::subheadline, 11, 14},
+    {TextStyle::subheadlineStrong, 11, 14, QFont::DemiBold},
     {TextStyle::caption, 10, 13},
     {TextStyle::button, 13, 16, QFont::DemiBold},
     {TextStyle::quiet, 12, 16, QFont::Medium},

@@ -164,17 +164,18 @@ public:
                                           .options = std::move(options)});
     }
 
-    /// A segment for each case of the enumeration that `reader` reads, with its title. `width` is in pixels at a 13-pixel body text; 0 stands for what the titles need.
+    /// A segment for each case of the enumeration that `reader` reads, with its title. `width` is in pixels
+    /// at a 13-pixel body text; 0 stands for what the titles need.
     template <typename Reader, typename Setter>
     QWidget* segmentedPicker(std::string label, Reader reader, Setter setter, int width,
-                             SegmentIcons icons = SegmentIcons::hidden) {
+                             SegmentLook look = SegmentLook::even) {
         using E = std::remove_cvref_t<std::invoke_result_t<Reader, const State&>>;
         std::vector<std::string> titles;
         std::vector<std::string> glyphs;
         for (const auto value : allCases<E>) {
             titles.emplace_back(title(value));
             if constexpr (requires { icon(value); }) {
-                if (icons == SegmentIcons::shown)
+                if (look == SegmentLook::withIcons)
                     glyphs.emplace_back(icon(value));
             }
         }
@@ -184,6 +185,7 @@ public:
                     .titles = std::move(titles),
                     .icons = std::move(glyphs),
                     .width = width,
+                    .look = look,
                     .selected = [read = reading<E>(reader)] { return static_cast<int>(read()); },
                     .select = [set](int index) { set(static_cast<E>(index)); }});
     }

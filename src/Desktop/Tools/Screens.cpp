@@ -22,23 +22,26 @@ QWidget* toolView(Tool tool, Services& services) {
         return jsonFormatterScreen(services);
     case Tool::base64:
         return base64Screen(services);
+    case Tool::urlEncoder:
+        return urlEncoderScreen(services);
+    case Tool::jwtDecoder:
+        return jwtDecoderScreen(services);
+    case Tool::hashGenerator:
+        return hashGeneratorScreen(services);
     case Tool::uuidGenerator:
         return uuidGeneratorScreen(services);
     case Tool::timestamp:
         return timestampScreen(services);
     case Tool::colorPicker:
         return colorPickerScreen(services);
+    case Tool::textDiff:
+        return textDiffScreen(services);
     case Tool::numberBase:
         return numberBaseScreen(services);
     case Tool::loremIpsum:
         return loremIpsumScreen(services);
     case Tool::passwordGenerator:
         return passwordGeneratorScreen(services);
-    case Tool::textDiff:
-        return textDiffScreen(services);
-    case Tool::urlEncoder:
-    case Tool::jwtDecoder:
-    case Tool::hashGenerator:
     case Tool::regexTester:
     case Tool::textTransformer:
     case Tool::markdownPreview:

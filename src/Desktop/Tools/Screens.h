@@ -12,12 +12,15 @@ struct Services;
 
 QWidget* base64Screen(Services& services);
 QWidget* colorPickerScreen(Services& services);
+QWidget* hashGeneratorScreen(Services& services);
 QWidget* jsonFormatterScreen(Services& services);
+QWidget* jwtDecoderScreen(Services& services);
 QWidget* loremIpsumScreen(Services& services);
 QWidget* numberBaseScreen(Services& services);
 QWidget* passwordGeneratorScreen(Services& services);
 QWidget* textDiffScreen(Services& services);
 QWidget* timestampScreen(Services& services);
+QWidget* urlEncoderScreen(Services& services);
 QWidget* uuidGeneratorScreen(Services& services);
 
 /// The screen of `tool`, or its display name while there is no screen yet.
