@@ -138,8 +138,8 @@ DiffResult compare(std::string left, std::string right) {
 
 std::optional<DiffResult> compare(std::string left, std::string right, const std::stop_token& stop) {
     const auto texts = std::make_shared<const DiffTexts>(std::move(left), std::move(right));
-    Side leftSide{separatedByNewlines(texts->left)};
-    Side rightSide{separatedByNewlines(texts->right)};
+    Side leftSide{linesOf(texts->left)};
+    Side rightSide{linesOf(texts->right)};
     {
         LineRegister lines(leftSide.lines.size() + rightSide.lines.size());
         leftSide.identities = lines.identities(leftSide.lines);

@@ -1,8 +1,7 @@
 #include "Utilities/Lines.h"
 
 #include "Utilities/Text.h"
-
-#include <unicode/utf8.h>
+#include "Utilities/UTF8.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -23,23 +22,9 @@ bool isFreeOfNewlines(const char* bytes) {
     return ((word | (word - firstOrdinary)) & highBits) == 0;
 }
 
-/// The code point at an offset, if it is a newline.
-struct Newline {
-    std::size_t end; ///< of the code point, newline or not
-    bool isNewline;
-};
-
-Newline newlineAt(std::string_view text, std::size_t offset) {
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    auto end = offset;
-    UChar32 character = 0;
-    U8_NEXT(bytes, end, text.size(), character);
-    return {end, character >= 0 && isNewline(static_cast<char32_t>(character))};
-}
-
 } // namespace
 
-std::vector<std::string_view> separatedByNewlines(std::string_view text) {
+std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
     std::size_t lineStart = 0;
     for (std::size_t offset = 0; offset < text.size();) {
@@ -50,8 +35,8 @@ std::vector<std::string_view> separatedByNewlines(std::string_view text) {
         // Looking at all of the eight bytes spares asking about each shifted group of them.
         for (const auto groupEnd = offset + sizeof(std::uint64_t);
              offset < groupEnd && offset < text.size();) {
-            const auto [end, isNewline] = newlineAt(text, offset);
-            if (isNewline) {
+            const auto [character, end] = decodeAt(text, offset);
+            if (isNewline(character)) {
                 lines.push_back(text.substr(lineStart, offset - lineStart));
                 lineStart = end;
             }

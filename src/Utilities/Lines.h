@@ -9,6 +9,6 @@ namespace korvane {
 /// The pieces of `text` between newline characters, at least one: each newline separates, so CR LF leaves an
 /// empty piece between the two, and a newline at the end an empty piece after it. The pieces refer to `text`.
 /// About a gigabyte a second while the text is ASCII.
-std::vector<std::string_view> separatedByNewlines(std::string_view text);
+std::vector<std::string_view> linesOf(std::string_view text);
 
 } // namespace korvane

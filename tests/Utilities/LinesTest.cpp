@@ -49,7 +49,7 @@ TEST(Lines, AreSeparatedByEveryNewlineCharacter) {
           "b"}},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(separatedByNewlines(row.text), row.expected) << row.name;
+        EXPECT_EQ(linesOf(row.text), row.expected) << row.name;
 }
 
 RC_GTEST_PROP(Lines, AreWhatIsBetweenNewlines, ()) {
@@ -59,7 +59,7 @@ RC_GTEST_PROP(Lines, AreWhatIsBetweenNewlines, ()) {
     std::string text;
     for (const auto& part : *rc::gen::container<std::vector<std::string>>(element))
         text += part;
-    const auto lines = separatedByNewlines(text);
+    const auto lines = linesOf(text);
     RC_ASSERT(lines.size() == lineCount(text));
     std::size_t rest = text.size();
     for (const auto line : lines) {

@@ -33,8 +33,8 @@ inline std::string brokenDiffEngineProperty(std::string_view texts) {
     const auto middle = texts.find('\0');
     const std::string left(texts.substr(0, middle));
     const std::string right(middle == std::string_view::npos ? std::string_view() : texts.substr(middle + 1));
-    const auto leftPieces = separatedByNewlines(left);
-    const auto rightPieces = separatedByNewlines(right);
+    const auto leftPieces = linesOf(left);
+    const auto rightPieces = linesOf(right);
     const auto result = DiffEngine::compare(left, right);
     if (result.leftLines.size() != result.rightLines.size())
         return "the columns are not of the same length";

@@ -66,10 +66,43 @@ std::vector<Scene> diffScenes() {
     };
 }
 
+constexpr std::string_view report = R"(The harbour lights come on at dusk.
+Two boats wait outside the breakwater.
+Nobody answers the radio.)";
+
+constexpr std::string_view nuts = "walnut\nalmond\nhazelnut\npecan\ncashew\nalmond\npistachio";
+
+std::vector<Scene> transformerScenes() {
+    return {
+        {"transformer", Tool::textTransformer,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, report);
+             screen.press("snake_case");
+             screen.editor("Input Text").setFocus();
+         }},
+        {"transformer-lines", Tool::textTransformer,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             screen.choose("Line Operations");
+             paste(screen, fakes, nuts);
+             screen.press("Sort A-Z");
+         }},
+        {"transformer-stats", Tool::textTransformer,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             screen.choose("Statistics");
+             paste(screen, fakes, report);
+         }},
+        {"transformer-stats-empty", Tool::textTransformer,
+         [](const ScreenDriver& screen, FakeServices&) { screen.choose("Statistics"); }},
+    };
+}
+
 } // namespace
 
 std::vector<Scene> textScenes() {
-    return diffScenes();
+    std::vector<Scene> all = diffScenes();
+    for (const auto& scenes : {transformerScenes()})
+        all.insert(all.end(), scenes.begin(), scenes.end());
+    return all;
 }
 
 } // namespace korvane

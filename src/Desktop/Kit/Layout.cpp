@@ -239,7 +239,8 @@ QWidget* rigid(QWidget* widget) {
     return widget;
 }
 
-QWidget* section(ViewCore& view, std::function<std::string()> title, std::string icon, QWidget* content) {
+QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
+                 QWidget* content) {
     auto* target = focusTarget(content);
     view.onRefresh([target, title] { target->setAccessibleName(qString(title())); });
     return stack(Qt::Vertical, {.spacing = Size::gapHeading},

@@ -83,7 +83,8 @@ QWidget* rigid(QWidget* widget);
 /// labels while the screen is narrow.
 QWidget* screen(QWidget* header, std::initializer_list<Item> items);
 
-QWidget* section(ViewCore& view, std::function<std::string()> title, std::string icon, QWidget* content);
+QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
+                 QWidget* content);
 
 /// `button` laid over the top right corner of `panel`.
 QWidget* overlay(QWidget* panel, QWidget* button);

@@ -68,6 +68,9 @@ enum class Tint {
     toggle = 14,
     toggleHover = 20,
     togglePressed = 26,
+    tile = 12,
+    tileHover = 18,
+    tilePressed = 24,
     iconBox = 20,
     outline = 30,
     toggleOutline = 40,
@@ -153,7 +156,9 @@ struct Size {
     static constexpr int gapGroup = 16, gapSectionWide = 20, gapBulk = 24;
     static constexpr int badgePaddingX = 12, badgePaddingY = 8, badgeGlyph = 14, badgeLine = 16;
     static constexpr int headingGlyph = 12;
-    static constexpr int statGlyph = 18, statPadding = 12, statGap = 4;
+    static constexpr int statGlyph = 16, statPaddingX = 16, statPaddingY = 12, statGap = 6, statCardGap = 10;
+    static constexpr int tileHeight = 52, tilePadding = 10, tileGlyph = 15, tileGap = 4, tileColumnGap = 10,
+                         tileRowGap = 8;
     static constexpr int gutterPadding = 8, editorInset = 8, editorInsetRight = 12, simpleEditorInset = 12,
                          overlayInset = 8, overlayReserve = 40, editorMinimumHeight = 120;
     static constexpr int scrollWidth = 5, scrollWidthHover = 7, scrollInset = 2, scrollThumbMinimum = 32,

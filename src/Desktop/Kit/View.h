@@ -214,9 +214,9 @@ public:
     }
 
     /// A titled section. The content takes the section's title as its accessible name.
-    template <typename Title>
-    QWidget* section(Title title, std::string icon, QWidget* content) {
-        return korvane::section(*this, reading<std::string>(title), std::move(icon), content);
+    template <typename Title, typename Icon = std::string>
+    QWidget* section(Title title, Icon icon, QWidget* content) {
+        return korvane::section(*this, reading<std::string>(title), reading<std::string>(icon), content);
     }
 
     /// A badge while `reader` reads an `std::optional<StatusBadge>` that holds one.

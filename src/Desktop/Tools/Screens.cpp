@@ -36,6 +36,8 @@ QWidget* toolView(Tool tool, Services& services) {
         return colorPickerScreen(services);
     case Tool::textDiff:
         return textDiffScreen(services);
+    case Tool::textTransformer:
+        return textTransformerScreen(services);
     case Tool::numberBase:
         return numberBaseScreen(services);
     case Tool::loremIpsum:
@@ -43,7 +45,6 @@ QWidget* toolView(Tool tool, Services& services) {
     case Tool::passwordGenerator:
         return passwordGeneratorScreen(services);
     case Tool::regexTester:
-    case Tool::textTransformer:
     case Tool::markdownPreview:
     case Tool::imageConverter:
         return displayName(tool);
