@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 namespace korvane {
 
@@ -63,12 +64,6 @@ icu::UnicodeString caseFolded(std::string_view text) {
 
 } // namespace
 
-char32_t takeCodePoint(std::string_view& text) {
-    const auto decoded = decodeAt(text, 0);
-    text.remove_prefix(decoded.end);
-    return decoded.character;
-}
-
 bool isNewline(char32_t character) {
     return (character >= 0x0A && character <= 0x0D) || character == 0x85 || character == 0x2028 ||
            character == 0x2029;
@@ -119,6 +114,18 @@ std::size_t characterCount(std::string_view text) {
 
 std::size_t lineCount(std::string_view text) {
     return positionAt(text, text.size()).line;
+}
+
+std::size_t wordCount(std::string_view text) {
+    std::size_t words = 0;
+    bool inWord = false;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const auto decoded = decodeAt(text, offset);
+        const bool wasInWord = std::exchange(inWord, !isWhitespaceOrNewline(decoded.character));
+        words += inWord && !wasInWord ? 1 : 0;
+        offset = decoded.end;
+    }
+    return words;
 }
 
 TextPosition positionAt(std::string_view text, std::size_t offset) {

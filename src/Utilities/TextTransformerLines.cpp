@@ -1,8 +1,8 @@
 #include "Utilities/TextTransformer.h"
 
 #include "Utilities/Collation.h"
-#include "Utilities/Random.h"
 #include "Utilities/Lines.h"
+#include "Utilities/Random.h"
 #include "Utilities/Text.h"
 
 #include <unicode/bytestream.h>

@@ -96,11 +96,23 @@ std::vector<Scene> transformerScenes() {
     };
 }
 
+std::vector<Scene> markdownScenes() {
+    return {
+        {"markdown", Tool::markdownPreview},
+        {"markdown-editor", Tool::markdownPreview,
+         [](const ScreenDriver& screen, FakeServices&) { screen.choose("Editor"); }},
+        {"markdown-preview", Tool::markdownPreview,
+         [](const ScreenDriver& screen, FakeServices&) { screen.choose("Preview"); }},
+        {"markdown-html", Tool::markdownPreview,
+         [](const ScreenDriver& screen, FakeServices&) { screen.choose("HTML Output"); }},
+    };
+}
+
 } // namespace
 
 std::vector<Scene> textScenes() {
     std::vector<Scene> all = diffScenes();
-    for (const auto& scenes : {transformerScenes()})
+    for (const auto& scenes : {transformerScenes(), markdownScenes()})
         all.insert(all.end(), scenes.begin(), scenes.end());
     return all;
 }

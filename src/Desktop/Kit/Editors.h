@@ -17,6 +17,7 @@ struct CodeEditorOptions {
     bool isSmall = false;          ///< smaller text, for panels beside other things
     bool isProse = false;          ///< text for reading instead of code, with still wider insets
     bool hasOverlayButton = false; ///< keeps the text clear of a button in the top right corner
+    bool overlayHasLabel = false;  ///< that button is as wide as its label
     int minimumHeight = Theme::Size::editorMinimumHeight; ///< in pixels at a 13-pixel body text
 };
 

@@ -111,6 +111,13 @@ enum class TextStyle {
     hero,
     tag,
     tagSmall,
+    document, ///< the running text of one; the six levels of its headers follow in their order
+    header1,
+    header2,
+    header3,
+    header4,
+    header5,
+    header6,
 };
 
 /// Distances and sizes by name, in pixels at a 13-pixel body text; `px` scales them.
@@ -160,7 +167,8 @@ struct Size {
     static constexpr int tileHeight = 52, tilePadding = 10, tileGlyph = 15, tileGap = 4, tileColumnGap = 10,
                          tileRowGap = 8;
     static constexpr int gutterPadding = 8, editorInset = 8, editorInsetRight = 12, simpleEditorInset = 12,
-                         overlayInset = 8, overlayReserve = 40, editorMinimumHeight = 120;
+                         overlayInset = 8, overlayReserve = 40, overlayReserveLabelled = 92,
+                         editorMinimumHeight = 120;
     static constexpr int scrollWidth = 5, scrollWidthHover = 7, scrollInset = 2, scrollThumbMinimum = 32,
                          scrollEndInset = 3;
     static constexpr int panelOutline = 1;
@@ -179,6 +187,10 @@ struct Size {
     static constexpr int valueCardGap = 10, valueCardGlyph = 16, valueCardTextTop = 3, valueRowsEdge = 2;
     static constexpr int swatchHeight = 150, checkerCell = 10;
     static constexpr int colorWellWidth = 44, colorWellHeight = 28, colorWellInset = 4, colorWellRadius = 3;
+    static constexpr int prosePadding = 16, proseGap = 10, proseItemGap = 4, proseHeader2Gap = 18,
+                         proseHeader3Gap = 16, proseBullet = 18, proseNumber = 22, proseMarkerGap = 8,
+                         proseCodePadding = 12, proseLanguageGap = 4, proseQuoteBar = 3, proseQuoteInset = 15,
+                         proseQuotePadding = 2, proseChipPadding = 5, proseChipHeight = 18;
     static constexpr int compactWidth = 640;
     static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
                          welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,

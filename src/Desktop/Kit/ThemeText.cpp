@@ -53,6 +53,13 @@ constexpr auto textFacts = std::to_array<TextFacts>({
     {TextStyle::hero, 22, 30, QFont::Medium, true},
     {TextStyle::tag, 12, 16, QFont::Bold},
     {TextStyle::tagSmall, 11, 14, QFont::Bold},
+    {TextStyle::document, 13, 20},
+    {TextStyle::header1, 22, 28, QFont::Bold},
+    {TextStyle::header2, 17, 22, QFont::Bold},
+    {TextStyle::header3, 15, 20, QFont::DemiBold},
+    {TextStyle::header4, 13, 20, QFont::DemiBold},
+    {TextStyle::header5, 12, 18, QFont::DemiBold},
+    {TextStyle::header6, 11, 16, QFont::DemiBold},
 });
 
 const TextFacts& factsOf(TextStyle style) {

@@ -44,8 +44,9 @@ QWidget* toolView(Tool tool, Services& services) {
         return loremIpsumScreen(services);
     case Tool::passwordGenerator:
         return passwordGeneratorScreen(services);
-    case Tool::regexTester:
     case Tool::markdownPreview:
+        return markdownPreviewScreen(services);
+    case Tool::regexTester:
     case Tool::imageConverter:
         return displayName(tool);
     }

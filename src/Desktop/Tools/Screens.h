@@ -16,6 +16,7 @@ QWidget* hashGeneratorScreen(Services& services);
 QWidget* jsonFormatterScreen(Services& services);
 QWidget* jwtDecoderScreen(Services& services);
 QWidget* loremIpsumScreen(Services& services);
+QWidget* markdownPreviewScreen(Services& services);
 QWidget* numberBaseScreen(Services& services);
 QWidget* passwordGeneratorScreen(Services& services);
 QWidget* textDiffScreen(Services& services);
