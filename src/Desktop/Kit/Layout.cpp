@@ -13,6 +13,8 @@
 #include <QGridLayout>
 #include <QScrollArea>
 
+#include <algorithm>
+
 namespace korvane {
 
 using Theme::Size;
@@ -54,6 +56,39 @@ private:
         for (auto* child : widget()->findChildren<QWidget*>()) {
             if (auto* button = dynamic_cast<QuietButton*>(child))
                 button->setCompact(isNarrow());
+        }
+    }
+};
+
+/// A grid whose rows are all as high as the highest needs to be at its width.
+class EvenGrid final : public QWidget {
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        makeEven();
+    }
+
+    bool event(QEvent* event) override {
+        const bool isHandled = QWidget::event(event);
+        if (event->type() == QEvent::LayoutRequest)
+            makeEven();
+        return isHandled;
+    }
+
+private:
+    void makeEven() {
+        auto* grid = static_cast<QGridLayout*>(layout());
+        int height = 0;
+        for (int index = 0; index < grid->count(); ++index) {
+            auto* item = grid->itemAt(index);
+            const auto width = item->geometry().width();
+            const bool dependsOnWidth = width > 0 && item->hasHeightForWidth();
+            height =
+                std::max(height, dependsOnWidth ? item->heightForWidth(width) : item->sizeHint().height());
+        }
+        for (int row = 0; row < grid->rowCount(); ++row) {
+            if (grid->rowMinimumHeight(row) != height)
+                grid->setRowMinimumHeight(row, height);
         }
     }
 };
@@ -184,7 +219,7 @@ QWidget* wrappingRow(std::initializer_list<Item> items, int spacing) {
 }
 
 QWidget* grid(int columnCount, int spacing, std::initializer_list<QWidget*> items) {
-    auto* container = new QWidget;
+    auto* container = new EvenGrid;
     auto* layout = new QGridLayout(container);
     layout->setContentsMargins({});
     layout->setSpacing(Theme::px(spacing));
