@@ -21,6 +21,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QtTest/QTest>
 
 #include <map>
@@ -29,6 +30,21 @@
 
 namespace korvane {
 namespace {
+
+/// Counts the windows that appear.
+class WindowCounter final : public QObject {
+public:
+    WindowCounter() { qApp->installEventFilter(this); }
+
+    int count = 0;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* shown = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Show && shown && shown->isWindow())
+            ++count;
+        return false;
+    }
+};
 
 struct CatalogueTest : testing::TestWithParam<Tool> {
     FakeServices fakes{};
@@ -42,6 +58,12 @@ TEST_P(CatalogueTest, BuildsAndGoesCleanly) {
     EXPECT_TRUE(screen.shows(rawValue(GetParam())));
     widget.reset();
     settle();
+}
+
+TEST_P(CatalogueTest, ShowsNoWindowOfItsOwnWhileItIsBuilt) {
+    const WindowCounter windows;
+    const std::unique_ptr<QWidget> another(toolView(GetParam(), fakes.services));
+    EXPECT_EQ(windows.count, 0);
 }
 
 TEST_P(CatalogueTest, RefreshingPerformsNoOperation) {

@@ -108,11 +108,36 @@ std::vector<Scene> markdownScenes() {
     };
 }
 
+constexpr std::string_view addresses = R"(Write to ingrid@lighthouse.org or harald@example.com.
+The old address, info@@harbour, no longer works.)";
+
+void search(const ScreenDriver& screen, std::string_view pattern) {
+    screen.type("Test String", addresses);
+    screen.enter("Pattern", pattern);
+}
+
+std::vector<Scene> regexScenes() {
+    return {
+        {"regex", Tool::regexTester,
+         [](const ScreenDriver& screen, FakeServices&) { search(screen, R"((\w+)@([a-z]+)\.(org|com))"); }},
+        {"regex-empty", Tool::regexTester,
+         [](const ScreenDriver& screen, FakeServices&) { screen.press("Find & Replace"); }},
+        {"regex-replace", Tool::regexTester,
+         [](const ScreenDriver& screen, FakeServices&) {
+             search(screen, R"((\w+)@([a-z]+)\.(org|com))");
+             screen.press("Find & Replace");
+             screen.enter("Replacement Pattern", "$2: $1");
+         }},
+        {"regex-error", Tool::regexTester,
+         [](const ScreenDriver& screen, FakeServices&) { search(screen, R"((\w+@([a-z]+)"); }},
+    };
+}
+
 } // namespace
 
 std::vector<Scene> textScenes() {
     std::vector<Scene> all = diffScenes();
-    for (const auto& scenes : {transformerScenes(), markdownScenes()})
+    for (const auto& scenes : {transformerScenes(), markdownScenes(), regexScenes()})
         all.insert(all.end(), scenes.begin(), scenes.end());
     return all;
 }

@@ -251,12 +251,19 @@ QWidget* withHeight(int height, QWidget* widget) {
     policy.setVerticalPolicy(QSizePolicy::Fixed); // else what is around it would grow in its place
     widget->setSizePolicy(policy);
     widget->setFixedHeight(Theme::px(height));
+    widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(),
+                          QSizePolicy::Fixed); // nor what is around it
     return widget;
 }
 
 QWidget* withWidth(int width, QWidget* widget) {
     widget->setFixedWidth(Theme::px(width));
     return widget;
+}
+
+void setShown(QWidget* widget, bool isShown) {
+    if (widget->parentWidget() || !isShown)
+        widget->setVisible(isShown);
 }
 
 QWidget* growing(QWidget* widget) {

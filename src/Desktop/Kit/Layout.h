@@ -70,6 +70,10 @@ QWidget* card(const CardOptions& options, std::initializer_list<Item> items);
 QWidget* withHeight(int height, QWidget* widget);
 QWidget* withWidth(int width, QWidget* widget);
 
+/// Shows or hides a part of a screen, also while the screen is still being built: shown before it has a
+/// parent, it would be a window of its own for a moment.
+void setShown(QWidget* widget, bool isShown);
+
 /// `widget`, taking the room that is left in the stack around it.
 QWidget* growing(QWidget* widget);
 

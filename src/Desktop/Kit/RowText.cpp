@@ -62,6 +62,26 @@ double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text,
     return x - rect.left();
 }
 
+bool drawElidedRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
+                       const QColor& color) {
+    const QFontMetricsF metrics(font);
+    // What one column shows may be joined from many characters, but hardly from more bytes than these.
+    constexpr double bytesOfColumn = 32;
+    auto length = static_cast<std::size_t>(rect.width() / metrics.horizontalAdvance('0') * bytesOfColumn);
+    length = std::min(length, text.size());
+    while (length < text.size() && isTrailingByte(text[length]))
+        ++length;
+    const auto start = onOneLine(text.substr(0, length));
+    auto shown = metrics.elidedText(start, Qt::ElideRight, rect.width());
+    const bool isElided = shown != start || length < text.size();
+    if (isElided && shown == start)
+        shown += QChar(0x2026);
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.drawText(rect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown);
+    return isElided;
+}
+
 std::size_t columnCount(std::string_view text) {
     std::size_t columns = 0;
     for (const char byte : text) {

@@ -106,6 +106,7 @@ enum class TextStyle {
     code,
     codeMedium,
     codeSmall,
+    codeSmallMedium,
     codeCaption,
     codeValue, ///< a result in a card of its own
     hero,
@@ -191,6 +192,11 @@ struct Size {
                          proseHeader3Gap = 16, proseBullet = 18, proseNumber = 22, proseMarkerGap = 8,
                          proseCodePadding = 12, proseLanguageGap = 4, proseQuoteBar = 3, proseQuoteInset = 15,
                          proseQuotePadding = 2, proseChipPadding = 5, proseChipHeight = 18;
+    static constexpr int matchRow = 32, matchListPadding = 8, matchCountInset = 2, matchCountBottom = 4,
+                         matchCardPadding = 2, matchCardLeft = 10, matchCardRight = 4, matchHeading = 64,
+                         matchIndent = 16, matchListMinimum = 180;
+    static constexpr int resultMinimum = 66, resultMaximum = 192, resultReserve = 84;
+    static constexpr int referenceGlyph = 13, referenceColumnGap = 12, referenceRowGap = 8;
     static constexpr int compactWidth = 640;
     static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
                          welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,

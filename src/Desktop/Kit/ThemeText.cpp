@@ -48,6 +48,7 @@ constexpr auto textFacts = std::to_array<TextFacts>({
     {TextStyle::code, 13, 21, QFont::Normal, true},
     {TextStyle::codeMedium, 13, 20, QFont::Medium, true},
     {TextStyle::codeSmall, 12, 20, QFont::Normal, true},
+    {TextStyle::codeSmallMedium, 12, 18, QFont::Medium, true},
     {TextStyle::codeCaption, 10, 13, QFont::Normal, true},
     {TextStyle::codeValue, 15, 22, QFont::Normal, true},
     {TextStyle::hero, 22, 30, QFont::Medium, true},

@@ -273,7 +273,7 @@ public:
     /// `widget`, shown only while `condition` reads true.
     template <typename Condition>
     QWidget* when(Condition condition, QWidget* widget) {
-        onRefresh([widget, read = reading<bool>(condition)] { widget->setVisible(read()); });
+        onRefresh([widget, read = reading<bool>(condition)] { setShown(widget, read()); });
         return widget;
     }
 

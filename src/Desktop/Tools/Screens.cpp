@@ -32,6 +32,8 @@ QWidget* toolView(Tool tool, Services& services) {
         return uuidGeneratorScreen(services);
     case Tool::timestamp:
         return timestampScreen(services);
+    case Tool::regexTester:
+        return regexTesterScreen(services);
     case Tool::colorPicker:
         return colorPickerScreen(services);
     case Tool::textDiff:
@@ -46,7 +48,6 @@ QWidget* toolView(Tool tool, Services& services) {
         return passwordGeneratorScreen(services);
     case Tool::markdownPreview:
         return markdownPreviewScreen(services);
-    case Tool::regexTester:
     case Tool::imageConverter:
         return displayName(tool);
     }

@@ -19,6 +19,7 @@ QWidget* loremIpsumScreen(Services& services);
 QWidget* markdownPreviewScreen(Services& services);
 QWidget* numberBaseScreen(Services& services);
 QWidget* passwordGeneratorScreen(Services& services);
+QWidget* regexTesterScreen(Services& services);
 QWidget* textDiffScreen(Services& services);
 QWidget* textTransformerScreen(Services& services);
 QWidget* timestampScreen(Services& services);
