@@ -289,4 +289,10 @@ QWidget* matchList(ViewCore& view, std::function<RegexMatches()> matches,
     return panel;
 }
 
+QWidget* matchPrompt(std::initializer_list<Item> prompts) {
+    auto* panel = growing(card({}, prompts));
+    panel->setMinimumHeight(Theme::px(Size::editorMinimumHeight));
+    return panel;
+}
+
 } // namespace korvane

@@ -2,6 +2,7 @@
 /// Only the visible lines exist as widgets, so a million matches cost as little as ten.
 #pragma once
 
+#include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/MatchRow.h"
 #include "Views/Components/CopyButton.h"
 #include "Views/Tools/RegexMatches.h"
@@ -9,6 +10,7 @@
 #include <QAbstractScrollArea>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -69,5 +71,8 @@ private:
 
 /// The list in its panel. It grows with the room there is.
 QWidget* matchList(ViewCore& view, std::function<RegexMatches()> matches, std::function<std::string()> count);
+
+/// The panel in the place of a list without matches, around what it says. It grows like the list.
+QWidget* matchPrompt(std::initializer_list<Item> prompts);
 
 } // namespace korvane

@@ -49,14 +49,12 @@ QWidget* matches(View<RegexTesterView>& view) {
                                view.reading<std::string>(&RegexTesterView::matchCount))),
         view.section(
             "Matches", {},
-            growing(card(
-                {},
-                {
-                    view.when(shows(Panel::noMatches), view.emptyPrompt("xmark.circle", "No matches found")),
-                    view.when(shows(Panel::prompt),
-                              view.emptyPrompt("magnifyingglass", "Enter a pattern and test string")),
-                    view.when(shows(Panel::busy), view.emptyPrompt("hourglass", "Matching...")),
-                }))));
+            matchPrompt({
+                view.when(shows(Panel::noMatches), view.emptyPrompt("xmark.circle", "No matches found")),
+                view.when(shows(Panel::prompt),
+                          view.emptyPrompt("magnifyingglass", "Enter a pattern and test string")),
+                view.when(shows(Panel::busy), view.emptyPrompt("hourglass", "Matching...")),
+            })));
 }
 
 QWidget* replacementBlock(View<RegexTesterView>& view) {
