@@ -4,6 +4,7 @@
 
 #include "MixedDocument.h"
 #include "Utilities/Base64.h"
+#include "Utilities/HashGenerator.h"
 #include "Utilities/JSONFormatter.h"
 
 #include <fcntl.h>
@@ -77,17 +78,25 @@ Result decoded(std::string_view text) {
     return std::move(*bytes);
 }
 
+Result hashes(std::string_view text) {
+    std::string lines;
+    for (const auto& [algorithm, hash] : HashGenerator::allHashes(text))
+        lines += fmt::format("{}  {}\n", hash, rawValue(algorithm));
+    return lines;
+}
+
 struct Operation {
     std::string_view name;
     Result (*perform)(std::string_view text);
 };
 
-constexpr std::array<Operation, 5> operations = {{
+constexpr std::array<Operation, 6> operations = {{
     {"prettify", [](std::string_view text) { return ofFormatter(JSONFormatter::prettify(text, 2)); }},
     {"minify", [](std::string_view text) { return ofFormatter(JSONFormatter::minify(text)); }},
     {"tree", tree},
     {"encode", [](std::string_view text) -> Result { return Base64::encode(text); }},
     {"decode", decoded},
+    {"hashes", hashes},
 }};
 
 Result perform(std::string_view name, const char* argument) {
@@ -112,7 +121,7 @@ Result perform(std::string_view name, const char* argument) {
 
 int main(int count, char** arguments) {
     if (count != 3) {
-        fmt::print(stderr, "usage: {} prettify|minify|tree|encode|decode FILE, or generate SIZE\n",
+        fmt::print(stderr, "usage: {} prettify|minify|tree|encode|decode|hashes FILE, or generate SIZE\n",
                    arguments[0]);
         return 2;
     }

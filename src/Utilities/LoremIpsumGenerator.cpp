@@ -98,14 +98,6 @@ std::string generateSentence(bool startWithLorem) {
     return fmt::format("{}.", fmt::join(chosen, " "));
 }
 
-bool isBlank(std::string_view text) {
-    while (!text.empty()) {
-        if (!isWhitespace(takeCodePoint(text)))
-            return false;
-    }
-    return true;
-}
-
 } // namespace
 
 std::string generateWords(int count, bool startWithLorem) {
@@ -134,28 +126,15 @@ std::string generateParagraphs(int count, bool startWithLorem) {
 }
 
 int wordCount(std::string_view text) {
-    int count = 0;
-    bool isInWord = false;
-    while (!text.empty()) {
-        const auto codePoint = takeCodePoint(text);
-        const bool wasInWord = isInWord;
-        isInWord = !isWhitespace(codePoint) && !isNewline(codePoint);
-        if (isInWord && !wasInWord)
-            ++count;
-    }
-    return count;
+    return static_cast<int>(korvane::wordCount(text));
 }
 
 int sentenceCount(std::string_view text) {
     constexpr std::string_view marks = ".!?";
     int count = 0;
-    bool isInMarks = false;
-    for (const char byte : text) {
-        const bool wasInMarks = isInMarks;
-        isInMarks = marks.contains(byte);
-        if (isInMarks && !wasInMarks)
-            ++count;
-    }
+    for (auto mark = text.find_first_of(marks); mark != std::string_view::npos;
+         mark = text.find_first_of(marks, text.find_first_not_of(marks, mark)))
+        ++count;
     return count;
 }
 
@@ -164,7 +143,7 @@ int paragraphCount(std::string_view text) {
     int count = 0;
     while (true) {
         const auto end = text.find(separator);
-        if (!isBlank(text.substr(0, end)))
+        if (!trimmingWhitespaces(text.substr(0, end)).empty())
             ++count;
         if (end == std::string_view::npos)
             return count;

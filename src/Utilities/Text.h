@@ -9,10 +9,6 @@
 
 namespace korvane {
 
-/// Cuts the first code point off `text`, which is not empty. The replacement character stands for bytes that
-/// are not UTF-8.
-char32_t takeCodePoint(std::string_view& text);
-
 /// The characters that end a line: LF, VT, FF, CR, NEL (U+0085), LS (U+2028) and PS (U+2029).
 bool isNewline(char32_t character);
 
@@ -39,6 +35,9 @@ std::size_t characterCount(std::string_view text);
 
 /// The number of pieces between newline characters, so at least one. A CR LF counts as two newlines.
 std::size_t lineCount(std::string_view text);
+
+/// The number of words: what white space and newlines delimit.
+std::size_t wordCount(std::string_view text);
 
 /// A place in a text as people name it, both counted from 1.
 struct TextPosition {

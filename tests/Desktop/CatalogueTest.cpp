@@ -14,12 +14,14 @@
 #include "Views/Tools/Base64View.h"
 #include "Views/Tools/JSONFormatterView.h"
 #include "Views/Tools/NumberBaseView.h"
+#include "Views/Tools/URLEncoderView.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QtTest/QTest>
 
 #include <map>
@@ -28,6 +30,21 @@
 
 namespace korvane {
 namespace {
+
+/// Counts the windows that appear.
+class WindowCounter final : public QObject {
+public:
+    WindowCounter() { qApp->installEventFilter(this); }
+
+    int count = 0;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* shown = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Show && shown && shown->isWindow())
+            ++count;
+        return false;
+    }
+};
 
 struct CatalogueTest : testing::TestWithParam<Tool> {
     FakeServices fakes{};
@@ -41,6 +58,12 @@ TEST_P(CatalogueTest, BuildsAndGoesCleanly) {
     EXPECT_TRUE(screen.shows(rawValue(GetParam())));
     widget.reset();
     settle();
+}
+
+TEST_P(CatalogueTest, ShowsNoWindowOfItsOwnWhileItIsBuilt) {
+    const WindowCounter windows;
+    const std::unique_ptr<QWidget> another(toolView(GetParam(), fakes.services));
+    EXPECT_EQ(windows.count, 0);
 }
 
 TEST_P(CatalogueTest, RefreshingPerformsNoOperation) {
@@ -166,7 +189,9 @@ TEST(Glyph, HasAnIconForEveryNameThatIsUsed) {
                                            "number.square",
                                            "menu.chevrons",
                                            "chevron.left",
-                                           "doc.on.clipboard"};
+                                           "doc.on.clipboard",
+                                           "info.circle",
+                                           "bolt.fill"};
     const auto addIcons = [&](const auto& cases) {
         for (const auto value : cases)
             names.push_back(icon(value));
@@ -177,6 +202,7 @@ TEST(Glyph, HasAnIconForEveryNameThatIsUsed) {
     addIcons(allCases<Base64View::Mode>);
     addIcons(allCases<GenerationType>);
     addIcons(allCases<NumberBaseView::Base>);
+    addIcons(allCases<URLEncoderView::Mode>);
     for (const bool copied : {false, true})
         names.push_back(CopyButton{.copied = copied}.icon());
     for (const auto name : names)

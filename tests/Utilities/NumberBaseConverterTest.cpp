@@ -29,6 +29,7 @@ TEST(NumberBaseConverter, NamesItsBases) {
     EXPECT_EQ(label(Base::hexadecimal), "Hexadecimal");
     for (const auto base : allCases<Base>)
         EXPECT_EQ(fromRawValue<Base>(rawValue(base)), base);
+    EXPECT_EQ(title(Base::octal), "Octal");
     EXPECT_EQ(fromRawValue<Base>(3), std::nullopt);
 }
 

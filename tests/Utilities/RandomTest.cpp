@@ -92,8 +92,10 @@ TEST(Random, IsUniformBelowABound) {
 
 TEST(Random, IsUniformBetweenTwoBounds) {
     std::vector<std::uint64_t> counts(9);
-    for (int draw = 0; draw < 200'000; ++draw)
-        ++counts.at(static_cast<std::size_t>(uniformBetween(-3, 5) + 3));
+    for (int draw = 0; draw < 200'000; ++draw) {
+        const int place = uniformBetween(-3, 5) + 3;
+        ++counts.at(static_cast<std::size_t>(place));
+    }
     EXPECT_TRUE(fitsUniform(counts));
     EXPECT_EQ(uniformBetween(7, 7), 7);
     for (int draw = 0; draw < 100; ++draw)

@@ -86,6 +86,17 @@ TEST(Text, TrimsWhitespaceAndLeavesNewlines) {
     EXPECT_EQ(trimmingWhitespaces(" \n a\r\n \t"), "\n a\r\n");
     EXPECT_EQ(trimmingWhitespaces("\u2028"), "\u2028");
     EXPECT_EQ(trimmingWhitespaces(" \t "), "");
+    EXPECT_EQ(trimmingWhitespaces(" \n a \r"), "\n a \r");
+    EXPECT_EQ(trimmingWhitespaces("\t "), "");
+}
+
+TEST(Text, CountsWordsBetweenWhiteSpaceAndNewlines) {
+    EXPECT_EQ(wordCount(""), 0U);
+    EXPECT_EQ(wordCount(" \n\t"), 0U);
+    EXPECT_EQ(wordCount("one"), 1U);
+    EXPECT_EQ(wordCount("  one\r\ntwo\u2028three-four,\u00A0five\n"), 4U);
+    EXPECT_EQ(wordCount("漢字かな"), 1U);
+    EXPECT_EQ(wordCount("\xff \xff"), 2U);
 }
 
 TEST(Text, TellsUTF8FromOtherBytes) {

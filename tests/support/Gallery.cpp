@@ -100,7 +100,7 @@ QWidget* contents(View<Base64View>& view) {
         Qt::Vertical, {.spacing = Theme::Size::gapSection},
         {
             view.segmentedPicker("Mode", &Base64View::mode, &Base64View::setMode, 144),
-            view.segmentedPicker("Modes", &Base64View::mode, &Base64View::setMode, 0, SegmentIcons::shown),
+            view.segmentedPicker("Modes", &Base64View::mode, &Base64View::setMode, 0, SegmentLook::withIcons),
             row({badge(view, Status::success, "Valid JSON"), badge(view, Status::error, "Input is empty"),
                  badge(view, Status::warning, "Large input"), badge(view, Status::info, "Nothing to do")}),
             row({view.statCard("Words", "1,204", "text.word.spacing", PaletteColor::blue),

@@ -133,6 +133,10 @@ bool ScreenDriver::hasButton(std::string_view name) const {
     return visible<QAbstractButton>(name).size() == 1;
 }
 
+int ScreenDriver::buttonCount(std::string_view name) const {
+    return static_cast<int>(visible<QAbstractButton>(name).size());
+}
+
 bool ScreenDriver::hasEditor(std::string_view name) const {
     return visible<TextArea>(name).size() == 1;
 }

@@ -45,6 +45,7 @@ public:
     std::string placeholder(std::string_view editor) const;
 
     bool hasButton(std::string_view name) const;
+    int buttonCount(std::string_view name) const;
     bool hasEditor(std::string_view name) const;
     bool hasList(std::string_view name) const;
 

@@ -34,9 +34,14 @@ void GlyphButton::setTitle(std::string_view title) {
     if (text == this->text())
         return;
     setText(text);
-    const auto subject = qString(this->subject());
-    setAccessibleName(subject.isEmpty() ? text : text + QLatin1Char(' ') + subject);
+    setShortcut({}); // an ampersand in a title is one
+    updateAccessibleName();
     updateGeometry();
+}
+
+void GlyphButton::updateAccessibleName() {
+    const auto subject = qString(this->subject());
+    setAccessibleName(subject.isEmpty() ? text() : text() + QLatin1Char(' ') + subject);
 }
 
 void GlyphButton::setIconName(std::string_view icon) {
@@ -134,6 +139,11 @@ void QuietButton::setCompact(bool compact) {
     m_compact = compact;
     setToolTip(compact ? text() : QString());
     updateGeometry();
+}
+
+void QuietButton::setSubject(std::string subject) {
+    m_options.subject = std::move(subject);
+    updateAccessibleName();
 }
 
 void QuietButton::setHighlight(std::optional<PaletteColor> color) {

@@ -46,6 +46,8 @@ protected:
     /// What the button acts on, added to its title for its accessible name.
     virtual std::string subject() const { return {}; }
 
+    void updateAccessibleName();
+
     /// Paints the rounded background, with an outline where one is given.
     void paintBackground(QPainter& painter, const QColor& fill, const QColor& outline = {}) const;
     void paintContent(QPainter& painter, const QColor& color) const;
@@ -84,6 +86,11 @@ public:
 
     /// Drops the label, or brings it back, of a button whose label may be dropped.
     void setCompact(bool compact);
+
+    bool isCompact() const { return m_compact; }
+
+    /// Names what it acts on, which may change; see `QuietButtonOptions`.
+    void setSubject(std::string subject);
 
     /// The colour of glyph and title, or none for the secondary colour. Changes are animated.
     void setHighlight(std::optional<PaletteColor> color);

@@ -31,40 +31,49 @@ Moment momentAt(QDate date, QTime time) {
     return Moment(std::chrono::milliseconds(QDateTime(date, time).toMSecsSinceEpoch()));
 }
 
-QWidget* turnButton(std::string_view title, std::string_view icon, MonthGrid* grid, int months) {
+/// A button that, held down, acts again and again.
+QuietButton* turnButton(std::string_view title, std::string_view icon) {
     auto* button = new QuietButton(title, icon, {.showLabel = false, .isPlain = true});
     button->setAutoRepeat(true);
-    QObject::connect(button, &QAbstractButton::clicked, grid, [grid, months] { grid->turn(months); });
     return button;
 }
 
-Label* monthLabel(MonthGrid* grid) {
-    auto* label = new Label({}, TextStyle::headline);
-    grid->onTurn([grid, label] {
-        const auto month = grid->month();
-        label->display(CalendarText::monthAndYear(std::chrono::year(month.year()) / month.month()));
+TimeField* newTimeField(const DateTimePickerParts& parts) {
+    return timeField(parts.label, [parts](QTime hourAndMinute) {
+        const auto chosen = localTime(parts.moment());
+        const auto rest = chosen.time().msecsSinceStartOfDay() % (60 * 1000);
+        parts.setMoment(momentAt(chosen.date(), hourAndMinute.addMSecs(rest)));
     });
-    return label;
+}
+
+MonthGrid* newMonthGrid(const DateTimePickerParts& parts) {
+    return new MonthGrid(parts.color, [parts](QDate date) {
+        parts.setMoment(momentAt(date, localTime(parts.moment()).time()));
+    });
+}
+
+void connectTurning(MonthGrid* grid, QuietButton* previous, QuietButton* next, Label* title) {
+    QObject::connect(previous, &QAbstractButton::clicked, grid, [grid] { grid->turn(-1); });
+    QObject::connect(next, &QAbstractButton::clicked, grid, [grid] { grid->turn(1); });
+    grid->onTurn([grid, title] {
+        const auto month = grid->month();
+        title->display(CalendarText::monthAndYear(std::chrono::year(month.year()) / month.month()));
+    });
 }
 
 } // namespace
 
 QWidget* dateTimePicker(ViewCore& view, DateTimePickerParts parts) {
-    auto* grid = new MonthGrid(parts.color, [parts](QDate date) {
-        parts.setMoment(momentAt(date, localTime(parts.moment()).time()));
-    });
-    auto* time = timeField(parts.label, [parts](QTime hourAndMinute) {
-        const auto chosen = localTime(parts.moment());
-        const auto rest = chosen.time().msecsSinceStartOfDay() % (60 * 1000);
-        parts.setMoment(momentAt(chosen.date(), hourAndMinute.addMSecs(rest)));
-    });
+    // The controls are made in the order in which the Tab key goes through them.
     auto* label = new Label(parts.label, TextStyle::subheadline, Role::secondary);
-    auto* picker =
-        stack(Qt::Vertical, {},
-              {row({label, stretch(), time}),
-               row({monthLabel(grid), stretch(), turnButton("Previous Month", "chevron.left", grid, -1),
-                    turnButton("Next Month", "chevron.right", grid, 1)}),
-               grid});
+    auto* time = newTimeField(parts);
+    auto* title = new Label({}, TextStyle::headline);
+    auto* previous = turnButton("Previous Month", "chevron.left");
+    auto* next = turnButton("Next Month", "chevron.right");
+    auto* grid = newMonthGrid(parts);
+    connectTurning(grid, previous, next, title);
+    auto* picker = stack(Qt::Vertical, {},
+                         {row({label, stretch(), time}), row({title, stretch(), previous, next}), grid});
     view.onRefresh([grid, time, parts = std::move(parts)] {
         const auto chosen = localTime(parts.moment());
         grid->display(chosen.date(), localTime(parts.now()).date());

@@ -4,7 +4,6 @@
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/TextArea.h"
-#include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QEvent>
@@ -25,6 +24,10 @@ public:
         new OverlayScrollBar(Qt::Vertical, area, this);
     }
 
+    QSize sizeHint() const override {
+        return {Panel::sizeHint().width(), Theme::px(m_options.minimumHeight)};
+    }
+
 protected:
     void changeEvent(QEvent* event) override {
         Panel::changeEvent(event);
@@ -37,8 +40,8 @@ private:
         // Insets count from the panel's edge; its outline is outside the text area.
         const auto inset = textInset() - Size::panelOutline;
         const auto left = m_options.lineNumbers ? 0 : inset; // the gutter brings its own distance
-        const auto right =
-            (m_options.hasOverlayButton ? Size::overlayReserve : endInset()) - Size::panelOutline;
+        const auto reserve = m_options.overlayHasLabel ? Size::overlayReserveLabelled : Size::overlayReserve;
+        const auto right = (m_options.hasOverlayButton ? reserve : endInset()) - Size::panelOutline;
         const auto style = textStyle();
         m_area->setStyle({.font = Theme::font(style),
                           .lineHeight = Theme::lineHeight(style),
@@ -73,6 +76,10 @@ private:
 QWidget* codeEditor(ViewCore& view, CodeEditorParts parts) {
     auto* area = new TextArea;
     area->setLineNumbers(parts.options.lineNumbers);
+    // The text that a screen begins with is no edit: it is seen from its start, and undo does not take it
+    // away.
+    area->setReadOnly(true);
+    area->setText(parts.text());
     area->setReadOnly(parts.setText == nullptr);
     auto* panel = new EditorPanel(area, parts.options);
     area->onEdit = std::move(parts.setText);

@@ -1,6 +1,8 @@
 /// The text editors: a panel with a text area, with line numbers or without.
 #pragma once
 
+#include "Desktop/Kit/Theme.h"
+
 #include <functional>
 #include <string>
 
@@ -15,6 +17,8 @@ struct CodeEditorOptions {
     bool isSmall = false;          ///< smaller text, for panels beside other things
     bool isProse = false;          ///< text for reading instead of code, with still wider insets
     bool hasOverlayButton = false; ///< keeps the text clear of a button in the top right corner
+    bool overlayHasLabel = false;  ///< that button is as wide as its label
+    int minimumHeight = Theme::Size::editorMinimumHeight; ///< in pixels at a 13-pixel body text
 };
 
 struct CodeEditorParts {

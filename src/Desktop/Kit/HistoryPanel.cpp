@@ -274,8 +274,6 @@ private:
 } // namespace
 
 QWidget* historyPanel(ViewCore& view, HistoryPanelParts parts) {
-    auto* list = new HistoryList(view, "History", parts.rows, parts.options.isSecret);
-    view.onRefresh([list] { list->refresh(); });
     const QuietButtonOptions plain{.isPlain = true};
     const auto never = [] { return false; };
     constexpr auto outline = Size::panelOutline; // around the content, and counted with it
@@ -294,6 +292,8 @@ QWidget* historyPanel(ViewCore& view, HistoryPanelParts parts) {
                                   .isDisabled = never,
                                   .action = parts.clear,
                                   .look = plain})});
+    auto* list = new HistoryList(view, "History", parts.rows, parts.options.isSecret);
+    view.onRefresh([list] { list->refresh(); });
     auto* prompt = emptyPrompt(
         view, "clock.badge.questionmark", [text = parts.options.prompt] { return text; },
         TextStyle::subheadline);

@@ -146,6 +146,13 @@ GlyphLabel::GlyphLabel(std::string_view name, int size, Color color, double opac
     setFixedSize(Theme::px(size), Theme::px(size));
 }
 
+void GlyphLabel::setName(std::string_view name) {
+    if (name == m_name)
+        return;
+    m_name = name;
+    update();
+}
+
 void GlyphLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setOpacity(m_opacity);
@@ -231,17 +238,20 @@ QWidget* toolHeader(Tool tool) {
                  {new HeaderTile(tool), stack(Qt::Vertical, {.spacing = 0}, {stretch(), texts, stretch()})});
 }
 
-QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title, std::string icon) {
+QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title,
+                        std::function<std::string()> icon) {
+    auto* glyph = new GlyphLabel({}, Size::headingGlyph, Role::secondary);
     auto* label = new Label({}, TextStyle::heading, Role::secondary);
-    view.onRefresh([label, title = std::move(title)] {
+    auto* line = stack(Qt::Horizontal, {.spacing = Size::gapBadge}, {glyph, label, stretch()});
+    view.onRefresh([glyph, label, title = std::move(title), icon = std::move(icon)] {
         const auto text = title();
         label->display(utf8String(qString(text).toUpper()));
         label->setAccessibleName(qString(text));
+        const auto name = icon();
+        glyph->setName(name);
+        glyph->setVisible(!name.empty());
     });
-    if (icon.empty())
-        return label;
-    return stack(Qt::Horizontal, {.spacing = Size::gapBadge},
-                 {new GlyphLabel(icon, Size::headingGlyph, Role::secondary), label, stretch()});
+    return line;
 }
 
 QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()> badge) {
@@ -267,10 +277,12 @@ QWidget* statCard(ViewCore& view, std::string title, std::function<std::string()
     auto* figure = new Label({}, TextStyle::stat);
     view.onRefresh([figure, value = std::move(value)] { figure->display(value()); });
     auto* card = new Surface([color] { return Theme::withTint(color, Theme::Tint::row); }, Size::radiusLarge);
-    const auto padding = Size::statPadding;
-    fill(card, Qt::Vertical, {.spacing = Size::statGap, .padding = {padding, padding, padding, padding}},
-         {new GlyphLabel(icon, Size::statGlyph, color), figure,
-          new Label(title, TextStyle::caption, Role::secondary)});
+    fill(card, Qt::Vertical,
+         {.spacing = 0,
+          .padding = {Size::statPaddingX, Size::statPaddingY, Size::statPaddingX, Size::statPaddingY}},
+         {stack(Qt::Horizontal, {.spacing = 0, .padding = {0, 0, 0, Size::statGap}},
+                {new GlyphLabel(icon, Size::statGlyph, color), stretch()}),
+          figure, new Label(title, TextStyle::caption, Role::secondary)});
     return card;
 }
 

@@ -48,6 +48,8 @@ public:
     /// `size` is in pixels at a 13-pixel body text.
     GlyphLabel(std::string_view name, int size, Color color, double opacity = 1);
 
+    void setName(std::string_view name);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
@@ -83,8 +85,9 @@ private:
 
 QWidget* toolHeader(Tool tool);
 
-/// The heading of a section: a glyph, where `icon` names one, and the title in upper case.
-QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title, std::string icon);
+/// The heading of a section: a glyph, while `icon` names one, and the title in upper case.
+QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title,
+                        std::function<std::string()> icon);
 
 QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()> badge);
 

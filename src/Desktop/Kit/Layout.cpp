@@ -13,6 +13,8 @@
 #include <QGridLayout>
 #include <QScrollArea>
 
+#include <algorithm>
+
 namespace korvane {
 
 using Theme::Size;
@@ -39,11 +41,55 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
+        dropLabels();
+        QScrollArea::resizeEvent(event);
+    }
+
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest)
+            dropLabels(); // of buttons that have come since
+        return QScrollArea::event(event);
+    }
+
+private:
+    void dropLabels() const {
         for (auto* child : widget()->findChildren<QWidget*>()) {
             if (auto* button = dynamic_cast<QuietButton*>(child))
                 button->setCompact(isNarrow());
         }
-        QScrollArea::resizeEvent(event);
+    }
+};
+
+/// A grid whose rows are all as high as the highest needs to be at its width.
+class EvenGrid final : public QWidget {
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        makeEven();
+    }
+
+    bool event(QEvent* event) override {
+        const bool isHandled = QWidget::event(event);
+        if (event->type() == QEvent::LayoutRequest)
+            makeEven();
+        return isHandled;
+    }
+
+private:
+    void makeEven() {
+        auto* grid = static_cast<QGridLayout*>(layout());
+        int height = 0;
+        for (int index = 0; index < grid->count(); ++index) {
+            auto* item = grid->itemAt(index);
+            const auto width = item->geometry().width();
+            const bool dependsOnWidth = width > 0 && item->hasHeightForWidth();
+            height =
+                std::max(height, dependsOnWidth ? item->heightForWidth(width) : item->sizeHint().height());
+        }
+        for (int row = 0; row < grid->rowCount(); ++row) {
+            if (grid->rowMinimumHeight(row) != height)
+                grid->setRowMinimumHeight(row, height);
+        }
     }
 };
 
@@ -83,6 +129,19 @@ private:
     QWidget* m_panel;
     QWidget* m_button;
 };
+
+/// Moves the focus, where `hidden` has it, to the first control of `shown`. The toolkit would move it
+/// anywhere.
+void handFocusOver(QWidget* hidden, QWidget* shown) {
+    const auto* focused = hidden->window()->focusWidget();
+    if (!focused || !hidden->isAncestorOf(focused))
+        return;
+    for (auto* control : shown->findChildren<QWidget*>()) {
+        const bool takesFocus = (control->focusPolicy() & Qt::TabFocus) != 0 && !control->focusProxy();
+        if (takesFocus && control->isVisible() && control->isEnabled())
+            return control->setFocus();
+    }
+}
 
 } // namespace
 
@@ -160,7 +219,7 @@ QWidget* wrappingRow(std::initializer_list<Item> items, int spacing) {
 }
 
 QWidget* grid(int columnCount, int spacing, std::initializer_list<QWidget*> items) {
-    auto* container = new QWidget;
+    auto* container = new EvenGrid;
     auto* layout = new QGridLayout(container);
     layout->setContentsMargins({});
     layout->setSpacing(Theme::px(spacing));
@@ -188,13 +247,23 @@ QWidget* card(const CardOptions& options, std::initializer_list<Item> items) {
 }
 
 QWidget* withHeight(int height, QWidget* widget) {
+    auto policy = widget->sizePolicy();
+    policy.setVerticalPolicy(QSizePolicy::Fixed); // else what is around it would grow in its place
+    widget->setSizePolicy(policy);
     widget->setFixedHeight(Theme::px(height));
+    widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(),
+                          QSizePolicy::Fixed); // nor what is around it
     return widget;
 }
 
 QWidget* withWidth(int width, QWidget* widget) {
     widget->setFixedWidth(Theme::px(width));
     return widget;
+}
+
+void setShown(QWidget* widget, bool isShown) {
+    if (widget->parentWidget() || !isShown)
+        widget->setVisible(isShown);
 }
 
 QWidget* growing(QWidget* widget) {
@@ -205,7 +274,15 @@ QWidget* growing(QWidget* widget) {
     return widget;
 }
 
-QWidget* section(ViewCore& view, std::function<std::string()> title, std::string icon, QWidget* content) {
+QWidget* rigid(QWidget* widget) {
+    auto policy = widget->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Fixed);
+    widget->setSizePolicy(policy);
+    return widget;
+}
+
+QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
+                 QWidget* content) {
     auto* target = focusTarget(content);
     view.onRefresh([target, title] { target->setAccessibleName(qString(title())); });
     return stack(Qt::Vertical, {.spacing = Size::gapHeading},
@@ -220,8 +297,11 @@ QWidget* either(ViewCore& view, std::function<bool()> condition, QWidget* yes, Q
     auto* place = stack(Qt::Vertical, {.spacing = 0}, {yes, no});
     view.onRefresh([yes, no, condition = std::move(condition)] {
         const bool holds = condition();
-        (holds ? no : yes)->hide();
-        (holds ? yes : no)->show();
+        auto* hidden = holds ? no : yes;
+        auto* shown = holds ? yes : no;
+        shown->show();
+        handFocusOver(hidden, shown);
+        hidden->hide();
     });
     return place;
 }

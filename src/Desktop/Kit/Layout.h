@@ -70,21 +70,30 @@ QWidget* card(const CardOptions& options, std::initializer_list<Item> items);
 QWidget* withHeight(int height, QWidget* widget);
 QWidget* withWidth(int width, QWidget* widget);
 
+/// Shows or hides a part of a screen, also while the screen is still being built: shown before it has a
+/// parent, it would be a window of its own for a moment.
+void setShown(QWidget* widget, bool isShown);
+
 /// `widget`, taking the room that is left in the stack around it.
 QWidget* growing(QWidget* widget);
 
 /// Whether the screen around `widget` is narrow by now.
 bool isInNarrowScreen(const QWidget* widget);
 
+/// `widget` in the width that it would like, however much room there is.
+QWidget* rigid(QWidget* widget);
+
 /// A screen: the header stays, and what is below scrolls when it does not fit. Quiet buttons drop their
 /// labels while the screen is narrow.
 QWidget* screen(QWidget* header, std::initializer_list<Item> items);
 
-QWidget* section(ViewCore& view, std::function<std::string()> title, std::string icon, QWidget* content);
+QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
+                 QWidget* content);
 
 /// `button` laid over the top right corner of `panel`.
 QWidget* overlay(QWidget* panel, QWidget* button);
 
+/// One of two widgets in the same place. When they change, the focus stays in that place.
 QWidget* either(ViewCore& view, std::function<bool()> condition, QWidget* yes, QWidget* no);
 
 /// The widget that takes the keyboard focus for `widget`: the editor in a panel, or `widget` itself.

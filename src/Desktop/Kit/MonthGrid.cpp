@@ -41,6 +41,7 @@ public:
     explicit DayButton(MonthGrid* grid) : m_grid(grid) {
         setFixedSize(Theme::px(Size::calendarDayWidth), Theme::px(Size::calendarDayHeight));
         setFocusPolicy(Qt::NoFocus);
+        setCheckable(true);
         setAttribute(Qt::WA_Hover);
         giveFocusRing(this, this, Size::radiusSmall);
     }
@@ -56,12 +57,15 @@ public:
             setAccessibleName(qString(CalendarText::fullDate(chronoDay(date))));
         }
         m_isOfMonth = isOfMonth;
-        m_isChosen = isChosen;
+        setChecked(isChosen);
         m_isToday = isToday;
         update();
     }
 
 protected:
+    /// Which day is chosen is not for the button to say.
+    void nextCheckState() override {}
+
     void keyPressEvent(QKeyEvent* event) override {
         m_grid->handleKey(m_date, event);
         if (!event->isAccepted())
@@ -70,18 +74,18 @@ protected:
 
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        const bool isMarked = m_isToday && !m_isChosen;
+        const bool isMarked = m_isToday && !isChecked();
         paintSurface(painter, rect(), Theme::px(Size::radiusSmall), background(),
                      isMarked ? Theme::color(Role::outlineStrong) : QColor());
-        painter.setFont(Theme::font(m_isChosen ? TextStyle::quietStrong : TextStyle::menu));
-        painter.setPen(m_isChosen ? Theme::onSolid(m_grid->m_color)
-                                  : Theme::color(m_isOfMonth ? Role::primary : Role::placeholder));
+        painter.setFont(Theme::font(isChecked() ? TextStyle::quietStrong : TextStyle::menu));
+        painter.setPen(isChecked() ? Theme::onSolid(m_grid->m_color)
+                                   : Theme::color(m_isOfMonth ? Role::primary : Role::placeholder));
         painter.drawText(rect(), Qt::AlignCenter, text());
     }
 
 private:
     QColor background() const {
-        if (m_isChosen)
+        if (isChecked())
             return Theme::solid(m_grid->m_color);
         if (isDown())
             return Theme::color(Role::controlPressed);
@@ -91,7 +95,6 @@ private:
     MonthGrid* m_grid;
     QDate m_date{};
     bool m_isOfMonth = false;
-    bool m_isChosen = false;
     bool m_isToday = false;
 };
 

@@ -6,13 +6,16 @@
 #include <QAbstractListModel>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <vector>
 
 namespace korvane {
 
@@ -56,7 +59,8 @@ public:
         painter->save();
         m_list->m_source.paint(*painter, row, index.row(),
                                {.isHovered = option.state.testFlag(QStyle::State_MouseOver),
-                                .isCurrent = m_list->hasFocus() && index == m_list->currentIndex()});
+                                .isCurrent = m_list->hasFocus() && index == m_list->currentIndex(),
+                                .isSelected = option.state.testFlag(QStyle::State_Selected)});
         painter->restore();
     }
 
@@ -71,7 +75,7 @@ RowList::RowList(RowSource source) : m_source(std::move(source)), m_model(new Mo
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
-    setSelectionMode(NoSelection);
+    setSelectionMode(m_source.copied ? ExtendedSelection : NoSelection);
     setEditTriggers(NoEditTriggers);
     setMouseTracking(true);
     viewport()->setAutoFillBackground(false);
@@ -126,8 +130,8 @@ void RowList::keyPressEvent(QKeyEvent* event) {
         onActivate(currentRow());
         return;
     }
-    if (event->matches(QKeySequence::Copy) && currentIndex().isValid()) {
-        QApplication::clipboard()->setText(qString(m_source.name(currentRow())));
+    if (event->matches(QKeySequence::Copy)) {
+        copy();
         return;
     }
     QListView::keyPressEvent(event);
@@ -144,6 +148,38 @@ void RowList::mouseReleaseEvent(QMouseEvent* event) {
     if (onClick && index.isValid() && index.row() == m_pressedRow)
         onClick(index.row(), event->position().toPoint() - visualRect(index).topLeft());
     m_pressedRow = -1;
+}
+
+std::optional<std::string> RowList::copiedText(int row) const {
+    return m_source.copied ? m_source.copied(row) : m_source.name(row);
+}
+
+void RowList::copy() const {
+    std::vector<int> rows;
+    for (const auto& range : selectionModel()->selection()) {
+        for (auto row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    }
+    std::ranges::sort(rows); // ranges are in the order of selecting
+    if (rows.empty() && currentIndex().isValid())
+        rows.push_back(currentRow());
+    QStringList lines;
+    for (const auto row : rows) {
+        if (const auto text = copiedText(row))
+            lines.push_back(qString(*text));
+    }
+    if (!lines.empty())
+        QApplication::clipboard()->setText(lines.join('\n'));
+}
+
+void RowList::contextMenuEvent(QContextMenuEvent* event) {
+    if (!m_source.copied)
+        return QListView::contextMenuEvent(event);
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(tr("&Copy"), QKeySequence::Copy, this, &RowList::copy);
+    menu->addAction(tr("Select All"), QKeySequence::SelectAll, this, &RowList::selectAll);
+    menu->popup(event->globalPos());
 }
 
 } // namespace korvane

@@ -5,6 +5,7 @@
 #include <QListView>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace korvane {
@@ -15,13 +16,18 @@ class ViewCore;
 struct RowState {
     bool isHovered;
     bool isCurrent; ///< has the list's keyboard position, and the list has the focus
+    bool isSelected;
 };
 
 /// Where a list takes its rows from. Rows are numbered from 0.
 struct RowSource {
     std::function<int()> count;
-    std::function<std::string(int row)> name; ///< what assistive technology calls it, and what is copied
+    std::function<std::string(int row)>
+        name; ///< what assistive technology calls it, and what is copied unless `copied` is given
     std::function<void(QPainter&, const QRect&, int row, RowState)> paint;
+    /// Where given, rows can be selected, and are copied as this text; none for a row that has nothing to
+    /// copy.
+    std::function<std::optional<std::string>(int row)> copied = nullptr;
     std::function<std::string(int row)> toolTip = [](int) { return std::string(); };
     std::function<int()> width = [] {
         return 0;
@@ -50,17 +56,22 @@ public:
 
     void setCurrentRow(int row);
 
+    /// Puts the selected rows on the clipboard, each on a line, or else the current one.
+    void copy() const;
+
 protected:
     void updateGeometries() override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     class Model;
     class Delegate;
 
     int rowWidth() const;
+    std::optional<std::string> copiedText(int row) const;
 
     RowSource m_source;
     Model* m_model;

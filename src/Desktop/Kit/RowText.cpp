@@ -32,6 +32,14 @@ QString onOneLine(std::string_view text) {
     return line;
 }
 
+/// About `pieceSize` bytes, and no part of a character.
+std::string_view firstPiece(std::string_view text) {
+    auto length = std::min(pieceSize, text.size());
+    while (length < text.size() && isTrailingByte(text[length]))
+        ++length;
+    return text.substr(0, length);
+}
+
 } // namespace
 
 double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
@@ -43,18 +51,35 @@ double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text,
     painter.setPen(color);
     double x = rect.left();
     while (!text.empty() && x < visible.right()) { // nothing is drawn, nor follows, beyond the right edge
-        auto length = std::min(pieceSize, text.size());
-        while (length < text.size() && isTrailingByte(text[length]))
-            ++length;
-        const auto piece = text.substr(0, length);
+        const auto piece = firstPiece(text);
         const auto width = isASCII(piece) ? static_cast<double>(piece.size()) * metrics.horizontalAdvance('0')
                                           : metrics.horizontalAdvance(onOneLine(piece));
         if (x + width >= visible.left())
             painter.drawText(QPointF(x, baseline), onOneLine(piece));
         x += width;
-        text.remove_prefix(length);
+        text.remove_prefix(piece.size());
     }
     return x - rect.left();
+}
+
+bool drawElidedRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
+                       const QColor& color) {
+    const QFontMetricsF metrics(font);
+    // What one column shows may be joined from many characters, but hardly from more bytes than these.
+    constexpr double bytesOfColumn = 32;
+    auto length = static_cast<std::size_t>(rect.width() / metrics.horizontalAdvance('0') * bytesOfColumn);
+    length = std::min(length, text.size());
+    while (length < text.size() && isTrailingByte(text[length]))
+        ++length;
+    const auto start = onOneLine(text.substr(0, length));
+    auto shown = metrics.elidedText(start, Qt::ElideRight, rect.width());
+    const bool isElided = shown != start || length < text.size();
+    if (isElided && shown == start)
+        shown += QChar(0x2026);
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.drawText(rect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown);
+    return isElided;
 }
 
 std::size_t columnCount(std::string_view text) {
@@ -64,6 +89,11 @@ std::size_t columnCount(std::string_view text) {
             columns += static_cast<unsigned char>(byte) >= 0xE0 ? 2 : 1;
     }
     return columns;
+}
+
+std::string shortenedLine(std::string_view text) {
+    const auto piece = firstPiece(text);
+    return utf8String(onOneLine(piece)) + (piece.size() < text.size() ? "…" : "");
 }
 
 } // namespace korvane

@@ -91,12 +91,14 @@ QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
     track->setFixedHeight(Theme::px(Size::segmentedHeight));
     constexpr auto inset = Size::segmentedInset;
     fill(track, Qt::Horizontal, {.spacing = 0, .padding = {inset, inset, inset, inset}}, {});
+    auto* layout = static_cast<QBoxLayout*>(track->layout());
+    const bool isEven = parts.look == SegmentLook::even;
     for (int index = 0; index < static_cast<int>(parts.titles.size()); ++index) {
         const auto position = static_cast<std::size_t>(index);
         auto* segment =
             new Segment(parts.titles[position], parts.icons.empty() ? std::string() : parts.icons[position],
-                        parts.width > 0 ? 0 : Size::segmentPadding);
-        static_cast<QBoxLayout*>(track->layout())->addWidget(segment, parts.icons.empty() ? 1 : 0);
+                        isEven && parts.width > 0 ? 0 : Size::segmentPadding);
+        layout->addWidget(segment, isEven ? 1 : 0);
         giveFocusRing(segment, track, Size::radiusMedium);
         QObject::connect(segment, &QRadioButton::toggled, segment, [select = parts.select, index](bool isOn) {
             if (isOn)
@@ -110,7 +112,7 @@ QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
         });
     }
     if (parts.width > 0) // but titles are never cut off, whatever the font
-        track->setFixedWidth(std::max(Theme::px(parts.width), track->layout()->sizeHint().width()));
+        track->setFixedWidth(std::max(Theme::px(parts.width), layout->sizeHint().width()));
     return track;
 }
 

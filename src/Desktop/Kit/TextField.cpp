@@ -21,7 +21,7 @@ QWidget* affix(ViewCore& view, const std::function<std::string()>& text, Theme::
     label->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     view.onRefresh([label, text] {
         label->display(text ? text() : std::string());
-        label->setVisible(!label->text().isEmpty());
+        setShown(label, !label->text().isEmpty());
     });
     return label;
 }

@@ -57,14 +57,21 @@ enum class Role {
     pressedOnColor,
     disabledFill,
     dropFill, ///< of a place that something can be dropped on, while it is over it
+    unchangedLine, ///< primary at 70 %: a line that is the same in both texts
+    plainBadgeFill,
 };
 
 /// How strongly a colour is laid over the surface, in percent.
 enum class Tint {
     row = 10,
+    badge = 10,
+    diffLine = 15,
     toggle = 14,
     toggleHover = 20,
     togglePressed = 26,
+    tile = 12,
+    tileHover = 18,
+    tilePressed = 24,
     iconBox = 20,
     outline = 30,
     toggleOutline = 40,
@@ -86,6 +93,7 @@ enum class TextStyle {
     bodyBold,
     prose, ///< for reading more than a line
     subheadline,
+    subheadlineStrong,
     caption,
     button,
     quiet,
@@ -99,11 +107,19 @@ enum class TextStyle {
     code,
     codeMedium,
     codeSmall,
+    codeSmallMedium,
     codeCaption,
     codeValue, ///< a result in a card of its own
     hero,
     tag,
     tagSmall,
+    document, ///< the running text of one; the six levels of its headers follow in their order
+    header1,
+    header2,
+    header3,
+    header4,
+    header5,
+    header6,
 };
 
 /// Distances and sizes by name, in pixels at a 13-pixel body text; `px` scales them.
@@ -135,13 +151,26 @@ struct Size {
     static constexpr int stepperHeight = 28, stepperButton = 28, stepperGlyph = 11;
     static constexpr int tagWidth = 70, tagHeight = 28, tagSmallHeight = 24;
     static constexpr int cardPadding = 12;
+    static constexpr int hashRowPadding = 12, hashRowGap = 12, hashLengthWidth = 62, hashLengthHeight = 21;
+    static constexpr int componentRow = 36, componentLabel = 88, componentGap = 12, chipPaddingX = 6,
+                         chipHeight = 22, componentsPadding = 6, componentsGapTop = 6,
+                         componentsGapBottom = 10;
+    static constexpr int statusGap = 12;
     static constexpr int promptGlyph = 28;
+    static constexpr int diffTitlePaddingX = 12, diffTitlePaddingY = 8, diffRow = 20, diffPaddingY = 4,
+                         diffNumber = 40, diffNumberGap = 8, diffPrefix = 16, diffPaddingRight = 8,
+                         diffStep = 48;
+    static constexpr int statBadgeDot = 8, statBadgePaddingX = 10, statBadgePaddingY = 6;
+    static constexpr int busyRing = 14, busyRingWidth = 2;
     static constexpr int gapGroup = 16, gapSectionWide = 20, gapBulk = 24;
     static constexpr int badgePaddingX = 12, badgePaddingY = 8, badgeGlyph = 14, badgeLine = 16;
     static constexpr int headingGlyph = 12;
-    static constexpr int statGlyph = 18, statPadding = 12, statGap = 4;
+    static constexpr int statGlyph = 16, statPaddingX = 16, statPaddingY = 12, statGap = 6, statCardGap = 10;
+    static constexpr int tileHeight = 52, tilePadding = 10, tileGlyph = 15, tileGap = 4, tileColumnGap = 10,
+                         tileRowGap = 8;
     static constexpr int gutterPadding = 8, editorInset = 8, editorInsetRight = 12, simpleEditorInset = 12,
-                         overlayInset = 8, overlayReserve = 40, editorMinimumHeight = 120;
+                         overlayInset = 8, overlayReserve = 40, overlayReserveLabelled = 92,
+                         editorMinimumHeight = 120;
     static constexpr int scrollWidth = 5, scrollWidthHover = 7, scrollInset = 2, scrollThumbMinimum = 32,
                          scrollEndInset = 3;
     static constexpr int panelOutline = 1;
@@ -164,6 +193,15 @@ struct Size {
     static constexpr int valueCardGap = 10, valueCardGlyph = 16, valueCardTextTop = 3, valueRowsEdge = 2;
     static constexpr int swatchHeight = 150, checkerCell = 10;
     static constexpr int colorWellWidth = 44, colorWellHeight = 28, colorWellInset = 4, colorWellRadius = 3;
+    static constexpr int prosePadding = 16, proseGap = 10, proseItemGap = 4, proseHeader2Gap = 18,
+                         proseHeader3Gap = 16, proseBullet = 18, proseNumber = 22, proseMarkerGap = 8,
+                         proseCodePadding = 12, proseLanguageGap = 4, proseQuoteBar = 3, proseQuoteInset = 15,
+                         proseQuotePadding = 2, proseChipPadding = 5, proseChipHeight = 18;
+    static constexpr int matchRow = 32, matchListPadding = 8, matchCountInset = 2, matchCountBottom = 4,
+                         matchCardPadding = 2, matchCardLeft = 10, matchCardRight = 4, matchHeading = 64,
+                         matchIndent = 16, matchListMinimum = 180;
+    static constexpr int resultMinimum = 66, resultMaximum = 192, resultReserve = 84;
+    static constexpr int referenceGlyph = 13, referenceColumnGap = 12, referenceRowGap = 8;
     static constexpr int compactWidth = 640;
     static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
                          welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,
@@ -228,5 +266,8 @@ int lineHeight(TextStyle style);
 /// The opacity of a disabled control.
 inline constexpr double disabledOpacity = 0.45;
 inline constexpr double disabledActionOpacity = 0.75;
+
+/// The opacity of a control that works but has nothing to work on.
+inline constexpr double idleOpacity = 0.3;
 
 } // namespace korvane::Theme

@@ -107,6 +107,10 @@ constexpr Tone tone(Role role) {
         return {0x8E8E93, 0x636367};
     case Role::dropFill:
         return {accentLight, accentDark, 8, 8};
+    case Role::unchangedLine:
+        return ink(70, 70);
+    case Role::plainBadgeFill:
+        return ink(6, 6);
     }
     return {};
 }

@@ -34,6 +34,7 @@ constexpr auto textFacts = std::to_array<TextFacts>({
     {TextStyle::bodyBold, 13, 18, QFont::Bold},
     {TextStyle::prose, 13, 21},
     {TextStyle::subheadline, 11, 14},
+    {TextStyle::subheadlineStrong, 11, 14, QFont::DemiBold},
     {TextStyle::caption, 10, 13},
     {TextStyle::button, 13, 16, QFont::DemiBold},
     {TextStyle::quiet, 12, 16, QFont::Medium},
@@ -47,11 +48,19 @@ constexpr auto textFacts = std::to_array<TextFacts>({
     {TextStyle::code, 13, 21, QFont::Normal, true},
     {TextStyle::codeMedium, 13, 20, QFont::Medium, true},
     {TextStyle::codeSmall, 12, 20, QFont::Normal, true},
+    {TextStyle::codeSmallMedium, 12, 18, QFont::Medium, true},
     {TextStyle::codeCaption, 10, 13, QFont::Normal, true},
     {TextStyle::codeValue, 15, 22, QFont::Normal, true},
     {TextStyle::hero, 22, 30, QFont::Medium, true},
     {TextStyle::tag, 12, 16, QFont::Bold},
     {TextStyle::tagSmall, 11, 14, QFont::Bold},
+    {TextStyle::document, 13, 20},
+    {TextStyle::header1, 22, 28, QFont::Bold},
+    {TextStyle::header2, 17, 22, QFont::Bold},
+    {TextStyle::header3, 15, 20, QFont::DemiBold},
+    {TextStyle::header4, 13, 20, QFont::DemiBold},
+    {TextStyle::header5, 12, 18, QFont::DemiBold},
+    {TextStyle::header6, 11, 16, QFont::DemiBold},
 });
 
 const TextFacts& factsOf(TextStyle style) {

@@ -164,17 +164,18 @@ public:
                                           .options = std::move(options)});
     }
 
-    /// A segment for each case of the enumeration that `reader` reads, with its title. `width` is in pixels at a 13-pixel body text; 0 stands for what the titles need.
+    /// A segment for each case of the enumeration that `reader` reads, with its title. `width` is in pixels
+    /// at a 13-pixel body text; 0 stands for what the titles need.
     template <typename Reader, typename Setter>
     QWidget* segmentedPicker(std::string label, Reader reader, Setter setter, int width,
-                             SegmentIcons icons = SegmentIcons::hidden) {
+                             SegmentLook look = SegmentLook::even) {
         using E = std::remove_cvref_t<std::invoke_result_t<Reader, const State&>>;
         std::vector<std::string> titles;
         std::vector<std::string> glyphs;
         for (const auto value : allCases<E>) {
             titles.emplace_back(title(value));
             if constexpr (requires { icon(value); }) {
-                if (icons == SegmentIcons::shown)
+                if (look == SegmentLook::withIcons)
                     glyphs.emplace_back(icon(value));
             }
         }
@@ -184,6 +185,7 @@ public:
                     .titles = std::move(titles),
                     .icons = std::move(glyphs),
                     .width = width,
+                    .look = look,
                     .selected = [read = reading<E>(reader)] { return static_cast<int>(read()); },
                     .select = [set](int index) { set(static_cast<E>(index)); }});
     }
@@ -212,9 +214,9 @@ public:
     }
 
     /// A titled section. The content takes the section's title as its accessible name.
-    template <typename Title>
-    QWidget* section(Title title, std::string icon, QWidget* content) {
-        return korvane::section(*this, reading<std::string>(title), std::move(icon), content);
+    template <typename Title, typename Icon = std::string>
+    QWidget* section(Title title, Icon icon, QWidget* content) {
+        return korvane::section(*this, reading<std::string>(title), reading<std::string>(icon), content);
     }
 
     /// A badge while `reader` reads an `std::optional<StatusBadge>` that holds one.
@@ -271,7 +273,7 @@ public:
     /// `widget`, shown only while `condition` reads true.
     template <typename Condition>
     QWidget* when(Condition condition, QWidget* widget) {
-        onRefresh([widget, read = reading<bool>(condition)] { widget->setVisible(read()); });
+        onRefresh([widget, read = reading<bool>(condition)] { setShown(widget, read()); });
         return widget;
     }
 

@@ -20,7 +20,7 @@ QWidget* options(View<State>& view) {
     return wrappingRow(
         {
             view.segmentedPicker("Type", &State::generationType, &State::setGenerationType, typePickerWidth,
-                                 SegmentIcons::shown),
+                                 SegmentLook::withIcons),
             stack(Qt::Horizontal, {.spacing = 0},
                   {view.label(&State::countLabel, TextStyle::body, Theme::Role::primary,
                               {.width = countLabelWidth}),

@@ -48,10 +48,13 @@ QWidget* body(View<NumberBaseView>& view) {
                               view.segmentedPicker("Source Base", &NumberBaseView::sourceBase,
                                                    &NumberBaseView::setSourceBase, basePickerWidth),
                               stretch(),
-                              view.pushToggle("Group Digits", "", PaletteColor::green,
-                                              &NumberBaseView::showGrouped, &NumberBaseView::setShowGrouped),
-                              view.pasteButton(&NumberBaseView::setInputText),
-                              view.clearButton(&NumberBaseView::setInputText),
+                              row({
+                                  view.pushToggle("Group Digits", "", PaletteColor::green,
+                                                  &NumberBaseView::showGrouped,
+                                                  &NumberBaseView::setShowGrouped),
+                                  view.pasteButton(&NumberBaseView::setInputText),
+                                  view.clearButton(&NumberBaseView::setInputText),
+                              }),
                           }),
                           view.textField(
                               "Input", &NumberBaseView::inputText, &NumberBaseView::setInputText,

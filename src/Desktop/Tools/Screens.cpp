@@ -1,20 +1,6 @@
 #include "Desktop/Tools/Screens.h"
 
-#include "Desktop/Kit/Labels.h"
-#include "Desktop/Kit/Layout.h"
-
 namespace korvane {
-
-namespace {
-
-/// What stands in for a tool without a screen.
-QWidget* displayName(Tool tool) {
-    return stack(Qt::Vertical, {},
-                 {stretch(), row({stretch(), new Label(rawValue(tool), Theme::TextStyle::body), stretch()}),
-                  stretch()});
-}
-
-} // namespace
 
 QWidget* toolView(Tool tool, Services& services) {
     switch (tool) {
@@ -22,28 +8,34 @@ QWidget* toolView(Tool tool, Services& services) {
         return jsonFormatterScreen(services);
     case Tool::base64:
         return base64Screen(services);
+    case Tool::urlEncoder:
+        return urlEncoderScreen(services);
+    case Tool::jwtDecoder:
+        return jwtDecoderScreen(services);
+    case Tool::hashGenerator:
+        return hashGeneratorScreen(services);
     case Tool::uuidGenerator:
         return uuidGeneratorScreen(services);
     case Tool::timestamp:
         return timestampScreen(services);
+    case Tool::regexTester:
+        return regexTesterScreen(services);
     case Tool::colorPicker:
         return colorPickerScreen(services);
+    case Tool::textDiff:
+        return textDiffScreen(services);
+    case Tool::textTransformer:
+        return textTransformerScreen(services);
     case Tool::numberBase:
         return numberBaseScreen(services);
     case Tool::loremIpsum:
         return loremIpsumScreen(services);
     case Tool::passwordGenerator:
         return passwordGeneratorScreen(services);
+    case Tool::markdownPreview:
+        return markdownPreviewScreen(services);
     case Tool::imageConverter:
         return imageConverterScreen(services);
-    case Tool::urlEncoder:
-    case Tool::jwtDecoder:
-    case Tool::hashGenerator:
-    case Tool::regexTester:
-    case Tool::textDiff:
-    case Tool::textTransformer:
-    case Tool::markdownPreview:
-        return displayName(tool);
     }
     return nullptr;
 }

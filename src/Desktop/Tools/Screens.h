@@ -12,15 +12,22 @@ struct Services;
 
 QWidget* base64Screen(Services& services);
 QWidget* colorPickerScreen(Services& services);
+QWidget* hashGeneratorScreen(Services& services);
 QWidget* imageConverterScreen(Services& services);
 QWidget* jsonFormatterScreen(Services& services);
+QWidget* jwtDecoderScreen(Services& services);
 QWidget* loremIpsumScreen(Services& services);
+QWidget* markdownPreviewScreen(Services& services);
 QWidget* numberBaseScreen(Services& services);
 QWidget* passwordGeneratorScreen(Services& services);
+QWidget* regexTesterScreen(Services& services);
+QWidget* textDiffScreen(Services& services);
+QWidget* textTransformerScreen(Services& services);
 QWidget* timestampScreen(Services& services);
+QWidget* urlEncoderScreen(Services& services);
 QWidget* uuidGeneratorScreen(Services& services);
 
-/// The screen of `tool`, or its display name while there is no screen yet.
+/// The screen of `tool`.
 QWidget* toolView(Tool tool, Services& services);
 
 } // namespace korvane

@@ -19,7 +19,7 @@ struct CopyButton {
     std::string label{};
     bool showLabel = true;
     std::string_view idleIcon = "doc.on.doc"; ///< the name of a glyph, which outlives the button
-    bool isSecret = false;               ///< the text is not one for programs that remember the clipboard
+    bool isSecret = false; ///< the text is not one for programs that remember the clipboard
     bool copied = false;
 
     std::string_view icon() const { return copied ? "checkmark" : idleIcon; }

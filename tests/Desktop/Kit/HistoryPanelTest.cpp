@@ -141,6 +141,15 @@ TEST_F(HistoryPanelTest, ReachesTheButtonsByTab) {
     EXPECT_EQ(fakes.clipboard.content, "99");
 }
 
+TEST_F(HistoryPanelTest, ComesToTheButtonsForAllBeforeTheList) {
+    add(1);
+    screen.button("Copy All").setFocus();
+    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(widget->focusWidget(), &screen.button("Clear"));
+    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(widget->focusWidget(), &list());
+}
+
 TEST_F(HistoryPanelTest, KeepsTheFocusWhenItsButtonGoes) {
     add(100);
     list().setFocus();

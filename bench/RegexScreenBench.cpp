@@ -1,0 +1,81 @@
+/// How long a person waits for the Regex Tester with a million matches. The search itself goes on in the
+/// background; what is measured here keeps the window from reacting.
+
+#include "Desktop/Kit/MatchList.h"
+#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Tools/Screens.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QScrollBar>
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+
+namespace korvane::bench {
+namespace {
+
+struct MatchScreen {
+    FakeServices fakes{};
+    std::unique_ptr<QWidget> widget{regexTesterScreen(fakes.services)};
+    ScreenDriver screen{*widget};
+
+    MatchScreen() {
+        QGuiApplication::clipboard()->setText(QString(1'000'000, 'a'));
+        screen.editor("Test String").paste();
+    }
+
+    MatchList* list() const {
+        for (auto* child : widget->findChildren<QWidget*>()) {
+            if (auto* list = dynamic_cast<MatchList*>(child))
+                return list;
+        }
+        return nullptr;
+    }
+};
+
+/// A key press in the pattern field: the search is started.
+void typeThePattern(benchmark::State& state) {
+    MatchScreen subject;
+    bool isOther = false;
+    for (auto _ : state) {
+        subject.screen.enter("Pattern", isOther ? "b" : "c");
+        isOther = !isOther;
+        subject.widget->grab();
+    }
+}
+
+/// Search and list a million matches, everything included.
+void listAMillionMatches(benchmark::State& state) {
+    MatchScreen subject;
+    for (auto _ : state) {
+        subject.screen.enter("Pattern", "(a)");
+        subject.fakes.background.runAll();
+        subject.widget->grab();
+        state.PauseTiming();
+        subject.screen.enter("Pattern", "");
+        state.ResumeTiming();
+    }
+}
+
+void scrollTheMatches(benchmark::State& state) {
+    MatchScreen subject;
+    subject.screen.enter("Pattern", "(a)");
+    subject.fakes.background.runAll();
+    auto* bar = subject.list()->verticalScrollBar();
+    const auto step = bar->maximum() / 997;
+    for (auto _ : state) {
+        bar->setValue((bar->value() + step) % (bar->maximum() + 1));
+        subject.list()->grab();
+    }
+}
+
+BENCHMARK(typeThePattern)->Unit(benchmark::kMillisecond);
+BENCHMARK(listAMillionMatches)->Unit(benchmark::kMillisecond);
+BENCHMARK(scrollTheMatches)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace korvane::bench

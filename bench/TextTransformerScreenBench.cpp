@@ -1,0 +1,58 @@
+/// How long a person waits for the text transformer with a large text: for each key press until the
+/// statistics that follow it are shown. Runs without a display.
+
+#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Tools/Screens.h"
+#include "MixedDocument.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <QtTest/QTest>
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvane::bench {
+namespace {
+
+constexpr std::size_t textSize = 1'000'000;
+
+std::string oneLine() {
+    std::string text;
+    while (text.size() < textSize)
+        text += "key=value;";
+    return text;
+}
+
+void typeInto(benchmark::State& state, std::string_view mode, std::string (*makeText)()) {
+    FakeServices fakes;
+    const std::unique_ptr<QWidget> widget(textTransformerScreen(fakes.services));
+    const ScreenDriver screen(*widget);
+    fakes.clipboard.content = makeText();
+    screen.press("Paste");
+    screen.press("UPPERCASE");
+    screen.choose(mode);
+    auto& editor = screen.editor(mode == "Line Operations" ? "Input Lines" : "Input Text");
+    editor.moveCursor(QTextCursor::Start);
+    editor.moveCursor(QTextCursor::NextWord);
+    settle();
+    for (auto _ : state) {
+        QTest::keyClick(&editor, Qt::Key_X);
+        settle();
+    }
+}
+
+std::string records() {
+    return mixedDocument(textSize);
+}
+
+BENCHMARK_CAPTURE(typeInto, case transforms, "Case Transform", records)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(typeInto, line operations, "Line Operations", records)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(typeInto, statistics, "Statistics", records)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(typeInto, statistics of one line, "Statistics", oneLine)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace korvane::bench

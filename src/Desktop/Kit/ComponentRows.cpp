@@ -1,0 +1,88 @@
+#include "Desktop/Kit/ComponentRows.h"
+
+#include "Desktop/Kit/Buttons.h"
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/RowText.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QLayout>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+Label* nameLabel(const ComponentRow& row, ComponentLook look) {
+    auto* name = look == ComponentLook::chip
+                     ? new Label(row.label, TextStyle::subheadline, Role::secondary)
+                     : new Label(shortenedLine(row.label), TextStyle::codeSmall, Role::secondary);
+    name->setFixedWidth(Theme::px(Size::componentLabel));
+    return name;
+}
+
+QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
+    auto* value = new Label(shortenedLine(row.value), TextStyle::codeSmall, row.color);
+    if (look == ComponentLook::plain)
+        return value;
+    const QMargins padding(Size::chipPaddingX, 0, Size::chipPaddingX, 0);
+    return withHeight(Size::chipHeight, card({.orientation = Qt::Horizontal,
+                                              .padding = padding,
+                                              .radius = Size::radiusBadge,
+                                              .hasOutline = false,
+                                              .tint = row.color},
+                                             {value}));
+}
+
+QWidget* rowWidget(ViewCore& view, const ComponentRow& row, ComponentLook look) {
+    const bool isPlain = look == ComponentLook::plain;
+    auto* copy = copyButton(view, [value = row.value] { return value; },
+                            {.look = {.showLabel = isPlain, .dropsLabel = isPlain, .subject = row.label}});
+    return withHeight(Size::componentRow,
+                      stack(Qt::Horizontal, {.spacing = Size::componentGap},
+                            {nameLabel(row, look), valueLabel(row, look), stretch(), copy}));
+}
+
+/// Makes its rows anew whenever they are others.
+class ComponentRows final : public QWidget {
+public:
+    ComponentRows(ViewCore& view, ComponentLook look) : m_view(view), m_look(look) {
+        fill(this, Qt::Vertical, {.spacing = 0}, {});
+    }
+
+    void display(std::vector<ComponentRow> rows) {
+        if (rows == m_rows)
+            return;
+        m_rows = std::move(rows);
+        qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+        for (std::size_t i = 0; i < std::min(m_rows.size(), mostComponentRows); ++i)
+            layout()->addWidget(rowWidget(m_view, m_rows[i], m_look));
+        if (m_rows.size() > mostComponentRows)
+            layout()->addWidget(
+                new Label("and " + std::to_string(m_rows.size() - mostComponentRows) + " more",
+                          TextStyle::subheadline, Role::secondary));
+    }
+
+private:
+    ViewCore& m_view;
+    ComponentLook m_look;
+    std::vector<ComponentRow> m_rows;
+};
+
+} // namespace
+
+QWidget* componentRows(ViewCore& view, std::function<std::vector<ComponentRow>()> rows, ComponentLook look) {
+    auto* list = new ComponentRows(view, look);
+    view.onRefresh([list, read = std::move(rows)] { list->display(read()); });
+    return list;
+}
+
+} // namespace korvane

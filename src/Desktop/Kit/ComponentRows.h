@@ -1,0 +1,27 @@
+/// The components of a URL as rows: a label, the value, and a button that copies it; as many rows as there
+/// are at the moment.
+#pragma once
+
+#include "Views/Tools/URLEncoderView.h"
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+class QWidget;
+
+namespace korvane {
+
+class ViewCore;
+
+enum class ComponentLook {
+    chip,  ///< the value on a tint of its colour
+    plain, ///< label and value like code, and a button with its label
+};
+
+/// More rows than this are not shown, only told of: each costs a handful of widgets, and nobody reads them.
+inline constexpr std::size_t mostComponentRows = 500;
+
+QWidget* componentRows(ViewCore& view, std::function<std::vector<ComponentRow>()> rows, ComponentLook look);
+
+} // namespace korvane

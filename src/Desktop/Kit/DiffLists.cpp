@@ -1,0 +1,236 @@
+#include "Desktop/Kit/DiffLists.h"
+
+#include "Desktop/Kit/FocusRing.h"
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/OverlayScrollBar.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/RowList.h"
+#include "Desktop/Kit/RowText.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+#include "Views/Tools/DiffLineView.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+using DiffEngine::DiffLine;
+using DiffEngine::DiffResult;
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+using Lines = std::vector<DiffLine>;
+
+/// A list of lines below its title.
+class DiffColumn final : public QWidget {
+public:
+    struct Options {
+        bool showsPrefixes = false;
+        bool isFirst = true; ///< at the panel's left edge
+    };
+
+    DiffColumn(std::string_view title, const Lines DiffResult::* lines, Options options)
+        : m_lines(lines), m_options(options), m_list(new RowList(source())) {
+        m_list->setAccessibleName(qString(title));
+        m_list->onKey = [this](const QKeyEvent* event) { return scrollSideways(event); };
+        m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+        setFocusProxy(m_list);
+        giveFocusRing(m_list, this, Size::radiusMedium);
+        auto* place = stack(Qt::Vertical, {.spacing = 0}, {m_list});
+        constexpr auto x = Size::diffTitlePaddingX;
+        constexpr auto y = Size::diffTitlePaddingY;
+        fill(this, Qt::Vertical, {.spacing = 0},
+             {stack(Qt::Vertical, {.padding = {x - edge(), y - Size::panelOutline, x, y}},
+                    {new Label(title, TextStyle::quietStrong)}),
+              place});
+        new OverlayScrollBar(Qt::Vertical, m_list, place);
+        new OverlayScrollBar(Qt::Horizontal, m_list, place);
+    }
+
+    static int titleHeight() {
+        return Theme::lineHeight(TextStyle::quietStrong) + 2 * Theme::px(Size::diffTitlePaddingY) -
+               Theme::px(Size::panelOutline);
+    }
+
+    /// Shows `result`. That it is another one is known by the identity of its first line.
+    void display(const DiffResult* result) {
+        m_result = result;
+        const auto first = count() > 0 ? line(0).id : UUID();
+        if (std::exchange(m_first, first) == first)
+            return;
+        m_width = -1;
+        m_list->selectionModel()->clear();
+        m_list->reload();
+        m_list->scrollToTop();
+        m_list->horizontalScrollBar()->setValue(0);
+    }
+
+private:
+    RowSource source() {
+        return {.count = [this] { return count(); },
+                .name = [this](int row) { return DiffLineView{line(row)}.description(); },
+                .paint = [this](QPainter& painter, const QRect& rect, int row,
+                                RowState state) { paint(painter, rect, line(row), state); },
+                .copied = [this](int row) { return copied(line(row)); },
+                .width = [this] { return width(); },
+                .height = Theme::px(Size::diffRow),
+                .topPadding = Theme::px(Size::diffPaddingY)};
+    }
+
+    int count() const { return m_result ? static_cast<int>((m_result->*m_lines).size()) : 0; }
+
+    const DiffLine& line(int row) const { return (m_result->*m_lines)[static_cast<std::size_t>(row)]; }
+
+    static std::optional<std::string> copied(const DiffLine& line) {
+        return line.lineNumber ? std::optional(std::string(line.content)) : std::nullopt;
+    }
+
+    /// How much of the room at the left the panel's outline takes.
+    int edge() const { return m_options.isFirst ? Size::panelOutline : 0; }
+
+    /// The room for the numbers, which is wider where the highest one has many digits.
+    int numberWidth() const {
+        const auto stats = m_result ? m_result->stats : DiffEngine::DiffStats();
+        const auto highest = stats.unchanged + std::max(stats.added, stats.removed);
+        const auto digits =
+            QFontMetrics(Theme::font(TextStyle::codeSmall)).horizontalAdvance(QString::number(highest));
+        return std::max(Theme::px(Size::diffNumber - edge()), digits + Theme::px(Size::diffNumberGap));
+    }
+
+    /// Where the content of a line begins.
+    int contentLeft() const {
+        return numberWidth() + Theme::px(Size::diffNumberGap) +
+               (m_options.showsPrefixes ? Theme::px(Size::diffPrefix) : 0);
+    }
+
+    /// The room that the longest line needs.
+    int width() {
+        if (m_width >= 0)
+            return m_width;
+        std::size_t columns = 0;
+        for (int row = 0; row < count(); ++row) {
+            if (line(row).content.size() > columns) // a line has no more columns than bytes
+                columns = std::max(columns, columnCount(line(row).content));
+        }
+        const auto column = QFontMetricsF(Theme::font(TextStyle::codeSmall)).horizontalAdvance('0');
+        const auto widest = std::min(std::ceil(static_cast<double>(columns) * column), widestText);
+        m_width = contentLeft() + static_cast<int>(widest) + Theme::px(Size::diffPaddingRight);
+        return m_width;
+    }
+
+    void paint(QPainter& painter, const QRect& rect, const DiffLine& line, RowState state) const {
+        const DiffLineView shown{.line = line, .showPrefix = m_options.showsPrefixes};
+        const auto color = shown.color();
+        if (color)
+            painter.fillRect(rect, Theme::withTint(*color, Theme::Tint::diffLine));
+        if (state.isSelected)
+            painter.fillRect(rect, Theme::color(Role::selection));
+        else if (state.isCurrent)
+            painter.fillRect(rect, Theme::color(Role::rowHover));
+
+        auto font = Theme::font(TextStyle::codeSmall);
+        drawRowText(painter, QRectF(rect).adjusted(contentLeft(), 0, 0, 0), line.content, font,
+                    Theme::color(shown.isUnchanged() ? Role::unchangedLine : Role::primary));
+        painter.setFont(font);
+        painter.setPen(Theme::color(Role::placeholder));
+        QRect place(rect.left(), rect.top(), numberWidth(), rect.height());
+        painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter | Qt::TextDontClip,
+                         qString(shown.number()));
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(color ? Theme::textTone(*color) : Theme::color(Role::primary));
+        place.setLeft(place.right() + 1 + Theme::px(Size::diffNumberGap));
+        place.setWidth(Theme::px(Size::diffPrefix));
+        painter.drawText(place, Qt::AlignCenter, qString(shown.prefix()));
+    }
+
+    /// Left and Right scroll along long lines.
+    bool scrollSideways(const QKeyEvent* event) const {
+        if (event->modifiers() != Qt::NoModifier ||
+            (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right))
+            return false;
+        auto* bar = m_list->horizontalScrollBar();
+        const auto step = Theme::px(Size::diffStep);
+        bar->setValue(bar->value() + (event->key() == Qt::Key_Left ? -step : step));
+        return true;
+    }
+
+    static constexpr double widestText = 1e9; // what the toolkit's coordinates can hold, and room to spare
+
+    const Lines DiffResult::* m_lines;
+    Options m_options;
+    const DiffResult* m_result = nullptr;
+    UUID m_first;
+    int m_width = -1;
+    RowList* m_list;
+};
+
+/// One or two columns in a panel, with a band behind their titles and a line between them.
+class DiffPanel final : public Panel {
+public:
+    explicit DiffPanel(std::initializer_list<Item> columns)
+        : Panel(stack(Qt::Horizontal, {.spacing = dividerWidth, .equalShares = true}, columns)),
+          m_first(columns.begin()->widget),
+          m_hasDivider(columns.size() > 1) {
+        setFocusProxy(focusTarget(m_first));
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        Panel::paintEvent(event);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const auto outline = Theme::px(Size::panelOutline);
+        const auto inside = rect().adjusted(outline, outline, -outline, -outline);
+        QPainterPath shape;
+        shape.addRoundedRect(inside, Theme::px(Size::radiusMedium) - outline,
+                             Theme::px(Size::radiusMedium) - outline);
+        painter.setClipPath(shape);
+        painter.fillRect(QRect(inside.left(), inside.top(), inside.width(), DiffColumn::titleHeight()),
+                         Theme::color(Role::controlFill));
+        if (m_hasDivider)
+            painter.fillRect(
+                QRect(m_first->geometry().right() + 1 + outline, inside.top(), dividerWidth, inside.height()),
+                Theme::color(Role::divider));
+    }
+
+private:
+    static constexpr int dividerWidth = 1;
+
+    QWidget* m_first;
+    bool m_hasDivider;
+};
+
+} // namespace
+
+QWidget* sideBySideDiff(ViewCore& view, DiffResultReader result) {
+    auto* left = new DiffColumn("Original", &DiffResult::leftLines, {});
+    auto* right = new DiffColumn("Modified", &DiffResult::rightLines, {.isFirst = false});
+    view.onRefresh([left, right, result = std::move(result)] {
+        left->display(result());
+        right->display(result());
+    });
+    return new DiffPanel({left, right});
+}
+
+QWidget* unifiedDiff(ViewCore& view, DiffResultReader result) {
+    auto* list = new DiffColumn("Unified Diff", &DiffResult::unifiedDiff, {.showsPrefixes = true});
+    view.onRefresh([list, result = std::move(result)] { list->display(result()); });
+    return new DiffPanel({list});
+}
+
+} // namespace korvane

@@ -1,0 +1,60 @@
+#include "Desktop/Kit/ElidedField.h"
+
+#include "Desktop/Kit/Strings.h"
+
+#include <QFocusEvent>
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::TextStyle;
+
+ElidedField::ElidedField(std::string_view name, std::string_view placeholder)
+    : LineEdit(TextStyle::codeSmall, Role::secondary) {
+    constexpr int innerMargin = 2; // which the toolkit puts beside the text
+    setReadOnly(true);
+    setFocusPolicy(Qt::ClickFocus);
+    setTextMargins(-innerMargin, 0, -innerMargin, 0);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setFixedHeight(Theme::lineHeight(TextStyle::codeSmall));
+    setAccessibleName(qString(name));
+    setPlaceholderText(qString(placeholder));
+}
+
+void ElidedField::display(std::string_view text) {
+    const auto shown = qString(text);
+    if (shown == this->text())
+        return;
+    setText(shown);
+    setCursorPosition(0);
+}
+
+void ElidedField::mousePressEvent(QMouseEvent* event) {
+    LineEdit::mousePressEvent(event);
+    if (onPress)
+        onPress();
+}
+
+void ElidedField::focusOutEvent(QFocusEvent* event) {
+    LineEdit::focusOutEvent(event);
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+        return; // the user comes back
+    deselect();
+    setCursorPosition(0);
+}
+
+void ElidedField::paintEvent(QPaintEvent* event) {
+    const QFontMetrics metrics(font());
+    if (hasFocus() || metrics.horizontalAdvance(text()) <= width()) {
+        LineEdit::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    painter.setPen(Theme::color(Role::primary));
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
+                     metrics.elidedText(text(), Qt::ElideMiddle, width()));
+}
+
+} // namespace korvane

@@ -1,0 +1,93 @@
+#include "Desktop/Kit/HashRow.h"
+
+#include "Desktop/Kit/Buttons.h"
+#include "Desktop/Kit/ElidedField.h"
+#include "Desktop/Kit/FocusRing.h"
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+#include "Desktop/Kit/ViewCore.h"
+
+#include <QAbstractButton>
+#include <QGraphicsOpacityEffect>
+#include <QPainter>
+
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+/// The row's surface, in the colour of its algorithm while it is the chosen one.
+class HashRowButton final : public QAbstractButton {
+public:
+    HashRowButton(std::string_view name, PaletteColor color) : m_color(color) {
+        setText(qString(name));
+        setAccessibleName(text());
+        setCheckable(true);
+        setFocusPolicy(Qt::TabFocus);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        giveFocusRing(this, this, Size::radiusMedium);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const auto radius = Theme::px(Size::radiusMedium);
+        if (isChecked())
+            paintSurface(painter, rect(), radius, Theme::withTint(m_color, Theme::Tint::row),
+                         Theme::withTint(m_color, Theme::Tint::outline));
+        else
+            paintSurface(painter, rect(), radius, Qt::transparent, Theme::color(Role::controlFill));
+    }
+
+private:
+    PaletteColor m_color;
+};
+
+/// `label` in the middle of a plate of fixed size, so that those of several rows line up.
+QWidget* lengthPlate(Label* label) {
+    auto* plate = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusBadge);
+    plate->setFixedSize(Theme::px(Size::hashLengthWidth), Theme::px(Size::hashLengthHeight));
+    label->setAlignment(Qt::AlignCenter);
+    fill(plate, Qt::Vertical, {.spacing = 0}, {label});
+    return plate;
+}
+
+} // namespace
+
+QWidget* hashRow(ViewCore& view, HashRowParts parts) {
+    const std::string name(rawValue(parts.algorithm));
+    auto* button = new HashRowButton(name, color(parts.algorithm));
+    auto* digest = new ElidedField(name, HashResultRow::placeholder);
+    digest->onPress = parts.select;
+    auto* length = new Label({}, TextStyle::caption, Role::secondary);
+    auto* plate = lengthPlate(length);
+    auto* copy = copyButton(view, [row = parts.row] { return row().hash; },
+                            {.look = {.showLabel = false, .subject = name}});
+    auto* fading = new QGraphicsOpacityEffect(copy);
+    copy->setGraphicsEffect(fading);
+    constexpr auto padding = Size::hashRowPadding;
+    fill(button, Qt::Horizontal,
+         {.spacing = Size::hashRowGap, .padding = {padding, padding, padding, padding}},
+         {tag(name, color(parts.algorithm)), digest, plate, copy});
+    view.onRefresh([=, row = parts.row] {
+        const auto current = row();
+        button->setChecked(current.isSelected);
+        digest->display(current.hash);
+        length->display(current.lengthText());
+        plate->setVisible(current.hasHash());
+        fading->setOpacity(current.hasHash() ? 1 : Theme::idleOpacity);
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button, parts.select);
+    return button;
+}
+
+} // namespace korvane

@@ -1,0 +1,106 @@
+#include "Desktop/Kit/MatchRow.h"
+
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Panel.h"
+#include "Desktop/Kit/RowText.h"
+#include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/Theme.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <utility>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+/// How much of a long text a tool tip or a name shows, in bytes.
+constexpr std::size_t toolTipLength = 2000;
+constexpr std::size_t nameLength = 200;
+
+/// The start of `text`, with an ellipsis if that is not all of it.
+QString startOf(std::string_view text, std::size_t length) {
+    auto start = qString(text.substr(0, length));
+    if (text.size() <= length)
+        return start;
+    while (start.endsWith(QChar::ReplacementCharacter)) // where a character was cut
+        start.chop(1);
+    return start + QChar(0x2026);
+}
+
+} // namespace
+
+MatchRow::MatchRow(std::function<void(std::size_t)> copy)
+    : m_copy(new QuietButton({}, {}, {.dropsLabel = true})) {
+    m_copy->setFocusPolicy(Qt::NoFocus); // there may be thousands; the list copies by keyboard
+    fill(this, Qt::Horizontal, {.spacing = 0, .padding = {0, 0, Size::matchCardRight, 0}},
+         {stretch(), m_copy});
+    QObject::connect(m_copy, &QAbstractButton::clicked, this,
+                     [this, copy = std::move(copy)] { copy(m_number); });
+}
+
+std::string MatchRow::name(const RegexMatchLine& line) {
+    return line.name() + ": " + utf8String(startOf(line.text, nameLength));
+}
+
+void MatchRow::display(std::size_t number, const RegexMatchLine& line, int headingWidth) {
+    m_number = number;
+    m_line = line;
+    m_headingWidth = headingWidth;
+    m_copy->setSubject(line.name());
+    setAccessibleName(qString(name(line)));
+    update();
+}
+
+void MatchRow::setCurrent(bool isCurrent) {
+    if (isCurrent == m_isCurrent)
+        return;
+    m_isCurrent = isCurrent;
+    update();
+}
+
+void MatchRow::displayCopy(std::string_view title, std::string_view icon, std::optional<PaletteColor> color) {
+    m_copy->setTitle(title);
+    m_copy->setIconName(icon);
+    m_copy->setHighlight(color);
+}
+
+void MatchRow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (m_isCurrent)
+        paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::color(Role::controlHover));
+    const bool isGroup = m_line.group.has_value();
+    const auto left = Theme::px(Size::matchCardLeft);
+    const auto indent = isGroup ? Theme::px(Size::matchIndent) : 0;
+    painter.setFont(Theme::font(isGroup ? TextStyle::subheadline : TextStyle::subheadlineStrong));
+    painter.setPen(isGroup ? Theme::textTone(PaletteColor::orange) : Theme::color(Role::primary));
+    painter.drawText(QRect(left + indent, 0, m_headingWidth - indent, height()),
+                     Qt::AlignVCenter | Qt::AlignLeft, qString(m_line.heading()));
+    const auto gap = Theme::px(Size::gapControl);
+    const auto textLeft = left + m_headingWidth + gap;
+    const QRectF room(textLeft, 0, m_copy->x() - gap - textLeft, height());
+    m_isElided = drawElidedRowText(
+        painter, room, m_line.text, Theme::font(isGroup ? TextStyle::codeSmall : TextStyle::codeSmallMedium),
+        isGroup ? Theme::color(Role::primary) : Theme::textTone(PaletteColor::green));
+}
+
+bool MatchRow::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && m_isElided) {
+        showRest(dynamic_cast<QHelpEvent*>(event)->globalPos());
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void MatchRow::showRest(const QPoint& position) {
+    const auto text = startOf(m_line.text, toolTipLength).toHtmlEscaped();
+    QToolTip::showText(position, QStringLiteral("<p style='white-space: pre-wrap'>%1</p>").arg(text), this);
+}
+
+} // namespace korvane

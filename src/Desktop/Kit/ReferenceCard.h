@@ -1,0 +1,16 @@
+/// A card that explains short signs: each in red above what it means, in columns of the same width.
+#pragma once
+
+#include "Views/Tools/RegexTesterView.h"
+
+#include <span>
+#include <string_view>
+
+class QWidget;
+
+namespace korvane {
+
+QWidget* referenceCard(std::string_view title, std::string_view icon, int columnCount,
+                       std::span<const RegexCheatItem> items);
+
+} // namespace korvane

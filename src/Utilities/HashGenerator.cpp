@@ -1,0 +1,90 @@
+#include "Utilities/HashGenerator.h"
+
+#include <fmt/format.h>
+#include <openssl/evp.h>
+#include <openssl/provider.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+
+namespace korvane::HashGenerator {
+
+namespace {
+
+/// How much of a text all algorithms take in before the next piece: little enough to stay in the processor's
+/// cache, so that the text is read from memory once.
+constexpr std::size_t pieceSize = std::size_t{64} << 10;
+
+/// The library's implementations of all algorithms, for as long as the process lives. They come from a
+/// library context of our own, which the system's configuration does not reach: it may forbid old algorithms.
+class Implementations {
+public:
+    static const EVP_MD* of(HashAlgorithm algorithm) {
+        static const Implementations all;
+        return all.m_digests[static_cast<std::size_t>(algorithm)];
+    }
+
+private:
+    Implementations() {
+        auto* const context = OSSL_LIB_CTX_new();
+        OSSL_PROVIDER_load(context, "default");
+        for (const auto algorithm : allCases<HashAlgorithm>)
+            m_digests[static_cast<std::size_t>(algorithm)] =
+                EVP_MD_fetch(context, rawValue(algorithm).data(), nullptr);
+    }
+
+    std::array<EVP_MD*, facts<HashAlgorithm>.size()> m_digests{};
+};
+
+/// One computation of a digest.
+class Digest {
+public:
+    explicit Digest(HashAlgorithm algorithm) {
+        EVP_DigestInit_ex2(m_context.get(), Implementations::of(algorithm), nullptr);
+    }
+
+    void update(std::string_view bytes) { EVP_DigestUpdate(m_context.get(), bytes.data(), bytes.size()); }
+
+    std::string finish() {
+        std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};
+        unsigned length = 0;
+        EVP_DigestFinal_ex(m_context.get(), bytes.data(), &length);
+        return fmt::format("{:02x}", fmt::join(bytes.begin(), bytes.begin() + length, ""));
+    }
+
+private:
+    struct Deleter {
+        void operator()(EVP_MD_CTX* context) const { EVP_MD_CTX_free(context); }
+    };
+
+    std::unique_ptr<EVP_MD_CTX, Deleter> m_context{EVP_MD_CTX_new()};
+};
+
+} // namespace
+
+std::string hash(std::string_view text, HashAlgorithm algorithm) {
+    Digest digest(algorithm);
+    digest.update(text);
+    return digest.finish();
+}
+
+std::vector<HashResult> allHashes(std::string_view text, const std::stop_token& stop) {
+    std::vector<Digest> digests;
+    for (const auto algorithm : allCases<HashAlgorithm>)
+        digests.emplace_back(algorithm);
+    while (!text.empty()) {
+        if (stop.stop_requested())
+            return {};
+        const auto piece = text.substr(0, pieceSize);
+        for (auto& digest : digests)
+            digest.update(piece);
+        text.remove_prefix(piece.size());
+    }
+    std::vector<HashResult> results;
+    for (const auto algorithm : allCases<HashAlgorithm>)
+        results.push_back({algorithm, digests[static_cast<std::size_t>(algorithm)].finish()});
+    return results;
+}
+
+} // namespace korvane::HashGenerator

@@ -1,0 +1,162 @@
+#include "Utilities/TextTransformer.h"
+
+#include "Utilities/Text.h"
+#include "Utilities/UTF8.h"
+
+#include <unicode/uchar.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <ranges>
+
+namespace korvane::TextTransformer {
+
+namespace {
+
+/// What a code point is to the statistics.
+struct Kind {
+    bool isSpace = false; ///< white space or a newline
+    bool isNewline = false;
+    bool isMark = false;
+};
+
+constexpr auto asciiKinds = [] {
+    std::array<Kind, 0x80> kinds{};
+    for (std::size_t i = '\t'; i <= '\r'; ++i)
+        kinds[i] = {.isSpace = true, .isNewline = i != '\t'};
+    kinds[' '].isSpace = true;
+    for (const auto mark : {'.', '!', '?'})
+        kinds[static_cast<std::size_t>(mark)].isMark = true;
+    return kinds;
+}();
+
+Kind kindOf(char32_t character) {
+    if (character < asciiKinds.size())
+        return asciiKinds[character];
+    const bool endsLine = isNewline(character);
+    return {.isSpace = endsLine || isWhitespace(character), .isNewline = endsLine};
+}
+
+/// Whether white space begins a character of its own behind `previous`: it does not where it ends a CR LF, or
+/// where it is a space and a prefix (such as the Arabic number sign) takes it in.
+bool spaceStandsAlone(char32_t previous, char32_t space) {
+    constexpr char32_t firstPrefix = 0x600;
+    if (previous < firstPrefix)
+        return previous != '\r' || space != '\n';
+    return u_getIntPropertyValue(static_cast<UChar32>(previous), UCHAR_GRAPHEME_CLUSTER_BREAK) !=
+               U_GCB_PREPEND ||
+           u_charType(static_cast<UChar32>(space)) != U_SPACE_SEPARATOR;
+}
+
+/// Paragraphs depend on all of the text, but need only its line feeds and the ends of what is between them.
+std::int64_t paragraphCount(std::string_view text) {
+    constexpr std::string_view delimiter = "\n\n";
+    std::int64_t count = 0;
+    for (std::size_t start = 0; start <= text.size();) {
+        const auto end = std::min(text.find(delimiter, start), text.size());
+        if (!trimmingWhitespacesAndNewlines(text.substr(start, end - start)).empty())
+            ++count;
+        start = end + delimiter.size();
+    }
+    return count;
+}
+
+/// The sums over `text`: its newlines for lines, its runs of marks for sentences, and no paragraphs.
+TextStats sumsOf(std::string_view text) {
+    TextStats sums;
+    std::int64_t spaces = 0;
+    bool inWord = false;
+    bool inMarks = false;
+    char32_t previous = 0;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const auto [character, end] = decodeAt(text, offset);
+        const auto kind = kindOf(character);
+        if (kind.isSpace) {
+            spaces += spaceStandsAlone(previous, character) ? 1 : 0;
+            sums.lines += kind.isNewline ? 1 : 0;
+        } else {
+            sums.words += inWord ? 0 : 1;
+            sums.sentences += kind.isMark && !inMarks ? 1 : 0;
+        }
+        inWord = !kind.isSpace;
+        inMarks = kind.isMark;
+        previous = character;
+        offset = end;
+    }
+    sums.characters = static_cast<std::int64_t>(characterCount(text));
+    sums.charactersNoSpaces = sums.characters - spaces;
+    return sums;
+}
+
+/// Adds `sign` times the `other` sums.
+void add(TextStats& sums, const TextStats& other, std::int64_t sign) {
+    sums.characters += sign * other.characters;
+    sums.charactersNoSpaces += sign * other.charactersNoSpaces;
+    sums.words += sign * other.words;
+    sums.lines += sign * other.lines;
+    sums.sentences += sign * other.sentences;
+}
+
+TextStats statsOf(TextStats sums, std::string_view text) {
+    if (text.empty())
+        return {};
+    sums.lines += 1;
+    sums.paragraphs = paragraphCount(text);
+    if (sums.sentences == 0 && sums.words > 0)
+        sums.sentences = 1;
+    return sums;
+}
+
+/// Whether there is a boundary between characters at `offset` whatever else the text holds: behind a line
+/// feed, and between ASCII other than CR LF.
+bool isCut(std::string_view text, std::size_t offset) {
+    if (offset == 0 || offset == text.size() || text[offset - 1] == '\n')
+        return true;
+    const auto around = text.substr(offset - 1, 2);
+    return asciiPrefixLength(around) == around.size() && around != "\r\n";
+}
+
+/// How far two texts are the same from their starts, up to a place in front of what differs where both can be
+/// cut.
+std::size_t commonPrefix(std::string_view a, std::string_view b) {
+    auto length = static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
+    // What decides about a place stands on either side of it.
+    length -= length > 0 ? 1 : 0;
+    while (!isCut(a, length))
+        --length;
+    return length;
+}
+
+/// The same from their ends, for texts that begin behind `commonPrefix`.
+std::size_t commonSuffix(std::string_view a, std::string_view b) {
+    const auto reversedA = std::views::reverse(a);
+    auto length = static_cast<std::size_t>(std::ranges::mismatch(reversedA, std::views::reverse(b)).in1 -
+                                           reversedA.begin());
+    length -= length > 0 ? 1 : 0;
+    while (!isCut(a, a.size() - length))
+        --length;
+    return length;
+}
+
+} // namespace
+
+TextStats getStats(std::string_view text) {
+    return statsOf(sumsOf(text), text);
+}
+
+/// The characters on either side of a cut are the same in both texts. A word or run of marks that is cut is
+/// counted in both of its halves, but as much too often in the old part as in the new one.
+void RunningStats::update(std::string_view before, std::string_view text) {
+    const auto prefix = commonPrefix(before, text);
+    auto oldPart = before.substr(prefix);
+    auto newPart = text.substr(prefix);
+    const auto suffix = commonSuffix(oldPart, newPart);
+    oldPart.remove_suffix(suffix);
+    newPart.remove_suffix(suffix);
+    add(m_sums, sumsOf(oldPart), -1);
+    add(m_sums, sumsOf(newPart), 1);
+    m_stats = statsOf(m_sums, text);
+}
+
+} // namespace korvane::TextTransformer

@@ -1,0 +1,98 @@
+/// The state of the Hash Generator screen: a text and its digests, which follow the typing as long as the
+/// user wants that. Large texts are hashed and counted in the background.
+#pragma once
+
+#include "Models/PaletteColor.h"
+#include "Utilities/HashGenerator.h"
+#include "Views/Background.h"
+#include "Views/Services.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+/// The colour that an algorithm has on this screen.
+constexpr PaletteColor color(HashGenerator::HashAlgorithm algorithm) {
+    using enum HashGenerator::HashAlgorithm;
+    switch (algorithm) {
+    case md5:
+        return PaletteColor::red;
+    case sha1:
+        return PaletteColor::orange;
+    case sha256:
+        return PaletteColor::green;
+    case sha512:
+        return PaletteColor::blue;
+    }
+    return {};
+}
+
+/// One algorithm as the screen lists it.
+struct HashResultRow {
+    static constexpr std::string_view placeholder = "Enter text to generate hash";
+
+    HashGenerator::HashAlgorithm algorithm{};
+    std::string hash{}; ///< empty while none is computed
+    bool isSelected = false;
+
+    bool hasHash() const { return !hash.empty(); }
+
+    /// How long the digest is, such as "32 chars".
+    std::string lengthText() const;
+
+    bool operator==(const HashResultRow&) const = default;
+};
+
+struct HashGeneratorView {
+    using HashAlgorithm = HashGenerator::HashAlgorithm;
+
+    static constexpr std::string_view footer =
+        "All hashing is done locally using Apple's CryptoKit framework. No data leaves your device.";
+
+    /// A text up to this size, in bytes, is hashed and counted within milliseconds, so it does not wait for
+    /// another thread.
+    static constexpr std::size_t largestTextHandledAtOnce = std::size_t{256} << 10;
+
+    std::string inputText{};
+    /// The last digests; none while those of a large text are being computed.
+    std::vector<HashGenerator::HashResult> hashes{};
+    std::optional<HashAlgorithm> selectedAlgorithm{};
+    bool liveUpdate = true;
+    /// How many user-perceived characters the input has; none while those of a large text are being counted.
+    std::optional<std::size_t> inputCharacterCount = 0;
+    std::optional<BackgroundTask> hashing{};
+    std::optional<BackgroundTask> counting{};
+
+    /// What any change of the input entails, wherever it came from: with live update the digests follow it.
+    /// Without it they stay, even though they are another text's now.
+    void setInputText(std::string text, const Context<HashGeneratorView>& context);
+
+    /// Does not compute anything: that waits for the next change of the input.
+    void setLiveUpdate(bool isLive) { liveUpdate = isLive; }
+
+    /// Computes the digests of the input.
+    void generateAll(const Context<HashGeneratorView>& context);
+
+    void select(HashAlgorithm algorithm) { selectedAlgorithm = algorithm; }
+
+    HashResultRow row(HashAlgorithm algorithm) const;
+
+    bool hasStatistics() const { return !inputText.empty() && inputCharacterCount; }
+
+    /// The size of the input, such as "1 characters • 2 bytes".
+    std::string statistics() const;
+
+    bool operator==(const HashGeneratorView&) const = default;
+
+private:
+    template <typename Compute, typename Apply>
+    void computeFromInput(const Context<HashGeneratorView>& context,
+                          std::optional<BackgroundTask> HashGeneratorView::* slot, Compute compute,
+                          Apply apply);
+};
+
+} // namespace korvane

@@ -1,0 +1,144 @@
+#include "Views/Tools/JWTDecoderView.h"
+
+#include "Utilities/Base64.h"
+#include "Utilities/DateText.h"
+#include "Utilities/JSON.h"
+#include "Utilities/Text.h"
+
+#include <algorithm>
+#include <chrono>
+#include <expected>
+#include <ranges>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+namespace {
+
+using ExpiryInfo = JWTDecoderView::ExpiryInfo;
+using NumericDate = JWTDecoderView::NumericDate;
+
+/// The bytes that `part` stands for in the URL-safe alphabet of Base64 without padding (RFC 4648, section 5),
+/// or none. The characters of the standard alphabet do as well, and so does padding.
+std::optional<std::string> decodingBase64URL(std::string_view part) {
+    constexpr std::size_t groupLength = 4;
+    std::string standard(part);
+    std::ranges::replace(standard, '-', '+');
+    std::ranges::replace(standard, '_', '/');
+    if (const auto rest = standard.size() % groupLength; rest > 0)
+        standard.append(groupLength - rest, '=');
+    return Base64::decode(standard);
+}
+
+/// The JSON in one part of a token. It stays where it was made, because the document refers to the text.
+class JSONPart {
+public:
+    explicit JSONPart(std::string_view part)
+        : m_text(decodingBase64URL(part).value_or("")), // nothing is no JSON either
+          m_document(JSON::parse(m_text)) {}
+
+    JSONPart(const JSONPart&) = delete;
+    JSONPart& operator=(const JSONPart&) = delete;
+
+    /// The JSON laid out for reading, or none if the part cannot be decoded.
+    std::optional<std::string> prettyPrinted() const {
+        if (!m_document)
+            return std::nullopt;
+        auto text = JSON::write(m_document->root(), {.prettyPrinted = true});
+        return text ? std::optional(std::move(*text)) : std::nullopt;
+    }
+
+    /// The date in the claim of that name: none without it, or if it is no number.
+    std::optional<NumericDate> date(std::string_view claim) const {
+        const auto* value = m_document->root().member(claim);
+        if (!value || value->type() != JSON::Type::number)
+            return std::nullopt;
+        return NumericDate{.secondsSince1970 = value->number(), .number = std::string(value->text())};
+    }
+
+private:
+    std::string m_text;
+    std::expected<JSON::Document, JSON::ParseError> m_document;
+};
+
+/// What a payload that could be decoded says of dates, or none if it says nothing.
+std::optional<ExpiryInfo> expiryInfoOf(const JSONPart& payload, const Clock& clock) {
+    auto expiryDate = payload.date("exp");
+    auto issuedAt = payload.date("iat");
+    if (!expiryDate && !issuedAt)
+        return std::nullopt;
+    const std::chrono::duration<double> now = clock.now().time_since_epoch();
+    return ExpiryInfo{.isExpired = expiryDate && expiryDate->secondsSince1970 < now.count(),
+                      .expiryDate = std::move(expiryDate),
+                      .issuedAt = std::move(issuedAt)};
+}
+
+} // namespace
+
+void JWTDecoderView::setInputToken(std::string token) {
+    if (token == inputToken)
+        return;
+    inputToken = std::move(token);
+    clearResults();
+}
+
+void JWTDecoderView::clearResults() {
+    header.clear();
+    payload.clear();
+    signature.clear();
+    errorMessage.reset();
+    expiryInfo.reset();
+}
+
+void JWTDecoderView::decode(const Context<JWTDecoderView>& context) {
+    clearResults();
+    const auto token = trimmingWhitespacesAndNewlines(inputToken);
+    if (token.empty())
+        return;
+    constexpr std::size_t partCount = 3;
+    std::vector<std::string_view> parts;
+    for (const auto part : std::views::split(token, '.') | std::views::take(partCount + 1))
+        parts.emplace_back(part);
+    if (parts.size() == partCount)
+        decodeParts(parts[0], parts[1], parts[2], context.services.clock);
+    else
+        errorMessage = "Invalid JWT format. Expected 3 parts separated by dots.";
+}
+
+void JWTDecoderView::decodeParts(std::string_view headerPart, std::string_view payloadPart,
+                                 std::string_view signaturePart, const Clock& clock) {
+    auto headerText = JSONPart(headerPart).prettyPrinted();
+    if (!headerText) {
+        errorMessage = "Could not decode header";
+        return;
+    }
+    header = std::move(*headerText);
+    const JSONPart payloadJSON(payloadPart);
+    auto payloadText = payloadJSON.prettyPrinted();
+    if (!payloadText) {
+        errorMessage = "Could not decode payload";
+        return;
+    }
+    payload = std::move(*payloadText);
+    expiryInfo = expiryInfoOf(payloadJSON, clock);
+    signature = signaturePart;
+}
+
+std::optional<StatusBadge> JWTDecoderView::status() const {
+    if (errorMessage)
+        return StatusBadge{Status::error, *errorMessage};
+    if (!expiryInfo)
+        return std::nullopt;
+    return expiryInfo->isExpired ? StatusBadge{Status::error, "Token Expired"}
+                                 : StatusBadge{Status::success, "Token Valid"};
+}
+
+std::string JWTDecoderView::expiryText() const {
+    if (!hasExpiryDate())
+        return {};
+    const auto& date = *expiryInfo->expiryDate;
+    return "Expires: " + DateText::mediumDateAndTime(date.secondsSince1970).value_or(date.number);
+}
+
+} // namespace korvane

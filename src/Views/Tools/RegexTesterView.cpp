@@ -1,0 +1,184 @@
+#include "Views/Tools/RegexTesterView.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <stop_token>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// Texts and patterns up to these sizes are searched at once. Even a pattern that runs along the rest of the
+/// text at each character is through within some ten milliseconds then, and one that puts off alternatives is
+/// stopped after as long. All else goes to the background.
+constexpr std::size_t quickTextSize = 4096;
+constexpr std::size_t quickPatternSize = 256;
+constexpr std::size_t quickSetCount = 4;
+constexpr std::size_t quickSteps = 8;
+
+/// How long an outdated result may stay before it gives way to the news that another is on its way.
+constexpr std::chrono::milliseconds patience{150};
+
+} // namespace
+
+/// All that a run needs to know.
+struct RegexTesterView::Job {
+    RegexSearch search{};
+    std::string replacement{};
+    RegexMatches matches{}; ///< what is to be replaced; from no search if it is still to be found
+
+    bool isQuick() const {
+        return search.text->size() <= quickTextSize && search.pattern.size() <= quickPatternSize &&
+               replacement.size() <= quickPatternSize &&
+               RegularExpression::setCount(search.pattern) <= quickSetCount;
+    }
+};
+
+struct RegexTesterView::Outcome {
+    RegexMatches matches{};
+    std::string replacedText{};
+    std::optional<std::string> errorMessage{};
+
+    bool isComplete() const { return !matches.search() || !matches.findings()->interruption; }
+};
+
+void RegexTesterView::setPattern(std::string text, const Context<RegexTesterView>& context) {
+    if (text == pattern)
+        return;
+    pattern = std::move(text);
+    if (liveUpdate)
+        runRegex(context);
+}
+
+void RegexTesterView::setTestString(std::string text, const Context<RegexTesterView>& context) {
+    if (text == testString)
+        return;
+    testString = std::move(text);
+    if (liveUpdate)
+        runRegex(context);
+}
+
+void RegexTesterView::setCaseSensitive(bool isSensitive, const Context<RegexTesterView>& context) {
+    if (isSensitive == caseSensitive)
+        return;
+    caseSensitive = isSensitive;
+    if (liveUpdate)
+        runRegex(context);
+}
+
+void RegexTesterView::setReplacement(std::string text, const Context<RegexTesterView>& context) {
+    if (text == replacement)
+        return;
+    replacement = std::move(text);
+    if (!liveUpdate)
+        return;
+    if (matching) // its result would bring a text with the old replacement
+        runRegex(context);
+    else
+        runReplacement(context);
+}
+
+void RegexTesterView::runRegex(const Context<RegexTesterView>& context) {
+    replacing.reset();
+    if (pattern.empty() || testString.empty()) {
+        matching.reset();
+        showOutcome({});
+        return;
+    }
+    start(context, &RegexTesterView::matching, &RegexTesterView::showOutcome, job());
+    if (matching)
+        announceBusy(context);
+}
+
+void RegexTesterView::runReplacement(const Context<RegexTesterView>& context) {
+    if (pattern.empty() || testString.empty() || replacement.empty()) {
+        replacing.reset();
+        replacedText.clear();
+        return;
+    }
+    auto next = job();
+    const auto* const known = matches.search();
+    if (known && known->pattern == pattern && known->isCaseSensitive == caseSensitive &&
+        *known->text == testString)
+        next.matches = matches;
+    start(context, &RegexTesterView::replacing, &RegexTesterView::showReplacedText, std::move(next));
+}
+
+RegexTesterView::Job RegexTesterView::job() const {
+    return {.search = {.pattern = pattern,
+                       .isCaseSensitive = caseSensitive,
+                       .text = std::make_shared<const std::string>(testString)},
+            .replacement = replacement};
+}
+
+RegexTesterView::Outcome RegexTesterView::outcome(Job job, const RegularExpression::Budget& budget) {
+    if (!job.matches.search()) {
+        auto findings = RegularExpression::search(job.search.pattern, job.search.isCaseSensitive,
+                                                  job.search.text, budget);
+        if (!findings)
+            return {.errorMessage = "Invalid regex: " + findings.error().errorDescription()};
+        job.matches = RegexMatches(std::move(job.search), std::move(*findings));
+    }
+    Outcome outcome{.matches = std::move(job.matches)};
+    const auto& findings = *outcome.matches.findings();
+    if (findings.interruption)
+        outcome.errorMessage = rawValue(*findings.interruption);
+    else if (!job.replacement.empty())
+        outcome.replacedText = RegularExpression::replacingMatches(findings, job.replacement).value_or("");
+    return outcome;
+}
+
+void RegexTesterView::start(const Context<RegexTesterView>& context, Slot slot, Show show, Job job) {
+    (this->*slot).reset();
+    if (job.isQuick()) {
+        if (auto result = outcome(job, {.steps = quickSteps}); result.isComplete()) {
+            (this->*show)(std::move(result));
+            return;
+        }
+    }
+    runInBackground(
+        context, *this, slot,
+        [job = std::move(job)](const std::stop_token& stop) { return outcome(job, {.stop = stop}); }, show);
+}
+
+void RegexTesterView::announceBusy(const Context<RegexTesterView>& context) const {
+    context.services.timers.after(patience,
+                                  [update = context.update, identity = BackgroundTask::Identity(*matching)] {
+                                      update([&identity](RegexTesterView& state) {
+                                          if (!identity.names(state.matching))
+                                              return;
+                                          state.showOutcome({});
+                                          state.isBusy = true;
+                                      });
+                                  });
+}
+
+void RegexTesterView::showOutcome(Outcome outcome) {
+    isBusy = false;
+    matches = std::move(outcome.matches);
+    errorMessage = std::move(outcome.errorMessage);
+    replacedText = std::move(outcome.replacedText);
+}
+
+void RegexTesterView::showReplacedText(Outcome outcome) {
+    replacedText = std::move(outcome.replacedText);
+}
+
+RegexTesterView::MatchesPanel RegexTesterView::matchesPanel() const {
+    if (!matches.empty())
+        return MatchesPanel::list;
+    if (isBusy)
+        return MatchesPanel::busy;
+    const bool waitsForTheFirst = matching && !matches.search() && !errorMessage;
+    if (pattern.empty() || testString.empty() || waitsForTheFirst)
+        return MatchesPanel::prompt;
+    return MatchesPanel::noMatches;
+}
+
+std::string RegexTesterView::matchCount() const {
+    return fmt::format("{} match{} found", matches.size(), matches.size() == 1 ? "" : "es");
+}
+
+} // namespace korvane

@@ -1,0 +1,99 @@
+/// The state of the Regex Tester screen: a pattern, a text, all matches with their capture groups, and the
+/// text with the matches replaced. Short texts are searched at once, all others in the background.
+#pragma once
+
+#include "Views/Background.h"
+#include "Views/Tools/RegexMatches.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+/// A row of the quick reference.
+struct RegexCheatItem {
+    std::string_view pattern;
+    std::string_view description;
+};
+
+struct RegexTesterView {
+    using RegexMatch = korvane::RegexMatch;
+
+    /// What stands under "Matches".
+    enum class MatchesPanel { prompt, noMatches, busy, list };
+
+    std::string pattern{};
+    std::string testString{};
+    std::string replacement{};
+    RegexMatches matches{};
+    std::string replacedText{};
+    std::optional<std::string> errorMessage{};
+    bool liveUpdate = true;
+    bool caseSensitive = true;
+    bool showReplacement = false;
+    /// The runs whose results are waited for. Until these come, or `isBusy`, everything stays as it was, so
+    /// that nothing flickers while somebody types.
+    std::optional<BackgroundTask> matching{};
+    std::optional<BackgroundTask> replacing{};
+    /// Whether the wait has become so long that the old result has gone.
+    bool isBusy = false;
+
+    // With `liveUpdate`, a change of pattern, text or case runs the expression, and one of the replacement
+    // replaces.
+
+    void setPattern(std::string text, const Context<RegexTesterView>& context);
+    void setTestString(std::string text, const Context<RegexTesterView>& context);
+    void setReplacement(std::string text, const Context<RegexTesterView>& context);
+    void setCaseSensitive(bool isSensitive, const Context<RegexTesterView>& context);
+
+    void setLiveUpdate(bool isLive) { liveUpdate = isLive; }
+
+    void setShowReplacement(bool show) { showReplacement = show; }
+
+    /// Finds and replaces anew.
+    void runRegex(const Context<RegexTesterView>& context);
+
+    /// Only replaces anew. What cannot be replaced leaves an empty text, without a message.
+    void runReplacement(const Context<RegexTesterView>& context);
+
+    MatchesPanel matchesPanel() const;
+
+    /// Such as "3 matches found".
+    std::string matchCount() const;
+
+    bool hasError() const { return errorMessage.has_value(); }
+
+    bool operator==(const RegexTesterView&) const = default;
+
+private:
+    struct Job;
+    struct Outcome;
+    using Slot = std::optional<BackgroundTask> RegexTesterView::*;
+    using Show = void (RegexTesterView::*)(Outcome);
+
+    static Outcome outcome(Job job, const RegularExpression::Budget& budget);
+    Job job() const;
+    void start(const Context<RegexTesterView>& context, Slot slot, Show show, Job job);
+    void announceBusy(const Context<RegexTesterView>& context) const;
+    void showOutcome(Outcome outcome);
+    void showReplacedText(Outcome outcome);
+};
+
+inline constexpr auto regexCheatItems = std::to_array<RegexCheatItem>({
+    {".", "Any character"},
+    {"\\d", "Digit"},
+    {"\\w", "Word char"},
+    {"\\s", "Whitespace"},
+    {"^", "Start"},
+    {"$", "End"},
+    {"*", "0 or more"},
+    {"+", "1 or more"},
+    {"?", "0 or 1"},
+    {"{n}", "Exactly n"},
+    {"[abc]", "Character class"},
+    {"()", "Capture group"},
+});
+
+} // namespace korvane

@@ -1,0 +1,89 @@
+/// The state of the Text Diff screen: two texts, and the comparison that was last asked for. Nothing is
+/// compared by itself.
+#pragma once
+
+#include "Models/Enumeration.h"
+#include "Utilities/DiffEngine.h"
+#include "Views/Background.h"
+#include "Views/Components/StatBadge.h"
+
+#include <array>
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+struct TextDiffView {
+    enum class ViewMode { sideBySide, unified };
+
+    /// How long a comparison goes on before the screen tells of it, so that none of the usual ones flickers.
+    static constexpr std::chrono::milliseconds patience{250};
+
+    std::string leftText{};
+    std::string rightText{};
+    std::optional<DiffEngine::DiffResult> diffResult{}; ///< replaces the editors while present
+    ViewMode viewMode = ViewMode::sideBySide;
+    bool showStats = true;
+    std::optional<BackgroundTask> comparison{}; ///< of the present texts, while it goes on
+    bool comparisonTakesLong = false;           ///< of `comparison`
+
+    /// A change of a text abandons the comparison that goes on: its result would no longer belong to the
+    /// texts.
+    void setLeftText(std::string text);
+    void setRightText(std::string text);
+
+    void setViewMode(ViewMode mode) { viewMode = mode; }
+
+    /// Compares the texts, unless both are empty or they are being compared already: small ones at once,
+    /// others in the background. An earlier result stays until then.
+    void compare(const Context<TextDiffView>& context);
+
+    /// Exchanges the texts. A result is not touched.
+    void swap();
+
+    void clearAll();
+
+    /// The result, or null.
+    const DiffEngine::DiffResult* shownResult() const { return diffResult ? &*diffResult : nullptr; }
+
+    bool hasResult() const { return diffResult.has_value(); }
+
+    bool isSideBySide() const { return viewMode == ViewMode::sideBySide; }
+
+    /// Whether a comparison has been going on for so long that the screen tells of it.
+    bool isBusy() const { return comparison && comparisonTakesLong; }
+
+    bool showsCounts() const { return showStats && hasResult(); }
+
+    StatBadge added() const { return {"Added", stats().added, PaletteColor::green}; }
+
+    StatBadge removed() const { return {"Removed", stats().removed, PaletteColor::red}; }
+
+    StatBadge unchanged() const { return {"Unchanged", stats().unchanged}; }
+
+    /// How much of the rows is unchanged, such as "66% similar", truncated to a whole number; empty where
+    /// there is nothing to count.
+    std::string similarity() const;
+
+    bool operator==(const TextDiffView&) const = default;
+
+private:
+    DiffEngine::DiffStats stats() const { return diffResult ? diffResult->stats : DiffEngine::DiffStats(); }
+
+    void compareInBackground(const Context<TextDiffView>& context);
+};
+
+struct DiffViewModeFacts {
+    TextDiffView::ViewMode value;
+    std::string_view rawValue;
+};
+
+template <>
+inline constexpr auto facts<TextDiffView::ViewMode> = std::to_array<DiffViewModeFacts>({
+    {TextDiffView::ViewMode::sideBySide, "Side by Side"},
+    {TextDiffView::ViewMode::unified, "Unified"},
+});
+
+} // namespace korvane

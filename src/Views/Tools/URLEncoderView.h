@@ -1,0 +1,99 @@
+/// The state of the URL Encoder screen: text percent-encoded for a query and back, and URLs taken apart; each
+/// on a button press and never by itself.
+#pragma once
+
+#include "Models/Enumeration.h"
+#include "Models/PaletteColor.h"
+#include "Utilities/URLComponents.h"
+#include "Views/Components/StatusBadge.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+/// One component of a URL as the screen lists it.
+struct ComponentRow {
+    std::string label{};
+    std::string value{};
+    PaletteColor color{};
+
+    bool operator==(const ComponentRow&) const = default;
+};
+
+/// The list of what a URL consists of.
+struct URLComponentsView {
+    static constexpr std::string_view queryHeading = "Query Parameters";
+
+    URLComponentsBreakdown components{};
+
+    /// A row for each component that is present, in the order they have in a URL.
+    std::vector<ComponentRow> rows() const;
+
+    /// A row for each item of the query; one without a value has an empty one.
+    std::vector<ComponentRow> queryRows() const;
+
+    bool operator==(const URLComponentsView&) const = default;
+};
+
+struct URLEncoderView {
+    enum class Mode { encode, decode, analyze };
+
+    static constexpr std::string_view emptyPrompt = "Enter a valid URL to see its components";
+
+    std::string inputText{};
+    std::string outputText{};
+    Mode mode = Mode::encode;
+    std::optional<std::string> errorMessage{};
+    std::optional<URLComponentsBreakdown> urlComponents{};
+
+    /// What any change of the input entails, wherever it came from: neither message nor components belong to
+    /// it any longer.
+    void setInputText(std::string text);
+
+    void setMode(Mode newMode) { mode = newMode; }
+
+    /// Does with the input what `mode` says. A failure leaves a message, and the output as it was.
+    void performAction();
+
+    /// The badge for `errorMessage`.
+    std::optional<StatusBadge> status() const;
+
+    bool isAnalyzing() const { return mode == Mode::analyze; }
+
+    bool hasComponents() const { return urlComponents.has_value(); }
+
+    std::vector<ComponentRow> componentRows() const;
+    std::vector<ComponentRow> queryRows() const;
+
+    bool hasQueryItems() const;
+
+    bool operator==(const URLEncoderView&) const = default;
+
+private:
+    void showOutput(std::optional<std::string> output, std::string_view failure);
+    void analyzeURL();
+};
+
+struct URLEncoderModeFacts {
+    URLEncoderView::Mode value;
+    std::string_view rawValue;
+    std::string_view icon;
+    std::string_view inputTitle;
+    std::string_view inputPlaceholder;
+    std::string_view outputTitle;
+};
+
+template <>
+inline constexpr auto facts<URLEncoderView::Mode> = std::to_array<URLEncoderModeFacts>({
+    {URLEncoderView::Mode::encode, "Encode", "link.badge.plus", "Plain Text", "Enter text to encode...",
+     "Encoded URL"},
+    {URLEncoderView::Mode::decode, "Decode", "link", "Encoded URL", "Enter encoded URL...", "Decoded Text"},
+    {URLEncoderView::Mode::analyze, "Analyze URL", "magnifyingglass", "URL Input",
+     "Enter a URL to analyze...", "URL Components"},
+});
+
+} // namespace korvane

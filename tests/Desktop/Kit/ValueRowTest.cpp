@@ -1,0 +1,116 @@
+#include "Desktop/Kit/ValueRow.h"
+
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Screen.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include <memory>
+#include <string>
+
+namespace korvane {
+namespace {
+
+struct Result {
+    std::string value = "short";
+    bool isBest = false;
+
+    void setBest(bool best) { isBest = best; }
+
+    std::string note() const { return isBest ? "(best)" : ""; }
+
+    bool operator==(const Result&) const = default;
+};
+
+QWidget* resultCard(View<Result>& view, std::string title) {
+    return valueCard(view, {.title = std::move(title),
+                            .icon = "number",
+                            .color = PaletteColor::purple,
+                            .caption = "caption",
+                            .note = view.reading<std::string>(&Result::note),
+                            .value = view.reading<std::string>(&Result::value),
+                            .isOutlined = view.reading<bool>(&Result::isBest)});
+}
+
+QWidget* resultRow(View<Result>& view, std::string name) {
+    return valueRow(view, {.label = tag(name, PaletteColor::green, true),
+                           .name = name,
+                           .value = view.reading<std::string>(&Result::value),
+                           .height = 36,
+                           .gap = 12});
+}
+
+QWidget* body(View<Result>& view) {
+    return screen(
+        view.header(Tool::numberBase),
+        {
+            grid(2, 16, {resultCard(view, "First"), resultCard(view, "Second"), resultCard(view, "Third")}),
+            dividedRows({resultRow(view, "Fourth"), resultRow(view, "Fifth")}),
+            stretch(),
+        });
+}
+
+struct ValueRowTest : testing::Test {
+    FakeServices fakes{};
+    std::unique_ptr<ScreenFrame<Result>> frame{std::make_unique<ScreenFrame<Result>>(fakes.services, body)};
+    ScreenDriver screen{*frame, {620, 600}};
+
+    QWidget& card(std::string_view title) const {
+        return *screen.button("Copy " + std::string(title)).parentWidget()->parentWidget()->parentWidget();
+    }
+
+    void show(std::string value) {
+        frame->view().perform([&](Result& state) { state.value = std::move(value); });
+        for (int round = 0; round < 3; ++round) // a new height goes up through the layouts, and down again
+            settle();
+    }
+};
+
+TEST_F(ValueRowTest, CopiesTheValueOfItsRowOrCard) {
+    for (const auto* name : {"First", "Third", "Fourth", "Fifth"}) {
+        EXPECT_EQ(screen.text(name), "short");
+        fakes.clipboard.content.reset();
+        screen.press("Copy " + std::string(name));
+        EXPECT_EQ(fakes.clipboard.content, "short") << name;
+    }
+}
+
+TEST_F(ValueRowTest, OutlinesACardWhileItIsToBe) {
+    EXPECT_FALSE(screen.shows("(best)"));
+    const auto plain = card("First").grab().toImage();
+    frame->view().perform([](Result& state) { state.setBest(true); });
+    settle();
+    EXPECT_TRUE(screen.shows("(best)"));
+    const auto outlined = card("First").grab().toImage();
+    const auto edge = [](const QImage& image) { return image.pixelColor(image.width() / 2, 0); };
+    EXPECT_EQ(edge(outlined), Theme::hue(PaletteColor::purple));
+    EXPECT_NE(edge(plain), edge(outlined));
+}
+
+TEST_F(ValueRowTest, CardsStayEquallyHighWhenAValueWraps) {
+    const auto before = card("First").height();
+    show(std::string(100, '1') + " " + std::string(100, '0'));
+    EXPECT_GT(card("First").height(), before);
+    EXPECT_EQ(card("First").height(), card("Third").height());
+    EXPECT_GE(screen.editor("First").height(),
+              screen.editor("First").heightForWidth(screen.editor("First").width()));
+    show("short");
+    EXPECT_EQ(card("First").height(), before);
+    EXPECT_EQ(card("Third").height(), before);
+}
+
+TEST_F(ValueRowTest, ARowGrowsWithItsValue) {
+    const auto height = [this] { return screen.button("Copy Fourth").parentWidget()->height(); };
+    EXPECT_EQ(height(), Theme::px(36));
+    show(std::string(300, '1'));
+    EXPECT_GE(height(), screen.editor("Fourth").heightForWidth(screen.editor("Fourth").width()));
+    EXPECT_GT(height(), Theme::px(36));
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,342 @@
+#include "Utilities/RegularExpression.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <unicode/uregex.h>
+
+#include <string>
+
+namespace korvane {
+namespace {
+
+using RegularExpression::Budget;
+using RegularExpression::Findings;
+using RegularExpression::Interruption;
+
+std::shared_ptr<const std::string> shared(std::string text) {
+    return std::make_shared<const std::string>(std::move(text));
+}
+
+Findings search(std::string_view pattern, std::string text, bool isCaseSensitive = true,
+                const Budget& budget = {.time = std::chrono::hours(1)}) {
+    auto findings = RegularExpression::search(pattern, isCaseSensitive, shared(std::move(text)), budget);
+    if (findings)
+        return std::move(*findings);
+    ADD_FAILURE() << pattern << ": " << findings.error().errorDescription();
+    return {.text = shared({})};
+}
+
+/// The message about a pattern; empty if nothing is wrong with it.
+std::string errorOf(std::string_view pattern, bool isCaseSensitive = true) {
+    const auto findings = RegularExpression::search(pattern, isCaseSensitive, shared("abc"), {});
+    return findings ? std::string() : findings.error().errorDescription();
+}
+
+/// Each piece as its place and text, a group with its number in front: "0-2 ab" or "$1 0-1 a".
+std::vector<std::string> described(const Findings& findings) {
+    std::vector<std::string> pieces;
+    for (std::size_t index = 0; index < findings.matchCount(); ++index) {
+        for (const auto& piece : findings.match(index)) {
+            const auto place =
+                fmt::format("{}-{} {}", piece.range.start, piece.range.end, piece.range.of(*findings.text));
+            pieces.push_back(piece.group == 0 ? place : fmt::format("${} {}", piece.group, place));
+        }
+    }
+    return pieces;
+}
+
+struct SearchRow {
+    std::string_view name;
+    std::string_view pattern;
+    std::string text;
+    std::vector<std::string> expected;
+};
+
+class RegularExpressionSearch : public testing::TestWithParam<SearchRow> {};
+
+TEST_P(RegularExpressionSearch, Finds) {
+    const auto& row = GetParam();
+    const auto findings = search(row.pattern, row.text);
+    EXPECT_EQ(described(findings), row.expected);
+    EXPECT_FALSE(findings.interruption);
+}
+
+const SearchRow searchRows[] = {
+    {"NothingInNothing", "a", "", {}},
+    {"NothingEverywhere", "()", "a", {"0-0 ", "$1 0-0 ", "1-1 ", "$1 1-1 "}},
+    {"Letter", "a", "AaA", {"1-2 a"}},
+    {"AbsentGroup", "(a)|(b)", "b", {"0-1 b", "$2 0-1 b"}},
+    {"PresentEmptyGroup", "(x*)a", "a", {"0-1 a", "$1 0-0 "}},
+    {"TwoGroups",
+     R"((\w+)-(\w+))",
+     "a-b c-d",
+     {"0-3 a-b", "$1 0-1 a", "$2 2-3 b", "4-7 c-d", "$1 4-5 c", "$2 6-7 d"}},
+    {"ZeroLength", "x*", "ab", {"0-0 ", "1-1 ", "2-2 "}},
+    {"ZeroLengthBetween", "a*", "baac", {"0-0 ", "1-3 aa", "3-3 ", "4-4 "}},
+    {"GroupInLookAhead", "a(?=(b))", "ab", {"0-1 a", "$1 1-2 b"}},
+    {"GroupInLookBehind", "(?<=(é))b", "éb", {"2-3 b", "$1 0-2 é"}},
+    {"StartIsOfTheText", "^.", "ab\ncd", {"0-1 a"}},
+    {"EndIsOfTheText", ".$", "ab\ncd", {"4-5 d"}},
+    {"EndBeforeTheLastLineBreak", "b$", "ab\n", {"1-2 b"}},
+    {"DotStopsAtLineBreaks", ".+", "a\r\nb\nc\vd\u2028e", {"0-1 a", "3-4 b", "5-6 c", "7-8 d", "11-12 e"}},
+    {"CarriageReturnLineFeed", R"(\r\n)", "a\r\nb", {"1-3 \r\n"}},
+    {"SpaceCountsAndSoDoesTheHash", "a #b", "a #b", {"0-4 a #b"}},
+    {"BeyondASCII", R"(\w+)", "größer Ωmega", {"0-8 größer", "9-15 Ωmega"}},
+    {"SurrogatePair", ".", "a😀é", {"0-1 a", "1-5 😀", "5-7 é"}},
+    {"ZeroLengthAroundSurrogatePair", "x*", "😀", {"0-0 ", "4-4 "}},
+    {"HalfOfASurrogatePair", R"(a\ud83d)", "a😀", {}},
+    {"PairAsItsHalves", R"(\ud83d\ude00)", "a😀", {"1-5 😀"}},
+    {"NotUTF8",
+     "b",
+     "\xff\xe2\x82"
+     "b",
+     {"3-4 b"}},
+    {"NullCharacter", R"(\x00.)", std::string("a\0b", 3), {std::string("1-3 \0b", 6)}},
+    {"NamedGroup", "(?<year>[0-9]+)", "in 1984", {"3-7 1984", "$1 3-7 1984"}},
+    {"Property", R"(\p{Lu})", "aÄB", {"1-3 Ä", "3-4 B"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, RegularExpressionSearch, testing::ValuesIn(searchRows),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(RegularExpression, IgnoresLetterCaseOnlyWhenTold) {
+    EXPECT_EQ(search("a", "AaA", true).matchCount(), 1);
+    EXPECT_EQ(search("a", "AaA", false).matchCount(), 3);
+    EXPECT_EQ(search("STRASSE", "straße", false).matchCount(), 1);
+}
+
+struct ErrorRow {
+    std::string_view pattern;
+    std::string_view expected;
+};
+
+TEST(RegularExpression, SaysWhatIsWrongInAPatternAndWhere) {
+    const ErrorRow rows[] = {
+        {"", "Empty pattern."},
+        {"(", "Incorrectly nested parentheses at character 1."},
+        {R"((\w+@([a-z]+)", "Incorrectly nested parentheses at character 12."},
+        {"ab)", "Incorrectly nested parentheses at character 3."},
+        {"*", "Syntax error at character 1."},
+        {"a**", "Syntax error at character 3."},
+        {"a|+", "Syntax error at character 3."},
+        {"(?y)", "Syntax error at character 3."},
+        {"a\\", "Unrecognized escape sequence at character 2."},
+        {R"(\x{110000})", "Unrecognized escape sequence at character 2."},
+        {R"(\p{Foo})", "Unknown Unicode property or character class at character 7."},
+        {"[[:foo:]]", "Unknown Unicode property or character class at character 8."},
+        {R"(\N{NO SUCH NAME})", "Unknown character name."},
+        {"a{99999999999}", "Number too big at character 12."},
+        {"a{2", "Error in the interval between braces at character 3."},
+        {"a{2,1}", "Interval with a maximum less than its minimum at character 6."},
+        {R"(\1)", "Back reference to a capture group that does not exist at character 2."},
+        {"(?<=a*)b", "Look-behind without a maximum length at character 7."},
+        {"[a", "Missing closing bracket at character 2."},
+        {"[z-a]", "Character range whose end comes before its start at character 4."},
+        {"(?<n>a)(?<n>b)", "Invalid name of a capture group at character 12."},
+        {R"(\k<missing>)", "Invalid name of a capture group at character 11."},
+        {"é(", "Incorrectly nested parentheses at character 2."},
+        {"👩‍👩‍👧(", "Incorrectly nested parentheses at character 2."},
+        {"a\n(\n)b)", "Incorrectly nested parentheses at character 7."},
+        {"a\r\nb)", "Incorrectly nested parentheses at character 4."},
+        {"a\u2028b)", "Incorrectly nested parentheses at character 4."},
+        {"a\u0085b\rc)", "Incorrectly nested parentheses at character 6."},
+        {"a\vb)", "Incorrectly nested parentheses at character 4."},
+    };
+    for (const auto& [pattern, expected] : rows)
+        EXPECT_EQ(errorOf(pattern), expected) << pattern;
+}
+
+TEST(RegularExpression, RefusesPatternsThatAreTooBigToPrepare) {
+    std::string sets;
+    for (std::size_t count = 0; count <= RegularExpression::maximumSets; ++count)
+        sets += count % 3 == 0 ? "\\p{Lu}" : count % 3 == 1 ? "\\P{Lu}" : "[a]";
+    EXPECT_EQ(errorOf(sets), "Pattern too big.");
+    EXPECT_EQ(errorOf(std::string(RegularExpression::maximumPatternSize + 1, 'a')), "Pattern too big.");
+    EXPECT_EQ(errorOf(std::string(RegularExpression::maximumPatternSize, 'a')), "");
+    EXPECT_EQ(errorOf(std::string(1000, '(')), "Nesting too deep at character 101.");
+    EXPECT_EQ(errorOf(std::string(1000, '[')), "Nesting too deep at character 100.");
+}
+
+struct ReplacementRow {
+    std::string_view name;
+    std::string_view pattern;
+    std::string text;
+    std::string_view replacement;
+    std::string_view expected;
+};
+
+class RegularExpressionReplacement : public testing::TestWithParam<ReplacementRow> {};
+
+TEST_P(RegularExpressionReplacement, Replaces) {
+    const auto& row = GetParam();
+    EXPECT_EQ(RegularExpression::replacingMatches(search(row.pattern, row.text), row.replacement),
+              row.expected);
+}
+
+const ReplacementRow replacementRows[] = {
+    {"SwapsGroups", R"((\w+)-(\w+))", "a-b c-d", "$2 $1", "b a d c"},
+    {"WholeMatch", "b", "abc", "<$0>", "a<b>c"},
+    {"NoMatch", "x", "abc", "y", "abc"},
+    {"Deletes", "b", "abc", "", "ac"},
+    {"BackslashDigitIsTheDigit", "(b)", "abc", R"(\1)", "a1c"},
+    {"BackslashDollarIsTheDollar", "(b)", "abc", R"(\$1)", "a$1c"},
+    {"BackslashBackslash", "(b)", "abc", R"(\\$1)", "a\\bc"},
+    {"BackslashLetterIsTheLetter", "b", "abc", R"(\n\u0041)", "anu0041c"},
+    {"BackslashBeforeAPair", "b", "abc", "\\😀", "a😀c"},
+    {"BackslashAtTheEnd", "b", "abc", "x\\", "axc"},
+    {"DollarAtTheEnd", "b", "abc", "x$", "ax$c"},
+    {"DollarBeforeALetter", "(?<n>b)", "abc", "${n}$n", "a${n}$nc"},
+    {"DollarDollarDigit", "(b)", "abc", "$$1", "a$bc"},
+    {"DollarBeforeAnotherScriptsDigit", "(b)", "abc", "$\u0661", "a$\u0661c"},
+    {"AbsentGroupIsEmpty", "(a)|(b)", "ab", "[$1|$2]", "[a|][|b]"},
+    {"UnknownGroupIsEmpty", "(b)", "abc", "[$2]", "a[]c"},
+    {"UnknownGroupTakesOneDigit", "(b)", "abc", "[$23]", "a[3]c"},
+    {"DigitsAsFarAsAGroupExists", "(b)", "abc", "$12", "ab2c"},
+    {"TwoDigits", "(a)(b)(c)(d)(e)(f)(g)(h)(i)(j)(k)", "abcdefghijk", "$11$10$1$12", "kjaa2"},
+    {"LeadingZero", "(b)", "abc", "$01", "abc"},
+    {"LeadingZeroWithoutGroup", "b", "abc", "$01", "ab1c"},
+    {"ManyDigits", "(b)", "abc", "$99999999999999999999", "a9999999999999999999c"},
+    {"ZeroLength", "x*", "ab", "-", "-a-b-"},
+    {"BeyondASCII", "😀", "a😀é", "[$0]", "a[😀]é"},
+    {"GroupBesideTheMatch", "a(?=(b))", "ab", "$1", "bb"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, RegularExpressionReplacement, testing::ValuesIn(replacementRows),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(RegularExpression, MakesNoTextBeyondAllBounds) {
+    const auto findings = search("[^x]+", std::string(1 << 20, 'a'));
+    std::string replacement;
+    for (int copies = 0; copies < 127; ++copies)
+        replacement += "$0";
+    EXPECT_EQ(RegularExpression::replacingMatches(findings, replacement)->size(), 127U << 20);
+    EXPECT_FALSE(RegularExpression::replacingMatches(findings, replacement + "$0$0"));
+}
+
+/// So few steps that a hostile pattern ends at once, on any machine.
+const Budget fewSteps{.time = std::chrono::hours(1), .steps = 20};
+
+TEST(RegularExpression, StopsAtHostilePatternsAndKeepsWhatWasFound) {
+    struct Row {
+        std::string_view pattern;
+        std::string text;
+    };
+
+    const Row rows[] = {
+        {"^(.*)+ ", std::string(5000, 'a')},
+        {"(a+)+$", std::string(50, 'a') + "b"},
+        {R"(^(([A-z\d]([A-z\d-]*[A-z\d])*)\.)+[A-z]{2,})", std::string(60, 'a') + "!"},
+        {"((){60000}){60000}", "a"},
+        {"(x+x+)+y", std::string(60, 'x')},
+    };
+    for (const auto& [pattern, text] : rows) {
+        const auto findings = search(pattern, text, true, fewSteps);
+        EXPECT_EQ(findings.interruption, Interruption::tookTooLong) << pattern;
+        EXPECT_EQ(findings.matchCount(), 0) << pattern;
+    }
+    const auto findings = search("(;)|(a+)+$", ";;" + std::string(50, 'a') + "b;", true, fewSteps);
+    EXPECT_EQ(findings.interruption, Interruption::tookTooLong);
+    EXPECT_EQ(described(findings), (std::vector<std::string>{"0-1 ;", "$1 0-1 ;", "1-2 ;", "$1 1-2 ;"}));
+}
+
+TEST(RegularExpression, StopsWhenItsTimeIsOver) {
+    const Budget noTime{.time = std::chrono::milliseconds(0)};
+    EXPECT_EQ(search("a", std::string(100, 'a'), true, noTime).interruption, Interruption::tookTooLong);
+    EXPECT_EQ(search("b", std::string(100, 'a'), true, noTime).interruption, Interruption::tookTooLong);
+    EXPECT_EQ(search("(a+)+$", std::string(50, 'a') + "b", true, noTime).interruption,
+              Interruption::tookTooLong);
+}
+
+// Without a look at the clock in between, each of these goes on for minutes.
+TEST(RegularExpression, StopsInTheMiddleOfWhatICUDoesNotReport) {
+    std::string text;
+    text.resize(10'000'000, 'a');
+    const Budget littleTime{.time = std::chrono::milliseconds(20)};
+    for (const std::string_view pattern :
+         {"(.*)\\1\\1y", "^.*(?>.*)y", "^(?=(.*))(?:a(?=.*y))*?x", "^.*?(?<=a)(?!.*b)x", "^.*[^x]*+y",
+          "^(?<n>.*)\\k<n>y", "^.*\\X++y", "^(?w).*\\b(?=.*)y"})
+        EXPECT_EQ(search(pattern, text, true, littleTime).interruption, Interruption::tookTooLong) << pattern;
+}
+
+TEST(RegularExpression, StopsWhenCalledOff) {
+    const auto source = std::make_unique<std::stop_source>();
+    source->request_stop();
+    const auto findings =
+        search("a", "aaa", true, {.time = std::chrono::hours(1), .stop = source->get_token()});
+    EXPECT_EQ(findings.interruption, Interruption::calledOff);
+    EXPECT_EQ(findings.matchCount(), 0);
+}
+
+TEST(RegularExpression, StopsWhenItsMemoryIsFull) {
+    EXPECT_EQ(search("(a|b)*c", std::string(5'000'000, 'a')).interruption, Interruption::tookTooMuchMemory);
+    EXPECT_FALSE(search("(a|b)*", std::string(1'000'000, 'a')).interruption);
+}
+
+TEST(RegularExpression, CollectsABoundedNumberOfPieces) {
+    std::string pattern = "a";
+    for (int group = 0; group < 999; ++group)
+        pattern += "()";
+    const auto findings = search(pattern, std::string(20'000, 'a'));
+    EXPECT_EQ(findings.interruption, Interruption::foundTooMuch);
+    EXPECT_LE(findings.pieces.size(), RegularExpression::maximumPieces);
+    EXPECT_EQ(findings.matchCount(), RegularExpression::maximumPieces / 1000);
+}
+
+/// What ICU finds in the UTF-8 text itself, whose positions need no conversion.
+std::vector<std::string> naiveSearch(const std::string& pattern, const std::string& text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const auto units = icu::UnicodeString::fromUTF8(pattern);
+    const icu::LocalURegularExpressionPointer regex(
+        uregex_open(units.getBuffer(), units.length(), 0, nullptr, &status));
+    const icu::LocalUTextPointer handle(
+        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status));
+    uregex_setUText(regex.getAlias(), handle.getAlias(), &status);
+    std::vector<std::string> pieces;
+    while (uregex_findNext(regex.getAlias(), &status) != 0) {
+        for (std::int32_t group = 0; group <= uregex_groupCount(regex.getAlias(), &status); ++group) {
+            const auto start = uregex_start64(regex.getAlias(), group, &status);
+            const auto end = uregex_end64(regex.getAlias(), group, &status);
+            if (start < 0)
+                continue;
+            const auto place = fmt::format(
+                "{}-{} {}", start, end,
+                text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start)));
+            pieces.push_back(group == 0 ? place : fmt::format("${} {}", group, place));
+        }
+    }
+    EXPECT_TRUE(U_SUCCESS(status)) << u_errorName(status);
+    return pieces;
+}
+
+std::string joined(const std::vector<std::string>& pieces) {
+    std::string text;
+    for (const auto& piece : pieces)
+        text += piece;
+    return text;
+}
+
+RC_GTEST_PROP(RegularExpression, FindsWhatIsFoundInTheBytesThemselves, ()) {
+    const auto text = joined(*rc::gen::container<std::vector<std::string>>(
+        rc::gen::element<std::string>("a", "b", "é", "😀", "\r\n", "\n", " ", "👩‍👧")));
+    const auto pattern = *rc::gen::element<std::string>(
+        "a", ".", "a*", "(a)|(b)", "(a*)(b?)", "[^a]", "(?<=(.))(a)", "a(?=(.)?)", "(\\w+)\\s", "é|😀",
+        "(?s).", "\\X", "(😀|a)+?b", "$", "^", "(.)\\1", "\\b", "(a)?(😀)?(b)?");
+    RC_ASSERT(described(search(pattern, text)) == naiveSearch(pattern, text));
+}
+
+TEST(RegularExpression, FindsTheSamePieceByPiece) {
+    std::string text;
+    std::uint32_t state = 1;
+    while (text.size() < 400'000) {
+        state = state * 1'664'525 + 1'013'904'223;
+        constexpr std::string_view words[] = {"a", "ab", "aa ", "é", "😀", "😀😀", "\n", "zz"};
+        text += words[state >> 29];
+    }
+    for (const std::string pattern : {"(?=(a+))a", "(?<=😀)é", "(a|😀)++b", "(.)\\1", "(?>a*)b", "\\X(?=z)",
+                                      "(?!.)", ".++", "(?s)(?=.)[^z]++z", "(?i)(A+)\\1"})
+        EXPECT_EQ(described(search(pattern, text)), naiveSearch(pattern, text)) << pattern;
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,159 @@
+#include "Views/Tools/TextTransformerView.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace korvane {
+namespace {
+
+TextTransformerView withInput(std::string text) {
+    TextTransformerView view;
+    view.setInputText(std::move(text));
+    return view;
+}
+
+TEST(TextTransformerView, StartsWithUppercaseAndSortAZ) {
+    const TextTransformerView view;
+    EXPECT_EQ(view.inputText, "");
+    EXPECT_EQ(view.outputText, "");
+    EXPECT_EQ(view.selectedTab, TransformTab::caseTransform);
+    EXPECT_EQ(view.selectedCaseTransform, CaseTransform::uppercase);
+    EXPECT_EQ(view.selectedLineOperation, LineOperation::sortAZ);
+    EXPECT_FALSE(view.hasInput());
+    EXPECT_FALSE(view.hasOutput());
+}
+
+TEST(TextTransformerView, NamesItsTabsInOrder) {
+    const TransformTabFacts expected[] = {
+        {TransformTab::caseTransform, "Case Transform", "Input Text", "arrow.down.doc",
+         "Enter text to transform...", "Transformed text will appear here..."},
+        {TransformTab::lineOperations, "Line Operations", "Input Lines", "arrow.down.doc",
+         "Enter text (one item per line)...", "Result will appear here..."},
+        {TransformTab::statistics, "Statistics", "Input Text", "", "Enter text to analyze...", ""},
+    };
+    ASSERT_EQ(allCases<TransformTab>.size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        const auto& row = facts<TransformTab>[i];
+        EXPECT_EQ(allCases<TransformTab>[i], expected[i].value);
+        EXPECT_EQ(row.rawValue, expected[i].rawValue);
+        EXPECT_EQ(row.inputTitle, expected[i].inputTitle);
+        EXPECT_EQ(row.inputIcon, expected[i].inputIcon);
+        EXPECT_EQ(row.inputPlaceholder, expected[i].inputPlaceholder);
+        EXPECT_EQ(row.outputPlaceholder, expected[i].outputPlaceholder);
+    }
+}
+
+TEST(TextTransformerView, APressTransformsAndSelects) {
+    auto view = withInput("hello World");
+    view.selectCaseTransform(CaseTransform::snakeCase);
+    EXPECT_EQ(view.selectedCaseTransform, CaseTransform::snakeCase);
+    EXPECT_EQ(view.outputText, "hello_world");
+    EXPECT_EQ(view.inputText, "hello World");
+    view.selectLineOperation(LineOperation::reverse);
+    EXPECT_EQ(view.selectedLineOperation, LineOperation::reverse);
+    EXPECT_EQ(view.selectedCaseTransform, CaseTransform::snakeCase);
+    EXPECT_EQ(view.outputText, "hello World");
+}
+
+TEST(TextTransformerView, APressOfTheSelectedButtonComputesAgain) {
+    auto view = withInput("hello");
+    view.selectCaseTransform(CaseTransform::uppercase);
+    view.setInputText("bye");
+    view.selectCaseTransform(CaseTransform::uppercase);
+    EXPECT_EQ(view.outputText, "BYE");
+}
+
+TEST(TextTransformerView, EveryShuffleIsAnother) {
+    std::string lines;
+    for (int line = 0; line < 100; ++line)
+        lines += std::to_string(line) + "\n";
+    auto view = withInput(lines);
+    view.selectLineOperation(LineOperation::shuffle);
+    const auto first = view.outputText;
+    view.selectLineOperation(LineOperation::shuffle);
+    EXPECT_NE(view.outputText, first);
+}
+
+TEST(TextTransformerView, NeitherTypingNorSwitchingTransforms) {
+    auto view = withInput("Hello");
+    EXPECT_EQ(view.outputText, "");
+    view.selectCaseTransform(CaseTransform::uppercase);
+    view.setInputText("Hello, world");
+    view.setSelectedTab(TransformTab::lineOperations);
+    view.setSelectedTab(TransformTab::statistics);
+    EXPECT_EQ(view.inputText, "Hello, world");
+    EXPECT_EQ(view.outputText, "HELLO");
+}
+
+TEST(TextTransformerView, ClearingTheInputKeepsTheOutput) {
+    auto view = withInput("Hello");
+    view.selectCaseTransform(CaseTransform::uppercase);
+    view.setInputText({});
+    EXPECT_EQ(view.outputText, "HELLO");
+    EXPECT_FALSE(view.hasInput());
+    EXPECT_EQ(view.inputStats.stats(), TextStats());
+}
+
+TEST(TextTransformerView, EveryButtonMakesNothingOfNothing) {
+    auto view = withInput("Hello");
+    for (const auto transform : allCases<CaseTransform>) {
+        view.setInputText("Hello");
+        view.selectCaseTransform(transform);
+        EXPECT_TRUE(view.hasOutput());
+        view.setInputText({});
+        view.selectCaseTransform(transform);
+        EXPECT_EQ(view.outputText, "") << rawValue(transform);
+    }
+    for (const auto operation : allCases<LineOperation>) {
+        view.setInputText("Hello");
+        view.selectLineOperation(operation);
+        EXPECT_TRUE(view.hasOutput());
+        view.setInputText({});
+        view.selectLineOperation(operation);
+        EXPECT_EQ(view.outputText, "") << rawValue(operation);
+    }
+}
+
+TEST(TextTransformerView, ItsFootersTellOfTheTextsAsTheyAre) {
+    auto view = withInput("One line.\n👨‍👩‍👧 e\u0301\n");
+    EXPECT_EQ(view.footer(), "14 characters\u2002•\u20024 words\u2002•\u20023 lines");
+    view.setSelectedTab(TransformTab::lineOperations);
+    EXPECT_EQ(view.footer(), "Input: 3 lines");
+    view.selectLineOperation(LineOperation::removeEmpty);
+    EXPECT_EQ(view.footer(), "Input: 3 lines\u2002•\u2002Output: 2 lines");
+    view.setInputText("x");
+    EXPECT_EQ(view.footer(), "Input: 1 lines\u2002•\u2002Output: 2 lines");
+    view.setSelectedTab(TransformTab::caseTransform);
+    EXPECT_EQ(view.footer(), "1 characters\u2002•\u20021 words\u2002•\u20021 lines");
+    view.selectCaseTransform(CaseTransform::titleCase);
+    view.setSelectedTab(TransformTab::lineOperations);
+    EXPECT_EQ(view.footer(), "Input: 1 lines\u2002•\u2002Output: 1 lines");
+}
+
+TEST(TextTransformerView, ShowsAFooterWhileThereIsAnInputToTransform) {
+    TextTransformerView view;
+    EXPECT_FALSE(view.showsFooter());
+    view.setInputText(" ");
+    EXPECT_TRUE(view.showsFooter());
+    view.setSelectedTab(TransformTab::lineOperations);
+    EXPECT_TRUE(view.showsFooter());
+    EXPECT_TRUE(view.showsOutput());
+    view.setSelectedTab(TransformTab::statistics);
+    EXPECT_FALSE(view.showsFooter());
+    EXPECT_FALSE(view.showsOutput());
+    view.setSelectedTab(TransformTab::caseTransform);
+    view.setInputText("");
+    EXPECT_FALSE(view.showsFooter());
+}
+
+TEST(TextTransformerView, ItsStatisticsAreThoseOfTheInput) {
+    auto view = withInput("Hi! Yes?!");
+    view.setInputText("Hi! Yes?!\n\nNo.");
+    EXPECT_EQ(view.inputStats.stats(), TextTransformer::getStats("Hi! Yes?!\n\nNo."));
+    view.selectCaseTransform(CaseTransform::camelCase);
+    EXPECT_EQ(view.outputStats.stats(), TextTransformer::getStats(view.outputText));
+}
+
+} // namespace
+} // namespace korvane
