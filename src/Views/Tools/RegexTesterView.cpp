@@ -124,7 +124,7 @@ RegexTesterView::Outcome RegexTesterView::outcome(Job job, const RegularExpressi
     Outcome outcome{.matches = std::move(job.matches)};
     const auto& findings = *outcome.matches.findings();
     if (findings.interruption)
-        outcome.errorMessage = rawValue(*findings.interruption);
+        outcome.errorMessage.emplace(rawValue(*findings.interruption));
     else if (!job.replacement.empty())
         outcome.replacedText = RegularExpression::replacingMatches(findings, job.replacement).value_or("");
     return outcome;
