@@ -121,13 +121,15 @@ RegexTesterView::Outcome RegexTesterView::outcome(Job job, const RegularExpressi
             return {.errorMessage = "Invalid regex: " + findings.error().errorDescription()};
         job.matches = RegexMatches(std::move(job.search), std::move(*findings));
     }
-    Outcome outcome{.matches = std::move(job.matches)};
-    const auto& findings = *outcome.matches.findings();
-    if (findings.interruption)
-        outcome.errorMessage = rawValue(*findings.interruption);
-    else if (!job.replacement.empty())
-        outcome.replacedText = RegularExpression::replacingMatches(findings, job.replacement).value_or("");
-    return outcome;
+    const auto& findings = *job.matches.findings();
+    if (findings.interruption) {
+        std::string message(rawValue(*findings.interruption));
+        return {.matches = std::move(job.matches), .errorMessage = std::move(message)};
+    }
+    auto replacedText = job.replacement.empty()
+                            ? std::string()
+                            : RegularExpression::replacingMatches(findings, job.replacement).value_or("");
+    return {.matches = std::move(job.matches), .replacedText = std::move(replacedText)};
 }
 
 void RegexTesterView::start(const Context<RegexTesterView>& context, Slot slot, Show show, Job job) {
