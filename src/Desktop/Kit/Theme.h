@@ -56,7 +56,7 @@ enum class Role {
     hoverOnColor,
     pressedOnColor,
     disabledFill,
-    dropFill, ///< of a place that something can be dropped on, while it is over it
+    dropFill,      ///< of a place that something can be dropped on, while it is over it
     unchangedLine, ///< primary at 70 %: a line that is the same in both texts
     plainBadgeFill,
 };
