@@ -70,13 +70,13 @@ std::vector<Scene> converterScenes() {
              screen.enter("Timestamp", "17637354oo");
              screen.press("Convert to Date");
          }},
-        {"color-start", Tool::colorPicker},
         {"color", Tool::colorPicker,
          [](const ScreenDriver& screen, FakeServices&) {
              screen.enter("HEX", "ff8000");
              screen.press("Apply");
              screen.slider("Opacity").setValue(screen.slider("Opacity").maximum() * 6 / 10);
          }},
+        {"color-start", Tool::colorPicker},
     };
 }
 

@@ -22,6 +22,7 @@ struct Scene {
 
 std::vector<Scene> formatterScenes();
 std::vector<Scene> converterScenes();
+std::vector<Scene> crowdedScenes(); ///< more than there is room for
 std::vector<Scene> generatorScenes();
 std::vector<Scene> imageScenes();
 std::vector<Scene> textScenes();

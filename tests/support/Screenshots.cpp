@@ -1,5 +1,9 @@
-/// Draws the screens into picture files, with something to see in each: korvane_screenshots FOLDER. It shows
-/// the real window, without a display.
+/// Draws the screens into picture files, with something to see in each. It shows the real window, without a
+/// display:
+///
+///     korvane_screenshots FOLDER                         the first scene of each tool, for the gallery
+///     korvane_screenshots FOLDER WIDTH HEIGHT [POINTS]   all scenes, also the crowded, and the controls;
+///                                                        POINTS is the size of the body text
 
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Window/MainWindow.h"
@@ -10,7 +14,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QProxyStyle>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <string>
@@ -19,12 +25,33 @@
 namespace korvane {
 namespace {
 
-std::vector<Scene> scenes() {
+/// The style of the program, without movement that a picture could catch in the middle.
+class StillStyle final : public QProxyStyle {
+public:
+    StillStyle() : QProxyStyle(Theme::style()) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+std::vector<Scene> allScenes() {
     std::vector<Scene> all = formatterScenes();
-    for (const auto& scenes : {converterScenes(), generatorScenes(), imageScenes(), textScenes()})
+    for (const auto& scenes :
+         {converterScenes(), generatorScenes(), imageScenes(), textScenes(), crowdedScenes()})
         all.insert(all.end(), scenes.begin(), scenes.end());
     all.push_back({"welcome", std::nullopt});
     return all;
+}
+
+/// One scene for each tool, in the order of the catalogue.
+std::vector<Scene> galleryScenes() {
+    const auto all = allScenes();
+    std::vector<Scene> gallery;
+    for (const auto tool : allCases<Tool>)
+        gallery.push_back(*std::ranges::find(all, std::optional(tool), &Scene::tool));
+    return gallery;
 }
 
 bool draw(const Scene& scene, Theme::Scheme scheme, QSize size, const QString& file) {
@@ -42,7 +69,7 @@ bool draw(const Scene& scene, Theme::Scheme scheme, QSize size, const QString& f
 }
 
 /// The controls by themselves, on the window's background.
-bool drawGallery(Theme::Scheme scheme, const QString& file) {
+bool drawControls(Theme::Scheme scheme, const QString& file) {
     Theme::setScheme(scheme);
     FakeServices fakes;
     const auto controls = gallery(fakes.services);
@@ -51,26 +78,44 @@ bool drawGallery(Theme::Scheme scheme, const QString& file) {
     return controls->grab().save(file);
 }
 
-int drawAll(const QDir& folder) {
-    for (const auto& scene : scenes()) {
-        for (const auto scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
-            for (const auto& [size, suffix] :
-                 {std::pair(QSize(1100, 750), ""), std::pair(QSize(900, 600), "-900x600")}) {
-                const auto name = QString::fromStdString(scene.name) +
-                                  (scheme == Theme::Scheme::light ? "-light" : "-dark") + suffix + ".png";
-                if (!draw(scene, scheme, size, folder.filePath(name))) {
-                    std::fprintf(stderr, "%s cannot be written\n", qPrintable(folder.filePath(name)));
-                    return 1;
-                }
-            }
-        }
+QString fileName(const std::string& scene, Theme::Scheme scheme) {
+    return QString::fromStdString(scene) + (scheme == Theme::Scheme::light ? "-light.png" : "-dark.png");
+}
+
+/// Returns the status for the process.
+int drawAll(const QDir& folder, const std::vector<Scene>& scenes, QSize size, bool withControls) {
+    bool drawn = true;
+    for (const auto scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
+        for (const auto& scene : scenes)
+            drawn = draw(scene, scheme, size, folder.filePath(fileName(scene.name, scheme))) && drawn;
+        if (withControls)
+            drawn = drawControls(scheme, folder.filePath(fileName("controls", scheme))) && drawn;
     }
-    const bool drawn = drawGallery(Theme::Scheme::light, folder.filePath("controls-light.png")) &&
-                       drawGallery(Theme::Scheme::dark, folder.filePath("controls-dark.png"));
+    if (!drawn)
+        std::fprintf(stderr, "%s cannot be written to\n", qPrintable(folder.path()));
     return drawn ? 0 : 1;
 }
 
 } // namespace
+
+/// Returns the status for the process.
+static int drawAsAsked(const QStringList& arguments) {
+    const bool isForGallery = arguments.size() == 2;
+    if ((!isForGallery && arguments.size() != 4 && arguments.size() != 5) || !QDir().mkpath(arguments[1])) {
+        std::fprintf(stderr, "usage: korvane_screenshots FOLDER [WIDTH HEIGHT [POINTS]]\n");
+        return 2;
+    }
+    QApplication::setStyle(new StillStyle);
+    if (arguments.size() == 5) {
+        auto font = QApplication::font();
+        font.setPointSizeF(arguments[4].toDouble());
+        QApplication::setFont(font);
+    }
+    const QDir folder(arguments[1]);
+    if (isForGallery)
+        return drawAll(folder, galleryScenes(), {1100, 750}, false);
+    return drawAll(folder, allScenes(), {arguments[2].toInt(), arguments[3].toInt()}, true);
+}
 
 void paste(const ScreenDriver& screen, FakeServices& fakes, std::string_view text) {
     fakes.clipboard.content = text;
@@ -82,10 +127,5 @@ void paste(const ScreenDriver& screen, FakeServices& fakes, std::string_view tex
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    QApplication::setStyle(korvane::Theme::style());
-    if (argc != 2 || !QDir().mkpath(argv[1])) {
-        std::fprintf(stderr, "usage: korvane_screenshots FOLDER\n");
-        return 2;
-    }
-    return korvane::drawAll(QDir(argv[1]));
+    return korvane::drawAsAsked(QApplication::arguments());
 }

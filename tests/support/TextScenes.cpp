@@ -41,15 +41,15 @@ void enterTexts(const ScreenDriver& screen, FakeServices& fakes, std::string_vie
 
 std::vector<Scene> diffScenes() {
     return {
-        {"diff", Tool::textDiff,
-         [](const ScreenDriver& screen, FakeServices& fakes) {
-             enterTexts(screen, fakes, schedule, "");
-             screen.editor("Original Text").setFocus();
-         }},
         {"diff-side", Tool::textDiff,
          [](const ScreenDriver& screen, FakeServices& fakes) {
              enterTexts(screen, fakes, schedule, newSchedule);
              screen.press("Compare");
+         }},
+        {"diff", Tool::textDiff,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             enterTexts(screen, fakes, schedule, "");
+             screen.editor("Original Text").setFocus();
          }},
         {"diff-unified", Tool::textDiff,
          [](const ScreenDriver& screen, FakeServices& fakes) {

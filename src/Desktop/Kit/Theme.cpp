@@ -40,6 +40,8 @@ public:
             return 0; // the letters work all the same
         if (hint == SH_Slider_AbsoluteSetButtons)
             return Qt::LeftButton; // a slider goes where it is pressed
+        if (hint == SH_Widget_Animation_Duration)
+            return motion;
         return QProxyStyle::styleHint(hint, option, widget, data);
     }
 

@@ -1,9 +1,8 @@
 /// The progress of a change of look between off (0) and on (1), eased in and out. It only paints: what a
-/// control says and does changes at once.
+/// control says and does changes at once. Where the style wants no animations, the look does so too.
 #pragma once
 
-#include "Desktop/Kit/Theme.h"
-
+#include <QStyle>
 #include <QVariantAnimation>
 #include <QWidget>
 
@@ -11,21 +10,28 @@ namespace korvane {
 
 class Transition {
 public:
-    explicit Transition(QWidget* widget) {
-        m_animation.setDuration(Theme::motion);
+    explicit Transition(QWidget* widget) : m_widget(widget) {
         m_animation.setEasingCurve(QEasingCurve::InOutQuad);
         QObject::connect(&m_animation, &QVariantAnimation::valueChanged, widget,
-                         [this, widget](const QVariant& value) {
+                         [this](const QVariant& value) {
                              m_progress = value.toDouble();
-                             widget->update();
+                             m_widget->update();
                          });
     }
 
     void setOn(bool on) {
         if (on == m_on)
             return;
+        const int duration =
+            m_widget->style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, m_widget);
+        if (duration == 0) {
+            jumpTo(on);
+            m_widget->update();
+            return;
+        }
         m_on = on;
         m_animation.stop();
+        m_animation.setDuration(duration);
         m_animation.setStartValue(m_progress);
         m_animation.setEndValue(on ? 1.0 : 0.0);
         m_animation.start();
@@ -51,6 +57,7 @@ public:
     double progress() const { return m_progress; }
 
 private:
+    QWidget* m_widget;
     QVariantAnimation m_animation;
     double m_progress = 0;
     bool m_on = false;
