@@ -20,9 +20,7 @@ namespace korvane {
 namespace {
 
 std::vector<Scene> scenes() {
-    std::vector<Scene> all = formatterScenes();
-    for (const auto& scenes : {converterScenes(), generatorScenes(), imageScenes(), textScenes()})
-        all.insert(all.end(), scenes.begin(), scenes.end());
+    auto all = allScenes();
     all.push_back({"welcome", std::nullopt});
     return all;
 }
@@ -71,12 +69,6 @@ int drawAll(const QDir& folder) {
 }
 
 } // namespace
-
-void paste(const ScreenDriver& screen, FakeServices& fakes, std::string_view text) {
-    fakes.clipboard.content = text;
-    screen.press("Paste");
-}
-
 } // namespace korvane
 
 int main(int argc, char* argv[]) {
