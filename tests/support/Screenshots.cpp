@@ -36,11 +36,10 @@ public:
     }
 };
 
-std::vector<Scene> allScenes() {
-    std::vector<Scene> all = formatterScenes();
-    for (const auto& scenes :
-         {converterScenes(), generatorScenes(), imageScenes(), textScenes(), crowdedScenes()})
-        all.insert(all.end(), scenes.begin(), scenes.end());
+std::vector<Scene> scenes() {
+    auto all = allScenes();
+    const auto crowded = crowdedScenes();
+    all.insert(all.end(), crowded.begin(), crowded.end());
     all.push_back({"welcome", std::nullopt});
     return all;
 }
@@ -114,12 +113,7 @@ static int drawAsAsked(const QStringList& arguments) {
     const QDir folder(arguments[1]);
     if (isForGallery)
         return drawAll(folder, galleryScenes(), {1100, 750}, false);
-    return drawAll(folder, allScenes(), {arguments[2].toInt(), arguments[3].toInt()}, true);
-}
-
-void paste(const ScreenDriver& screen, FakeServices& fakes, std::string_view text) {
-    fakes.clipboard.content = text;
-    screen.press("Paste");
+    return drawAll(folder, scenes(), {arguments[2].toInt(), arguments[3].toInt()}, true);
 }
 
 } // namespace korvane

@@ -8,6 +8,7 @@
 #include "Views/Components/CopyButton.h"
 
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 
@@ -17,6 +18,17 @@ namespace korvane {
 
 using Theme::Role;
 using Theme::Size;
+
+bool pressByReturn(QWidget* control, const QKeyEvent& event) {
+    auto* button = qobject_cast<QAbstractButton*>(control);
+    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!button || !isReturn || !isPlain)
+        return false;
+    if (!event.isAutoRepeat())
+        button->click();
+    return true;
+}
 
 GlyphButton::GlyphButton(std::string_view title, std::string_view icon) : m_icon(icon) {
     setTitle(title);

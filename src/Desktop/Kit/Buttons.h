@@ -16,6 +16,10 @@ namespace korvane {
 
 class ViewCore;
 
+/// Presses `control` if it is a button and `event` one of the keys that press it beside Space, which the
+/// toolkit knows; returns whether it is. To be called for a key that `control` itself has no use for.
+bool pressByReturn(QWidget* control, const QKeyEvent& event);
+
 /// A button with a glyph and a title; how it looks is its subclass's matter.
 class GlyphButton : public QAbstractButton {
 public:

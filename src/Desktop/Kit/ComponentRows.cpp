@@ -62,7 +62,7 @@ public:
         if (rows == m_rows)
             return;
         m_rows = std::move(rows);
-        qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+        removeAll();
         for (std::size_t i = 0; i < std::min(m_rows.size(), mostComponentRows); ++i)
             layout()->addWidget(rowWidget(m_view, m_rows[i], m_look));
         if (m_rows.size() > mostComponentRows)
@@ -72,6 +72,14 @@ public:
     }
 
 private:
+    /// They are hidden first, so that the focus goes over to a neighbour if one of them has it.
+    void removeAll() {
+        const auto old = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        for (auto* row : old)
+            row->hide();
+        qDeleteAll(old);
+    }
+
     ViewCore& m_view;
     ComponentLook m_look;
     std::vector<ComponentRow> m_rows;

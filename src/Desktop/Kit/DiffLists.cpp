@@ -8,6 +8,7 @@
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/RowText.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TextZoom.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 #include "Views/Tools/DiffLineView.h"
@@ -47,6 +48,10 @@ public:
         : m_lines(lines), m_options(options), m_list(new RowList(source())) {
         m_list->setAccessibleName(qString(title));
         m_list->onKey = [this](const QKeyEvent* event) { return scrollSideways(event); };
+        TextZoom::follow(m_list, [this] {
+            m_width = -1;
+            m_list->setRowHeight(TextZoom::px(Size::diffRow));
+        });
         m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
         setFocusProxy(m_list);
         giveFocusRing(m_list, this, Size::radiusMedium);
@@ -87,7 +92,7 @@ private:
                                 RowState state) { paint(painter, rect, line(row), state); },
                 .copied = [this](int row) { return copied(line(row)); },
                 .width = [this] { return width(); },
-                .height = Theme::px(Size::diffRow),
+                .height = TextZoom::px(Size::diffRow),
                 .topPadding = Theme::px(Size::diffPaddingY)};
     }
 
@@ -107,14 +112,15 @@ private:
         const auto stats = m_result ? m_result->stats : DiffEngine::DiffStats();
         const auto highest = stats.unchanged + std::max(stats.added, stats.removed);
         const auto digits =
-            QFontMetrics(Theme::font(TextStyle::codeSmall)).horizontalAdvance(QString::number(highest));
-        return std::max(Theme::px(Size::diffNumber - edge()), digits + Theme::px(Size::diffNumberGap));
+            QFontMetrics(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance(QString::number(highest));
+        return std::max(TextZoom::px(Size::diffNumber) - Theme::px(edge()),
+                        digits + Theme::px(Size::diffNumberGap));
     }
 
     /// Where the content of a line begins.
     int contentLeft() const {
         return numberWidth() + Theme::px(Size::diffNumberGap) +
-               (m_options.showsPrefixes ? Theme::px(Size::diffPrefix) : 0);
+               (m_options.showsPrefixes ? TextZoom::px(Size::diffPrefix) : 0);
     }
 
     /// The room that the longest line needs.
@@ -126,7 +132,7 @@ private:
             if (line(row).content.size() > columns) // a line has no more columns than bytes
                 columns = std::max(columns, columnCount(line(row).content));
         }
-        const auto column = QFontMetricsF(Theme::font(TextStyle::codeSmall)).horizontalAdvance('0');
+        const auto column = QFontMetricsF(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance('0');
         const auto widest = std::min(std::ceil(static_cast<double>(columns) * column), widestText);
         m_width = contentLeft() + static_cast<int>(widest) + Theme::px(Size::diffPaddingRight);
         return m_width;
@@ -142,7 +148,7 @@ private:
         else if (state.isCurrent)
             painter.fillRect(rect, Theme::color(Role::rowHover));
 
-        auto font = Theme::font(TextStyle::codeSmall);
+        auto font = TextZoom::font(TextStyle::codeSmall);
         drawRowText(painter, QRectF(rect).adjusted(contentLeft(), 0, 0, 0), line.content, font,
                     Theme::color(shown.isUnchanged() ? Role::unchangedLine : Role::primary));
         painter.setFont(font);
@@ -154,7 +160,7 @@ private:
         painter.setFont(font);
         painter.setPen(color ? Theme::textTone(*color) : Theme::color(Role::primary));
         place.setLeft(place.right() + 1 + Theme::px(Size::diffNumberGap));
-        place.setWidth(Theme::px(Size::diffPrefix));
+        place.setWidth(TextZoom::px(Size::diffPrefix));
         painter.drawText(place, Qt::AlignCenter, qString(shown.prefix()));
     }
 

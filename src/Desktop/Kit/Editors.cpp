@@ -4,10 +4,10 @@
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/TextArea.h"
+#include "Desktop/Kit/TextZoom.h"
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QEvent>
-#include <QMetaObject>
 
 namespace korvane {
 
@@ -22,6 +22,7 @@ public:
     EditorPanel(TextArea* area, CodeEditorOptions options) : Panel(area), m_area(area), m_options(options) {
         applyTheme();
         new OverlayScrollBar(Qt::Vertical, area, this);
+        TextZoom::follow(area, [this] { applyTheme(); });
     }
 
     QSize sizeHint() const override {
@@ -43,8 +44,8 @@ private:
         const auto reserve = m_options.overlayHasLabel ? Size::overlayReserveLabelled : Size::overlayReserve;
         const auto right = (m_options.hasOverlayButton ? reserve : endInset()) - Size::panelOutline;
         const auto style = textStyle();
-        m_area->setStyle({.font = Theme::font(style),
-                          .lineHeight = Theme::lineHeight(style),
+        m_area->setStyle({.font = TextZoom::font(style),
+                          .lineHeight = TextZoom::lineHeight(style),
                           .text = Theme::color(Role::primary),
                           .placeholder = Theme::color(Role::placeholder),
                           .number = Theme::color(Role::placeholder),
@@ -88,10 +89,6 @@ QWidget* codeEditor(ViewCore& view, CodeEditorParts parts) {
         area->setPlaceholder(qString(placeholder()));
     });
     return panel;
-}
-
-bool holdsText(const QWidget* widget) {
-    return widget->metaObject()->indexOfMethod("undo()") >= 0; // lists have some of the others
 }
 
 } // namespace korvane

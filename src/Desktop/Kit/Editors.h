@@ -30,8 +30,4 @@ struct CodeEditorParts {
 
 QWidget* codeEditor(ViewCore& view, CodeEditorParts parts);
 
-/// Whether `widget` is a control with a text and the toolkit's slots for it: undo, redo, cut, copy, paste,
-/// selectAll. It need not be one that can be changed.
-bool holdsText(const QWidget* widget);
-
 } // namespace korvane

@@ -33,6 +33,11 @@ void giveFocusRing(QWidget* control, QWidget* frame, int radius) {
     control->setProperty(radiusProperty, radius);
 }
 
+QWidget* ringFrame(QWidget* control) {
+    auto* frame = control->property(frameProperty).value<QWidget*>();
+    return frame ? frame : control;
+}
+
 FocusRing::FocusRing(QWidget* window) : QWidget(window), m_window(window) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     hide();

@@ -11,6 +11,9 @@ namespace korvane {
 /// frame's own, in pixels at a 13-pixel body text.
 void giveFocusRing(QWidget* control, QWidget* frame, int radius);
 
+/// What the ring is drawn around while `control` has the focus; `control` itself if it has none.
+QWidget* ringFrame(QWidget* control);
+
 class FocusRing final : public QWidget {
 public:
     /// The ring of one window, which it follows for as long as the window lives.

@@ -196,8 +196,8 @@ private:
         button->deleteLater(); // it may be the one that is being pressed
     }
 
-    /// Sets the buttons, given with the tops of their rows, into the strip, and in the tab order. The strip
-    /// cuts them off where the list cuts off its rows.
+    /// Sets the buttons, given with the tops of their rows, into the strip. The strip cuts them off where the
+    /// list cuts off its rows.
     void arrange(const std::vector<std::pair<QAbstractButton*, int>>& places) {
         int stripWidth = 0;
         for (const auto& [button, top] : places)
@@ -205,13 +205,10 @@ private:
         const auto right = width() - padding() - Theme::px(Size::historyButtonInset);
         const auto rows = m_list->viewport()->geometry();
         m_buttonStrip->setGeometry(right - stripWidth, rows.top(), stripWidth, rows.height());
-        QWidget* previous = m_list;
         for (const auto& [button, top] : places) {
             const auto size = button->sizeHint();
             const auto inset = (Theme::px(Size::historyRow) - size.height()) / 2;
             button->setGeometry(QRect(QPoint(stripWidth - size.width(), top + inset), size));
-            setTabOrder(previous, button);
-            previous = button;
         }
     }
 

@@ -5,6 +5,7 @@
 #include "Desktop/Kit/LineEdit.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TabStops.h"
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QRegularExpressionValidator>
@@ -17,6 +18,7 @@ using Theme::Size;
 QWidget* integerField(ViewCore& view, IntegerFieldParts parts) {
     auto* edit = new LineEdit(Theme::TextStyle::body);
     edit->setAccessibleName(qString(parts.name));
+    neverBeginWith(edit);
     edit->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,9}")), edit));
     auto* field = new Surface([] { return Theme::color(Role::panelFill); }, Size::radiusSmall,

@@ -1,13 +1,16 @@
 #include "Desktop/Kit/Layout.h"
 
 #include "Desktop/Kit/Buttons.h"
+#include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/OverlayScrollBar.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TabStops.h"
 #include "Desktop/Kit/ViewCore.h"
 #include "Desktop/Kit/WrappingLayout.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QEvent>
 #include <QGridLayout>
@@ -33,6 +36,10 @@ public:
         setWidget(content);
         content->setAutoFillBackground(false);
         new OverlayScrollBar(Qt::Vertical, this, this);
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (now && widget()->isAncestorOf(now))
+                reveal(now);
+        });
     }
 
     QSize minimumSizeHint() const override { return {0, 0}; }
@@ -52,6 +59,14 @@ protected:
     }
 
 private:
+    /// Scrolls so far that `control` is seen with the ring around it, from wherever the focus came.
+    void reveal(QWidget* control) {
+        const auto margin = Theme::px(Size::bodyTop);
+        auto* frame = ringFrame(control);
+        const bool fits = frame->height() + 2 * margin <= viewport()->height();
+        ensureWidgetVisible(fits ? frame : control, margin, margin);
+    }
+
     void dropLabels() const {
         for (auto* child : widget()->findChildren<QWidget*>()) {
             if (auto* button = dynamic_cast<QuietButton*>(child))
@@ -101,7 +116,6 @@ public:
         setFocusProxy(panel);
         panel->setParent(this);
         button->setParent(this);
-        setTabOrder(focusTarget(panel), button);
     }
 
     QSize sizeHint() const override { return m_panel->sizeHint(); }
@@ -136,11 +150,8 @@ void handFocusOver(QWidget* hidden, QWidget* shown) {
     const auto* focused = hidden->window()->focusWidget();
     if (!focused || !hidden->isAncestorOf(focused))
         return;
-    for (auto* control : shown->findChildren<QWidget*>()) {
-        const bool takesFocus = (control->focusPolicy() & Qt::TabFocus) != 0 && !control->focusProxy();
-        if (takesFocus && control->isVisible() && control->isEnabled())
-            return control->setFocus();
-    }
+    if (const auto stops = tabStops(*shown); !stops.empty())
+        stops.front()->setFocus();
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "Desktop/Kit/OverlayScrollBar.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TextZoom.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
@@ -43,7 +44,7 @@ void fillRounded(QPainter& painter, const QRectF& area, bool roundsTop, bool rou
 void paintMarker(QPainter& painter, const QTextBlock& block, QPointF origin, const QString& marker,
                  qreal right) {
     const auto line = block.layout()->lineAt(0);
-    const auto font = Theme::font(Theme::TextStyle::document);
+    const auto font = TextZoom::font(Theme::TextStyle::document);
     const auto baseline = origin.y() + line.y() + line.ascent();
     painter.setFont(font);
     painter.setPen(Theme::color(Role::secondary));
@@ -53,7 +54,7 @@ void paintMarker(QPainter& painter, const QTextBlock& block, QPointF origin, con
 /// Lays a chip behind the characters of `block` from `start` to `end`, one on each line.
 void paintChip(QPainter& painter, const QTextBlock& block, QPointF origin, int start, int end) {
     const auto padding = Theme::px(Size::proseChipPadding);
-    const auto height = Theme::px(Size::proseChipHeight);
+    const auto height = TextZoom::px(Size::proseChipHeight);
     const auto& layout = *block.layout();
     for (int i = 0; i < layout.lineCount(); ++i) {
         const auto line = layout.lineAt(i);
@@ -100,6 +101,7 @@ MarkdownBrowser::MarkdownBrowser(std::function<const std::string&()> markdown)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     viewport()->setAutoFillBackground(false);
+    TextZoom::follow(this, [this] { m_document->applyTheme(); });
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& target) {
         if (onLink)
             onLink(utf8String(target.toString(QUrl::FullyEncoded)));

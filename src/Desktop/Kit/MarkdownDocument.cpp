@@ -1,6 +1,7 @@
 #include "Desktop/Kit/MarkdownDocument.h"
 
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TextZoom.h"
 #include "Desktop/Kit/Theme.h"
 
 #include <QFontMetricsF>
@@ -110,8 +111,8 @@ int bottomMargin(const MarkdownRow& row) {
 
 /// The width of the number of an item, and of as many digits as the highest number of its list has.
 int numberIndent(const MarkdownRow& row) {
-    const auto widthOfDigit = QFontMetricsF(Theme::font(TextStyle::document)).horizontalAdvance(u'0');
-    return Theme::px(Size::proseNumber) + static_cast<int>((row.digits - 1) * widthOfDigit);
+    const auto widthOfDigit = QFontMetricsF(TextZoom::font(TextStyle::document)).horizontalAdvance(u'0');
+    return TextZoom::px(Size::proseNumber) + static_cast<int>((row.digits - 1) * widthOfDigit);
 }
 
 int leftMargin(const MarkdownRow& row) {
@@ -122,7 +123,7 @@ int leftMargin(const MarkdownRow& row) {
     case Kind::quote:
         return Theme::px(Size::proseQuoteInset);
     case Kind::unorderedItem:
-        return Theme::px(Size::proseBullet);
+        return TextZoom::px(Size::proseBullet);
     case Kind::orderedItem:
         return numberIndent(row);
     case Kind::header:
@@ -135,12 +136,12 @@ int leftMargin(const MarkdownRow& row) {
 
 QTextBlockFormat blockFormat(const MarkdownRow& row) {
     QTextBlockFormat format;
-    format.setTopMargin(Theme::px(topMargin(row)));
-    format.setBottomMargin(Theme::px(bottomMargin(row)));
+    format.setTopMargin(TextZoom::px(topMargin(row)));
+    format.setBottomMargin(TextZoom::px(bottomMargin(row)));
     format.setLeftMargin(leftMargin(row));
     if (row.kind == Kind::language || row.kind == Kind::code)
         format.setRightMargin(Theme::px(Size::proseCodePadding));
-    format.setLineHeight(row.kind == Kind::rule ? 1 : Theme::lineHeight(textStyle(row)),
+    format.setLineHeight(row.kind == Kind::rule ? 1 : TextZoom::lineHeight(textStyle(row)),
                          QTextBlockFormat::FixedHeight);
     if (!row.runs.empty() && row.runs.front().isCode)
         format.setTextIndent(Theme::px(Size::proseChipPadding));
@@ -149,7 +150,7 @@ QTextBlockFormat blockFormat(const MarkdownRow& row) {
 
 QTextCharFormat charFormat(const MarkdownRow& row) {
     QTextCharFormat format;
-    format.setFont(Theme::font(textStyle(row)));
+    format.setFont(TextZoom::font(textStyle(row)));
     const bool isSecondary = row.kind == Kind::quote || row.kind == Kind::language;
     format.setForeground(Theme::color(isSecondary ? Role::secondary : Role::primary));
     return format;
@@ -158,7 +159,7 @@ QTextCharFormat charFormat(const MarkdownRow& row) {
 QTextCharFormat charFormat(const QTextCharFormat& row, const InlineRun& run) {
     auto format = row;
     if (run.isCode) {
-        format.setFont(Theme::font(TextStyle::codeSmall));
+        format.setFont(TextZoom::font(TextStyle::codeSmall));
         format.setProperty(inlineCodeProperty, true);
     }
     if (run.isBold)
@@ -222,7 +223,7 @@ void swapWithBlockBefore(QTextCursor& cursor) {
 } // namespace
 
 QFont headerFont(int level) {
-    return Theme::font(headerStyle(level));
+    return TextZoom::font(headerStyle(level));
 }
 
 bool isInlineCode(const QTextCharFormat& format) {
@@ -235,13 +236,13 @@ MarkdownDocument::MarkdownDocument(QObject* parent) : QTextDocument(parent) {
 }
 
 void MarkdownDocument::applyTheme() {
-    const auto font = Theme::font(TextStyle::document);
+    const auto font = TextZoom::font(TextStyle::document);
     setDefaultFont(font);
     setDocumentMargin(Theme::px(margin));
     constexpr int spacesInTab = 4;
     auto option = defaultTextOption();
     option.setTabStopDistance(spacesInTab *
-                              QFontMetricsF(Theme::font(TextStyle::codeSmall)).horizontalAdvance(u' '));
+                              QFontMetricsF(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance(u' '));
     setDefaultTextOption(option);
 
     auto rows = std::exchange(m_rows, {});
@@ -253,7 +254,7 @@ void MarkdownDocument::applyTheme() {
 }
 
 int MarkdownDocument::boxPadding(Kind kind) {
-    return Theme::px(unscaledBoxPadding(kind));
+    return TextZoom::px(unscaledBoxPadding(kind));
 }
 
 const MarkdownRow* MarkdownDocument::row(int blockNumber) const {

@@ -8,6 +8,7 @@
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPointer>
@@ -55,6 +56,14 @@ public:
     }
 
 protected:
+    /// Like Space, which the toolkit knows.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            showPopup();
+        else
+            QComboBox::keyPressEvent(event);
+    }
+
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         if (!isEnabled())

@@ -195,9 +195,6 @@ void MonthGrid::handleKey(QDate from, QKeyEvent* event) {
         return choose(m_month);
     case Qt::Key_End:
         return choose(m_month.addDays(m_month.daysInMonth() - 1));
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return choose(from);
     default:
         event->ignore();
     }

@@ -1,6 +1,7 @@
 #include "Desktop/Kit/Panes.h"
 
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/TabStops.h"
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QBoxLayout>
@@ -17,15 +18,6 @@ bool hasFocus(const QWidget* content) {
     return focus && content->isAncestorOf(focus);
 }
 
-/// The first control in `content` that takes the keyboard.
-QWidget* firstControl(const QWidget* content) {
-    for (auto* child : content->findChildren<QWidget*>()) {
-        if ((child->focusPolicy() & Qt::TabFocus) != 0)
-            return child;
-    }
-    return nullptr;
-}
-
 /// The focus must go over before its pane is hidden: the toolkit would give it to whatever comes next.
 void refresh(const std::vector<Pane>& all) {
     QWidget* firstShown = nullptr;
@@ -38,9 +30,10 @@ void refresh(const std::vector<Pane>& all) {
         pane.content->show();
         firstShown = firstShown ? firstShown : pane.content;
     }
-    auto* control = isFocusLost && firstShown ? firstControl(firstShown) : nullptr;
-    if (control)
-        control->setFocus();
+    if (isFocusLost && firstShown) {
+        if (const auto stops = tabStops(*firstShown); !stops.empty())
+            stops.front()->setFocus();
+    }
     for (const auto& pane : all) {
         if (!pane.isShown())
             pane.content->hide();

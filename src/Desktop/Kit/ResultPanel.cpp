@@ -6,6 +6,7 @@
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/TextArea.h"
+#include "Desktop/Kit/TextZoom.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
@@ -31,6 +32,10 @@ public:
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         applyTheme();
         new OverlayScrollBar(Qt::Vertical, area, this);
+        TextZoom::follow(area, [this] {
+            applyTheme();
+            fitHeight();
+        });
     }
 
     void display(const std::string& text) {
@@ -60,7 +65,7 @@ private:
         const auto lowest = Theme::px(Size::resultMinimum);
         const auto highest = Theme::px(Size::resultMaximum);
         const auto height =
-            m_isShort ? m_area->rowCount(room) * Theme::lineHeight(TextStyle::code) + inset : highest;
+            m_isShort ? m_area->rowCount(room) * TextZoom::lineHeight(TextStyle::code) + inset : highest;
         if (const auto fitting = std::clamp(height, lowest, highest); fitting != m_height) {
             m_height = fitting;
             updateGeometry();
@@ -70,8 +75,8 @@ private:
     void applyTheme() {
         const auto inset = Size::simpleEditorInset - Size::panelOutline;
         m_area->setStyle(
-            {.font = Theme::font(TextStyle::code),
-             .lineHeight = Theme::lineHeight(TextStyle::code),
+            {.font = TextZoom::font(TextStyle::code),
+             .lineHeight = TextZoom::lineHeight(TextStyle::code),
              .text = Theme::color(Role::primary),
              .placeholder = Theme::color(Role::secondary),
              .number = {},

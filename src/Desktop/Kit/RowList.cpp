@@ -98,6 +98,13 @@ void RowList::reload() {
                                           QItemSelectionModel::NoUpdate);
 }
 
+void RowList::setRowHeight(int height) {
+    const auto first = verticalScrollBar()->value() / std::max(1, m_source.height);
+    m_source.height = height;
+    reload();
+    verticalScrollBar()->setValue(first * height);
+}
+
 // The base makes the rows of a single column as wide as the view, however wide they would like to be.
 
 int RowList::rowWidth() const {

@@ -47,6 +47,9 @@ public:
     /// Sees a key press first; returns whether it was dealt with.
     std::function<bool(QKeyEvent*)> onKey;
 
+    /// In pixels. Keeps the first visible row in view.
+    void setRowHeight(int height);
+
     /// Has the list ask for everything again. Keeps position and current row as far as they still exist.
     void reload();
 

@@ -22,21 +22,27 @@ namespace {
 
 class Field final : public LineEdit {
 public:
-    explicit Field(std::function<void()> leaveDown)
-        : LineEdit(Theme::TextStyle::body, Role::secondary), m_leaveDown(std::move(leaveDown)) {}
+    Field(std::function<void()> leaveDown, std::function<void()> leave)
+        : LineEdit(Theme::TextStyle::body, Role::secondary),
+          m_leaveDown(std::move(leaveDown)),
+          m_leave(std::move(leave)) {}
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Escape && !text().isEmpty())
+        switch (event->key()) {
+        case Qt::Key_Escape:
             clear();
-        else if (event->key() == Qt::Key_Down)
-            m_leaveDown();
-        else
+            return m_leave();
+        case Qt::Key_Down:
+            return m_leaveDown();
+        default:
             LineEdit::keyPressEvent(event);
+        }
     }
 
 private:
     std::function<void()> m_leaveDown;
+    std::function<void()> m_leave;
 };
 
 /// A glyph without a background.
@@ -64,7 +70,7 @@ protected:
 } // namespace
 
 QWidget* searchField(ViewCore& view, SearchFieldParts parts) {
-    auto* field = new Field(std::move(parts.leaveDown));
+    auto* field = new Field(std::move(parts.leaveDown), std::move(parts.leave));
     field->setPlaceholderText(qString(parts.placeholder));
     field->setAccessibleName(field->placeholderText());
     auto* clear = new ClearFieldButton;

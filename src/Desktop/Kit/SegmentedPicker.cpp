@@ -9,6 +9,7 @@
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QRadioButton>
 
@@ -42,6 +43,16 @@ public:
 
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+
+    /// The arrow keys, which the toolkit knows, go from one to the next.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Home && event->key() != Qt::Key_End)
+            return QRadioButton::keyPressEvent(event);
+        const auto segments = parentWidget()->findChildren<Segment*>(Qt::FindDirectChildrenOnly);
+        auto* end = event->key() == Qt::Key_Home ? segments.front() : segments.back();
+        end->click();
+        end->setFocus(Qt::TabFocusReason);
+    }
 
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);

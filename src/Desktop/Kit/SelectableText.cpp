@@ -1,10 +1,12 @@
 #include "Desktop/Kit/SelectableText.h"
 
+#include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/SecretText.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QTextBlock>
 #include <QWheelEvent>
 
@@ -15,8 +17,10 @@ namespace korvane {
 
 SelectableText::SelectableText(SelectableTextOptions options) : m_options(std::move(options)) {
     setReadOnly(true);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(m_options.isTabStop ? Qt::StrongFocus : Qt::ClickFocus);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
+    if (m_options.isTabStop)
+        giveFocusRing(this, this, Theme::Size::radiusBadge);
     setAlignment(m_options.alignment);
     setPlaceholder(qString(m_options.placeholder));
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
@@ -48,6 +52,23 @@ QSize SelectableText::minimumSizeHint() const {
 
 int SelectableText::heightForWidth(int width) const {
     return rowCount(width) * Theme::lineHeight(m_options.style);
+}
+
+/// The Tab key selects the whole text, as in a field, ready to be copied.
+void SelectableText::focusInEvent(QFocusEvent* event) {
+    TextArea::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        selectAll();
+}
+
+/// What the Tab key selected goes with it.
+void SelectableText::focusOutEvent(QFocusEvent* event) {
+    TextArea::focusOutEvent(event);
+    if (event->reason() != Qt::TabFocusReason && event->reason() != Qt::BacktabFocusReason)
+        return;
+    auto cursor = textCursor();
+    cursor.clearSelection();
+    setTextCursor(cursor);
 }
 
 void SelectableText::changeEvent(QEvent* event) {

@@ -18,7 +18,8 @@ struct SelectableTextOptions {
     Qt::Alignment alignment = Qt::AlignLeft;
     std::string placeholder{};
     Theme::Ink placeholderInk = Theme::Role::placeholder;
-    bool isSecret = false; ///< what is selected is copied as a secret
+    bool isSecret = false;  ///< what is selected is copied as a secret
+    bool isTabStop = false; ///< reached by keyboard too: for a text without a button that copies it
 };
 
 class SelectableText final : public TextArea {
@@ -32,6 +33,8 @@ public:
     int heightForWidth(int width) const override;
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;

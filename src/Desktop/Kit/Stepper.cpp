@@ -5,6 +5,7 @@
 #include "Desktop/Kit/LineEdit.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TabStops.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
@@ -62,6 +63,7 @@ public:
         setFixedSize(Theme::px(options.width), Theme::px(Size::stepperHeight));
         lineEdit()->setVisible(options.showsValue);
         setFocusPolicy(Qt::StrongFocus);
+        neverBeginWith(this);
         giveFocusRing(this, this, Size::radiusSmall);
     }
 

@@ -6,6 +6,7 @@
 #include "Desktop/Kit/LineEdit.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TabStops.h"
 #include "Desktop/Kit/ViewCore.h"
 
 namespace korvane {
@@ -48,6 +49,8 @@ QWidget* textField(ViewCore& view, TextFieldParts parts) {
     giveFocusRing(edit, field, radius);
     QObject::connect(edit, &QLineEdit::textEdited, edit,
                      [set = parts.setText](const QString& text) { set(utf8String(text)); });
+    if (options.isDetail)
+        neverBeginWith(edit);
     if (options.submit)
         QObject::connect(edit, &QLineEdit::returnPressed, edit, options.submit);
     view.onRefresh([edit, text = parts.text, placeholder = options.changingPlaceholder] {

@@ -22,6 +22,7 @@ struct TextFieldOptions {
     std::function<std::string()> leading{};  ///< a fixed text before what is typed, in the secondary colour
     std::function<std::string()> trailing{}; ///< the same after it
     std::function<void()> submit{};          ///< the user pressed Return
+    bool isDetail = false; ///< one way among others to set something: no fresh screen begins with it
 };
 
 struct TextFieldParts {

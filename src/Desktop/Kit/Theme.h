@@ -259,8 +259,9 @@ QColor mixed(const QColor& from, const QColor& to, double progress);
 int px(int size);
 QMargins margins(int left, int top, int right, int bottom);
 
-QFont font(TextStyle style);
-int lineHeight(TextStyle style);
+/// At a size other than 100 `percent`, as the user has zoomed the text.
+QFont font(TextStyle style, int percent = 100);
+int lineHeight(TextStyle style, int percent = 100);
 
 /// The opacity of a disabled control.
 inline constexpr double disabledOpacity = 0.45;

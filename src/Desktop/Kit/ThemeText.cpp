@@ -7,7 +7,9 @@
 #include <QString>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace korvane::Theme {
 
@@ -93,20 +95,25 @@ QFont withoutLigatures(QFont font) {
     return *known ? unshaped : font;
 }
 
+/// `size` scaled by the desktop's font and zoomed.
+int zoomed(int size, int percent) {
+    return std::max(1, static_cast<int>(std::lround(px(size) * percent / 100.0)));
+}
+
 } // namespace
 
-QFont font(TextStyle style) {
+QFont font(TextStyle style, int percent) {
     const auto& facts = factsOf(style);
     auto font = facts.isCode ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QApplication::font();
-    font.setPixelSize(px(facts.size));
+    font.setPixelSize(zoomed(facts.size, percent));
     font.setWeight(facts.weight);
     if (facts.letterSpacing > 0)
         font.setLetterSpacing(QFont::AbsoluteSpacing, facts.letterSpacing);
     return facts.isCode ? withoutLigatures(font) : font;
 }
 
-int lineHeight(TextStyle style) {
-    return px(factsOf(style).lineHeight);
+int lineHeight(TextStyle style, int percent) {
+    return zoomed(factsOf(style).lineHeight, percent);
 }
 
 } // namespace korvane::Theme

@@ -5,6 +5,7 @@
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TabStops.h"
 #include "Desktop/Kit/Theme.h"
 #include "Utilities/CalendarText.h"
 
@@ -85,6 +86,7 @@ private:
 
 TimeField::TimeField(std::string_view name, std::function<void(QTime)> set) : m_edit(new Edit) {
     m_edit->setAccessibleName(qString(name));
+    neverBeginWith(m_edit);
     setFocusProxy(m_edit);
     setFixedHeight(Theme::px(Size::timeFieldHeight));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

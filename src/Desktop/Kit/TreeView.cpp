@@ -6,6 +6,7 @@
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/RowText.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TextZoom.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/Transition.h"
 #include "Desktop/Kit/ViewCore.h"
@@ -71,6 +72,10 @@ public:
                 toggle(row);
         };
         m_list->onActivate = [this](int row) { toggle(row); };
+        TextZoom::follow(m_list, [this] {
+            m_width = -1;
+            m_list->setRowHeight(rowHeight());
+        });
         m_list->onKey = [this](QKeyEvent* event) { return fold(event); };
     }
 
@@ -99,7 +104,7 @@ private:
                 .topPadding = Theme::px(Size::treePaddingY - Size::panelOutline)};
     }
 
-    static int rowHeight() { return Theme::px(Size::treeRow) + Theme::px(Size::treeGap); }
+    static int rowHeight() { return TextZoom::px(Size::treeRow) + TextZoom::px(Size::treeGap); }
 
     static std::string name(const TreeRow& row) {
         std::string text(row.key);
@@ -112,15 +117,15 @@ private:
 
     static QRectF chevronBox(const TreeRow& row, const QRect& rect) {
         const auto left = rect.left() + Theme::px(Size::treePaddingX - Size::panelOutline) +
-                          row.depth * Theme::px(Size::treeIndent);
+                          row.depth * TextZoom::px(Size::treeIndent);
         return {static_cast<double>(left), static_cast<double>(rect.top()),
-                static_cast<double>(Theme::px(Size::treeChevronBox)),
-                static_cast<double>(Theme::px(Size::treeRow))};
+                static_cast<double>(TextZoom::px(Size::treeChevronBox)),
+                static_cast<double>(TextZoom::px(Size::treeRow))};
     }
 
     void paint(QPainter& painter, const QRect& rect, int number, RowState state) {
         const auto row = m_rows.at(static_cast<std::size_t>(number));
-        const auto height = Theme::px(Size::treeRow);
+        const auto height = TextZoom::px(Size::treeRow);
         painter.setRenderHint(QPainter::Antialiasing);
         if (state.isCurrent || state.isHovered) {
             painter.setPen(Qt::NoPen);
@@ -132,18 +137,18 @@ private:
         auto box = chevronBox(row, rect);
         if (row.hasChildren)
             paintChevron(painter, box, row.isExpanded, number);
-        const auto gap = Theme::px(Size::treeGap);
-        const auto glyph = Theme::px(Size::treeGlyph);
+        const auto gap = TextZoom::px(Size::treeGap);
+        const auto glyph = TextZoom::px(Size::treeGlyph);
         double x = box.right() + gap;
         Glyph::paint(painter, row.icon, QRectF(x, rect.top() + (height - glyph) / 2.0, glyph, glyph),
                      Theme::hue(row.color));
         x += glyph + gap;
         const auto draw = [&](std::string_view text, TextStyle style, const QColor& color) {
-            x += drawRowText(painter, QRectF(x, rect.top(), 0, height), text, Theme::font(style), color);
+            x += drawRowText(painter, QRectF(x, rect.top(), 0, height), text, TextZoom::font(style), color);
         };
         draw(row.key, TextStyle::codeMedium, Theme::color(Role::primary));
         if (!row.value.empty()) {
-            x += Theme::px(Size::treeValueGap);
+            x += TextZoom::px(Size::treeValueGap);
             draw(row.value, TextStyle::code, Theme::textTone(row.color));
         }
         if (!row.count.empty()) {
@@ -153,7 +158,7 @@ private:
     }
 
     void paintChevron(QPainter& painter, const QRectF& box, bool isExpanded, int number) const {
-        const auto size = Theme::px(Size::treeChevron);
+        const auto size = TextZoom::px(Size::treeChevron);
         const QRectF glyph(-size / 2.0, -size / 2.0, size, size);
         painter.save();
         painter.translate(box.center());
@@ -218,17 +223,17 @@ private:
     int width() {
         if (m_width >= 0)
             return m_width;
-        const auto column = QFontMetricsF(Theme::font(TextStyle::codeMedium)).horizontalAdvance('0');
+        const auto column = QFontMetricsF(TextZoom::font(TextStyle::codeMedium)).horizontalAdvance('0');
         double widest = 0;
         for (std::size_t number = 0; number < m_rows.count; ++number) {
             const auto row = m_rows.at(number);
             const auto columns = columnCount(row.key) + columnCount(row.value) + row.count.size();
             widest = std::max(widest, static_cast<double>(columns) * column +
-                                          row.depth * Theme::px(Size::treeIndent));
+                                          row.depth * TextZoom::px(Size::treeIndent));
         }
-        m_width = static_cast<int>(std::ceil(widest)) + Theme::px(Size::treeChevronBox) +
-                  Theme::px(Size::treeGlyph) + Theme::px(Size::treeValueGap) + 3 * Theme::px(Size::treeGap) +
-                  2 * Theme::px(Size::treePaddingX);
+        m_width = static_cast<int>(std::ceil(widest)) + TextZoom::px(Size::treeChevronBox) +
+                  TextZoom::px(Size::treeGlyph) + TextZoom::px(Size::treeValueGap) +
+                  3 * TextZoom::px(Size::treeGap) + 2 * Theme::px(Size::treePaddingX);
         return m_width;
     }
 

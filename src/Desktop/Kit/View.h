@@ -252,7 +252,7 @@ public:
         auto* message =
             korvane::selectableText(*this, {.name = "Error",
                                             .text = [read] { return read().value_or(std::string()); },
-                                            .options = {.ink = PaletteColor::red}});
+                                            .options = {.ink = PaletteColor::red, .isTabStop = true}});
         onRefresh([message, read] { message->setVisible(read().has_value()); });
         return message;
     }

@@ -26,8 +26,9 @@ QWidget* footer(View<HashGeneratorView>& view) {
         Qt::Horizontal, {.spacing = Theme::Size::gapBadge},
         {
             new GlyphLabel("info.circle", footerGlyph, Theme::Role::secondary),
-            growing(view.selectableText(text, text,
-                                        {.style = Theme::TextStyle::caption, .ink = Theme::Role::secondary})),
+            growing(view.selectableText(
+                text, text,
+                {.style = Theme::TextStyle::caption, .ink = Theme::Role::secondary, .isTabStop = true})),
             rigid(view.when(&HashGeneratorView::hasStatistics, view.caption(&HashGeneratorView::statistics))),
         });
 }

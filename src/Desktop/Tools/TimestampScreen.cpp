@@ -72,9 +72,11 @@ QWidget* fromTimestamp(View<TimestampView>& view) {
     return growing(card(
         {.spacing = Size::optionGap},
         {
-            view.textField(
-                "Timestamp", &TimestampView::unixTimestamp, &TimestampView::setUnixTimestamp,
-                {.placeholder = "Enter Unix timestamp", .style = TextStyle::code, .fill = Role::controlFill}),
+            view.textField("Timestamp", &TimestampView::unixTimestamp, &TimestampView::setUnixTimestamp,
+                           {.placeholder = "Enter Unix timestamp",
+                            .style = TextStyle::code,
+                            .fill = Role::controlFill,
+                            .submit = view.performing(&TimestampView::convertTimestampToDate)}),
             wrappingRow({
                 view.segmentedPicker("Unit", &TimestampView::timestampUnit, &TimestampView::setTimestampUnit,
                                      unitPickerWidth),

@@ -1,8 +1,10 @@
 #include "Desktop/Window/MainWindow.h"
 
-#include "Desktop/Kit/Editors.h"
+#include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Strings.h"
+#include "Desktop/Kit/TabStops.h"
+#include "Desktop/Kit/TextZoom.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Window/Menus.h"
@@ -12,30 +14,20 @@
 #include "Desktop/Window/WelcomeScreen.h"
 #include "Desktop/Window/WindowEdges.h"
 
-#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPainter>
 #include <QSplitter>
 #include <QToolTip>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
 namespace korvane {
-
-namespace {
-
-/// The control of `screen` that takes the text which the tool works on. A text that is only shown is none,
-/// nor is the number in a stepper.
-QWidget* firstEditor(QWidget* screen) {
-    for (auto* child : screen->findChildren<QWidget*>()) {
-        const bool isNumber = qobject_cast<QAbstractSpinBox*>(child->parentWidget()) != nullptr;
-        if (holdsText(child) && !isNumber && !child->property("readOnly").toBool())
-            return child;
-    }
-    return nullptr;
-}
-
-} // namespace
 
 MainWindow::MainWindow(Services& services) : m_view(services) {
     setWindowTitle(QStringLiteral("Korvane"));
@@ -43,19 +35,21 @@ MainWindow::MainWindow(Services& services) : m_view(services) {
     setMinimumSize(Theme::px(WindowMetrics::minimumWidth), Theme::px(WindowMetrics::minimumHeight));
     resize(Theme::px(WindowMetrics::defaultWidth), Theme::px(WindowMetrics::defaultHeight));
 
-    auto* side = sidebar(m_view, menuStrip(menuBar(this, services)));
-    side->setMinimumWidth(Theme::px(WindowMetrics::sidebarMinimumWidth));
-    side->setMaximumWidth(Theme::px(WindowMetrics::sidebarMaximumWidth));
+    m_menus = menuBar(this, services);
+    m_sidebar = sidebar(m_view, menuStrip(m_menus), [this] { enterScreen(); });
+    m_sidebar->setMinimumWidth(Theme::px(WindowMetrics::sidebarMinimumWidth));
+    m_sidebar->setMaximumWidth(Theme::px(WindowMetrics::sidebarMaximumWidth));
     auto* detail = new QWidget;
     m_detail = new QVBoxLayout(detail);
     m_detail->setContentsMargins({});
     m_detail->setSpacing(0);
-    m_detail->addWidget(windowButtonStrip(this));
+    m_windowButtons = windowButtonStrip(this);
+    m_detail->addWidget(m_windowButtons);
 
     auto* columns = new QSplitter;
     columns->setHandleWidth(0);
     columns->setChildrenCollapsible(false);
-    columns->addWidget(side);
+    columns->addWidget(m_sidebar);
     columns->addWidget(detail);
     columns->setStretchFactor(1, 1);
     columns->setSizes({Theme::px(WindowMetrics::sidebarWidth),
@@ -68,6 +62,10 @@ MainWindow::MainWindow(Services& services) : m_view(services) {
     addShortcuts();
     new FocusRing(this);
     new WindowEdges(this);
+    connect(qApp, &QApplication::focusChanged, &m_focusKeeper, [this](QWidget*, QWidget* now) {
+        if (isInScreen(now))
+            m_lastInScreen = now;
+    });
     m_view.onRefresh([this] { showSelectedTool(); });
 }
 
@@ -89,6 +87,15 @@ void MainWindow::addShortcuts() {
         if (const auto keys = shortcutKeys(tool); !keys.isEmpty())
             keyboardShortcut(this, keys, [this, tool] { m_view.perform(&ContentView::select, tool); });
     }
+    keyboardShortcut(this, QKeySequence::Find, [this] { m_sidebar->setFocus(Qt::ShortcutFocusReason); });
+    keyboardShortcut(this, Qt::Key_F10, [this] { openFirstMenu(m_menus); });
+    // Out of any control, also one that has a use for the Tab key.
+    keyboardShortcut(this, Qt::CTRL | Qt::Key_Tab, [this] { moveFocus(true); });
+    keyboardShortcut(this, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [this] { moveFocus(false); });
+    // The key of the plus sign, with Shift or without.
+    keyboardShortcut(this, Qt::CTRL | Qt::Key_Plus, TextZoom::zoomIn);
+    keyboardShortcut(this, Qt::CTRL | Qt::Key_Equal, TextZoom::zoomIn);
+    keyboardShortcut(this, Qt::CTRL | Qt::Key_Minus, TextZoom::zoomOut);
 }
 
 void MainWindow::showSelectedTool() {
@@ -96,18 +103,54 @@ void MainWindow::showSelectedTool() {
     if (m_screen && tool == m_shownTool)
         return;
     // Whoever worked in the old screen goes on in the new one; whoever is in the sidebar stays there.
-    const bool takesFocus = !focusWidget() || (m_screen && m_screen->isAncestorOf(focusWidget()));
+    const bool takesFocus = !m_sidebar->isAncestorOf(focusWidget());
     m_shownTool = tool;
     delete m_screen;
     m_screen = tool ? toolView(*tool, m_view.services()) : welcomeScreen();
     m_detail->addWidget(m_screen, 1);
     m_screen->setAccessibleName(tool ? qString(rawValue(*tool)) : QString());
     m_screen->show();
-    if (!takesFocus)
-        return;
-    // Where there is nothing to type into, the next Tab goes to the screen's first control.
-    auto* editor = firstEditor(m_screen);
-    (editor ? editor : m_screen)->setFocus(Qt::OtherFocusReason);
+    if (takesFocus)
+        enterScreen();
+}
+
+/// Puts the focus where it was in the screen, or else where it is to be at first.
+void MainWindow::enterScreen() {
+    const bool isKnown = isInScreen(m_lastInScreen) && isTabStop(m_lastInScreen);
+    auto* control = isKnown ? m_lastInScreen.get() : firstControl(*m_screen);
+    (control ? control : m_screen)->setFocus(Qt::OtherFocusReason);
+}
+
+bool MainWindow::isInScreen(const QWidget* control) const {
+    return m_screen && control && (control == m_screen || m_screen->isAncestorOf(control));
+}
+
+/// The toolkit asks for the next control also when the one with the focus is hidden or disabled.
+bool MainWindow::focusNextPrevChild(bool next) {
+    auto* focused = focusWidget();
+    const bool isLost = isInScreen(focused) && !(focused->isEnabled() && focused->isVisibleTo(this));
+    if (isLost && m_focusKeeper.handOn(focused, m_screen))
+        return true;
+    return moveFocus(next);
+}
+
+/// From the sidebar to the screen, then to the window's own buttons, and round again.
+bool MainWindow::moveFocus(bool next) {
+    std::vector<QWidget*> order;
+    for (auto* part : {m_sidebar, m_screen, m_windowButtons})
+        std::ranges::copy(readingOrder(*part), std::back_inserter(order));
+    const auto* from = focusWidget();
+    auto* stop = next ? nextStop(order, from) : previousStop(order, from);
+    if (!stop)
+        stop = next ? nextStop(order, nullptr) : previousStop(order, nullptr);
+    stop->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+/// What no control had a use for.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (!pressByReturn(focusWidget(), *event))
+        QWidget::keyPressEvent(event);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -2,12 +2,15 @@
 #pragma once
 
 #include "Desktop/Kit/View.h"
+#include "Desktop/Window/FocusKeeper.h"
 #include "Views/ContentView.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <optional>
 
+class QMenuBar;
 class QVBoxLayout;
 
 namespace korvane {
@@ -22,16 +25,26 @@ public:
     void showScheme(Theme::Scheme scheme);
 
 protected:
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void addShortcuts();
     void showSelectedTool();
+    void enterScreen();
+    bool isInScreen(const QWidget* control) const;
+    bool moveFocus(bool next);
 
     View<ContentView> m_view;
+    QMenuBar* m_menus;
+    QWidget* m_sidebar;
+    QWidget* m_windowButtons;
     QVBoxLayout* m_detail;
     QWidget* m_screen = nullptr;
+    QPointer<QWidget> m_lastInScreen; ///< had the focus before it went elsewhere
+    FocusKeeper m_focusKeeper{};
     std::optional<Tool> m_shownTool;
 };
 

@@ -1,6 +1,6 @@
 #include "Desktop/Window/Menus.h"
 
-#include "Desktop/Kit/Editors.h"
+#include "Desktop/Kit/Editing.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Window/Shortcuts.h"
@@ -14,29 +14,26 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <algorithm>
 #include <array>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace korvane {
 
 namespace {
 
-/// A command of the Edit menu: the slot of that name is the toolkit's, in every widget that edits text.
 struct EditCommand {
     const char* title;
     QKeySequence::StandardKey key;
-    const char* slot;
-    bool isChange; ///< of no use in an editor that only shows its text
     bool startsGroup = false;
 };
 
 constexpr std::array editCommands{
-    EditCommand{"&Undo", QKeySequence::Undo, "undo", true},
-    EditCommand{"&Redo", QKeySequence::Redo, "redo", true},
-    EditCommand{"Cu&t", QKeySequence::Cut, "cut", true, true},
-    EditCommand{"&Copy", QKeySequence::Copy, "copy", false},
-    EditCommand{"&Paste", QKeySequence::Paste, "paste", true},
-    EditCommand{"Select &All", QKeySequence::SelectAll, "selectAll", false, true},
+    EditCommand{"&Undo", QKeySequence::Undo},     EditCommand{"&Redo", QKeySequence::Redo},
+    EditCommand{"Cu&t", QKeySequence::Cut, true}, EditCommand{"&Copy", QKeySequence::Copy},
+    EditCommand{"&Paste", QKeySequence::Paste},   EditCommand{"Select &All", QKeySequence::SelectAll, true},
 };
 
 /// Shows `keys` beside the action without answering to them: the shortcut belongs to the menu alone, which
@@ -76,28 +73,27 @@ void addFileMenu(QMenuBar* bar, QWidget* window, Services& services) {
 
 void addEditMenu(QMenuBar* bar, QWidget* window) {
     auto* menu = addMenu(bar, QMenuBar::tr("&Edit"));
-    // The menu bar takes the focus when it is used by keyboard, so the editor that had it is remembered.
-    auto editor = std::make_shared<QPointer<QWidget>>();
-    QObject::connect(qApp, &QApplication::focusChanged, menu, [editor, window](QWidget*, QWidget* now) {
+    // The menu bar takes the focus when it is used by keyboard, so the control that had it is remembered.
+    auto control = std::make_shared<QPointer<QWidget>>();
+    QObject::connect(qApp, &QApplication::focusChanged, menu, [control, window](QWidget*, QWidget* now) {
         if (now && now->window() == window && !qobject_cast<QMenuBar*>(now))
-            *editor = holdsText(now) ? now : nullptr;
+            *control = now;
     });
-    std::vector<std::pair<QAction*, bool>> actions;
+    std::vector<std::pair<QAction*, QKeySequence::StandardKey>> actions;
     for (const auto& command : editCommands) {
         if (command.startsGroup)
             menu->addSeparator();
         auto* action = menu->addAction(QMenuBar::tr(command.title));
         showShortcut(action, QKeySequence(command.key));
-        QObject::connect(action, &QAction::triggered, window, [editor, slot = command.slot] {
-            if (*editor)
-                QMetaObject::invokeMethod(*editor, slot);
+        QObject::connect(action, &QAction::triggered, window, [control, key = command.key] {
+            if (*control && answersTo(*control, key))
+                pressKeys(*control, key);
         });
-        actions.emplace_back(action, command.isChange);
+        actions.emplace_back(action, command.key);
     }
-    QObject::connect(menu, &QMenu::aboutToShow, menu, [editor, actions] {
-        const bool canChange = *editor && !(*editor)->property("readOnly").toBool();
-        for (const auto& [action, isChange] : actions)
-            action->setEnabled(*editor && (canChange || !isChange));
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [control, actions] {
+        for (const auto& [action, key] : actions)
+            action->setEnabled(*control && answersTo(*control, key));
     });
 }
 
@@ -110,6 +106,15 @@ void addHelpMenu(QMenuBar* bar) {
 }
 
 } // namespace
+
+void openFirstMenu(QMenuBar* bar) {
+    bar->setActiveAction(bar->actions().front());
+    auto* menu = bar->activeAction()->menu();
+    const auto items = menu->actions();
+    const auto first = std::ranges::find_if(items, &QAction::isEnabled);
+    if (first != items.end())
+        menu->setActiveAction(*first);
+}
 
 QMenuBar* menuBar(QWidget* window, Services& services) {
     auto* bar = new QMenuBar;

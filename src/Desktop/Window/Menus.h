@@ -11,4 +11,7 @@ struct Services;
 /// The menu bar of `window`. The items of the tools show their shortcuts but do not answer to them.
 QMenuBar* menuBar(QWidget* window, Services& services);
 
+/// Opens the first menu of `bar`, to go on in by keyboard.
+void openFirstMenu(QMenuBar* bar);
+
 } // namespace korvane

@@ -30,8 +30,11 @@ namespace {
 /// The list of the tools that the search leaves, and how a row of it looks.
 class ToolList {
 public:
-    explicit ToolList(View<ContentView>& view)
-        : m_view(view), m_list(new RowList(source())), m_motion(m_list->viewport()) {
+    ToolList(View<ContentView>& view, std::function<void()> leave)
+        : m_view(view),
+          m_leave(std::move(leave)),
+          m_list(new RowList(source())),
+          m_motion(m_list->viewport()) {
         m_list->setAccessibleName(QWidget::tr("Tools"));
         m_list->setFocusPolicy(Qt::TabFocus); // a click selects, and leaves the focus where it was
         m_list->onClick = [this](int row, QPoint) { select(row); };
@@ -99,9 +102,12 @@ private:
 
     bool handleKey(QKeyEvent* event) {
         const bool isSpace = event->key() == Qt::Key_Space && m_list->currentRow() >= 0;
+        const bool isEscape = event->key() == Qt::Key_Escape;
         if (isSpace)
             select(m_list->currentRow());
-        return isSpace;
+        else if (isEscape)
+            m_leave();
+        return isSpace || isEscape;
     }
 
     /// How far the row of `tool` shows as selected, from 0 to 1.
@@ -200,6 +206,7 @@ private:
     }
 
     View<ContentView>& m_view;
+    std::function<void()> m_leave;
     std::vector<Tool> m_tools;
     std::optional<Tool> m_selected;
     std::optional<Tool> m_previous;
@@ -229,8 +236,8 @@ QWidget* sidebarLine(int height, int gap, QWidget* glyph, QWidget* text) {
 
 } // namespace
 
-QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip) {
-    auto tools = std::make_shared<ToolList>(view);
+QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip, std::function<void()> leave) {
+    auto tools = std::make_shared<ToolList>(view, leave);
     auto* column = new SidebarColumn;
     auto* search =
         searchField(view, {.placeholder = std::string(ToolSidebarView::searchPlaceholder),
@@ -238,7 +245,9 @@ QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip) {
                            .setText = view.setting<std::string>([](ContentView& state, std::string text) {
                                state.sidebar.setSearchText(std::move(text));
                            }),
-                           .leaveDown = [tools] { tools->enter(); }});
+                           .leaveDown = [tools] { tools->enter(); },
+                           .leave = std::move(leave)});
+    column->setFocusProxy(search);
     constexpr auto inset = Size::sidebarInset;
     fill(column, Qt::Vertical, {.spacing = 0, .padding = {0, 0, 1, 0}},
          {

@@ -4,11 +4,14 @@
 #include "Desktop/Kit/View.h"
 #include "Views/ContentView.h"
 
+#include <functional>
+
 class QWidget;
 
 namespace korvane {
 
-/// Builds the sidebar on the window's state. `menuBar` takes its place in the strip at the top.
-QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip);
+/// Builds the sidebar on the window's state. `menuStrip` takes its place at the top. The search field takes
+/// the focus for the whole. `leave` is called when the user leaves the sidebar by Escape.
+QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip, std::function<void()> leave);
 
 } // namespace korvane

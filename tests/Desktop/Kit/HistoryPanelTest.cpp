@@ -2,6 +2,7 @@
 
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/Screen.h"
+#include "Desktop/Kit/TabStops.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -129,31 +131,28 @@ TEST_F(HistoryPanelTest, PressesTheCurrentRowEvenIfItIsScrolledAway) {
     EXPECT_EQ(list().verticalScrollBar()->value(), 0);
 }
 
-TEST_F(HistoryPanelTest, ReachesTheButtonsByTab) {
+TEST_F(HistoryPanelTest, ItsButtonsAreTabStopsInTheOrderOfTheRows) {
     add(100);
-    list().setFocus();
-    QTest::keyClick(&list(), Qt::Key_Tab);
-    EXPECT_EQ(widget->focusWidget(), buttons()[0]);
-    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(widget->focusWidget(), buttons()[1]);
+    std::vector<QWidget*> expected{&screen.button("Copy All"), &screen.button("Clear"), &list()};
+    std::ranges::copy(buttons(), std::back_inserter(expected));
+    EXPECT_EQ(tabStops(*widget), expected);
+    list().verticalScrollBar()->setValue(2000);
+    expected.resize(3);
+    std::ranges::copy(buttons(), std::back_inserter(expected));
+    EXPECT_EQ(tabStops(*widget), expected);
+}
+
+TEST_F(HistoryPanelTest, TheRowOfAFocusedButtonIsTheCurrentOne) {
+    add(100);
+    buttons()[1]->setFocus();
     EXPECT_EQ(list().currentRow(), 1);
     QTest::keyClick(widget->focusWidget(), Qt::Key_Space);
     EXPECT_EQ(fakes.clipboard.content, "99");
 }
 
-TEST_F(HistoryPanelTest, ComesToTheButtonsForAllBeforeTheList) {
-    add(1);
-    screen.button("Copy All").setFocus();
-    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(widget->focusWidget(), &screen.button("Clear"));
-    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(widget->focusWidget(), &list());
-}
-
 TEST_F(HistoryPanelTest, KeepsTheFocusWhenItsButtonGoes) {
     add(100);
-    list().setFocus();
-    QTest::keyClick(&list(), Qt::Key_Tab);
+    buttons()[0]->setFocus();
     list().verticalScrollBar()->setValue(2000);
     EXPECT_EQ(widget->focusWidget(), &list());
 }

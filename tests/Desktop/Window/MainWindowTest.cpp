@@ -126,11 +126,12 @@ TEST_F(MainWindowTest, TheFocusRingFollowsTheFocusFromScreenToScreen) {
     EXPECT_TRUE(ringOn(screen.editor("Input")));
 }
 
-TEST_F(MainWindowTest, TabGoesToTheFirstControlWhereThereIsNothingToTypeInto) {
+TEST_F(MainWindowTest, AScreenWithNothingToTypeIntoBeginsWithItsAction) {
     QTest::keyClick(&window, '6', Qt::ControlModifier);
     ASSERT_EQ(selectedTool(), Tool::uuidGenerator);
-    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(window.focusWidget(), &screen.button("Uppercase"));
+    EXPECT_EQ(window.focusWidget(), &screen.button("Generate New"));
+    QTest::keyClick(window.focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(window.focusWidget(), &screen.button("Hyphens"));
 }
 
 TEST_F(MainWindowTest, AScreenStartsFromItsDefaultsEveryTime) {

@@ -1,0 +1,34 @@
+#include "Desktop/Kit/Editing.h"
+
+#include "Desktop/Kit/MatchList.h"
+
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMetaObject>
+
+namespace korvane {
+
+bool holdsText(const QWidget* control) {
+    const bool isNumber = qobject_cast<const QAbstractSpinBox*>(control) != nullptr;
+    return isNumber || control->metaObject()->indexOfMethod("undo()") >= 0; // lists have some other slots
+}
+
+bool answersTo(const QWidget* control, QKeySequence::StandardKey command) {
+    const bool isCopy = command == QKeySequence::Copy;
+    const bool isSelectAll = command == QKeySequence::SelectAll;
+    if (holdsText(control))
+        return isCopy || isSelectAll || !control->property("readOnly").toBool();
+    if (const auto* list = qobject_cast<const QAbstractItemView*>(control))
+        return isCopy || (isSelectAll && list->selectionMode() == QAbstractItemView::ExtendedSelection);
+    return isCopy && dynamic_cast<const MatchList*>(control) != nullptr;
+}
+
+void pressKeys(QWidget* control, QKeySequence::StandardKey command) {
+    const auto keys = QKeySequence(command)[0];
+    QKeyEvent press(QEvent::KeyPress, keys.key(), keys.keyboardModifiers());
+    QCoreApplication::sendEvent(control, &press);
+}
+
+} // namespace korvane

@@ -1,0 +1,20 @@
+/// What the commands of an Edit menu can do in a control. Each does what its keys do there.
+#pragma once
+
+#include <QKeySequence>
+
+class QWidget;
+
+namespace korvane {
+
+/// Whether `control` holds a text that the user can go through. It need not be one that can be changed.
+bool holdsText(const QWidget* control);
+
+/// Whether the keys of `command` do something in `control`: those for undoing and redoing, cutting, copying,
+/// pasting, and selecting all.
+bool answersTo(const QWidget* control, QKeySequence::StandardKey command);
+
+/// Presses the keys of `command` in `control`.
+void pressKeys(QWidget* control, QKeySequence::StandardKey command);
+
+} // namespace korvane

@@ -1,0 +1,33 @@
+/// The controls at which the Tab key stops, in the order in which one reads them. The toolkit's own order is
+/// that in which controls were made, so that one that comes later is last wherever it stands.
+#pragma once
+
+#include <vector>
+
+class QWidget;
+
+namespace korvane {
+
+/// Whether the Tab key stops at `widget` by now, which it does at controls that are shown and enabled.
+bool isTabStop(const QWidget* widget);
+
+/// `part` of a window and all that is in it, as one reads it: what is in a layout in the layout's order, and
+/// what is placed freely behind that, from top to bottom and from left to right.
+std::vector<QWidget*> readingOrder(QWidget& part);
+
+/// The stops among these.
+std::vector<QWidget*> tabStops(QWidget& part);
+
+/// The stop nearest behind `control` in `order`, or before it; none if there is none up to that end. Without
+/// a control, the first stop or the last one.
+QWidget* nextStop(const std::vector<QWidget*>& order, const QWidget* control);
+QWidget* previousStop(const std::vector<QWidget*>& order, const QWidget* control);
+
+/// The control that has the focus in a fresh screen: what the user types into, else the action that the tool
+/// is there for, else the first one; none where there is no stop.
+QWidget* firstControl(QWidget& screen);
+
+/// Has no fresh screen begin with `control`, which takes text but not what its tool is about.
+void neverBeginWith(QWidget* control);
+
+} // namespace korvane

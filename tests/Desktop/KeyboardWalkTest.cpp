@@ -1,0 +1,246 @@
+/// The way of the Tab key through the whole window, on every screen and in every state of it that the
+/// pictures show.
+
+#include "Desktop/Kit/FocusRing.h"
+#include "Desktop/Kit/Screen.h"
+#include "Desktop/Window/MainWindow.h"
+#include "support/FakeServices.h"
+#include "support/Scenes.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+using Walk = std::vector<QWidget*>;
+
+std::string nameOf(const QWidget* control) {
+    return control ? control->accessibleName().toStdString() + " (" + control->metaObject()->className() + ")"
+                   : "nothing";
+}
+
+std::string namesOf(const Walk& walk) {
+    std::string names;
+    for (const auto* control : walk)
+        names += nameOf(control) + "\n";
+    return names;
+}
+
+/// A scene, played in the real window.
+struct Stage {
+    FakeServices fakes{};
+    MainWindow window{fakes.services};
+
+    Stage(const Scene& scene, QSize size) {
+        window.view().perform([&](ContentView& state) { state.selectedTool = scene.tool; });
+        const ScreenDriver driver(window, size);
+        window.activateWindow();
+        settle();
+        scene.play(driver, fakes);
+        settle();
+        for (auto* widget : window.findChildren<QWidget*>()) {
+            if (dynamic_cast<ScreenWidget*>(widget))
+                m_screen = widget;
+            else if (widget->accessibleName() == "Search tools...")
+                m_search = widget;
+        }
+    }
+
+    QWidget& screen() const { return *m_screen; }
+
+    QWidget& search() const { return *m_search; }
+
+    /// All controls that the Tab key is to stop at.
+    Walk stops() const {
+        Walk found;
+        for (auto* control : window.findChildren<QWidget*>()) {
+            const bool takesTab = (control->focusPolicy() & Qt::TabFocus) && !control->focusProxy();
+            if (takesTab && control->isVisible() && control->isEnabled())
+                found.push_back(control);
+        }
+        return found;
+    }
+
+    /// Where one key leads, from where the focus is until it is there again. A control that keeps the key for
+    /// some presses, to go through its links, counts once.
+    Walk walk(Qt::Key key) const {
+        constexpr int longest = 400;
+        Walk way{window.focusWidget()};
+        for (int step = 0; step < longest; ++step) {
+            QTest::keyClick(window.focusWidget(), key);
+            settle();
+            auto* now = window.focusWidget();
+            if (now == way.front())
+                return way;
+            if (now != way.back())
+                way.push_back(now);
+        }
+        ADD_FAILURE() << "does not come round\n" << namesOf(way);
+        return way;
+    }
+
+    bool isInScreen(const QWidget* control) const { return screen().isAncestorOf(control); }
+
+    /// The sidebar, the screen, the window's own buttons.
+    int part(const QWidget* control) const {
+        const auto name = control->accessibleName();
+        const bool isWindowButton = name == "Minimize" || name == "Maximize" || name == "Close";
+        return isInScreen(control) ? 1 : (isWindowButton ? 2 : 0);
+    }
+
+private:
+    QWidget* m_screen = nullptr;
+    QWidget* m_search = nullptr;
+};
+
+/// From `control` up to the window.
+Walk branchOf(QWidget* control) {
+    Walk branch;
+    for (; control; control = control->parentWidget())
+        branch.push_back(control);
+    std::ranges::reverse(branch);
+    return branch;
+}
+
+/// Whether one reads `a` before `b`. Where the two part ways in the tree of widgets, what is side by side is
+/// read from left to right, each column to its end, and all else from top to bottom; what something lies
+/// over comes before it.
+bool isReadBefore(QWidget* a, QWidget* b) {
+    const auto branchA = branchOf(a);
+    const auto branchB = branchOf(b);
+    const auto [partA, partB] = std::ranges::mismatch(branchA, branchB);
+    if (partA == branchA.end() || partB == branchB.end())
+        return partA == branchA.end();
+    const auto rectA = (*partA)->geometry();
+    const auto rectB = (*partB)->geometry();
+    if (rectA.contains(rectB) || rectB.contains(rectA))
+        return rectA.contains(rectB);
+    const bool isSideBySide = rectA.top() <= rectB.bottom() && rectB.top() <= rectA.bottom();
+    return isSideBySide ? rectA.left() < rectB.left() : rectA.top() < rectB.top();
+}
+
+struct KeyboardWalkTest : testing::TestWithParam<Scene> {};
+
+TEST_P(KeyboardWalkTest, TabStopsOnceAtEveryControlInTheOrderOfReading) {
+    const Stage stage(GetParam(), {1100, 1600}); // so high that nothing scrolls
+    stage.search().setFocus();
+    const auto way = stage.walk(Qt::Key_Tab);
+    const auto stops = stage.stops();
+    EXPECT_EQ(std::set(way.begin(), way.end()), std::set(stops.begin(), stops.end()))
+        << "stops at\n"
+        << namesOf(way) << "has\n"
+        << namesOf(stops);
+    EXPECT_EQ(way.size(), stops.size()) << namesOf(way);
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        const auto before = stage.part(way[i - 1]);
+        const auto after = stage.part(way[i]);
+        EXPECT_TRUE(before == after ? isReadBefore(way[i - 1], way[i]) : before < after)
+            << nameOf(way[i - 1]) << " comes before " << nameOf(way[i]);
+    }
+}
+
+TEST_P(KeyboardWalkTest, ShiftAndTabGoBackTheSameWay) {
+    const Stage stage(GetParam(), {1100, 1600});
+    stage.search().setFocus();
+    auto way = stage.walk(Qt::Key_Tab);
+    ASSERT_EQ(stage.window.focusWidget(), &stage.search());
+    const auto back = stage.walk(Qt::Key_Backtab);
+    std::reverse(way.begin() + 1, way.end());
+    EXPECT_EQ(back, way) << "back\n" << namesOf(back) << "instead of\n" << namesOf(way);
+}
+
+/// The ring around the focused control of `window`; none if none is shown.
+const FocusRing* ringOf(const QWidget& window) {
+    for (const auto* child : window.findChildren<QWidget*>()) {
+        const auto* ring = dynamic_cast<const FocusRing*>(child);
+        if (ring && ring->isVisible())
+            return ring;
+    }
+    return nullptr;
+}
+
+TEST_P(KeyboardWalkTest, TheFocusIsSeenWhereverItIs) {
+    const Stage stage(GetParam(), {900, 600});
+    stage.search().setFocus();
+    for (auto* control : stage.walk(Qt::Key_Tab)) {
+        if (control->accessibleName() == "Tools")
+            continue; // its current row is painted with a ring
+        if (!control->isVisible())
+            continue; // scrolled out of a list, with its row
+        control->setFocus();
+        settle();
+        const auto* ring = ringOf(stage.window);
+        ASSERT_TRUE(ring) << nameOf(control);
+        const QRect place(control->mapTo(&stage.window, QPoint()), control->size());
+        const QRect around(ring->mapTo(&stage.window, QPoint()), ring->size());
+        EXPECT_TRUE(around.contains(place)) << nameOf(control);
+        const bool fits = ring->height() <= ring->parentWidget()->height();
+        EXPECT_TRUE(!fits || ring->parentWidget()->rect().contains(ring->geometry())) << nameOf(control);
+    }
+}
+
+TEST_P(KeyboardWalkTest, ShortcutsWorkInEveryControl) {
+    Stage stage(GetParam(), {1100, 1600});
+    for (auto* control : stage.stops()) {
+        control->setFocus();
+        const auto before = stage.window.view().operationCount();
+        if (const auto digit = keyboardShortcut(*GetParam().tool)) {
+            QTest::keyClick(control, *digit, Qt::ControlModifier);
+            EXPECT_EQ(stage.window.view().operationCount(), before + 1) << nameOf(control);
+        }
+        QTest::keySequence(control, QKeySequence::Find);
+        EXPECT_TRUE(stage.search().hasFocus()) << nameOf(control);
+    }
+}
+
+TEST_P(KeyboardWalkTest, ReturnAndSpacePressEveryButtonAndTheFocusStays) {
+    const auto isButton = [](const QWidget* control) {
+        return qobject_cast<const QAbstractButton*>(control) != nullptr;
+    };
+    auto stage = std::make_unique<Stage>(GetParam(), QSize(1100, 1600));
+    const auto count = stage->stops().size();
+    for (std::size_t i = 0; i < count; ++i) {
+        for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            if (!stage)
+                stage = std::make_unique<Stage>(GetParam(), QSize(1100, 1600));
+            auto* control = stage->stops()[i];
+            if (!isButton(control) || !stage->isInScreen(control))
+                continue;
+            control->setFocus();
+            const QSignalSpy clicks(static_cast<QAbstractButton*>(control), &QAbstractButton::clicked);
+            const auto name = nameOf(control);
+            QTest::keyClick(control, key);
+            EXPECT_EQ(clicks.count(), 1) << name;
+            settle();
+            stage->fakes.background.runAll();
+            settle();
+            const auto* now = stage->window.focusWidget();
+            const bool isUseful = now && now->isVisible() && now->isEnabled() && stage->isInScreen(now) &&
+                                  (now->focusPolicy() & Qt::TabFocus);
+            EXPECT_TRUE(isUseful) << nameOf(now) << " has the focus after " << name;
+            stage.reset();
+        }
+    }
+}
+
+std::string sceneName(const testing::TestParamInfo<Scene>& scene) {
+    auto name = scene.param.name;
+    std::ranges::replace(name, '-', '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(AllScenes, KeyboardWalkTest, testing::ValuesIn(allScenes()), sceneName);
+
+} // namespace
+} // namespace korvane
