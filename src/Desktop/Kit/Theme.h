@@ -29,7 +29,7 @@ enum class Role {
     primary,
     secondary,
     toolName, ///< primary at 90 %: the name of a tool that is not selected
-    faint,
+    shortcut, ///< of a tool
     placeholder,
     onAccent,
     onYellow,
@@ -52,11 +52,11 @@ enum class Role {
     scrollThumbHover,
     accent,
     focusRing,
-    selection,
+    selection, ///< under what is selected, where only primary text is readable
     hoverOnColor,
     pressedOnColor,
     disabledFill,
-    dropFill, ///< of a place that something can be dropped on, while it is over it
+    dropFill,      ///< of a place that something can be dropped on, while it is over it
     unchangedLine, ///< primary at 70 %: a line that is the same in both texts
     plainBadgeFill,
 };

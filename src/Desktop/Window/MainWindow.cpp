@@ -13,6 +13,7 @@
 #include "Desktop/Window/WindowEdges.h"
 
 #include <QAbstractSpinBox>
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QMenuBar>
 #include <QPainter>
@@ -57,6 +58,7 @@ MainWindow::MainWindow(Services& services) : m_view(services) {
     columns->setChildrenCollapsible(false);
     columns->addWidget(side);
     columns->addWidget(detail);
+    side->lower(); // it is read first
     columns->setStretchFactor(1, 1);
     columns->setSizes({Theme::px(WindowMetrics::sidebarWidth),
                        Theme::px(WindowMetrics::defaultWidth - WindowMetrics::sidebarWidth)});
@@ -82,6 +84,11 @@ void MainWindow::showScheme(Theme::Scheme scheme) {
         if (sheet != bar->styleSheet())
             bar->setStyleSheet(sheet); // the menus below it take it over
     }
+}
+
+QAccessibleInterface* MainWindow::newAccessibleInterface() {
+    return new QAccessibleWidget(this,
+                                 QAccessible::Window); // without a frame the toolkit does not know it as one
 }
 
 void MainWindow::addShortcuts() {
