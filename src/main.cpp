@@ -1,3 +1,4 @@
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Window/DesktopScheme.h"
 #include "Desktop/Window/MainWindow.h"
@@ -11,6 +12,7 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationDisplayName(QStringLiteral("Korvane"));
     QApplication::setDesktopFileName(QStringLiteral("org.korvane.Korvane"));
     QApplication::setStyle(korvane::Theme::style());
+    korvane::installAccessibility();
 
     korvane::ServicesQt services;
     korvane::MainWindow window(services.services());

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 #include <numeric>
+#include <tuple>
 #include <vector>
 
 namespace korvane::JSON {
@@ -102,8 +103,7 @@ std::size_t MemberSorter::arrangeLarge(std::span<const Value> namesAndValues, st
     for (std::size_t i = 0; i < members.size(); ++i)
         entries.push_back({.name = namesAndValues[2 * i].text(), .index = i});
     std::sort(entries.begin(), entries.end(), [](const Entry& left, const Entry& right) {
-        const auto order = left.name <=> right.name;
-        return order != 0 ? order < 0 : left.index < right.index;
+        return std::tie(left.name, left.index) < std::tie(right.name, right.index);
     });
     std::size_t kept = 0;
     for (std::size_t i = 0; i < entries.size(); ++i) {

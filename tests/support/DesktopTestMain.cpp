@@ -1,6 +1,7 @@
 /// Runs the tests of the front end in an application without a display. A warning of the toolkit fails the
 /// test in which it is printed.
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Theme.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +26,7 @@ int main(int argc, char* argv[]) {
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     QApplication::setStyle(korvane::Theme::style());
+    korvane::installAccessibility();
     qInstallMessageHandler(failOnWarning);
     return RUN_ALL_TESTS();
 }

@@ -1,7 +1,9 @@
 #include "Desktop/Kit/BusyLabel.h"
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 
 #include <QBasicTimer>
@@ -16,10 +18,16 @@ namespace {
 
 class BusyRing final : public QWidget {
 public:
-    BusyRing() { setFixedSize(Theme::px(Size::busyRing), Theme::px(Size::busyRing)); }
+    /// `text` is what it shows beside it.
+    explicit BusyRing(std::string_view text) : m_text(qString(text)) {
+        setFixedSize(Theme::px(Size::busyRing), Theme::px(Size::busyRing));
+    }
 
 protected:
-    void showEvent(QShowEvent*) override { m_timer.start(frame, this); }
+    void showEvent(QShowEvent*) override {
+        m_timer.start(frame, this);
+        announce(*this, m_text);
+    }
 
     void hideEvent(QHideEvent*) override { m_timer.stop(); }
 
@@ -44,6 +52,7 @@ private:
     static constexpr int fullTurn = 360 * 16;  // as the toolkit measures angles
     static constexpr int step = fullTurn / 30; // one turn a second
 
+    QString m_text;
     QBasicTimer m_timer;
     int m_angle = 0;
 };
@@ -51,7 +60,8 @@ private:
 } // namespace
 
 QWidget* busyLabel(std::string_view text) {
-    return row({new BusyRing, new Label(text, Theme::TextStyle::quiet, Theme::Role::secondary), stretch()});
+    return row(
+        {new BusyRing(text), new Label(text, Theme::TextStyle::quiet, Theme::Role::secondary), stretch()});
 }
 
 } // namespace korvane

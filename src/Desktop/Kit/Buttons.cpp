@@ -1,5 +1,7 @@
 #include "Desktop/Kit/Buttons.h"
 
+#include "Desktop/Kit/Accessibility.h"
+#include "Desktop/Kit/AccessibleRows.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Panel.h"
@@ -53,7 +55,7 @@ void GlyphButton::setTitle(std::string_view title) {
 
 void GlyphButton::updateAccessibleName() {
     const auto subject = qString(this->subject());
-    setAccessibleName(subject.isEmpty() ? text() : text() + QLatin1Char(' ') + subject);
+    korvane::setAccessibleName(*this, subject.isEmpty() ? text() : text() + QLatin1Char(' ') + subject);
 }
 
 void GlyphButton::setIconName(std::string_view icon) {
@@ -61,6 +63,16 @@ void GlyphButton::setIconName(std::string_view icon) {
         return;
     m_icon = icon;
     update();
+}
+
+void GlyphButton::setRow(AccessibleRows& list, std::function<int()> row) {
+    m_rows = &list;
+    m_row = std::move(row);
+}
+
+QAccessibleInterface* GlyphButton::accessibleRow() const {
+    const auto row = m_row ? m_row() : -1;
+    return row < 0 ? nullptr : m_rows->rowInterface(row);
 }
 
 QSize GlyphButton::sizeHint() const {
@@ -174,7 +186,8 @@ QSize QuietButton::sizeHint() const {
 QColor QuietButton::background() const {
     if (isDown())
         return Theme::color(Role::controlPressed);
-    if (underMouse() && isEnabled())
+    const bool isHighlighted = m_highlighted.progress() > 0; // which is readable on the ground of rest only
+    if (underMouse() && isEnabled() && !isHighlighted)
         return Theme::color(m_options.isOverlay ? Role::overlayHover : Role::controlHover);
     if (m_options.isPlain)
         return Qt::transparent;
@@ -190,7 +203,9 @@ void QuietButton::paintEvent(QPaintEvent*) {
     paintBackground(painter, background());
     const bool isHovered = underMouse() && isEnabled();
     const auto quiet = Theme::color(isHovered || isDown() ? Role::primary : Role::secondary);
-    paintContent(painter, Theme::mixed(quiet, Theme::textTone(m_highlight), m_highlighted.progress()));
+    paintContent(painter, isDown()
+                              ? quiet
+                              : Theme::mixed(quiet, Theme::textTone(m_highlight), m_highlighted.progress()));
 }
 
 PushToggle::PushToggle(std::string_view title, std::string_view icon, PaletteColor color)
@@ -209,17 +224,18 @@ void PushToggle::paintEvent(QPaintEvent*) {
     if (!isEnabled())
         painter.setOpacity(Theme::disabledOpacity);
     const bool isHovered = underMouse() && isEnabled();
+    const bool isLit = isHovered || isDown(); // on a ground too strong for anything fainter
     if (isChecked()) {
         const auto tint = isDown() ? Theme::Tint::togglePressed
                                    : (isHovered ? Theme::Tint::toggleHover : Theme::Tint::toggle);
         paintBackground(painter, Theme::withTint(m_color, tint),
                         Theme::withTint(m_color, Theme::Tint::toggleOutline));
-        paintContent(painter, Theme::textTone(m_color));
+        paintContent(painter, isLit ? Theme::color(Role::primary) : Theme::textTone(m_color));
         return;
     }
     const auto fill = isDown() ? Role::controlPressed : (isHovered ? Role::controlHover : Role::controlFill);
     paintBackground(painter, Theme::color(fill), Theme::color(Role::outline));
-    paintContent(painter, Theme::color(Role::secondary));
+    paintContent(painter, Theme::color(isLit ? Role::primary : Role::secondary));
 }
 
 QWidget* actionButton(ViewCore& view, ActionButtonParts parts) {
@@ -234,7 +250,9 @@ QWidget* actionButton(ViewCore& view, ActionButtonParts parts) {
     return button;
 }
 
-static void display(QuietButton& button, const CopyButton& state) {
+void display(QuietButton& button, const CopyButton& state) {
+    if (state.copied && button.text() != qString(state.title()))
+        announce(button, qString(state.title()));
     button.setTitle(state.title());
     button.setIconName(state.icon());
     button.setHighlight(state.color());

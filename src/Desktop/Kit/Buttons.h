@@ -12,9 +12,13 @@
 #include <string>
 #include <string_view>
 
+class QAccessibleInterface;
+
 namespace korvane {
 
+class AccessibleRows;
 class ViewCore;
+struct CopyButton;
 
 /// Presses `control` if it is a button and `event` one of the keys that press it beside Space, which the
 /// toolkit knows; returns whether it is. To be called for a key that `control` itself has no use for.
@@ -31,6 +35,12 @@ public:
     QSize sizeHint() const override;
 
     QSize minimumSizeHint() const override { return sizeHint(); }
+
+    /// To assistive technology the button is a part of a row of `list`, over which it lies; `row` tells of
+    /// which, or -1.
+    void setRow(AccessibleRows& list, std::function<int()> row);
+
+    QAccessibleInterface* accessibleRow() const;
 
 protected:
     /// How glyph and title are set. Sizes are in pixels at a 13-pixel body text.
@@ -60,6 +70,10 @@ protected:
 
     Metrics m_metrics{};
     std::string m_icon;
+
+private:
+    AccessibleRows* m_rows = nullptr; ///< its ancestor's, if any
+    std::function<int()> m_row{};
 };
 
 /// The primary action of a screen: white on a filled colour.
@@ -157,6 +171,9 @@ struct CopyActionParts {
 };
 
 QWidget* copyButton(ViewCore& view, CopyActionParts parts);
+
+/// Shows the state of a copy button, and has assistive technology read out that something was copied.
+void display(QuietButton& button, const CopyButton& state);
 
 struct QuietButtonParts {
     std::function<std::string()> title;

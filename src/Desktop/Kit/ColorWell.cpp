@@ -1,5 +1,6 @@
 #include "Desktop/Kit/ColorWell.h"
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
@@ -7,6 +8,7 @@
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QAbstractButton>
+#include <QAccessibleWidget>
 #include <QColorDialog>
 #include <QPainter>
 #include <QPainterPath>
@@ -97,7 +99,7 @@ private:
     QPointer<QColorDialog> m_dialog{};
 };
 
-class Swatch final : public QWidget {
+class Swatch final : public QWidget, public AccessibleControl {
 public:
     explicit Swatch(const std::string& label) {
         setAccessibleName(qString(label));
@@ -112,6 +114,10 @@ public:
             return;
         m_color = shown;
         update();
+    }
+
+    QAccessibleInterface* newAccessibleInterface() override {
+        return new QAccessibleWidget(this, QAccessible::Graphic);
     }
 
 protected:

@@ -158,7 +158,8 @@ private:
                          qString(shown.number()));
         font.setBold(true);
         painter.setFont(font);
-        painter.setPen(color ? Theme::textTone(*color) : Theme::color(Role::primary));
+        const bool isMarked = state.isSelected || state.isCurrent;
+        painter.setPen(color && !isMarked ? Theme::textTone(*color) : Theme::color(Role::primary));
         place.setLeft(place.right() + 1 + Theme::px(Size::diffNumberGap));
         place.setWidth(TextZoom::px(Size::diffPrefix));
         painter.drawText(place, Qt::AlignCenter, qString(shown.prefix()));

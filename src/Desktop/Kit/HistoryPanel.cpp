@@ -65,7 +65,7 @@ public:
           m_read(std::move(rows)),
           m_isSecret(isSecret),
           m_list(new RowList(source())),
-          m_buttonStrip(new QWidget(this)) {
+          m_buttonStrip(new RowOverlay(this)) {
         m_list->setParent(this);
         m_list->lower();
         m_list->setAccessibleName(qString(name));
@@ -105,7 +105,7 @@ protected:
         if (watched == m_buttonStrip && event->type() == QEvent::LayoutRequest)
             placeButtons(); // a button has another width
         if (watched != m_buttonStrip && event->type() == QEvent::FocusIn)
-            reveal(static_cast<QWidget*>(watched));
+            m_list->setCurrentRow(rowOf(static_cast<QWidget*>(watched))); // all of it visible
         return QWidget::eventFilter(watched, event);
     }
 
@@ -120,6 +120,7 @@ private:
                 .name = [this](int row) { return spokenName(rowAt(row)); },
                 .paint = [this](QPainter& painter, const QRect& rect, int row,
                                 RowState state) { paint(painter, rect, rowAt(row), state); },
+                .button = [this](int row) { return buttonOf(row); },
                 .toolTip = [this](int row) { return toolTip(rowAt(row)); },
                 .height = Theme::px(Size::historyRow) + Theme::px(Size::gapList),
                 .topPadding = Theme::px(Size::historyPadding)};
@@ -130,7 +131,7 @@ private:
     const HistoryRow& rowAt(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
 
     std::string spokenName(const HistoryRow& row) {
-        auto name = row.text;
+        auto name = row.text.empty() ? std::string("empty value") : row.text;
         for (const auto& part : {row.note, utf8String(m_times.of(row.time))}) {
             if (!part.empty())
                 name.append(", ").append(part);
@@ -145,23 +146,31 @@ private:
     void press(int row) {
         m_list->scrollTo(m_list->model()->index(row, 0));
         placeButtons();
-        if (const auto button = m_buttons.find(keyOf(rowAt(row))); button != m_buttons.end())
-            button->second->click();
+        if (auto* button = buttonOf(row))
+            button->click();
     }
 
-    /// Makes the row of a button that the focus has come to the current one, all of it visible.
-    void reveal(const QWidget* button) {
-        for (std::size_t row = 0; row < m_rows.size(); ++row) {
-            const auto found = m_buttons.find(keyOf(m_rows[row]));
-            if (found != m_buttons.end() && found->second == button)
-                m_list->setCurrentRow(static_cast<int>(row));
+    /// None where the row is out of sight.
+    QAbstractButton* buttonOf(int row) const {
+        const auto button = m_buttons.find(keyOf(rowAt(row)));
+        return button == m_buttons.end() ? nullptr : button->second;
+    }
+
+    /// -1 where the button has none any more.
+    int rowOf(const QWidget* button) const {
+        for (int row = 0; row < static_cast<int>(m_rows.size()); ++row) {
+            if (buttonOf(row) == button)
+                return row;
         }
+        return -1;
     }
 
     QAbstractButton* newButton(const std::string& text) {
+        const std::string subject = text.empty() ? "empty value" : text;
         auto* button = static_cast<QuietButton*>(
             copyButton(m_view, [text] { return text; },
-                       {.look = {.dropsLabel = true, .subject = text}, .isSecret = m_isSecret}));
+                       {.look = {.dropsLabel = true, .subject = subject}, .isSecret = m_isSecret}));
+        button->setRow(*m_list, [this, button] { return rowOf(button); });
         button->setParent(m_buttonStrip);
         button->setCompact(isInNarrowScreen(this));
         button->installEventFilter(this);
@@ -231,7 +240,7 @@ private:
             painter.drawEllipse(QRectF(left, rect.center().y() - side / 2.0, side, side));
             left += side + gap(row);
         }
-        const auto right = paintTime(painter, rect, row) - gap(row);
+        const auto right = paintTime(painter, rect, row, state) - gap(row);
         const auto font = Theme::font(TextStyle::codeSmall);
         const auto text =
             QFontMetrics(font).elidedText(qString(row.text), Qt::ElideRight, static_cast<int>(right - left));
@@ -242,7 +251,7 @@ private:
     }
 
     /// Paints the time of day left of the row's button, and returns where it begins.
-    double paintTime(QPainter& painter, const QRectF& rect, const HistoryRow& row) {
+    double paintTime(QPainter& painter, const QRectF& rect, const HistoryRow& row, RowState state) {
         const auto font = Theme::font(TextStyle::caption);
         const auto& text = m_times.of(row.time);
         const auto button = m_buttons.find(keyOf(row));
@@ -250,7 +259,7 @@ private:
         const auto right = rect.right() - Theme::px(Size::historyButtonInset) - buttonWidth - gap(row);
         const auto left = right - QFontMetrics(font).horizontalAdvance(text);
         painter.setFont(font);
-        painter.setPen(Theme::color(Role::secondary));
+        painter.setPen(Theme::color(state.isCurrent ? Role::primary : Role::secondary));
         painter.drawText(QRectF(left, rect.top(), right - left + 1, rect.height()),
                          Qt::AlignVCenter | Qt::AlignLeft, text);
         return left;

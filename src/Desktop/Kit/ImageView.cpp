@@ -1,5 +1,6 @@
 #include "Desktop/Kit/ImageView.h"
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/Panel.h"
@@ -7,6 +8,7 @@
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
+#include <QAccessibleWidget>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
@@ -24,7 +26,7 @@ QImage qImage(const Image& image) {
             static_cast<qsizetype>(image.rowBytes()), QImage::Format_RGBA8888};
 }
 
-class ImageView final : public QWidget {
+class ImageView final : public QWidget, public AccessibleControl {
 public:
     explicit ImageView(bool hasCheckerboard) : m_hasCheckerboard(hasCheckerboard) {
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -42,6 +44,10 @@ public:
         m_image = image;
         m_scaled = {};
         update();
+    }
+
+    QAccessibleInterface* newAccessibleInterface() override {
+        return new QAccessibleWidget(this, QAccessible::Graphic);
     }
 
 protected:

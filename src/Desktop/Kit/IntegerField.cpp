@@ -29,7 +29,7 @@ QWidget* integerField(ViewCore& view, IntegerFieldParts parts) {
     giveFocusRing(edit, field, Size::radiusSmall);
     const auto typed = [edit] { return edit->text().toInt(); };
     const auto show = [edit, value = parts.value] { edit->display(std::to_string(value())); };
-    QObject::connect(edit, &QLineEdit::textEdited, edit, [set = parts.setValue, typed] { set(typed()); });
+    edit->onEdit = [set = parts.setValue, typed](const std::string&) { set(typed()); };
     QObject::connect(edit, &QLineEdit::editingFinished, edit, show);
     view.onRefresh([value = parts.value, typed, show] {
         if (typed() != value())

@@ -1,5 +1,6 @@
 #include "Desktop/Kit/Labels.h"
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/Panel.h"
@@ -246,7 +247,7 @@ QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title,
     view.onRefresh([glyph, label, title = std::move(title), icon = std::move(icon)] {
         const auto text = title();
         label->display(utf8String(qString(text).toUpper()));
-        label->setAccessibleName(qString(text));
+        setAccessibleName(*label, qString(text));
         const auto name = icon();
         glyph->setName(name);
         glyph->setVisible(!name.empty());
@@ -254,9 +255,18 @@ QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title,
     return line;
 }
 
+void announceStatus(ViewCore& view, const QWidget& source,
+                    std::function<std::optional<StatusBadge>()> badge) {
+    announceChanges(view, source, [badge = std::move(badge)] {
+        const auto current = badge();
+        return current ? current->message : std::string();
+    });
+}
+
 QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()> badge) {
     auto* label = new StatusBadgeLabel;
     auto* line = stack(Qt::Horizontal, {.spacing = 0}, {label, stretch()});
+    announceStatus(view, *line, badge);
     view.onRefresh([label, line, badge = std::move(badge)] {
         const auto current = badge();
         if (current)

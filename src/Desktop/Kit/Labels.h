@@ -89,6 +89,9 @@ QWidget* toolHeader(Tool tool);
 QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title,
                         std::function<std::string()> icon);
 
+/// Has assistive technology read out the message of each new badge.
+void announceStatus(ViewCore& view, const QWidget& source, std::function<std::optional<StatusBadge>()> badge);
+
 QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()> badge);
 
 /// A line in small secondary text.

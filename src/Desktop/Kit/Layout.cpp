@@ -1,5 +1,6 @@
 #include "Desktop/Kit/Layout.h"
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Labels.h"
@@ -121,6 +122,12 @@ public:
     QSize sizeHint() const override { return m_panel->sizeHint(); }
 
     QSize minimumSizeHint() const override { return m_panel->minimumSizeHint(); }
+
+    /// What the panel is called, and the button acts on.
+    void setSubject(const std::string& subject) {
+        if (auto* button = dynamic_cast<QuietButton*>(m_button))
+            button->setSubject(subject);
+    }
 
 protected:
     void resizeEvent(QResizeEvent*) override { place(); }
@@ -295,7 +302,13 @@ QWidget* rigid(QWidget* widget) {
 QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
                  QWidget* content) {
     auto* target = focusTarget(content);
-    view.onRefresh([target, title] { target->setAccessibleName(qString(title())); });
+    auto* overlay = dynamic_cast<Overlay*>(content);
+    view.onRefresh([target, overlay, title] {
+        const auto name = title();
+        setAccessibleName(*target, qString(name));
+        if (overlay)
+            overlay->setSubject(name);
+    });
     return stack(Qt::Vertical, {.spacing = Size::gapHeading},
                  {sectionHeading(view, std::move(title), std::move(icon)), content});
 }

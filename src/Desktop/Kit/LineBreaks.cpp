@@ -266,6 +266,28 @@ QString exactText(const QTextDocument& document, int start, int end) {
     return text;
 }
 
+int offsetOf(const QTextDocument& document, int position) {
+    int offset = position;
+    for (auto block = document.begin().next(); block.isValid() && block.position() <= position;
+         block = block.next())
+        offset += static_cast<int>(textOf(lineBreakBefore(block)).size()) - 1; // which is one position
+    return offset;
+}
+
+int positionAt(const QTextDocument& document, int offset) {
+    auto block = document.begin();
+    int start = 0; // of the block, in units of the exact text
+    for (auto next = block.next(); next.isValid(); next = next.next()) {
+        const auto afterBreak =
+            start + block.length() - 1 + static_cast<int>(textOf(lineBreakBefore(next)).size());
+        if (afterBreak > offset)
+            break;
+        block = next;
+        start = afterBreak;
+    }
+    return block.position() + std::clamp(offset - start, 0, block.length() - 1);
+}
+
 void mendSeams(QTextDocument& document, int start, int end, int longestPiece) {
     const auto isGood = [&](int position) {
         const auto block = document.findBlock(position);

@@ -47,6 +47,13 @@ void insertExactly(QTextCursor& cursor, const QString& text, int longestPiece);
 /// The characters of `document` from position `start` to `end`.
 QString exactText(const QTextDocument& document, int start, int end);
 
+/// How many UTF-16 units of the exact text are before `position`.
+int offsetOf(const QTextDocument& document, int position);
+
+/// The position before which `offset` units of the exact text are; from within a line break, the one before
+/// it.
+int positionAt(const QTextDocument& document, int offset);
+
 /// Makes the seams next to an edit from position `start` to `end` good again, as a part of that edit: cuts
 /// blocks of more than twice `longestPiece`, joins blocks without a character to their neighbours. Does
 /// nothing to a document that an undo or redo has brought back.

@@ -3,6 +3,7 @@
 #include "Desktop/Kit/Strings.h"
 
 #include <QEvent>
+#include <QValidator>
 
 namespace korvane {
 
@@ -11,14 +12,31 @@ LineEdit::LineEdit(Theme::TextStyle style, Theme::Role placeholder)
     setFrame(false);
     setTextMargins(0, 0, 0, 0);
     applyTheme();
+    connect(this, &QLineEdit::textChanged, this, [this] { followEdit(); });
 }
 
 void LineEdit::display(std::string_view utf8) {
     const auto shown = qString(utf8);
     if (shown == text())
         return;
+    m_acceptedText = utf8;
+    m_displaying = true;
     selectAll();
     insert(shown); // unlike setText, this keeps the history
+    m_displaying = false;
+}
+
+/// Not every edit comes by key: assistive technology sets a text past the validator, and without
+/// `textEdited`.
+void LineEdit::followEdit() {
+    if (m_displaying || !onEdit)
+        return;
+    auto text = this->text();
+    auto position = cursorPosition();
+    if (validator() && validator()->validate(text, position) == QValidator::Invalid)
+        display(m_acceptedText);
+    else
+        onEdit(m_acceptedText = utf8String(text));
 }
 
 void LineEdit::changeEvent(QEvent* event) {

@@ -6,6 +6,7 @@
 
 #include <QLineEdit>
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -18,15 +19,22 @@ public:
     /// Shows `utf8` unless it is shown already. The user can undo it.
     void display(std::string_view utf8);
 
+    /// Called with the text when the user, or assistive technology on the user's behalf, has changed it;
+    /// never by `display`. A text that the validator refuses is taken back instead.
+    std::function<void(const std::string&)> onEdit{};
+
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     void applyTheme();
+    void followEdit();
 
     Theme::TextStyle m_style;
     Theme::Role m_placeholder;
     bool m_applying = false;
+    bool m_displaying = false;
+    std::string m_acceptedText{};
 };
 
 } // namespace korvane

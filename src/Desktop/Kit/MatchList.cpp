@@ -72,9 +72,11 @@ void MatchList::display(const RegexMatches& matches, std::string_view count) {
         return;
     m_matches = matches;
     m_count->display(count);
+    setAccessibleDescription(m_count->text());
     m_copied.reset();
     m_current = std::min(m_current, std::max(m_matches.lineCount(), std::size_t{1}) - 1);
     layOut();
+    reportOtherRows();
 }
 
 // The positions are in pixels from the top of all that can be scrolled to. The most pieces that a search
@@ -153,13 +155,14 @@ void MatchList::showLine(MatchRow& row, std::size_t line, int headingWidth) {
     static const CopyButton untouched{.label = "Copy"};
     const auto& copyButton = m_copied && line == m_copiedLine ? *m_copied : untouched;
     row.display(line, m_matches.line(line), headingWidth);
-    row.displayCopy(copyButton.title(), copyButton.icon(), copyButton.color());
+    korvane::display(row.copyButton(), copyButton);
     row.setCurrent(hasFocus() && line == m_current);
 }
 
 void MatchList::addRow() {
     auto* row = new MatchRow([this](std::size_t line) { copy(line); });
     row->setParent(viewport());
+    row->copyButton().setRow(*this, [row] { return static_cast<int>(row->number()); });
     if (!m_rows.empty())
         row->copyButton().setCompact(m_rows.front()->copyButton().isCompact());
     m_rows.push_back(row);
@@ -169,7 +172,6 @@ void MatchList::setCurrentLine(std::size_t line) {
     if (m_matches.empty())
         return;
     m_current = std::min(line, m_matches.lineCount() - 1);
-    setAccessibleDescription(qString(MatchRow::name(m_matches.line(m_current))));
     const auto margin = Theme::px(Size::matchCardPadding) + listPadding();
     const auto top = m_current == 0 ? 0 : lineTop(m_current) - margin; // the count comes with the first line
     const auto bottom = lineTop(m_current) + Theme::px(Size::matchRow) + margin;
@@ -178,6 +180,7 @@ void MatchList::setCurrentLine(std::size_t line) {
     else if (bottom > scrollOffset() + viewport()->height())
         verticalScrollBar()->setValue(bottom - viewport()->height());
     placeRows();
+    reportCurrentRow(static_cast<int>(m_current));
 }
 
 void MatchList::copy(std::size_t line) {
@@ -196,6 +199,39 @@ void MatchList::copy(std::size_t line) {
     m_copied->copyToClipboard({m_services, change});
     m_copied->text.clear(); // it may be large
     placeRows();
+}
+
+int MatchList::accessibleRowCount() const {
+    return static_cast<int>(m_matches.lineCount());
+}
+
+AccessibleRow MatchList::accessibleRow(int row) const {
+    const auto line = static_cast<std::size_t>(row);
+    auto* shown = m_rows[line % m_rows.size()];
+    return {.name = qString(MatchRow::name(m_matches.line(line))),
+            .isCurrent = line == m_current,
+            .button = shown->isVisible() && shown->number() == line ? &shown->copyButton() : nullptr};
+}
+
+QRect MatchList::accessibleRowPlace(int row) const {
+    const QPoint corner(listPadding(), lineTop(static_cast<std::size_t>(row)) - scrollOffset());
+    return {viewport()->mapToGlobal(corner),
+            QSize(viewport()->width() - 2 * listPadding(), Theme::px(Size::matchRow))};
+}
+
+int MatchList::accessibleRowAt(QPoint position) const {
+    const auto y = viewport()->mapFromGlobal(position).y() + scrollOffset();
+    return m_matches.empty() ? -1 : static_cast<int>(lineAt(y));
+}
+
+void MatchList::pressRow(int row) {
+    setCurrentLine(static_cast<std::size_t>(row));
+    copy(m_current);
+}
+
+void MatchList::focusRow(int row) {
+    setFocus(Qt::OtherFocusReason);
+    setCurrentLine(static_cast<std::size_t>(row));
 }
 
 void MatchList::scrollContentsBy(int, int) {

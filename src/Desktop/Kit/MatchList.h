@@ -2,6 +2,7 @@
 /// Only the visible lines exist as widgets, so a million matches cost as little as ten.
 #pragma once
 
+#include "Desktop/Kit/AccessibleRows.h"
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/MatchRow.h"
 #include "Views/Components/CopyButton.h"
@@ -19,7 +20,7 @@ namespace korvane {
 class Label;
 class ViewCore;
 
-class MatchList final : public QAbstractScrollArea {
+class MatchList final : public QAbstractScrollArea, public AccessibleRows {
 public:
     explicit MatchList(Services& services);
 
@@ -36,6 +37,18 @@ public:
     void copy(std::size_t line);
 
     QSize minimumSizeHint() const override { return {0, 0}; }
+
+    QWidget* rowsWidget() override { return this; }
+
+    int accessibleRowCount() const override;
+    AccessibleRow accessibleRow(int row) const override;
+    QRect accessibleRowPlace(int row) const override;
+    int accessibleRowAt(QPoint position) const override;
+
+    bool canPressRows() const override { return true; }
+
+    void pressRow(int row) override;
+    void focusRow(int row) override;
 
 protected:
     void scrollContentsBy(int dx, int dy) override;

@@ -1,5 +1,6 @@
 #include "Desktop/Kit/MatchRow.h"
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/RowText.h"
@@ -54,7 +55,7 @@ void MatchRow::display(std::size_t number, const RegexMatchLine& line, int headi
     m_line = line;
     m_headingWidth = headingWidth;
     m_copy->setSubject(line.name());
-    setAccessibleName(qString(name(line)));
+    korvane::setAccessibleName(*this, qString(name(line)));
     update();
 }
 
@@ -65,12 +66,6 @@ void MatchRow::setCurrent(bool isCurrent) {
     update();
 }
 
-void MatchRow::displayCopy(std::string_view title, std::string_view icon, std::optional<PaletteColor> color) {
-    m_copy->setTitle(title);
-    m_copy->setIconName(icon);
-    m_copy->setHighlight(color);
-}
-
 void MatchRow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (m_isCurrent)
@@ -79,15 +74,17 @@ void MatchRow::paintEvent(QPaintEvent*) {
     const auto left = Theme::px(Size::matchCardLeft);
     const auto indent = isGroup ? Theme::px(Size::matchIndent) : 0;
     painter.setFont(Theme::font(isGroup ? TextStyle::subheadline : TextStyle::subheadlineStrong));
-    painter.setPen(isGroup ? Theme::textTone(PaletteColor::orange) : Theme::color(Role::primary));
+    const auto primary = Theme::color(Role::primary);
+    const auto tone = [&](PaletteColor color) { return m_isCurrent ? primary : Theme::textTone(color); };
+    painter.setPen(isGroup ? tone(PaletteColor::orange) : primary);
     painter.drawText(QRect(left + indent, 0, m_headingWidth - indent, height()),
                      Qt::AlignVCenter | Qt::AlignLeft, qString(m_line.heading()));
     const auto gap = Theme::px(Size::gapControl);
     const auto textLeft = left + m_headingWidth + gap;
     const QRectF room(textLeft, 0, m_copy->x() - gap - textLeft, height());
-    m_isElided = drawElidedRowText(
-        painter, room, m_line.text, Theme::font(isGroup ? TextStyle::codeSmall : TextStyle::codeSmallMedium),
-        isGroup ? Theme::color(Role::primary) : Theme::textTone(PaletteColor::green));
+    m_isElided = drawElidedRowText(painter, room, m_line.text,
+                                   Theme::font(isGroup ? TextStyle::codeSmall : TextStyle::codeSmallMedium),
+                                   isGroup ? primary : tone(PaletteColor::green));
 }
 
 bool MatchRow::event(QEvent* event) {

@@ -24,10 +24,10 @@ public:
     /// Whether the row has the keyboard's position.
     void setCurrent(bool isCurrent);
 
-    /// The title of the button and how it looks.
-    void displayCopy(std::string_view title, std::string_view icon, std::optional<PaletteColor> color);
-
     QuietButton& copyButton() const { return *m_copy; }
+
+    /// The number of the line that it shows.
+    std::size_t number() const { return m_number; }
 
     /// What assistive technology calls the line.
     static std::string name(const RegexMatchLine& line);

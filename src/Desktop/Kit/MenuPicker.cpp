@@ -1,5 +1,6 @@
 #include "Desktop/Kit/MenuPicker.h"
 
+#include "Desktop/Kit/AccessibleRows.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Panel.h"
@@ -22,7 +23,7 @@ using Theme::Size;
 namespace {
 
 /// A combo box to keyboard and assistive technology, whose list is one of the window's menus.
-class MenuPicker final : public QComboBox {
+class MenuPicker final : public QComboBox, public AccessibleRows {
 public:
     explicit MenuPicker(int width) {
         setFixedSize(Theme::px(width), Theme::px(Size::menuPickerHeight));
@@ -54,6 +55,30 @@ public:
             m_menu->close();
         QComboBox::hidePopup();
     }
+
+    // To assistive technology its choices are rows; the toolkit would have it go by the name of the chosen
+    // one.
+
+    QWidget* rowsWidget() override { return this; }
+
+    QAccessible::Role accessibleRole() const override { return QAccessible::ComboBox; }
+
+    int accessibleRowCount() const override { return count(); }
+
+    AccessibleRow accessibleRow(int row) const override {
+        return {
+            .name = itemText(row), .isSelected = row == currentIndex(), .isCurrent = row == currentIndex()};
+    }
+
+    QRect accessibleRowPlace(int) const override { return {mapToGlobal(QPoint()), size()}; }
+
+    int accessibleRowAt(QPoint) const override { return currentIndex(); }
+
+    bool canPressRows() const override { return true; }
+
+    void pressRow(int row) override { setCurrentIndex(row); }
+
+    void focusRow(int) override { setFocus(Qt::OtherFocusReason); }
 
 protected:
     /// Like Space, which the toolkit knows.
@@ -100,7 +125,11 @@ QWidget* menuPicker(ViewCore& view, MenuPickerParts parts) {
         picker->addItem(qString(title));
     QObject::connect(picker, &QComboBox::currentIndexChanged, picker,
                      [choose = parts.choose](int index) { choose(static_cast<std::size_t>(index)); });
-    view.onRefresh([picker, chosen = parts.chosen] { picker->setCurrentIndex(static_cast<int>(chosen())); });
+    view.onRefresh([picker, chosen = parts.chosen] {
+        picker->setCurrentIndex(static_cast<int>(chosen()));
+        if (picker->accessibleDescription() != picker->currentText())
+            picker->setAccessibleDescription(picker->currentText());
+    });
     return picker;
 }
 

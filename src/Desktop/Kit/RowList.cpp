@@ -96,6 +96,7 @@ void RowList::reload() {
     if (m_model->rowCount() > 0)
         selectionModel()->setCurrentIndex(m_model->index(std::clamp(row, 0, m_model->rowCount() - 1)),
                                           QItemSelectionModel::NoUpdate);
+    reportOtherRows();
 }
 
 void RowList::setRowHeight(int height) {
@@ -127,6 +128,37 @@ void RowList::updateGeometries() {
 void RowList::setCurrentRow(int row) {
     if (row >= 0 && row < m_model->rowCount())
         setCurrentIndex(m_model->index(row));
+}
+
+int RowList::accessibleRowCount() const {
+    return m_model->rowCount();
+}
+
+AccessibleRow RowList::accessibleRow(int row) const {
+    return {.name = qString(m_source.name(row)),
+            .isExpanded = m_source.isExpanded(row),
+            .isSelected = m_source.isChosen(row) || selectionModel()->isSelected(m_model->index(row)),
+            .isCurrent = row == currentRow(),
+            .button = m_source.button(row)};
+}
+
+QRect RowList::accessibleRowPlace(int row) const {
+    const auto place = visualRect(m_model->index(row));
+    return {viewport()->mapToGlobal(place.topLeft()), place.size()};
+}
+
+int RowList::accessibleRowAt(QPoint position) const {
+    return indexAt(viewport()->mapFromGlobal(position)).row();
+}
+
+void RowList::pressRow(int row) {
+    setCurrentRow(row);
+    onActivate(row);
+}
+
+void RowList::focusRow(int row) {
+    setFocus(Qt::OtherFocusReason);
+    setCurrentRow(row);
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {

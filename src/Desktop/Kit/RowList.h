@@ -2,6 +2,8 @@
 /// and a million tree rows alike. The rows are real list items to keyboard and assistive technology.
 #pragma once
 
+#include "Desktop/Kit/AccessibleRows.h"
+
 #include <QListView>
 
 #include <functional>
@@ -28,6 +30,12 @@ struct RowSource {
     /// Where given, rows can be selected, and are copied as this text; none for a row that has nothing to
     /// copy.
     std::function<std::optional<std::string>(int row)> copied = nullptr;
+    /// Where given, whether a row is unfolded; none for a row that has nothing to unfold.
+    std::function<std::optional<bool>(int row)> isExpanded = [](int) { return std::optional<bool>(); };
+    /// Whether a row is the chosen one, in a list of which one row is chosen by being pressed.
+    std::function<bool(int row)> isChosen = [](int) { return false; };
+    /// The button that lies over a row; there need be none while the row is out of sight.
+    std::function<QWidget*(int row)> button = [](int) { return nullptr; };
     std::function<std::string(int row)> toolTip = [](int) { return std::string(); };
     std::function<int()> width = [] {
         return 0;
@@ -36,7 +44,7 @@ struct RowSource {
     int topPadding = 0; ///< free room above the first row and below the last
 };
 
-class RowList final : public QListView {
+class RowList final : public QListView, public AccessibleRows {
 public:
     explicit RowList(RowSource source);
 
@@ -61,6 +69,18 @@ public:
 
     /// Puts the selected rows on the clipboard, each on a line, or else the current one.
     void copy() const;
+
+    QWidget* rowsWidget() override { return this; }
+
+    int accessibleRowCount() const override;
+    AccessibleRow accessibleRow(int row) const override;
+    QRect accessibleRowPlace(int row) const override;
+    int accessibleRowAt(QPoint position) const override;
+
+    bool canPressRows() const override { return onActivate != nullptr; }
+
+    void pressRow(int row) override;
+    void focusRow(int row) override;
 
 protected:
     void updateGeometries() override;

@@ -81,8 +81,7 @@ QWidget* searchField(ViewCore& view, SearchFieldParts parts) {
     fill(background, Qt::Horizontal, {.spacing = Size::searchGap, .padding = {padding, 0, padding, 0}},
          {new GlyphLabel("magnifyingglass", Size::searchGlyph, Role::secondary), field, clear});
     giveFocusRing(field, background, Size::radiusMedium);
-    QObject::connect(field, &QLineEdit::textChanged, field,
-                     [set = parts.setText](const QString& text) { set(utf8String(text)); });
+    field->onEdit = parts.setText;
     QObject::connect(clear, &QAbstractButton::clicked, field, [field] {
         field->clear();
         field->setFocus();

@@ -35,7 +35,8 @@ protected:
         const auto fill =
             isDown() ? Role::controlPressed : (isHovered ? Role::controlHover : Role::controlFill);
         paintBackground(painter, Theme::color(fill));
-        paintContent(painter, Theme::color(m_isProminent || isHovered ? Role::primary : Role::secondary));
+        const bool isLit = m_isProminent || isHovered || isDown();
+        paintContent(painter, Theme::color(isLit ? Role::primary : Role::secondary));
     }
 
 private:

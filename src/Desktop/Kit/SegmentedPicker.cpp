@@ -1,5 +1,6 @@
 #include "Desktop/Kit/SegmentedPicker.h"
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Layout.h"
@@ -8,6 +9,7 @@
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
+#include <QAccessibleWidget>
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -93,10 +95,20 @@ private:
     int m_padding;
 };
 
+/// What the segments lie on, which is what assistive technology calls the picker.
+class Track final : public Surface, public AccessibleControl {
+public:
+    Track() : Surface([] { return Theme::color(Role::controlFill); }, Size::radiusMedium) {}
+
+    QAccessibleInterface* newAccessibleInterface() override {
+        return new QAccessibleWidget(this, QAccessible::Grouping);
+    }
+};
+
 } // namespace
 
 QWidget* segmentedPicker(ViewCore& view, SegmentedPickerParts parts) {
-    auto* track = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusMedium);
+    auto* track = new Track;
     track->setAccessibleName(qString(parts.label));
     track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // however much its segments would grow
     track->setFixedHeight(Theme::px(Size::segmentedHeight));

@@ -54,7 +54,9 @@ public:
         auto* look = new StepperStyle;
         look->setParent(this); // widgets do not own their style
         setStyle(look);
-        setLineEdit(new LineEdit(Theme::TextStyle::bodyMedium));
+        auto* edit = new LineEdit(Theme::TextStyle::bodyMedium);
+        edit->setObjectName("qt_spinbox_lineedit"); // by which the toolkit knows it as a part of the whole
+        setLineEdit(edit);
         setRange(options.minimum, options.maximum);
         setSingleStep(options.step);
         setAlignment(Qt::AlignCenter);

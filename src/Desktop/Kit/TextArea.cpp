@@ -1,5 +1,6 @@
 #include "Desktop/Kit/TextArea.h"
 
+#include "Desktop/Kit/AccessibleText.h"
 #include "Desktop/Kit/Strings.h"
 
 #include <QDropEvent>
@@ -158,6 +159,18 @@ void TextArea::insertFromMimeData(const QMimeData* source) {
         return;
     if (const auto text = source->text(); !text.isEmpty()) // pasting nothing does not delete the selection
         insert(text);
+}
+
+void TextArea::replace(int start, int end, const QString& text) {
+    auto cursor = textCursor();
+    cursor.setPosition(start);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    insert(text);
+}
+
+QAccessibleInterface* TextArea::newAccessibleInterface() {
+    return newTextInterface(this);
 }
 
 void TextArea::insert(const QString& text) {

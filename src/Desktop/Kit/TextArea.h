@@ -3,6 +3,7 @@
 /// outline, focus ring or scroll bar: those lie around and over it.
 #pragma once
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/LineBreaks.h"
 #include "Desktop/Kit/TextLayout.h"
 #include "Desktop/Kit/TextMirror.h"
@@ -42,7 +43,7 @@ struct VisibleNumber {
     QRect place;
 };
 
-class TextArea : public QPlainTextEdit {
+class TextArea : public QPlainTextEdit, public AccessibleControl {
 public:
     explicit TextArea(QWidget* parent = nullptr, int longestPiece = longestPieceOfLine);
 
@@ -76,6 +77,12 @@ public:
 
     /// The selected part of the text; empty without a selection.
     std::string selectedText() const;
+
+    /// Puts exactly `text` in place of what is between two positions of the document, as an edit of the
+    /// user's.
+    void replace(int start, int end, const QString& text);
+
+    QAccessibleInterface* newAccessibleInterface() override;
 
     /// Called with the whole text when the user has changed it, once an edit, an undo or a redo; never by
     /// `setText`.

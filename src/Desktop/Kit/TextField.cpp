@@ -47,8 +47,7 @@ QWidget* textField(ViewCore& view, TextFieldParts parts) {
          {.spacing = Size::fieldGap, .padding = {Size::fieldPadding, 0, Size::fieldPadding, 0}},
          {affix(view, options.leading, options.style), edit, affix(view, options.trailing, options.style)});
     giveFocusRing(edit, field, radius);
-    QObject::connect(edit, &QLineEdit::textEdited, edit,
-                     [set = parts.setText](const QString& text) { set(utf8String(text)); });
+    edit->onEdit = parts.setText;
     if (options.isDetail)
         neverBeginWith(edit);
     if (options.submit)

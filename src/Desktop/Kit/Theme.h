@@ -29,7 +29,7 @@ enum class Role {
     primary,
     secondary,
     toolName, ///< primary at 90 %: the name of a tool that is not selected
-    faint,
+    shortcut, ///< of a tool
     placeholder,
     onAccent,
     onYellow,
@@ -52,7 +52,7 @@ enum class Role {
     scrollThumbHover,
     accent,
     focusRing,
-    selection,
+    selection, ///< under what is selected, where only primary text is readable
     hoverOnColor,
     pressedOnColor,
     disabledFill,

@@ -51,8 +51,8 @@ constexpr Tone tone(Role role) {
         return ink(60, 60);
     case Role::toolName:
         return ink(90, 90);
-    case Role::faint:
-        return ink(36, 36);
+    case Role::shortcut: // as faint as it stays readable on its badge in the chosen row
+        return ink(62, 55);
     case Role::placeholder:
         return ink(30, 30);
     case Role::onAccent:
@@ -124,19 +124,19 @@ struct NamedTones {
 };
 
 constexpr auto namedTones = std::to_array<NamedTones>({
-    {PaletteColor::blue, {0x007AFF, 0x0A84FF}, {0x0064D4, 0x3F95FF}},
-    {PaletteColor::brown, {0xA2845E, 0xAC8E68}, {0x826540, 0xB1936C}},
-    {PaletteColor::cyan, {0x32ADE6, 0x64D2FF}, {0x0074A1, 0x64D2FF}},
-    {PaletteColor::gray, {0x8E8E93, 0x98989D}, {0x6B6B6F, 0x98989D}},
-    {PaletteColor::green, {0x28CD41, 0x32D74B}, {0x007E1D, 0x32D74B}},
-    {PaletteColor::indigo, {0x5856D6, 0x5E5CE6}, {0x5856D6, 0x8489FF}},
-    {PaletteColor::mint, {0x00C7BE, 0x63E6E2}, {0x057A74, 0x63E6E2}},
-    {PaletteColor::orange, {0xFF9500, 0xFF9F0A}, {0xA05C01, 0xFF9F0A}},
-    {PaletteColor::pink, {0xFF2D55, 0xFF375F}, {0xCE003C, 0xFF566E}},
-    {PaletteColor::purple, {0xAF52DE, 0xBF5AF2}, {0x993AC6, 0xCC68FF}},
-    {PaletteColor::red, {0xFF3B30, 0xFF453A}, {0xD30208, 0xFF6052}},
-    {PaletteColor::teal, {0x30B0C7, 0x40C8E0}, {0x047889, 0x40C8E0}},
-    {PaletteColor::yellow, {0xFFCC00, 0xFFD60A}, {0x846900, 0xFFD60A}},
+    {PaletteColor::blue, {0x007AFF, 0x0A84FF}, {0x0061CE, 0x479AFF}},
+    {PaletteColor::brown, {0xA2845E, 0xAC8E68}, {0x7F633F, 0xB59873}},
+    {PaletteColor::cyan, {0x32ADE6, 0x64D2FF}, {0x00719D, 0x64D2FF}},
+    {PaletteColor::gray, {0x8E8E93, 0x98989D}, {0x68686C, 0x9E9EA2}},
+    {PaletteColor::green, {0x28CD41, 0x32D74B}, {0x007C1D, 0x32D74B}},
+    {PaletteColor::indigo, {0x5856D6, 0x5E5CE6}, {0x5553D0, 0x858AFF}},
+    {PaletteColor::mint, {0x00C7BE, 0x63E6E2}, {0x057771, 0x63E6E2}},
+    {PaletteColor::orange, {0xFF9500, 0xFF9F0A}, {0x9D5A01, 0xFF9F0A}},
+    {PaletteColor::pink, {0xFF2D55, 0xFF375F}, {0xC9003B, 0xFF5F76}},
+    {PaletteColor::purple, {0xAF52DE, 0xBF5AF2}, {0x9539C1, 0xCF70FF}},
+    {PaletteColor::red, {0xFF3B30, 0xFF453A}, {0xCC0208, 0xFF6557}},
+    {PaletteColor::teal, {0x30B0C7, 0x40C8E0}, {0x047485, 0x40C8E0}},
+    {PaletteColor::yellow, {0xFFCC00, 0xFFD60A}, {0x836800, 0xFFD60A}},
 });
 
 const NamedTones& tonesOf(PaletteColor color) {

@@ -67,7 +67,8 @@ void TransformButton::paintEvent(QPaintEvent*) {
     if (isChecked()) {
         const auto tint = isDown() ? Tint::tilePressed : (isHovered ? Tint::tileHover : Tint::tile);
         paintBackground(painter, Theme::withTint(chosenColor, tint), Theme::hue(chosenColor));
-        ink = Theme::textTone(chosenColor);
+        if (!isHovered && !isDown()) // on a stronger ground it would not be readable
+            ink = Theme::textTone(chosenColor);
     } else {
         const auto fill =
             isDown() ? Role::controlPressed : (isHovered ? Role::controlHover : Role::controlFill);

@@ -1,5 +1,6 @@
 #include "Desktop/Kit/TreeView.h"
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/OverlayScrollBar.h"
 #include "Desktop/Kit/Panel.h"
@@ -37,7 +38,7 @@ public:
 
     void setEmpty(bool isEmpty) {
         m_list->setVisible(!isEmpty);
-        setAccessibleDescription(isEmpty ? m_emptyPrompt : QString());
+        korvane::setAccessibleName(*this, isEmpty ? m_emptyPrompt : QString());
         update();
     }
 
@@ -95,16 +96,22 @@ public:
 
 private:
     RowSource source() {
-        return {.count = [this] { return static_cast<int>(m_rows.count); },
-                .name = [this](int row) { return name(m_rows.at(static_cast<std::size_t>(row))); },
-                .paint = [this](QPainter& painter, const QRect& rect, int row,
-                                RowState state) { paint(painter, rect, row, state); },
-                .width = [this] { return width(); },
-                .height = rowHeight(),
-                .topPadding = Theme::px(Size::treePaddingY - Size::panelOutline)};
+        return {
+            .count = [this] { return static_cast<int>(m_rows.count); },
+            .name = [this](int row) { return name(m_rows.at(static_cast<std::size_t>(row))); },
+            .paint = [this](QPainter& painter, const QRect& rect, int row,
+                            RowState state) { paint(painter, rect, row, state); },
+            .isExpanded = [this](int row) { return isExpanded(m_rows.at(static_cast<std::size_t>(row))); },
+            .width = [this] { return width(); },
+            .height = rowHeight(),
+            .topPadding = Theme::px(Size::treePaddingY - Size::panelOutline)};
     }
 
     static int rowHeight() { return TextZoom::px(Size::treeRow) + TextZoom::px(Size::treeGap); }
+
+    static std::optional<bool> isExpanded(const TreeRow& row) {
+        return row.hasChildren ? std::optional(row.isExpanded) : std::nullopt;
+    }
 
     static std::string name(const TreeRow& row) {
         std::string text(row.key);
@@ -146,14 +153,16 @@ private:
         const auto draw = [&](std::string_view text, TextStyle style, const QColor& color) {
             x += drawRowText(painter, QRectF(x, rect.top(), 0, height), text, TextZoom::font(style), color);
         };
-        draw(row.key, TextStyle::codeMedium, Theme::color(Role::primary));
+        const auto primary = Theme::color(Role::primary);
+        draw(row.key, TextStyle::codeMedium, primary);
         if (!row.value.empty()) {
             x += TextZoom::px(Size::treeValueGap);
-            draw(row.value, TextStyle::code, Theme::textTone(row.color));
+            draw(row.value, TextStyle::code, state.isCurrent ? primary : Theme::textTone(row.color));
         }
         if (!row.count.empty()) {
             x += gap;
-            draw(row.count, TextStyle::codeCaption, Theme::color(Role::secondary));
+            draw(row.count, TextStyle::codeCaption,
+                 state.isCurrent ? primary : Theme::color(Role::secondary));
         }
     }
 

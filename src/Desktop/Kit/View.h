@@ -7,6 +7,7 @@
 /// takes a `Context<State>` as well. A setter is an operation that takes the new value too.
 #pragma once
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/Editors.h"
 #include "Desktop/Kit/Labels.h"
@@ -254,7 +255,15 @@ public:
                                             .text = [read] { return read().value_or(std::string()); },
                                             .options = {.ink = PaletteColor::red, .isTabStop = true}});
         onRefresh([message, read] { message->setVisible(read().has_value()); });
+        announceChanges(*this, *message, [read] { return read().value_or(std::string()); });
         return message;
+    }
+
+    /// `widget`; what `text` reads is announced to assistive technology whenever it has become another one.
+    template <typename Text>
+    QWidget* announcing(Text text, QWidget* widget) {
+        announceChanges(*this, *widget, reading<std::string>(text));
+        return widget;
     }
 
     /// What an empty place says instead of its content.

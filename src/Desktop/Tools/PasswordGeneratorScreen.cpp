@@ -92,7 +92,9 @@ QWidget* body(View<State>& view) {
                              view.caption(&State::characterCountText), stretch()})),
             row({
                 view.actionButton("Generate", "arrow.clockwise", PaletteColor::red, &State::generatePassword),
-                view.when(&State::hasPassword, view.copyButton(&State::currentPassword, {.isSecret = true})),
+                view.when(&State::hasPassword,
+                          view.copyButton(&State::currentPassword,
+                                          {.look = {.subject = "Password"}, .isSecret = true})),
                 stretch(),
             }),
             new Divider,

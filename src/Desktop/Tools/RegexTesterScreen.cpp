@@ -41,20 +41,25 @@ QWidget* patternBlock(View<RegexTesterView>& view) {
         });
 }
 
+/// What the panel says without a list of matches.
+QWidget* prompt(View<RegexTesterView>& view, Panel panel, std::string icon) {
+    return view.when(shows(panel),
+                     view.emptyPrompt(std::move(icon), std::string(RegexTesterView::message(panel))));
+}
+
 QWidget* matches(View<RegexTesterView>& view) {
-    return view.either(
-        shows(Panel::list),
-        view.section("Matches", {},
-                     matchList(view, view.reading<RegexMatches>(&RegexTesterView::matches),
-                               view.reading<std::string>(&RegexTesterView::matchCount))),
-        view.section(
-            "Matches", {},
-            matchPrompt({
-                view.when(shows(Panel::noMatches), view.emptyPrompt("xmark.circle", "No matches found")),
-                view.when(shows(Panel::prompt),
-                          view.emptyPrompt("magnifyingglass", "Enter a pattern and test string")),
-                view.when(shows(Panel::busy), view.emptyPrompt("hourglass", "Matching...")),
-            })));
+    return view.announcing(
+        &RegexTesterView::shownMessage,
+        view.either(shows(Panel::list),
+                    view.section("Matches", {},
+                                 matchList(view, view.reading<RegexMatches>(&RegexTesterView::matches),
+                                           view.reading<std::string>(&RegexTesterView::matchCount))),
+                    view.section("Matches", {},
+                                 matchPrompt({
+                                     prompt(view, Panel::noMatches, "xmark.circle"),
+                                     prompt(view, Panel::prompt, "magnifyingglass"),
+                                     prompt(view, Panel::busy, "hourglass"),
+                                 }))));
 }
 
 QWidget* replacementBlock(View<RegexTesterView>& view) {

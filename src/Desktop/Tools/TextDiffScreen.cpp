@@ -27,14 +27,12 @@ QWidget* editors(View<TextDiffView>& view) {
             "Original Text", {},
             overlay(view.codeEditor(&TextDiffView::leftText, &TextDiffView::setLeftText,
                                     "Paste original text here..."),
-                    view.pasteButton(&TextDiffView::setLeftText,
-                                     {.dropsLabel = true, .isOverlay = true, .subject = "Original Text"}))),
+                    view.pasteButton(&TextDiffView::setLeftText, {.dropsLabel = true, .isOverlay = true}))),
         view.section(
             "Modified Text", {},
             overlay(view.codeEditor(&TextDiffView::rightText, &TextDiffView::setRightText,
                                     "Paste modified text here..."),
-                    view.pasteButton(&TextDiffView::setRightText,
-                                     {.dropsLabel = true, .isOverlay = true, .subject = "Modified Text"}))),
+                    view.pasteButton(&TextDiffView::setRightText, {.dropsLabel = true, .isOverlay = true}))),
     });
 }
 
@@ -44,21 +42,22 @@ QWidget* result(View<TextDiffView>& view) {
 }
 
 QWidget* body(View<TextDiffView>& view) {
-    return screen(view.header(Tool::textDiff),
-                  {
-                      row({
-                          view.actionButton("Compare", "arrow.left.arrow.right", PaletteColor::mint,
-                                            &TextDiffView::compare, &TextDiffView::isBusy),
-                          view.segmentedPicker("View", &TextDiffView::viewMode, &TextDiffView::setViewMode,
-                                               modePickerWidth),
-                          stretch(),
-                          view.quietButton("Swap", "arrow.left.arrow.right", &TextDiffView::swap),
-                          view.quietButton("Clear All", "trash", &TextDiffView::clearAll),
-                      }),
-                      view.when(&TextDiffView::isBusy, busyLabel("Comparing... Clear All stops it.")),
-                      view.when(&TextDiffView::showsCounts, counts(view)),
-                      view.either(&TextDiffView::hasResult, result(view), editors(view)),
-                  });
+    return screen(
+        view.header(Tool::textDiff),
+        {
+            row({
+                view.actionButton("Compare", "arrow.left.arrow.right", PaletteColor::mint,
+                                  &TextDiffView::compare, &TextDiffView::isBusy),
+                view.segmentedPicker("View", &TextDiffView::viewMode, &TextDiffView::setViewMode,
+                                     modePickerWidth),
+                stretch(),
+                view.quietButton("Swap", "arrow.left.arrow.right", &TextDiffView::swap),
+                view.quietButton("Clear All", "trash", &TextDiffView::clearAll),
+            }),
+            view.when(&TextDiffView::isBusy, busyLabel("Comparing... Clear All stops it.")),
+            view.announcing(&TextDiffView::similarity, view.when(&TextDiffView::showsCounts, counts(view))),
+            view.either(&TextDiffView::hasResult, result(view), editors(view)),
+        });
 }
 
 } // namespace

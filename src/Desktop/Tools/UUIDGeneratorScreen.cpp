@@ -38,7 +38,7 @@ QWidget* body(View<State>& view) {
                                    {.look = ToggleLook::leadSwitch})}),
                 stretch(),
                 view.actionButton("Generate New", "arrow.clockwise", PaletteColor::pink, &State::generateNew),
-                view.copyButton(&State::formattedUUID),
+                view.copyButton(&State::formattedUUID, {.look = {.subject = "UUID"}}),
             }),
             view.section("Bulk Generate", {},
                          stack(Qt::Horizontal, {.spacing = Size::gapBulk},

@@ -14,6 +14,7 @@
 #include "Desktop/Window/WelcomeScreen.h"
 #include "Desktop/Window/WindowEdges.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
@@ -51,6 +52,7 @@ MainWindow::MainWindow(Services& services) : m_view(services) {
     columns->setChildrenCollapsible(false);
     columns->addWidget(m_sidebar);
     columns->addWidget(detail);
+    m_sidebar->lower(); // it is read first
     columns->setStretchFactor(1, 1);
     columns->setSizes({Theme::px(WindowMetrics::sidebarWidth),
                        Theme::px(WindowMetrics::defaultWidth - WindowMetrics::sidebarWidth)});
@@ -80,6 +82,11 @@ void MainWindow::showScheme(Theme::Scheme scheme) {
         if (sheet != bar->styleSheet())
             bar->setStyleSheet(sheet); // the menus below it take it over
     }
+}
+
+QAccessibleInterface* MainWindow::newAccessibleInterface() {
+    return new QAccessibleWidget(this,
+                                 QAccessible::Window); // without a frame the toolkit does not know it as one
 }
 
 void MainWindow::addShortcuts() {

@@ -1,6 +1,7 @@
 /// The one window: sidebar and detail, without the window system's frame.
 #pragma once
 
+#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/View.h"
 #include "Desktop/Window/FocusKeeper.h"
 #include "Views/ContentView.h"
@@ -15,7 +16,7 @@ class QVBoxLayout;
 
 namespace korvane {
 
-class MainWindow final : public QWidget {
+class MainWindow final : public QWidget, public AccessibleControl {
 public:
     explicit MainWindow(Services& services);
 
@@ -23,6 +24,8 @@ public:
 
     /// Shows everything in light or in dark.
     void showScheme(Theme::Scheme scheme);
+
+    QAccessibleInterface* newAccessibleInterface() override;
 
 protected:
     bool focusNextPrevChild(bool next) override;

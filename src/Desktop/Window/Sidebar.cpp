@@ -75,6 +75,7 @@ private:
                 .name = [this](int row) { return std::string(rawValue(toolAt(row))); },
                 .paint = [this](QPainter& painter, const QRect& rect, int row,
                                 RowState state) { paint(painter, rect, toolAt(row), state); },
+                .isChosen = [this](int row) { return toolAt(row) == m_selected; },
                 .toolTip = [this](int row) { return toolTip(toolAt(row)); },
                 .height = Theme::px(Size::sidebarRow) + Theme::px(Size::gapList),
                 .topPadding = Theme::px(Size::gapList)};
@@ -181,7 +182,7 @@ private:
         painter.setBrush(Theme::color(Role::controlFill));
         painter.drawRoundedRect(badge, radius, radius);
         painter.setFont(font);
-        painter.setPen(Theme::color(Role::faint));
+        painter.setPen(Theme::color(Role::shortcut));
         painter.drawText(badge, Qt::AlignCenter, text);
         return width + Theme::px(Size::sidebarTextGap);
     }

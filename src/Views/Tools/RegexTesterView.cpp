@@ -179,6 +179,11 @@ RegexTesterView::MatchesPanel RegexTesterView::matchesPanel() const {
     return MatchesPanel::noMatches;
 }
 
+std::string RegexTesterView::shownMessage() const {
+    const auto panel = matchesPanel();
+    return panel == MatchesPanel::list ? matchCount() : std::string(message(panel));
+}
+
 std::string RegexTesterView::matchCount() const {
     return fmt::format("{} match{} found", matches.size(), matches.size() == 1 ? "" : "es");
 }

@@ -60,6 +60,23 @@ struct RegexTesterView {
 
     MatchesPanel matchesPanel() const;
 
+    /// What stands in the panel; above a list of matches it is their count.
+    static constexpr std::string_view message(MatchesPanel panel) {
+        switch (panel) {
+        case MatchesPanel::prompt:
+            return "Enter a pattern and test string";
+        case MatchesPanel::noMatches:
+            return "No matches found";
+        case MatchesPanel::busy:
+            return "Matching...";
+        case MatchesPanel::list:
+            break;
+        }
+        return {};
+    }
+
+    std::string shownMessage() const;
+
     /// Such as "3 matches found".
     std::string matchCount() const;
 

@@ -124,10 +124,10 @@ TEST_F(ViewTest, LateChangesAndFeedbackOutliveTheScreenHarmlessly) {
 }
 
 TEST_F(ViewTest, TheCopyButtonOverAnOutputIsThereOnlyWhileThereIsSomethingToCopy) {
-    EXPECT_FALSE(screen.hasButton("Copy"));
+    EXPECT_FALSE(screen.hasButton("Copy Output"));
     screen.type("Text", "x");
-    EXPECT_TRUE(screen.hasButton("Copy"));
-    screen.press("Copy");
+    EXPECT_TRUE(screen.hasButton("Copy Output"));
+    screen.press("Copy Output");
     EXPECT_EQ(fakes.clipboard.content, "x");
 }
 

@@ -24,17 +24,17 @@ struct Base64ScreenTest : testing::Test {
 };
 
 TEST_F(Base64ScreenTest, EncodesAndCopies) {
-    EXPECT_FALSE(screen.hasButton("Copy"));
+    EXPECT_FALSE(screen.hasButton("Copy Base64 Output"));
     screen.type("Plain Text", "Hello");
     EXPECT_TRUE(screen.shows("Input: 5 characters"));
     screen.press("Encode");
     EXPECT_EQ(screen.text("Base64 Output"), "SGVsbG8=");
     EXPECT_TRUE(screen.shows("Input: 5 characters\u2002•\u2002Output: 8 characters"));
-    screen.press("Copy");
+    screen.press("Copy Base64 Output");
     EXPECT_EQ(fakes.clipboard.content, "SGVsbG8=");
-    EXPECT_TRUE(screen.hasButton("Copied!"));
+    EXPECT_TRUE(screen.hasButton("Copied! Base64 Output"));
     fakes.timers.advance(1500ms);
-    EXPECT_TRUE(screen.hasButton("Copy"));
+    EXPECT_TRUE(screen.hasButton("Copy Base64 Output"));
 }
 
 TEST_F(Base64ScreenTest, DecodesWhatIsPasted) {

@@ -40,13 +40,13 @@ TEST_F(JSONFormatterScreenTest, PrettifiesWhatIsPastedAndCopiesIt) {
     screen.press("Prettify");
     EXPECT_EQ(screen.text("Output"), "{\n  \"a\" : [],\n  \"b\" : 1\n}");
     EXPECT_TRUE(screen.shows("Valid JSON"));
-    screen.press("Copy");
+    screen.press("Copy Output");
     EXPECT_EQ(fakes.clipboard.content, screen.text("Output"));
     screen.press("Minify");
     EXPECT_EQ(screen.text("Output"), R"({"a":[],"b":1})");
     screen.press("Validate");
     EXPECT_EQ(screen.text("Output"), "");
-    EXPECT_FALSE(screen.hasButton("Copied!"));
+    EXPECT_FALSE(screen.hasButton("Copied! Output"));
     EXPECT_EQ(screen.text("Input"), R"({"b":1,"a":[]})");
 }
 

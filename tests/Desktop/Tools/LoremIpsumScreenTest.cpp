@@ -30,7 +30,7 @@ TEST_F(LoremIpsumScreenTest, ShowsEveryTextOfAScreenJustOpened) {
         EXPECT_TRUE(screen.shows(label)) << label;
     for (const auto* button : {"Start with \"Lorem ipsum...\"", "Generate"})
         EXPECT_TRUE(screen.hasButton(button)) << button;
-    for (const auto* button : {"Copy", "Clear"})
+    for (const auto* button : {"Copy Generated Text", "Clear"})
         EXPECT_FALSE(screen.hasButton(button)) << button;
     EXPECT_TRUE(screen.button("Start with \"Lorem ipsum...\"").isChecked());
     std::vector<std::string> types;
@@ -52,14 +52,14 @@ TEST_F(LoremIpsumScreenTest, GeneratesCountsCopiesAndClears) {
     EXPECT_EQ(screen.text("Generated Text"), "Lorem ipsum");
     for (const auto* label : {"2", "Words", "0", "Sentences", "1", "Paragraphs", "11", "Characters"})
         EXPECT_TRUE(screen.shows(label)) << label;
-    screen.press("Copy");
+    screen.press("Copy Generated Text");
     EXPECT_EQ(fakes.clipboard.content, "Lorem ipsum");
-    EXPECT_TRUE(screen.hasButton("Copied!"));
+    EXPECT_TRUE(screen.hasButton("Copied! Generated Text"));
     fakes.timers.advance(1500ms);
-    EXPECT_TRUE(screen.hasButton("Copy"));
+    EXPECT_TRUE(screen.hasButton("Copy Generated Text"));
     screen.press("Clear");
     EXPECT_TRUE(screen.shows("Click Generate to create Lorem Ipsum text"));
-    EXPECT_FALSE(screen.hasButton("Copy"));
+    EXPECT_FALSE(screen.hasButton("Copy Generated Text"));
 }
 
 TEST_F(LoremIpsumScreenTest, CountsFromOneToAHundred) {

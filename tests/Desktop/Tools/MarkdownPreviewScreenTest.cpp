@@ -47,7 +47,7 @@ TEST_F(MarkdownPreviewScreenTest, ShowsItsTexts) {
     EXPECT_EQ(preview.accessibleName(), "Preview");
     screen.choose("HTML Output");
     EXPECT_TRUE(screen.hasEditor("HTML Output"));
-    EXPECT_TRUE(screen.hasButton("Copy"));
+    EXPECT_TRUE(screen.hasButton("Copy HTML Output"));
 }
 
 TEST_F(MarkdownPreviewScreenTest, ShowsThePanesOfItsMode) {
@@ -92,9 +92,9 @@ TEST_F(MarkdownPreviewScreenTest, FollowsEveryKeyPress) {
 TEST_F(MarkdownPreviewScreenTest, CopiesTheHTML) {
     write("**a**");
     screen.choose("HTML Output");
-    screen.press("Copy");
+    screen.press("Copy HTML Output");
     EXPECT_EQ(fakes.clipboard.content, "<p><strong>a</strong></p>");
-    EXPECT_TRUE(screen.hasButton("Copied!"));
+    EXPECT_TRUE(screen.hasButton("Copied! HTML Output"));
 }
 
 TEST_F(MarkdownPreviewScreenTest, ShowsNothingForAnEmptyText) {

@@ -41,8 +41,8 @@ TEST_F(PasswordGeneratorScreenTest, ShowsEveryTextOfAScreenJustOpened) {
           "PASSWORD LENGTH", "8", "128", "16", "characters", "BULK GENERATE", "Count:", "History (1)"})
         EXPECT_TRUE(screen.shows(label)) << label;
     for (const auto* button :
-         {"Generate", "Copy", "Uppercase (A-Z)", "Lowercase (a-z)", "Numbers (0-9)", "Symbols (!@#$%...)",
-          "Exclude ambiguous (0, O, l, 1, I)", "Generate 5", "Copy All", "Clear"})
+         {"Generate", "Copy Password", "Uppercase (A-Z)", "Lowercase (a-z)", "Numbers (0-9)",
+          "Symbols (!@#$%...)", "Exclude ambiguous (0, O, l, 1, I)", "Generate 5", "Copy All", "Clear"})
         EXPECT_TRUE(screen.hasButton(button)) << button;
     for (const auto* option : {"Uppercase (A-Z)", "Lowercase (a-z)", "Numbers (0-9)", "Symbols (!@#$%...)"})
         EXPECT_TRUE(screen.button(option).isChecked()) << option;
@@ -60,7 +60,7 @@ TEST_F(PasswordGeneratorScreenTest, GeneratesAndCopiesAsASecret) {
     screen.press("Generate");
     EXPECT_NE(current(), first);
     EXPECT_TRUE(screen.shows("History (2)"));
-    screen.press("Copy");
+    screen.press("Copy Password");
     EXPECT_EQ(fakes.clipboard.content, current());
     EXPECT_TRUE(fakes.clipboard.isSecret);
     fakes.clipboard.isSecret = false;
@@ -92,10 +92,10 @@ TEST_F(PasswordGeneratorScreenTest, WithoutAClassShowsItsPlaceholder) {
     EXPECT_FALSE(screen.shows("Very Weak"));
     EXPECT_TRUE(screen.shows("History (2)"));
     screen.press("Clear"); // with the button of the empty entry
-    EXPECT_FALSE(screen.hasButton("Copy"));
+    EXPECT_FALSE(screen.hasButton("Copy Password"));
     screen.press("Numbers (0-9)");
     screen.press("Generate");
-    EXPECT_TRUE(screen.hasButton("Copy"));
+    EXPECT_TRUE(screen.hasButton("Copy Password"));
     EXPECT_TRUE(screen.shows("Entropy: 53 bits")); // 16 log2 10
 }
 

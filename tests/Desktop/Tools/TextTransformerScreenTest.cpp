@@ -37,7 +37,7 @@ TEST_F(TextTransformerScreenTest, OffersTheCaseTransforms) {
     EXPECT_FALSE(screen.hasButton("Sort A-Z"));
     EXPECT_EQ(screen.placeholder("Input Text"), "Enter text to transform...");
     EXPECT_EQ(screen.placeholder("Output"), "Transformed text will appear here...");
-    EXPECT_FALSE(screen.hasButton("Copy"));
+    EXPECT_FALSE(screen.hasButton("Copy Output"));
 }
 
 TEST_F(TextTransformerScreenTest, OffersTheLineOperations) {
@@ -72,7 +72,7 @@ TEST_F(TextTransformerScreenTest, TransformsOnAPressAndCopies) {
     EXPECT_EQ(screen.text("Output"), "json_data_loader");
     EXPECT_TRUE(screen.button("snake_case").isChecked());
     EXPECT_FALSE(screen.button("UPPERCASE").isChecked());
-    screen.press("Copy");
+    screen.press("Copy Output");
     EXPECT_EQ(fakes.clipboard.content, "json_data_loader");
 }
 

@@ -31,11 +31,11 @@ struct URLEncoderScreenTest : testing::Test {
 
 TEST_F(URLEncoderScreenTest, EncodesAndCopies) {
     EXPECT_EQ(screen.placeholder("Plain Text"), "Enter text to encode...");
-    EXPECT_FALSE(screen.hasButton("Copy"));
+    EXPECT_FALSE(screen.hasButton("Copy Encoded URL"));
     screen.type("Plain Text", "a b&c=d");
     screen.press("Encode");
     EXPECT_EQ(screen.text("Encoded URL"), "a%20b&c=d");
-    screen.press("Copy");
+    screen.press("Copy Encoded URL");
     EXPECT_EQ(fakes.clipboard.content, "a%20b&c=d");
 }
 

@@ -30,7 +30,7 @@ TEST_F(UUIDGeneratorScreenTest, ShowsEveryTextOfAScreenJustOpened) {
     for (const auto* label : {"UUID Generator", "Generate UUIDs", "BULK GENERATE", "Count:", "History (1)"})
         EXPECT_TRUE(screen.shows(label)) << label;
     for (const auto* button :
-         {"Uppercase", "Hyphens", "Generate New", "Copy", "Generate 5", "Copy All", "Clear"})
+         {"Uppercase", "Hyphens", "Generate New", "Copy UUID", "Generate 5", "Copy All", "Clear"})
         EXPECT_TRUE(screen.hasButton(button)) << button;
     EXPECT_EQ(current().size(), 36U);
     EXPECT_TRUE(screen.hasButton("Copy " + current())) << "the history has the current one";
@@ -41,7 +41,7 @@ TEST_F(UUIDGeneratorScreenTest, GeneratesAndCopies) {
     screen.press("Generate New");
     EXPECT_NE(current(), first);
     EXPECT_TRUE(screen.shows("History (2)"));
-    screen.press("Copy");
+    screen.press("Copy UUID");
     EXPECT_EQ(fakes.clipboard.content, current());
     screen.press("Copy " + first);
     EXPECT_EQ(fakes.clipboard.content, first);

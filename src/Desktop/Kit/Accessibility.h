@@ -1,0 +1,42 @@
+/// What the program tells assistive technology beside what the toolkit does by itself: how the kit's own
+/// controls present themselves, and what is to be read out although the focus is elsewhere.
+#pragma once
+
+#include <functional>
+#include <string>
+
+class QAccessibleInterface;
+class QString;
+class QWidget;
+
+namespace korvane {
+
+class ViewCore;
+
+/// A widget of which the toolkit knows too little, and which therefore makes its accessible interface itself.
+class AccessibleControl {
+public:
+    AccessibleControl() = default;
+    AccessibleControl(const AccessibleControl&) = delete;
+    AccessibleControl& operator=(const AccessibleControl&) = delete;
+    virtual ~AccessibleControl() = default;
+
+    /// Makes an interface, which the toolkit keeps.
+    virtual QAccessibleInterface* newAccessibleInterface() = 0;
+};
+
+/// Has the toolkit use the interfaces of the kit's controls. Calling it again changes nothing.
+void installAccessibility();
+
+/// Gives `widget` its accessible name. Unlike the toolkit's way it says nothing to assistive technology where
+/// that is the name already.
+void setAccessibleName(QWidget& widget, const QString& name);
+
+/// Has assistive technology read out `text`, which has appeared somewhere in the window of `source`.
+void announce(const QWidget& source, const QString& text);
+
+/// Announces what `text` reads whenever it has become another one, but for an empty one. What it reads at
+/// first is not announced: it is part of the screen that the user has come to.
+void announceChanges(ViewCore& view, const QWidget& source, std::function<std::string()> text);
+
+} // namespace korvane
