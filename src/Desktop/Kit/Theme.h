@@ -186,7 +186,6 @@ struct Size {
     static constexpr int menuPickerHeight = 28, menuPickerLeft = 10, menuPickerRight = 8,
                          menuPickerGlyph = 11;
     static constexpr int dropGlyph = 40, dropPadding = 16, imageMinimum = 150, secondaryGlyph = 13;
-    static constexpr int busyRing = 14, busyRingWidth = 2;
     static constexpr int calendarDayWidth = 28, calendarDayHeight = 24, calendarHeading = 20, calendarGap = 2;
     static constexpr int timeFieldHeight = 28, timeFieldLeft = 10, timeFieldRight = 6, timeFieldGap = 4,
                          timeFieldGlyph = 11;
