@@ -25,7 +25,7 @@ become_traced_alone() {
 changes_outside() {
     local calls=$1 saved=$2
     grep -E '^[0-9]+ +(mk|rename|link|symlink|unlink|rmdir|truncate|creat)|O_(WRONLY|RDWR|CREAT|TRUNC)' "$calls" |
-        grep -vE ' = -1 E[A-Z]+ |"/dev/null"' | grep -vF "\"$saved/" || true
+        grep -vE ' = -1 E[A-Z]+ |"/dev/null"' | grep -vF -e "\"$saved/" -e "\"$saved\"" || true
 }
 
 # Whether the trace shows no internet socket and no change outside of the folder for what is saved, of which the
