@@ -1,5 +1,4 @@
-#include "Desktop/Kit/Accessibility.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Window/Application.h"
 #include "Desktop/Window/DesktopScheme.h"
 #include "Desktop/Window/MainWindow.h"
 #include "Desktop/Window/ServicesQt.h"
@@ -8,11 +7,7 @@
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("korvane"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Korvane"));
-    QApplication::setDesktopFileName(QStringLiteral("org.korvane.Korvane"));
-    QApplication::setStyle(korvane::Theme::style());
-    korvane::installAccessibility();
+    korvane::setUpApplication();
 
     korvane::ServicesQt services;
     korvane::MainWindow window(services.services());

@@ -1,8 +1,7 @@
 /// Runs the tests of the front end in an application without a display. A warning of the toolkit fails the
 /// test in which it is printed.
 
-#include "Desktop/Kit/Accessibility.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Window/Application.h"
 
 #include <gtest/gtest.h>
 
@@ -25,8 +24,7 @@ int main(int argc, char* argv[]) {
         qputenv("XDG_RUNTIME_DIR", "/tmp"); // the toolkit wants one, and nothing is written there
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
-    QApplication::setStyle(korvane::Theme::style());
-    korvane::installAccessibility();
+    korvane::setUpApplication();
     qInstallMessageHandler(failOnWarning);
     return RUN_ALL_TESTS();
 }

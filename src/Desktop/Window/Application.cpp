@@ -1,0 +1,57 @@
+#include "Desktop/Window/Application.h"
+
+#include "Desktop/Kit/Accessibility.h"
+#include "Desktop/Kit/Theme.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
+#include <QSettings>
+#include <QSvgRenderer>
+
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// For window managers and task bars that show the window's own icon; others find the installed one by the
+/// name of the desktop entry. The smallest sizes have drawings of their own, in which lines lie on whole
+/// pixels.
+QIcon icon() {
+    static constexpr std::pair<const char*, int> drawings[] = {
+        {":/icon/16x16.svg", 16},    {":/icon/24x24.svg", 24},    {":/icon/scalable.svg", 32},
+        {":/icon/scalable.svg", 48}, {":/icon/scalable.svg", 64}, {":/icon/scalable.svg", 128},
+    };
+    QIcon icon;
+    for (const auto& [file, size] : drawings) {
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        QSvgRenderer(QString(file)).render(&painter);
+        painter.end();
+        icon.addPixmap(picture);
+    }
+    return icon;
+}
+
+/// The toolkit's file and colour dialogs would remember, in the user's settings, which folders were visited
+/// and which colours were kept. Below this path they can neither write nor read.
+void forgetWhatDialogsRemember() {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
+} // namespace
+
+void setUpApplication() {
+    QApplication::setApplicationName(QStringLiteral("korvane"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Korvane"));
+    QApplication::setDesktopFileName(QStringLiteral("org.korvane.Korvane"));
+    QApplication::setWindowIcon(icon());
+    QApplication::setStyle(Theme::style());
+    installAccessibility();
+    forgetWhatDialogsRemember();
+}
+
+} // namespace korvane

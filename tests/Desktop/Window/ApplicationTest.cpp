@@ -1,0 +1,135 @@
+/// The whole program as its user meets it, with the real services. Traced, it shows what the program reaches
+/// for.
+
+#include "Desktop/Window/MainWindow.h"
+#include "Desktop/Window/ServicesQt.h"
+#include "support/Pictures.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QIcon>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <functional>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+/// Far more than what is waited for takes anywhere; only a failure waits that long.
+constexpr int patience = 60'000;
+
+class ApplicationTest : public ::testing::Test {
+protected:
+    QTemporaryDir folder{};
+    ServicesQt real{};
+    MainWindow window{real.services()};
+    ScreenDriver screen{window, {1100, 750}};
+
+    void select(Tool tool) {
+        window.view().perform(&ContentView::select, tool);
+        settle();
+    }
+
+    /// Presses, one after the other, the buttons that the tool has at first, except the one for the file
+    /// panel.
+    void pressEverything() {
+        static const QStringList others{"Minimize", "Maximize", "Close", "Choose File"};
+        std::vector<QPointer<QAbstractButton>> buttons;
+        for (auto* button : window.findChildren<QAbstractButton*>()) {
+            if (button->isVisible() && !others.contains(button->accessibleName()))
+                buttons.emplace_back(button);
+        }
+        for (const auto& button : buttons) {
+            if (button && button->isVisible() && button->isEnabled())
+                button->click();
+            settle();
+        }
+    }
+
+    /// Waits for work on another thread.
+    static bool comes(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, patience); }
+
+    /// Chooses `path` in the file panel that is open.
+    static void chooseFile(const QString& path) {
+        QFileDialog* panel = nullptr;
+        for (auto* widget : QApplication::topLevelWidgets()) {
+            if (auto* dialog = qobject_cast<QFileDialog*>(widget); dialog && dialog->isVisible())
+                panel = dialog;
+        }
+        ASSERT_NE(panel, nullptr);
+        auto* name = panel->findChild<QLineEdit*>();
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+        settle();
+    }
+
+    QColorDialog* colorDialog() const { return window.findChild<QColorDialog*>(); }
+};
+
+TEST_F(ApplicationTest, UsesEveryTool) {
+    for (const auto tool : allCases<Tool>) {
+        QApplication::clipboard()->setText("[1, \"aGVsbG8=\", \"https://example.org/?q=1\"]");
+        select(tool);
+        EXPECT_TRUE(screen.shows(rawValue(tool)));
+        pressEverything();
+        EXPECT_EQ(window.view().state().selectedTool, tool);
+    }
+}
+
+TEST_F(ApplicationTest, KeepsAColor) {
+    select(Tool::colorPicker);
+    screen.press("Select Color");
+    ASSERT_NE(colorDialog(), nullptr);
+    auto* keep = colorDialog()->findChild<QAbstractButton*>();
+    for (auto* button : colorDialog()->findChildren<QAbstractButton*>()) {
+        if (button->text().contains("Custom Colors"))
+            keep = button;
+    }
+    ASSERT_TRUE(keep->text().contains("Custom Colors"));
+    keep->click();
+    colorDialog()->accept();
+    settle();
+    EXPECT_EQ(colorDialog(), nullptr);
+}
+
+TEST_F(ApplicationTest, ConvertsAPicture) {
+    const auto engine = ImageModule::load();
+    ASSERT_TRUE(engine);
+    const auto bytes = (*engine)->convert(testing::photograph({64, 48}), ImageFormat::jpeg, 0.9);
+    ASSERT_TRUE(bytes);
+    ASSERT_TRUE(real.services().files.write(folder.filePath("picture.jpg").toStdString(), *bytes));
+
+    select(Tool::imageConverter);
+    screen.press("Choose File");
+    chooseFile(folder.filePath("picture.jpg"));
+    ASSERT_TRUE(comes([&] { return screen.hasButton("Remove"); }));
+    screen.press("Apply Transforms");
+    ASSERT_TRUE(comes([&] { return screen.button("Save As...").isEnabled(); }));
+    screen.press("Save As...");
+    const auto converted = folder.filePath("converted.png");
+    chooseFile(converted);
+    ASSERT_TRUE(comes([&] { return QFile::exists(converted); }));
+    EXPECT_EQ(QImage(converted).size(), QSize(64, 48));
+}
+
+TEST_F(ApplicationTest, HasAnIconForEverySize) {
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
+        const auto picture = QApplication::windowIcon().pixmap(size).toImage();
+        EXPECT_EQ(picture.size(), QSize(size, size));
+        EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "round at its corners";
+        EXPECT_EQ(picture.pixelColor(size / 2, size / 2 - size / 40), QColor(Qt::white)) << "the dot";
+    }
+}
+
+} // namespace
+} // namespace korvane
