@@ -2,6 +2,7 @@
 /// assistive technology.
 #pragma once
 
+#include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/Transition.h"
 #include "Models/PaletteColor.h"
 

@@ -133,8 +133,10 @@ protected:
     void resizeEvent(QResizeEvent*) override { place(); }
 
     bool event(QEvent* event) override {
-        if (event->type() == QEvent::LayoutRequest)
+        if (event->type() == QEvent::LayoutRequest) {
             place();
+            updateGeometry(); // the panel may need another height now
+        }
         return QWidget::event(event);
     }
 
@@ -265,12 +267,9 @@ QWidget* card(const CardOptions& options, std::initializer_list<Item> items) {
 }
 
 QWidget* withHeight(int height, QWidget* widget) {
-    auto policy = widget->sizePolicy();
-    policy.setVerticalPolicy(QSizePolicy::Fixed); // else what is around it would grow in its place
-    widget->setSizePolicy(policy);
-    widget->setFixedHeight(Theme::px(height));
     widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(),
-                          QSizePolicy::Fixed); // nor what is around it
+                          QSizePolicy::Fixed); // else what is around it would grow in its place
+    widget->setFixedHeight(Theme::px(height));
     return widget;
 }
 

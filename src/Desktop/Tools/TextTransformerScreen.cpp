@@ -81,8 +81,8 @@ QWidget* body(View<TextTransformerView>& view) {
             view.when(&TextTransformerView::showsFooter, view.caption(&TextTransformerView::footer)),
             view.when(isSelected(TransformTab::statistics),
                       view.section("Text Statistics", {},
-                                   withHeight(statisticsHeight, view.either(&TextTransformerView::hasInput,
-                                                                            cards(view), prompt(view))))),
+                                   view.either(&TextTransformerView::hasInput, cards(view),
+                                               withHeight(statisticsHeight, prompt(view))))),
         });
 }
 
