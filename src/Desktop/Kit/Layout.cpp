@@ -298,6 +298,13 @@ QWidget* rigid(QWidget* widget) {
     return widget;
 }
 
+QWidget* rigidHeight(QWidget* widget) {
+    auto policy = widget->sizePolicy();
+    policy.setVerticalPolicy(QSizePolicy::Maximum);
+    widget->setSizePolicy(policy);
+    return widget;
+}
+
 QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
                  QWidget* content) {
     auto* target = focusTarget(content);

@@ -80,8 +80,9 @@ QWidget* growing(QWidget* widget);
 /// Whether the screen around `widget` is narrow by now.
 bool isInNarrowScreen(const QWidget* widget);
 
-/// `widget` in the width that it would like, however much room there is.
+/// `widget` in the width, or in the height, that it would like, however much room there is.
 QWidget* rigid(QWidget* widget);
+QWidget* rigidHeight(QWidget* widget);
 
 /// A screen: the header stays, and what is below scrolls when it does not fit. Quiet buttons drop their
 /// labels while the screen is narrow.

@@ -81,7 +81,7 @@ QWidget* body(View<TextTransformerView>& view) {
             view.when(&TextTransformerView::showsFooter, view.caption(&TextTransformerView::footer)),
             view.when(isSelected(TransformTab::statistics),
                       view.section("Text Statistics", {},
-                                   view.either(&TextTransformerView::hasInput, cards(view),
+                                   view.either(&TextTransformerView::hasInput, rigidHeight(cards(view)),
                                                withHeight(statisticsHeight, prompt(view))))),
         });
 }
