@@ -198,8 +198,21 @@ TEST_F(KeyboardTest, FromTheSearchToAToolAndIntoItByKeyboardAlone) {
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_EQ(window.view().state().selectedTool, Tool::base64);
-    press(Qt::Key_Escape);
     EXPECT_EQ(focus(), "Plain Text");
+}
+
+TEST_F(KeyboardTest, ReturnOpensWhatTheSearchFound) {
+    press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(window.focusWidget(), "hash");
+    press(Qt::Key_Return);
+    EXPECT_EQ(window.view().state().selectedTool, Tool::hashGenerator);
+    EXPECT_EQ(focus(), "Input Text");
+
+    press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(window.focusWidget(), "no such tool");
+    press(Qt::Key_Return);
+    EXPECT_EQ(window.view().state().selectedTool, Tool::hashGenerator);
+    EXPECT_EQ(focus(), "Search tools...");
 }
 
 TEST_F(KeyboardTest, F10OpensTheMenusAndEscapeGoesBack) {

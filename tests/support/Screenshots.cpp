@@ -25,6 +25,9 @@
 namespace korvane {
 namespace {
 
+/// The toolkit's quality of a PNG file, which loses nothing but time.
+constexpr int smallestFile = 0;
+
 /// The style of the program, without movement that a picture could catch in the middle.
 class StillStyle final : public QProxyStyle {
 public:
@@ -64,7 +67,7 @@ bool draw(const Scene& scene, Theme::Scheme scheme, QSize size, const QString& f
     settle();
     scene.play(screen, fakes);
     settle();
-    return window.grab().save(file);
+    return window.grab().save(file, "PNG", smallestFile);
 }
 
 /// The controls by themselves, on the window's background.
@@ -74,7 +77,7 @@ bool drawControls(Theme::Scheme scheme, const QString& file) {
     const auto controls = gallery(fakes.services);
     controls->setPalette(Theme::palette());
     const ScreenDriver screen(*controls, {820, 1500});
-    return controls->grab().save(file);
+    return controls->grab().save(file, "PNG", smallestFile);
 }
 
 QString fileName(const std::string& scene, Theme::Scheme scheme) {

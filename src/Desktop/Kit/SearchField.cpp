@@ -82,6 +82,7 @@ QWidget* searchField(ViewCore& view, SearchFieldParts parts) {
          {new GlyphLabel("magnifyingglass", Size::searchGlyph, Role::secondary), field, clear});
     giveFocusRing(field, background, Size::radiusMedium);
     field->onEdit = parts.setText;
+    QObject::connect(field, &QLineEdit::returnPressed, field, std::move(parts.submit));
     QObject::connect(clear, &QAbstractButton::clicked, field, [field] {
         field->clear();
         field->setFocus();

@@ -15,6 +15,7 @@ struct SearchFieldParts {
     std::function<std::string()> text;
     std::function<void(std::string)> setText;
     std::function<void()> leaveDown; ///< the user pressed Down, to go on to what the search found
+    std::function<void()> submit;    ///< the user pressed Return, to have what the search found first
     std::function<void()> leave;     ///< the user pressed Escape, which has cleared the field
 };
 

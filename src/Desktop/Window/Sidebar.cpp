@@ -38,7 +38,10 @@ public:
         m_list->setAccessibleName(QWidget::tr("Tools"));
         m_list->setFocusPolicy(Qt::TabFocus); // a click selects, and leaves the focus where it was
         m_list->onClick = [this](int row, QPoint) { select(row); };
-        m_list->onActivate = [this](int row) { select(row); };
+        m_list->onActivate = [this](int row) {
+            select(row);
+            m_leave();
+        };
         m_list->onKey = [this](QKeyEvent* event) { return handleKey(event); };
     }
 
@@ -67,6 +70,14 @@ public:
             return;
         m_list->setFocus(Qt::OtherFocusReason);
         m_list->setCurrentRow(std::max(0, rowOf(m_selected)));
+    }
+
+    /// Goes to the screen of the selected tool, or of the first that the search leaves.
+    void open() {
+        if (m_tools.empty())
+            return;
+        select(std::max(0, rowOf(m_selected)));
+        m_leave();
     }
 
 private:
@@ -247,6 +258,7 @@ QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip, std::function<void
                                state.sidebar.setSearchText(std::move(text));
                            }),
                            .leaveDown = [tools] { tools->enter(); },
+                           .submit = [tools] { tools->open(); },
                            .leave = std::move(leave)});
     column->setFocusProxy(search);
     constexpr auto inset = Size::sidebarInset;

@@ -217,9 +217,12 @@ TEST_F(MainWindowTest, TheListIsUsedByKeyboard) {
     EXPECT_EQ(list.currentRow(), 0);
     QTest::keyClick(&list, Qt::Key_Down);
     EXPECT_EQ(selectedTool(), Tool::jsonFormatter) << "arrows only move";
-    QTest::keyClick(&list, Qt::Key_Return);
+    QTest::keyClick(&list, Qt::Key_Space);
     EXPECT_EQ(selectedTool(), Tool::uuidGenerator);
     EXPECT_EQ(window.focusWidget(), &list);
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(selectedTool(), Tool::uuidGenerator);
+    EXPECT_EQ(window.focusWidget(), &screen.button("Generate New")) << "Return goes to the screen";
 }
 
 TEST_F(MainWindowTest, ARowsToolTipTellsPurposeAndKeys) {
