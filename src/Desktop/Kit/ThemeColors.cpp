@@ -51,8 +51,8 @@ constexpr Tone tone(Role role) {
         return ink(60, 60);
     case Role::toolName:
         return ink(90, 90);
-    case Role::shortcut: // as faint as it stays readable on its badge in the chosen row
-        return ink(62, 55);
+    case Role::shortcut: // secondary at 60 %
+        return ink(36, 36);
     case Role::placeholder:
         return ink(30, 30);
     case Role::onAccent:
