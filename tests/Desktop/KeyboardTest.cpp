@@ -44,6 +44,7 @@ TEST_F(KeyboardTest, AFreshScreenIsReadyForWhatItIsThereFor) {
         {Tool::markdownPreview, "Markdown"},   {Tool::imageConverter, "Choose File"},
     };
     for (const auto tool : allCases<Tool>) {
+        ASSERT_TRUE(first.contains(tool)) << rawValue(tool) << " is missing in this table";
         open(tool);
         EXPECT_EQ(focus(), first.at(tool)) << rawValue(tool);
     }
@@ -143,8 +144,9 @@ TEST_F(KeyboardTest, AMenuPickerOpensByKeyAndGivesTheFocusBack) {
 TEST_F(KeyboardTest, AListIsGoneThroughByArrowsAndPages) {
     auto& list = screen.list("Tools");
     list.setFocus();
+    const int last = static_cast<int>(allCases<Tool>.size()) - 1;
     const std::pair<Qt::Key, int> steps[] = {
-        {Qt::Key_Down, 1}, {Qt::Key_End, 15}, {Qt::Key_Up, 14}, {Qt::Key_Home, 0}, {Qt::Key_Up, 0}};
+        {Qt::Key_Down, 1}, {Qt::Key_End, last}, {Qt::Key_Up, last - 1}, {Qt::Key_Home, 0}, {Qt::Key_Up, 0}};
     for (const auto& [key, row] : steps) {
         press(key);
         EXPECT_EQ(list.currentRow(), row);

@@ -18,7 +18,7 @@ TEST(ContentView, ChoosingAToolInTheMenuAnnouncesItAndNothingElse) {
         postSelectTool(tool, fakes.services);
     ASSERT_EQ(fakes.posted.size(), allCases<Tool>.size());
     EXPECT_EQ(fakes.posted.front(), (std::pair<std::string, Tool>("selectTool", Tool::jsonFormatter)));
-    EXPECT_EQ(fakes.posted.back(), (std::pair<std::string, Tool>("selectTool", Tool::imageConverter)));
+    EXPECT_EQ(fakes.posted.back(), (std::pair<std::string, Tool>("selectTool", allCases<Tool>.back())));
 }
 
 TEST(ToolSidebarView, ListsAllToolsWithoutASearch) {

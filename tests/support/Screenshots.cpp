@@ -47,12 +47,14 @@ std::vector<Scene> scenes() {
     return all;
 }
 
-/// One scene for each tool, in the order of the catalogue.
+/// One scene for each tool that has one, in the order of the catalogue.
 std::vector<Scene> galleryScenes() {
     const auto all = allScenes();
     std::vector<Scene> gallery;
-    for (const auto tool : allCases<Tool>)
-        gallery.push_back(*std::ranges::find(all, std::optional(tool), &Scene::tool));
+    for (const auto tool : allCases<Tool>) {
+        if (const auto scene = std::ranges::find(all, std::optional(tool), &Scene::tool); scene != all.end())
+            gallery.push_back(*scene);
+    }
     return gallery;
 }
 
