@@ -8,7 +8,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view texts(reinterpret_cast<const char*>(data), size);
-    if (const auto broken = korvane::testing::brokenDiffEngineProperty(texts); !broken.empty()) {
+    if (const auto broken = korvane::support::brokenDiffEngineProperty(texts); !broken.empty()) {
         std::fprintf(stderr, "%s\n", broken.c_str());
         std::abort();
     }

@@ -10,7 +10,7 @@
 // instrumented, so the fuzzer learns from Korvane's own readers, and tries the others blindly.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    if (const auto broken = korvane::testing::brokenImageProperty(bytes); !broken.empty()) {
+    if (const auto broken = korvane::support::brokenImageProperty(bytes); !broken.empty()) {
         std::fprintf(stderr, "%s\n", broken.c_str());
         std::abort();
     }

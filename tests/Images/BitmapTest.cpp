@@ -9,7 +9,7 @@
 namespace korvane {
 namespace {
 
-using namespace testing;
+using namespace support;
 
 std::string little(std::uint32_t value, int count = 4) {
     std::string bytes;

@@ -22,7 +22,7 @@ namespace korvane {
 namespace {
 
 using namespace ImageConverter;
-using namespace testing;
+using namespace support;
 
 std::string bigEndian(std::uint32_t value) {
     std::string bytes;

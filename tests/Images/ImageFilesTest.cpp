@@ -17,7 +17,7 @@ namespace korvane {
 namespace {
 
 using namespace ImageConverter;
-using namespace testing;
+using namespace support;
 using vips::VImage;
 
 struct ImageFilesTest : ::testing::Test {

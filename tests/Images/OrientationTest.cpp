@@ -18,7 +18,7 @@ namespace korvane {
 namespace {
 
 using namespace ImageConverter;
-using namespace testing;
+using namespace support;
 
 /// The place in a stored picture of `size` of the pixel that is shown at (x, y), for each orientation that a
 /// file can state (TIFF 6.0, page 36).

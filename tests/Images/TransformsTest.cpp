@@ -11,7 +11,7 @@ namespace korvane {
 namespace {
 
 using namespace ImageConverter;
-using namespace testing;
+using namespace support;
 
 /// `source`, each of whose pixels goes to where `place` says, in a picture of `size`.
 Image rearranged(const Image& source, ImageSize size, const std::function<ImageSize(int x, int y)>& origin) {

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::chrono;
 
-struct Row {
+struct CalendarTextRow {
     std::string locale;
     weekday firstDay;
     std::string_view firstName;
@@ -21,7 +21,7 @@ struct Row {
 };
 
 TEST(CalendarText, FollowsTheLocale) {
-    const Row rows[] = {
+    const CalendarTextRow rows[] = {
         {"en_GB.UTF-8", Monday, "Mo", "Su", "November 2025", "Friday, 21 November 2025", false},
         {"en_US.UTF-8", Sunday, "Su", "Sa", "November 2025", "Friday, November 21, 2025", true},
         {"de_DE.UTF-8", Monday, "Mo.", "So.", "November 2025", "Freitag, 21. November 2025", false},

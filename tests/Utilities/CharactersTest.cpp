@@ -41,14 +41,14 @@ Pieces naiveCharacters(std::string_view text) {
     return pieces;
 }
 
-struct Row {
+struct CharactersRow {
     std::string_view name;
     std::string_view text;
     Pieces characters;
 };
 
 TEST(Characters, AreWhatPeopleSee) {
-    const Row rows[] = {
+    const CharactersRow rows[] = {
         {"nothing", "", {}},
         {"ASCII", "ab", {"a", "b"}},
         {"CR LF is one", "\r\r\n\n", {"\r", "\r\n", "\n"}},

@@ -53,7 +53,7 @@ constexpr TableLimits tight = {
     .fewestEdits = 1, .editShare = 1000, .widening = 2, .snapshots = 2, .recordedWords = 4};
 
 void expectTheNaiveOutcome(const Identities& a, const Identities& b, const TableLimits& limits) {
-    const auto expected = testing::naiveSubsequence(a, b);
+    const auto expected = support::naiveSubsequence(a, b);
     ASSERT_EQ(longestCommonSubsequence(a, b, {}, limits), expected)
         << ::testing::PrintToString(a) << " and " << ::testing::PrintToString(b);
 }
@@ -78,7 +78,7 @@ TEST(CommonSubsequence, TakesTheTableWalksChoice) {
     };
     for (const auto& row : rows) {
         EXPECT_EQ(longestCommonSubsequence(row.a, row.b), row.expected) << row.name;
-        EXPECT_EQ(testing::naiveSubsequence(row.a, row.b), row.expected) << row.name;
+        EXPECT_EQ(support::naiveSubsequence(row.a, row.b), row.expected) << row.name;
     }
 }
 
@@ -143,8 +143,8 @@ RC_GTEST_PROP(CommonSubsequence, IsTheTablesForWhateverLists, ()) {
     const auto element = rc::gen::inRange<LineIdentity>(0, *rc::gen::inRange<LineIdentity>(1, 12));
     const auto a = *rc::gen::container<Identities>(element);
     const auto b = *rc::gen::container<Identities>(element);
-    RC_ASSERT(longestCommonSubsequence(a, b) == testing::naiveSubsequence(a, b));
-    RC_ASSERT(longestCommonSubsequence(a, b, {}, tight) == testing::naiveSubsequence(a, b));
+    RC_ASSERT(longestCommonSubsequence(a, b) == support::naiveSubsequence(a, b));
+    RC_ASSERT(longestCommonSubsequence(a, b, {}, tight) == support::naiveSubsequence(a, b));
 }
 
 TEST(CommonSubsequence, OfALongListAndItsReverseHasOneElement) {

@@ -15,9 +15,9 @@
 namespace korvane::DiffEngine {
 namespace {
 
-using testing::NaiveDiff;
-using testing::NaiveLine;
-using testing::plain;
+using support::NaiveDiff;
+using support::NaiveLine;
+using support::plain;
 
 std::string joined(const std::vector<std::string>& lines) {
     std::string text = lines.front();
@@ -125,7 +125,7 @@ TEST(DiffEngine, AgreesWithTheTextbook) {
         const auto alphabet = 1 + random() % (pair % 2 == 0 ? 3 : 20);
         const auto left = randomLines(alphabet);
         const auto right = randomLines(alphabet);
-        ASSERT_EQ(plain(compare(joined(left), joined(right))), testing::naiveDiff(left, right))
+        ASSERT_EQ(plain(compare(joined(left), joined(right))), support::naiveDiff(left, right))
             << joined(left) << "\n and\n"
             << joined(right);
     }
@@ -136,7 +136,7 @@ TEST(DiffEngine, KeepsEveryPropertyOnTheFuzzersSeeds) {
     for (const auto& entry : std::filesystem::directory_iterator(KORVANE_FUZZ_CORPUS "/DiffEngine")) {
         std::ifstream file(entry.path(), std::ios::binary);
         const std::string texts(std::istreambuf_iterator<char>(file), {});
-        EXPECT_EQ(testing::brokenDiffEngineProperty(texts), "") << entry.path();
+        EXPECT_EQ(support::brokenDiffEngineProperty(texts), "") << entry.path();
         ++seeds;
     }
     EXPECT_GT(seeds, 0);

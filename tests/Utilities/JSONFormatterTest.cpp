@@ -14,14 +14,14 @@ namespace {
 
 using JSONFormatter::JSONError;
 
-struct Row {
+struct JSONFormatterRow {
     std::string_view name;
     std::string_view input;
     std::string_view prettified;
     std::string_view minified;
 };
 
-constexpr Row rows[] = {
+constexpr JSONFormatterRow jsonFormatterRows[] = {
     {"an empty object", "{ }", "{}", "{}"},
     {"an empty array", "[\n]", "[]", "[]"},
     {"one of everything", R"({"s":"x","n":1,"t":true,"f":false,"z":null,"a":[1,[],{}],"o":{"k":"v"}})",
@@ -62,7 +62,7 @@ constexpr Row rows[] = {
 };
 
 TEST(JSONFormatter, WritesTheExactLayout) {
-    for (const auto& row : rows) {
+    for (const auto& row : jsonFormatterRows) {
         EXPECT_EQ(JSONFormatter::prettify(row.input, 2), row.prettified) << row.name;
         EXPECT_EQ(JSONFormatter::minify(row.input), row.minified) << row.name;
         EXPECT_EQ(JSONFormatter::validate(row.input), true) << row.name;
@@ -256,15 +256,15 @@ TEST(JSONWriter, WritesAnyPartOfADocument) {
 }
 
 RC_GTEST_PROP(JSONFormatter, KeepsEveryDocument, ()) {
-    const auto model = testing::randomJSONModel();
-    const auto text = testing::randomJSONText(model);
-    RC_ASSERT(JSONFormatter::minify(text).value() == testing::expectedMinified(model));
-    RC_ASSERT(JSONFormatter::prettify(text, 4).value() == testing::expectedPrettified(model));
+    const auto model = support::randomJSONModel();
+    const auto text = support::randomJSONText(model);
+    RC_ASSERT(JSONFormatter::minify(text).value() == support::expectedMinified(model));
+    RC_ASSERT(JSONFormatter::prettify(text, 4).value() == support::expectedPrettified(model));
     RC_ASSERT(JSONFormatter::validate(text).has_value());
 }
 
 RC_GTEST_PROP(JSONFormatter, ReadsBackWhatItWrites, ()) {
-    const auto text = testing::randomJSONText(testing::randomJSONModel());
+    const auto text = support::randomJSONText(support::randomJSONModel());
     const auto minified = JSONFormatter::minify(text).value();
     const auto prettified = JSONFormatter::prettify(text, 2).value();
     RC_ASSERT(JSONFormatter::minify(minified).value() == minified);
@@ -274,9 +274,9 @@ RC_GTEST_PROP(JSONFormatter, ReadsBackWhatItWrites, ()) {
 }
 
 RC_GTEST_PROP(JSONFormatter, GivesTheSameTextWhateverTheOrderOfMembers, ()) {
-    const auto model = testing::randomJSONModel();
-    const auto text = testing::randomJSONText(model);
-    const auto reordered = testing::randomJSONText(model);
+    const auto model = support::randomJSONModel();
+    const auto text = support::randomJSONText(model);
+    const auto reordered = support::randomJSONText(model);
     RC_ASSERT(JSONFormatter::minify(text).value() == JSONFormatter::minify(reordered).value());
 }
 
@@ -290,7 +290,7 @@ std::string outline(const JSONNode& node) {
 }
 
 RC_GTEST_PROP(JSONFormatter, ShowsTheSameTreeOfTheSameDocument, ()) {
-    const auto text = testing::randomJSONText(testing::randomJSONModel());
+    const auto text = support::randomJSONText(support::randomJSONModel());
     RC_ASSERT(outline(*JSONFormatter::parseToTree(text)) ==
               outline(*JSONFormatter::parseToTree(*JSONFormatter::prettify(text, 2))));
 }

@@ -16,7 +16,7 @@ TEST(JSONFuzzSeeds, KeepEveryProperty) {
     for (const auto& entry : std::filesystem::directory_iterator(KORVANE_FUZZ_CORPUS "/JSONFormatter")) {
         std::ifstream file(entry.path(), std::ios::binary);
         const std::string text(std::istreambuf_iterator<char>(file), {});
-        EXPECT_EQ(testing::brokenJSONFormatterProperty(text), "") << entry.path();
+        EXPECT_EQ(support::brokenJSONFormatterProperty(text), "") << entry.path();
         ++seeds;
     }
     EXPECT_GT(seeds, 0);
@@ -32,8 +32,8 @@ RC_GTEST_PROP(JSONFuzzSeeds, KeepEveryPropertyWhenCutAndMixed, ()) {
     std::string text;
     for (const auto& piece : pieces)
         text += piece;
-    RC_ASSERT(testing::brokenJSONFormatterProperty(text) == "");
-    RC_ASSERT(testing::brokenJSONFormatterProperty("[" + text + "]") == "");
+    RC_ASSERT(support::brokenJSONFormatterProperty(text) == "");
+    RC_ASSERT(support::brokenJSONFormatterProperty("[" + text + "]") == "");
 }
 
 } // namespace

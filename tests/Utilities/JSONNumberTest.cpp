@@ -12,12 +12,12 @@
 namespace korvane {
 namespace {
 
-struct Row {
+struct JSONNumberRow {
     std::string_view literal;
     std::string_view expected;
 };
 
-constexpr Row rows[] = {
+constexpr JSONNumberRow jsonNumberRows[] = {
     {"0", "0"},
     {"-0", "-0"},
     {"0.0", "0"},
@@ -68,7 +68,7 @@ constexpr Row rows[] = {
 };
 
 TEST(JSONNumber, IsWrittenByItsValue) {
-    for (const auto& [literal, expected] : rows) {
+    for (const auto& [literal, expected] : jsonNumberRows) {
         EXPECT_EQ(JSON::canonicalNumber(literal), expected) << literal;
         const auto document = JSON::parse(literal, {.fragmentsAllowed = true});
         ASSERT_TRUE(document) << literal;
@@ -77,7 +77,7 @@ TEST(JSONNumber, IsWrittenByItsValue) {
 }
 
 TEST(JSONNumber, StaysAsItIsOnceWritten) {
-    for (const auto& row : rows)
+    for (const auto& row : jsonNumberRows)
         EXPECT_EQ(JSON::canonicalNumber(row.expected), row.expected);
 }
 

@@ -11,14 +11,14 @@
 namespace korvane {
 namespace {
 
-struct Row {
+struct LetterCaseRow {
     std::string_view text;
     std::string_view upper;
     std::string_view lower;
     std::string_view capitals;
 };
 
-constexpr Row rows[] = {
+constexpr LetterCaseRow letterCaseRows[] = {
     {"", "", "", ""},
     {"hELLO wORLD", "HELLO WORLD", "hello world", "Hello World"},
     {"iPhone", "IPHONE", "iphone", "Iphone"},
@@ -38,7 +38,7 @@ constexpr Row rows[] = {
 };
 
 TEST(LetterCase, MapsWholeTexts) {
-    for (const auto& row : rows) {
+    for (const auto& row : letterCaseRows) {
         EXPECT_EQ(uppercased(row.text), row.upper);
         EXPECT_EQ(lowercased(row.text), row.lower);
         EXPECT_EQ(capitalized(row.text), row.capitals);

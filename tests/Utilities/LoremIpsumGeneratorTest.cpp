@@ -232,7 +232,7 @@ TEST(LoremIpsumGenerator, CountsWordsSentencesAndParagraphs) {
         {"not UTF-8", "a\xff b", 2, 0, 1},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(wordCount(row.text), row.words) << row.name;
+        EXPECT_EQ(LoremIpsumGenerator::wordCount(row.text), row.words) << row.name;
         EXPECT_EQ(sentenceCount(row.text), row.sentences) << row.name;
         EXPECT_EQ(paragraphCount(row.text), row.paragraphs) << row.name;
     }
@@ -240,7 +240,7 @@ TEST(LoremIpsumGenerator, CountsWordsSentencesAndParagraphs) {
 
 RC_GTEST_PROP(LoremIpsumGenerator, CountsWhatItGenerates, (bool startWithLorem)) {
     const auto count = *rc::gen::inRange(1, 101);
-    RC_ASSERT(wordCount(generateWords(count, startWithLorem)) == count);
+    RC_ASSERT(LoremIpsumGenerator::wordCount(generateWords(count, startWithLorem)) == count);
     RC_ASSERT(sentenceCount(generateSentences(count, startWithLorem)) == count);
     const auto paragraphs = generateParagraphs(count, startWithLorem);
     RC_ASSERT(paragraphCount(paragraphs) == count);

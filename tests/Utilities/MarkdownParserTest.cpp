@@ -12,13 +12,13 @@
 namespace korvane {
 namespace {
 
-struct Row {
+struct MarkdownParserRow {
     std::string_view name;
     std::string_view markdown;
     std::string_view html;
 };
 
-constexpr Row rows[] = {
+constexpr MarkdownParserRow markdownParserRows[] = {
     {"nothing", "", ""},
     {"only white space", " \n\n \t\n", ""},
     {"a paragraph", "Hello", "<p>Hello</p>"},
@@ -113,7 +113,7 @@ constexpr Row rows[] = {
 };
 
 TEST(MarkdownParser, ConvertsStepByStep) {
-    for (const auto& [name, markdown, html] : rows) {
+    for (const auto& [name, markdown, html] : markdownParserRows) {
         EXPECT_EQ(MarkdownParser::toHTML(markdown), html) << name;
         EXPECT_EQ(htmlByICU(markdown), html) << "the reference, " << name;
     }

@@ -34,7 +34,7 @@ TEST(TextTransformerLines, NamesItsOperationsInOrder) {
     }
 }
 
-struct Row {
+struct TextTransformerLinesRow {
     LineOperation operation;
     std::string_view text;
     std::string_view expected;
@@ -42,7 +42,7 @@ struct Row {
 
 TEST(TextTransformerLines, AppliesOperations) {
     using enum LineOperation;
-    const Row rows[] = {
+    const TextTransformerLinesRow rows[] = {
         {reverse, "a\nb\nc", "c\nb\na"},
         {reverse, "a\nb\n", "\nb\na"},
         {reverse, "a\r\nb", "b\n\na"}, // there is an empty line between CR and LF

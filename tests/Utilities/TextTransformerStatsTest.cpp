@@ -21,13 +21,13 @@ void PrintTo(const TextStats& stats, std::ostream* stream) {
 
 namespace {
 
-struct Row {
+struct TextTransformerStatsRow {
     std::string_view text;
     TextStats stats;
 };
 
 TEST(TextTransformerStats, Counts) {
-    const Row rows[] = {
+    const TextTransformerStatsRow rows[] = {
         {"", {0, 0, 0, 0, 0, 0}},
         {"Hello world", {11, 10, 2, 1, 1, 1}},
         {"Hi! Yes?!", {9, 8, 2, 1, 1, 2}},
@@ -103,7 +103,7 @@ TextStats naiveStats(std::string_view text) {
     return stats;
 }
 
-std::string someText() {
+std::string anyText() {
     const auto pieces =
         *rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(std::vector<std::string>{
             "a", "b", " ",  " ",      "\n",     "\n",     "\r",     "\r\n", "\t",      ".",      "!",
@@ -116,7 +116,7 @@ std::string someText() {
 }
 
 RC_GTEST_PROP(TextTransformerStats, AgreeWithEachDefinition, ()) {
-    const auto text = someText();
+    const auto text = anyText();
     RC_ASSERT(TextTransformer::getStats(text) == naiveStats(text));
 }
 
@@ -139,14 +139,14 @@ TEST(TextTransformerStats, KeepUpWithATextBeingWritten) {
 }
 
 RC_GTEST_PROP(TextTransformerStats, KeepUpWithAnyChange, ()) {
-    auto text = someText();
+    auto text = anyText();
     TextTransformer::RunningStats running;
     running.update("", text);
     for (int change = 0; change < 5; ++change) {
         const auto before = text;
         const auto start = *rc::gen::inRange<std::size_t>(0, text.size() + 1);
         const auto length = *rc::gen::inRange<std::size_t>(0, text.size() - start + 1);
-        text.replace(start, length, someText());
+        text.replace(start, length, anyText());
         running.update(before, text);
         RC_ASSERT(running.stats() == TextTransformer::getStats(text));
     }

@@ -39,11 +39,11 @@ std::string crowdedJSON() {
 }
 
 std::string crowdedURL() {
-    std::string url =
+    std::string address =
         "https://" + repeated("subdomain.", 12) + "example.com:65535/" + repeated("path/", 40) + "?";
     for (int i = 0; i < 40; ++i)
-        url += "parameter" + std::to_string(i) + "=" + repeated("value", 1 + i) + "&";
-    return url + "last=%D8%B4%D9%85%D8%B3#" + repeated("fragment", 20);
+        address += "parameter" + std::to_string(i) + "=" + repeated("value", 1 + i) + "&";
+    return address + "last=%D8%B4%D9%85%D8%B3#" + repeated("fragment", 20);
 }
 
 /// Fills a history.
@@ -55,7 +55,7 @@ void generateMany(const ScreenDriver& screen) {
 
 void loadTallPicture(const ScreenDriver& screen, FakeServices& fakes) {
     fakes.files.contents["/picture"] =
-        (*ImageModule::load())->convert(testing::photograph({30, 3000}), ImageFormat::tiff, 1).value();
+        (*ImageModule::load())->convert(support::photograph({30, 3000}), ImageFormat::tiff, 1).value();
     screen.press("Choose File");
     fakes.panels.choose("/picture");
     fakes.background.runAll();

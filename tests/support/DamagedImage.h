@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 /// Which property is broken by these bytes, in words; empty if none is.
 inline std::string brokenImageProperty(std::string_view bytes) {
@@ -35,4 +35,4 @@ inline std::string brokenImageProperty(std::string_view bytes) {
     return {};
 }
 
-} // namespace korvane::testing
+} // namespace korvane::support

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 inline std::vector<NaiveLine> plain(const std::vector<DiffEngine::DiffLine>& lines) {
     constexpr std::string_view signs = " +-~"; // in the order of the types
@@ -48,4 +48,4 @@ inline std::string brokenDiffEngineProperty(std::string_view texts) {
     return plain(result) == naiveDiff(leftLines, rightLines) ? "" : "the textbook's outcome is another one";
 }
 
-} // namespace korvane::testing
+} // namespace korvane::support

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 /// The picture in a file, which must be good.
 inline Image decoded(const std::string& file) {
@@ -32,4 +32,4 @@ inline std::string libraryFile(const vips::VImage& image, const char* suffix) {
     return file;
 }
 
-} // namespace korvane::testing
+} // namespace korvane::support

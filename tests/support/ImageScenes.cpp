@@ -52,7 +52,7 @@ std::vector<Scene> imageScenes() {
     return {
         {"image", Tool::imageConverter,
          [](const ScreenDriver& screen, FakeServices& fakes) {
-             load(screen, fakes, testing::photograph({1920, 1280}), ImageFormat::jpeg);
+             load(screen, fakes, support::photograph({1920, 1280}), ImageFormat::jpeg);
              choose(screen, "Format", 1);
              choose(screen, "Rotation", 1);
              choose(screen, "Flip", 1);
@@ -68,7 +68,7 @@ std::vector<Scene> imageScenes() {
          }},
         {"image-transparent", Tool::imageConverter,
          [](const ScreenDriver& screen, FakeServices& fakes) {
-             const auto fading = testing::picture({64, 640}, 4, 1, [](int x, int y, int channel) {
+             const auto fading = support::picture({64, 640}, 4, 1, [](int x, int y, int channel) {
                  return channel == 3 ? std::min(255, 4 * x) : (channel * 90 + y) % 256;
              });
              load(screen, fakes, fading, ImageFormat::png);

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 /// What is wrong with how the operations treat `text`; empty if nothing is.
 inline std::string brokenJSONFormatterProperty(std::string_view text) {
@@ -38,4 +38,4 @@ inline std::string brokenJSONFormatterProperty(std::string_view text) {
     return {};
 }
 
-} // namespace korvane::testing
+} // namespace korvane::support

@@ -6,7 +6,7 @@
 #include <array>
 #include <cstdio>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 namespace {
 
@@ -191,4 +191,4 @@ std::string expectedPrettified(const JSONModel& model, int level) {
     return model.kind == JSONModel::Kind::array ? "[" + text + outerLine + "]" : "{" + text + outerLine + "}";
 }
 
-} // namespace korvane::testing
+} // namespace korvane::support

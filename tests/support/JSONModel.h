@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 struct JSONModel {
     enum class Kind { scalar, string, array, object };
@@ -33,4 +33,4 @@ std::string randomJSONText(const JSONModel& model);
 std::string expectedMinified(const JSONModel& model);
 std::string expectedPrettified(const JSONModel& model, int level = 0);
 
-} // namespace korvane::testing
+} // namespace korvane::support

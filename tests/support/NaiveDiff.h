@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 template <typename Element>
 std::vector<Element> naiveSubsequence(const std::vector<Element>& a, const std::vector<Element>& b) {
@@ -95,4 +95,4 @@ inline NaiveDiff naiveDiff(const std::vector<std::string>& left, const std::vect
     return diff;
 }
 
-} // namespace korvane::testing
+} // namespace korvane::support

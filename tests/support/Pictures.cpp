@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 namespace {
 
@@ -99,4 +99,4 @@ bool haveSamePixels(const Image& one, const Image& other) {
            std::memcmp(one.samples.get(), other.samples.get(), one.byteCount()) == 0;
 }
 
-} // namespace korvane::testing
+} // namespace korvane::support

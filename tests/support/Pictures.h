@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace korvane::testing {
+namespace korvane::support {
 
 /// A picture whose sample in each place and channel is what `sample` says.
 Image picture(ImageSize size, int channels, int bytesPerSample,
@@ -34,4 +34,4 @@ int largestDifference(const Image& one, const Image& other);
 /// Whether both have the same shape and the same samples.
 bool haveSamePixels(const Image& one, const Image& other);
 
-} // namespace korvane::testing
+} // namespace korvane::support

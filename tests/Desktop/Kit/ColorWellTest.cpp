@@ -22,7 +22,7 @@ struct Painting {
     bool operator==(const Painting&) const = default;
 };
 
-QWidget* body(View<Painting>& view) {
+QWidget* colorWellBody(View<Painting>& view) {
     return row({colorWell(view, {.label = "Select Color",
                                  .color = view.reading<Color>(&Painting::color),
                                  .setColor = view.setting<Color>(&Painting::setColor)}),
@@ -34,7 +34,7 @@ QWidget* body(View<Painting>& view) {
 struct ColorWellTest : testing::Test {
     FakeServices fakes{};
     std::unique_ptr<ScreenFrame<Painting>> frame{
-        std::make_unique<ScreenFrame<Painting>>(fakes.services, body)};
+        std::make_unique<ScreenFrame<Painting>>(fakes.services, colorWellBody)};
     ScreenDriver screen{*frame};
 
     const Painting& state() const { return frame->view().state(); }

@@ -40,7 +40,7 @@ struct Form {
     bool operator==(const Form&) const = default;
 };
 
-QWidget* body(View<Form>& view) {
+QWidget* controlsBody(View<Form>& view) {
     return stack(
         Qt::Vertical, {},
         {
@@ -58,7 +58,7 @@ QWidget* body(View<Form>& view) {
 
 struct ControlsTest : testing::Test {
     FakeServices fakes{};
-    std::unique_ptr<ScreenFrame<Form>> frame{std::make_unique<ScreenFrame<Form>>(fakes.services, body)};
+    std::unique_ptr<ScreenFrame<Form>> frame{std::make_unique<ScreenFrame<Form>>(fakes.services, controlsBody)};
     ScreenDriver screen{*frame};
 
     const Form& state() const { return frame->view().state(); }

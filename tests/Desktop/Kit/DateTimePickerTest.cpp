@@ -31,7 +31,7 @@ struct Appointment {
     bool operator==(const Appointment&) const = default;
 };
 
-QWidget* body(View<Appointment>& view) {
+QWidget* dateTimePickerBody(View<Appointment>& view) {
     return dateTimePicker(view, {.label = "Select Date",
                                  .color = PaletteColor::yellow,
                                  .moment = view.reading<Moment>(&Appointment::moment),
@@ -51,7 +51,7 @@ std::string monthName(int year, unsigned month) {
 struct DateTimePickerTest : testing::Test {
     FakeServices fakes{};
     std::unique_ptr<ScreenFrame<Appointment>> frame{
-        std::make_unique<ScreenFrame<Appointment>>(fakes.services, body)};
+        std::make_unique<ScreenFrame<Appointment>>(fakes.services, dateTimePickerBody)};
     ScreenDriver screen{*frame, {360, 320}};
 
     QDateTime chosen() const {

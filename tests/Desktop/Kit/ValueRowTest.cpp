@@ -45,7 +45,7 @@ QWidget* resultRow(View<Result>& view, std::string name) {
                            .gap = 12});
 }
 
-QWidget* body(View<Result>& view) {
+QWidget* valueRowBody(View<Result>& view) {
     return screen(
         view.header(Tool::numberBase),
         {
@@ -57,7 +57,7 @@ QWidget* body(View<Result>& view) {
 
 struct ValueRowTest : testing::Test {
     FakeServices fakes{};
-    std::unique_ptr<ScreenFrame<Result>> frame{std::make_unique<ScreenFrame<Result>>(fakes.services, body)};
+    std::unique_ptr<ScreenFrame<Result>> frame{std::make_unique<ScreenFrame<Result>>(fakes.services, valueRowBody)};
     ScreenDriver screen{*frame, {620, 600}};
 
     QWidget& card(std::string_view title) const {

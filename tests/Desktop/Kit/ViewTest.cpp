@@ -42,7 +42,7 @@ struct Counter {
     bool operator==(const Counter&) const = default;
 };
 
-QWidget* body(View<Counter>& view) {
+QWidget* viewBody(View<Counter>& view) {
     return row({
         view.actionButton(&Counter::title, "", PaletteColor::red, &Counter::increase, &Counter::isOn),
         view.actionButton("Later", "clock", PaletteColor::red, &Counter::increaseLater),
@@ -56,7 +56,7 @@ QWidget* body(View<Counter>& view) {
 
 struct ViewTest : testing::Test {
     FakeServices fakes{};
-    std::unique_ptr<ScreenFrame<Counter>> frame{std::make_unique<ScreenFrame<Counter>>(fakes.services, body)};
+    std::unique_ptr<ScreenFrame<Counter>> frame{std::make_unique<ScreenFrame<Counter>>(fakes.services, viewBody)};
     ScreenDriver screen{*frame};
 };
 

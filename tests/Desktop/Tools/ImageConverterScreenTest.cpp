@@ -28,7 +28,7 @@ struct ImageConverterScreenTest : ::testing::Test {
     FakeServices fakes{};
     std::unique_ptr<QWidget> widget{imageConverterScreen(fakes.services)};
     ScreenDriver screen{*widget};
-    Image picture = testing::distinctPicture({40, 30});
+    Image picture = support::distinctPicture({40, 30});
 
     void load() {
         fakes.files.contents["/pictures/first one.png"] =

@@ -105,7 +105,7 @@ TEST_F(ApplicationTest, KeepsAColor) {
 TEST_F(ApplicationTest, ConvertsAPicture) {
     const auto engine = ImageModule::load();
     ASSERT_TRUE(engine);
-    const auto bytes = (*engine)->convert(testing::photograph({64, 48}), ImageFormat::jpeg, 0.9);
+    const auto bytes = (*engine)->convert(support::photograph({64, 48}), ImageFormat::jpeg, 0.9);
     ASSERT_TRUE(bytes);
     ASSERT_TRUE(real.services().files.write(folder.filePath("picture.jpg").toStdString(), *bytes));
 

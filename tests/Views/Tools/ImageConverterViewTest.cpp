@@ -8,7 +8,7 @@
 namespace korvane {
 namespace {
 
-using testing::haveSamePixels;
+using support::haveSamePixels;
 
 const ImageEngine& engine() {
     return **ImageModule::load();
@@ -23,7 +23,7 @@ protected:
                                             if (state)
                                                 change(*state);
                                         }};
-    Image picture = testing::distinctPicture({40, 30});
+    Image picture = support::distinctPicture({40, 30});
     std::string file = engine().convert(picture, ImageFormat::png, 1).value();
 
     void load() {
@@ -130,7 +130,7 @@ TEST_F(ImageConverterViewTest, OfSeveralFilesTheFirstImageIsLoaded) {
     fakes.files.contents["/notes.txt"] = "notes";
     fakes.files.contents["/Übersicht 1.png"] = file;
     fakes.files.contents["/other.png"] =
-        engine().convert(testing::distinctPicture({9, 9}), ImageFormat::png, 1).value();
+        engine().convert(support::distinctPicture({9, 9}), ImageFormat::png, 1).value();
     state->setDropTargeted(true);
     state->handleDrop({.files = {"/gone.png", "/notes.txt", "/Übersicht 1.png", "/other.png"}}, context);
     EXPECT_FALSE(state->isDropTargeted);
@@ -151,7 +151,7 @@ TEST_F(ImageConverterViewTest, TheBytesOfAPictureCanBeDropped) {
 
 TEST_F(ImageConverterViewTest, OnlyTheLastOfTwoLoadingsCounts) {
     state->loadImage(file, context);
-    state->loadImage(engine().convert(testing::distinctPicture({9, 8}), ImageFormat::gif, 1).value(),
+    state->loadImage(engine().convert(support::distinctPicture({9, 8}), ImageFormat::gif, 1).value(),
                      context);
     fakes.background.runAll();
     EXPECT_EQ(state->dimensionsText(), "9 × 8");

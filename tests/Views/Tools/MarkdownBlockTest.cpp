@@ -59,14 +59,14 @@ namespace {
 using namespace MarkdownBlocks;
 using Blocks = std::vector<MarkdownBlock>;
 
-struct Row {
+struct MarkdownBlockRow {
     std::string_view name;
     std::string_view markdown;
     Blocks blocks;
 };
 
-const std::vector<Row>& rows() {
-    static const std::vector<Row> all = {
+const std::vector<MarkdownBlockRow>& markdownBlockRows() {
+    static const std::vector<MarkdownBlockRow> all = {
         {"nothing", "", {}},
         {"blank lines", "\n \n\t\n", {}},
 
@@ -139,7 +139,7 @@ const std::vector<Row>& rows() {
 }
 
 TEST(MarkdownBlock, IsWhatItsLinesSay) {
-    for (const auto& [name, markdown, blocks] : rows())
+    for (const auto& [name, markdown, blocks] : markdownBlockRows())
         EXPECT_EQ(parseBlocks(markdown), blocks) << name;
 }
 

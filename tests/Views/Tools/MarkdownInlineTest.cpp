@@ -29,13 +29,13 @@ std::string rendered(std::string_view text) {
     return result;
 }
 
-struct Row {
+struct MarkdownInlineRow {
     std::string_view name;
     std::string_view text;
     std::string_view shown;
 };
 
-constexpr Row rows[] = {
+constexpr MarkdownInlineRow markdownInlineRows[] = {
     {"nothing", "", ""},
     {"plain", "a < b & c", "a < b & c"},
     {"bold", "**a** b __c__", "B<a> b B<c>"},
@@ -73,7 +73,7 @@ constexpr Row rows[] = {
 };
 
 TEST(MarkdownInline, StylesWhatDelimitersEnclose) {
-    for (const auto& [name, text, shown] : rows)
+    for (const auto& [name, text, shown] : markdownInlineRows)
         EXPECT_EQ(rendered(text), shown) << name;
 }
 
