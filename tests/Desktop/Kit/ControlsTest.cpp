@@ -58,7 +58,8 @@ QWidget* controlsBody(View<Form>& view) {
 
 struct ControlsTest : testing::Test {
     FakeServices fakes{};
-    std::unique_ptr<ScreenFrame<Form>> frame{std::make_unique<ScreenFrame<Form>>(fakes.services, controlsBody)};
+    std::unique_ptr<ScreenFrame<Form>> frame{
+        std::make_unique<ScreenFrame<Form>>(fakes.services, controlsBody)};
     ScreenDriver screen{*frame};
 
     const Form& state() const { return frame->view().state(); }

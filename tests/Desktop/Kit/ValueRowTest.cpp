@@ -57,7 +57,8 @@ QWidget* valueRowBody(View<Result>& view) {
 
 struct ValueRowTest : testing::Test {
     FakeServices fakes{};
-    std::unique_ptr<ScreenFrame<Result>> frame{std::make_unique<ScreenFrame<Result>>(fakes.services, valueRowBody)};
+    std::unique_ptr<ScreenFrame<Result>> frame{
+        std::make_unique<ScreenFrame<Result>>(fakes.services, valueRowBody)};
     ScreenDriver screen{*frame, {620, 600}};
 
     QWidget& card(std::string_view title) const {

@@ -56,7 +56,8 @@ QWidget* viewBody(View<Counter>& view) {
 
 struct ViewTest : testing::Test {
     FakeServices fakes{};
-    std::unique_ptr<ScreenFrame<Counter>> frame{std::make_unique<ScreenFrame<Counter>>(fakes.services, viewBody)};
+    std::unique_ptr<ScreenFrame<Counter>> frame{
+        std::make_unique<ScreenFrame<Counter>>(fakes.services, viewBody)};
     ScreenDriver screen{*frame};
 };
 
