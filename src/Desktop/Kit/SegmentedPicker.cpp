@@ -46,11 +46,11 @@ public:
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
 
-    /// The arrow keys, which the toolkit knows, go from one to the next.
+    /// Qt moves between the segments with the arrow keys; Home and End go to the first and the last.
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() != Qt::Key_Home && event->key() != Qt::Key_End)
             return QRadioButton::keyPressEvent(event);
-        const auto segments = parentWidget()->findChildren<Segment*>(Qt::FindDirectChildrenOnly);
+        const auto segments = parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly);
         auto* end = event->key() == Qt::Key_Home ? segments.front() : segments.back();
         end->click();
         end->setFocus(Qt::TabFocusReason);
