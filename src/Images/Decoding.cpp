@@ -149,6 +149,8 @@ std::expected<Image, ConversionError> decode(std::string_view bytes, const std::
     if (!format)
         return std::unexpected(ConversionError::unsupportedFormat);
     return guarded(ConversionError::invalidImage, [&]() -> std::expected<Image, ConversionError> {
+        if (stop.stop_requested())
+            return std::unexpected(ConversionError::invalidImage);
         if (*format == ImageFormat::bmp)
             return decodeBitmap(bytes);
         if (*format == ImageFormat::heic)

@@ -11,6 +11,10 @@
 
 namespace korvane::HEIC {
 
+/// Whether libheif has a codec for these files: in some releases its codecs are packages of their own.
+bool canRead();
+bool canWrite();
+
 /// Whether a file says of itself that it holds pictures of this kind, and not others in the same container.
 bool isHEIC(std::string_view bytes);
 

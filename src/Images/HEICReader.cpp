@@ -89,6 +89,10 @@ void widen(std::byte* samples, std::size_t count, int bits) {
 
 } // namespace
 
+bool canRead() {
+    return heif_have_decoder_for_format(heif_compression_HEVC) != 0;
+}
+
 bool isHEIC(std::string_view bytes) {
     constexpr std::size_t typeOffset = 4, brandsOffset = 8, brandBytes = 4, boxHeaderBytes = 12;
     if (bytes.size() < boxHeaderBytes || bytes.substr(typeOffset, 4) != "ftyp")

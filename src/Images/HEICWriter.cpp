@@ -60,6 +60,10 @@ heif_error append(heif_context*, const void* data, std::size_t size, void* bytes
 
 } // namespace
 
+bool canWrite() {
+    return heif_have_encoder_for_format(heif_compression_HEVC) != 0;
+}
+
 std::expected<std::string, ConversionError> write(const Image& image, double quality) {
     const std::unexpected failed(ConversionError::conversionFailed);
     const Context context(heif_context_alloc(), heif_context_free);

@@ -9,6 +9,8 @@ extern "C" [[gnu::visibility("default")]] const korvane::ImageEngine* korvaneIma
 const korvane::ImageEngine* korvaneImageEngine() {
     using namespace korvane::ImageConverter;
     static constexpr korvane::ImageEngine engine{
+        .canDecode = canDecode,
+        .canEncode = canEncode,
         .formatOf = formatOf,
         .decode = decode,
         .getImageInfo = getImageInfo,

@@ -84,6 +84,8 @@ Image computed(const vips::VImage& image, const std::stop_token& stop) {
     std::size_t size = 0;
     result.samples = {static_cast<const std::byte*>(picture.write_to_memory(&size)),
                       [](const std::byte* samples) { g_free(const_cast<std::byte*>(samples)); }};
+    if (stop.stop_requested()) // the library may be done before it next reports its progress
+        throw vips::VError("stopped");
     if (vips_image_get_typeof(image.get_image(), VIPS_META_ICC_NAME) != 0) {
         const auto* profile = static_cast<const char*>(image.get_blob(VIPS_META_ICC_NAME, &size));
         result.colorProfile.assign(profile, size);

@@ -20,7 +20,8 @@ bool startVips();
 vips::VImage vipsImage(const Image& image);
 vips::VImage vipsImage(Image&&) = delete;
 
-/// Computes the pixels of `image`, which must be gray or RGB of 8 or 16 bits a sample.
+/// Computes the pixels of `image`, which must be gray or RGB of 8 or 16 bits a sample. Throws `VError` where
+/// that fails, or where it is asked to stop before it is done.
 Image computed(const vips::VImage& image, const std::stop_token& stop = {});
 
 /// The resolution in dots per inch, from the library's dots per millimetre: where a file states none it

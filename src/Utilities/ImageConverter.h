@@ -26,16 +26,20 @@ struct ImageFormatFacts {
     std::string_view mediaType;
     std::string_view description; ///< of the type of a file
     bool supportsQuality;
+    /// The Debian packages that bring its codecs, where these are plug-ins that a computer may lack.
+    std::string_view decoderPackage;
+    std::string_view encoderPackage;
 };
 
 template <>
 inline constexpr auto facts<ImageFormat> = std::to_array<ImageFormatFacts>({
-    {ImageFormat::png, "PNG", "png", "image/png", "PNG image", false},
-    {ImageFormat::jpeg, "JPEG", "jpg", "image/jpeg", "JPEG image", true},
-    {ImageFormat::tiff, "TIFF", "tiff", "image/tiff", "TIFF image", false},
-    {ImageFormat::gif, "GIF", "gif", "image/gif", "GIF image", false},
-    {ImageFormat::bmp, "BMP", "bmp", "image/bmp", "BMP image", false},
-    {ImageFormat::heic, "HEIC", "heic", "image/heic", "HEIC image", true},
+    {ImageFormat::png, "PNG", "png", "image/png", "PNG image", false, "", ""},
+    {ImageFormat::jpeg, "JPEG", "jpg", "image/jpeg", "JPEG image", true, "", ""},
+    {ImageFormat::tiff, "TIFF", "tiff", "image/tiff", "TIFF image", false, "", ""},
+    {ImageFormat::gif, "GIF", "gif", "image/gif", "GIF image", false, "", ""},
+    {ImageFormat::bmp, "BMP", "bmp", "image/bmp", "BMP image", false, "", ""},
+    {ImageFormat::heic, "HEIC", "heic", "image/heic", "HEIC image", true, "libheif-plugin-libde265",
+     "libheif-plugin-x265"},
 });
 
 constexpr std::string_view id(ImageFormat format) {
@@ -178,6 +182,11 @@ namespace ImageConverter {
 inline constexpr std::int64_t maximumPixels = 300'000'000;
 inline constexpr std::int64_t maximumBytes = std::int64_t(1) << 30;
 
+/// Whether this computer has the codec that reads files of the format, or that writes them. The libraries
+/// underneath load some of their codecs as plug-ins, which may be missing.
+bool canDecode(ImageFormat format);
+bool canEncode(ImageFormat format);
+
 /// The format that the content of a file has, whatever its name; none for any other than the six.
 std::optional<ImageFormat> formatOf(std::string_view bytes);
 
@@ -215,6 +224,8 @@ std::expected<Image, ConversionError> preview(const Image& image, int side);
 
 /// The engine as its library hands it over.
 struct ImageEngine {
+    decltype(&ImageConverter::canDecode) canDecode;
+    decltype(&ImageConverter::canEncode) canEncode;
     decltype(&ImageConverter::formatOf) formatOf;
     decltype(&ImageConverter::decode) decode;
     decltype(&ImageConverter::getImageInfo) getImageInfo;

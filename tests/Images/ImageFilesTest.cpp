@@ -305,10 +305,22 @@ TEST_F(ImageFilesTest, AnEmptyImageIsInvalid) {
 }
 
 TEST_F(ImageFilesTest, DecodingStopsWhenAsked) {
-    const auto file = convert(photograph({600, 400}), ImageFormat::png, 1).value();
-    EXPECT_TRUE(decode(file, stop.get_token()));
+    const auto picture = photograph({60, 40});
+    std::vector<std::string> files;
+    for (const auto format : allCases<ImageFormat>)
+        files.push_back(convert(picture, format, 1).value());
+    for (const auto& file : files)
+        EXPECT_TRUE(decode(file, stop.get_token()));
     stop.request_stop();
-    EXPECT_FALSE(decode(file, stop.get_token()));
+    for (const auto& file : files)
+        EXPECT_EQ(decode(file, stop.get_token()).error(), ConversionError::invalidImage);
+}
+
+TEST_F(ImageFilesTest, ThisComputerReadsAndWritesEveryFormat) {
+    for (const auto format : allCases<ImageFormat>) {
+        EXPECT_TRUE(canDecode(format)) << rawValue(format);
+        EXPECT_TRUE(canEncode(format)) << rawValue(format) << ' ' << factsOf(format).encoderPackage;
+    }
 }
 
 } // namespace

@@ -146,15 +146,24 @@ public:
     }
 };
 
-/// The real engine, unless it is to be missing.
+/// The real engine, unless it is to be missing or has been changed.
 class FakeImages final : public Images {
 public:
     std::optional<std::string> failure{};
+    std::optional<ImageEngine> changed{};
 
     std::expected<const ImageEngine*, std::string> engine() override {
         if (failure)
             return std::unexpected(*failure);
+        if (changed)
+            return &*changed;
         return ImageModule::load();
+    }
+
+    /// Takes the codecs of HEIC away.
+    void removeHEICCodecs() {
+        changed = **ImageModule::load();
+        changed->canDecode = changed->canEncode = [](ImageFormat format) { return format != ImageFormat::heic; };
     }
 };
 

@@ -54,7 +54,8 @@ public:
     QAccessible::State state() const override {
         const auto row = facts();
         QAccessible::State state;
-        state.selectable = true;
+        state.disabled = !row.isEnabled;
+        state.selectable = row.isEnabled;
         state.selected = row.isSelected;
         state.focusable = true;
         state.focused = row.isCurrent && m_list->hasFocus();
@@ -83,7 +84,7 @@ public:
                 return;
             if (!isPress)
                 rows.focusRow(row);
-            else if (rows.canPressRows())
+            else if (rows.canPressRows() && rows.accessibleRow(row).isEnabled)
                 rows.pressRow(row);
         };
         if (m_list && actionNames().contains(action))

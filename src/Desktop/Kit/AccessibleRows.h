@@ -18,6 +18,7 @@ struct AccessibleRow {
     std::optional<bool> isExpanded{}; ///< none where there is nothing to unfold
     bool isSelected = false;
     bool isCurrent = false;    ///< has the list's keyboard position
+    bool isEnabled = true;     ///< can be pressed, where rows can be
     QWidget* button = nullptr; ///< that lies over the row, if there is one
 };
 

@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPointer>
+#include <QStandardItemModel>
 #include <QWheelEvent>
 
 namespace korvane {
@@ -42,8 +43,8 @@ public:
         m_menu->setStyleSheet(Theme::menuStyleSheet());
         m_menu->setMinimumWidth(width());
         for (int index = 0; index < count(); ++index) {
-            auto* choice =
-                m_menu->addAction(itemText(index), this, [this, index] { setCurrentIndex(index); });
+            auto* choice = m_menu->addAction(entryText(index), this, [this, index] { setCurrentIndex(index); });
+            choice->setEnabled(obstacle(index).isEmpty());
             if (index == currentIndex())
                 m_menu->setActiveAction(choice);
         }
@@ -66,8 +67,10 @@ public:
     int accessibleRowCount() const override { return count(); }
 
     AccessibleRow accessibleRow(int row) const override {
-        return {
-            .name = itemText(row), .isSelected = row == currentIndex(), .isCurrent = row == currentIndex()};
+        return {.name = entryText(row),
+                .isSelected = row == currentIndex(),
+                .isCurrent = row == currentIndex(),
+                .isEnabled = obstacle(row).isEmpty()};
     }
 
     QRect accessibleRowPlace(int) const override { return {mapToGlobal(QPoint()), size()}; }
@@ -79,6 +82,13 @@ public:
     void pressRow(int row) override { setCurrentIndex(row); }
 
     void focusRow(int) override { setFocus(Qt::OtherFocusReason); }
+
+    /// Keeps the choice from being made, and shows why; empty allows it.
+    void setObstacle(int index, const QString& obstacle) {
+        setItemData(index, obstacle, obstacleRole);
+        // Without this flag the arrow keys pass over the choice.
+        static_cast<QStandardItemModel*>(model())->item(index)->setEnabled(obstacle.isEmpty());
+    }
 
 protected:
     /// Like Space, which the toolkit knows.
@@ -113,6 +123,15 @@ protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:
+    static constexpr int obstacleRole = Qt::UserRole;
+
+    QString obstacle(int index) const { return itemData(index, obstacleRole).toString(); }
+
+    QString entryText(int index) const {
+        return obstacle(index).isEmpty() ? itemText(index)
+                                         : QStringLiteral("%1 (%2)").arg(itemText(index), obstacle(index));
+    }
+
     QPointer<QMenu> m_menu;
 };
 
@@ -125,7 +144,9 @@ QWidget* menuPicker(ViewCore& view, MenuPickerParts parts) {
         picker->addItem(qString(title));
     QObject::connect(picker, &QComboBox::currentIndexChanged, picker,
                      [choose = parts.choose](int index) { choose(static_cast<std::size_t>(index)); });
-    view.onRefresh([picker, chosen = parts.chosen] {
+    view.onRefresh([picker, chosen = parts.chosen, obstacle = parts.obstacle] {
+        for (int index = 0; obstacle && index < picker->count(); ++index)
+            picker->setObstacle(index, qString(obstacle(static_cast<std::size_t>(index))));
         picker->setCurrentIndex(static_cast<int>(chosen()));
         if (picker->accessibleDescription() != picker->currentText())
             picker->setAccessibleDescription(picker->currentText());

@@ -92,7 +92,8 @@ QWidget* quality(Screen& view) {
 }
 
 QWidget* outputFormat(Screen& view) {
-    return row({menuPicker(view, "Format", &State::targetFormat, &State::setTargetFormat, formatWidth),
+    return row({menuPicker(view, "Format", &State::targetFormat, &State::setTargetFormat, formatWidth,
+                           &State::missingEncoder),
                 growing(view.either(&State::showsQuality, quality(view), row({stretch()})))});
 }
 

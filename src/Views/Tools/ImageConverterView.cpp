@@ -2,7 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
+#include <functional>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -48,6 +51,11 @@ std::string byteCountText(std::int64_t bytes) {
                                         : fmt::format("{:.1f} {}", amount, units[unit]);
 }
 
+/// What a codec that this computer lacks takes, which is a Debian package where one is known.
+std::string codecNeed(std::string_view package) {
+    return package.empty() ? "codec missing" : fmt::format("needs {}", package);
+}
+
 /// What a transform makes of `image`, which stays as it is where the transform fails.
 Image kept(Image image, std::expected<Image, ConversionError> result) {
     return result ? *std::move(result) : std::move(image);
@@ -56,8 +64,13 @@ Image kept(Image image, std::expected<Image, ConversionError> result) {
 } // namespace
 
 void ImageConverterView::appear(const LocalContext& context) {
-    if (const auto engine = context.services.images.engine(); !engine)
+    const auto engine = context.services.images.engine();
+    if (!engine) {
         errorMessage = engine.error();
+        return;
+    }
+    std::ranges::copy_if(allCases<ImageFormat>, std::back_inserter(formatsWithoutEncoder),
+                         std::not_fn((*engine)->canEncode));
 }
 
 void ImageConverterView::openFilePicker(const LocalContext& context) {
@@ -96,6 +109,9 @@ ImageConverterView::LoadResult ImageConverterView::load(std::string data, Images
     const auto failure = [](ConversionError error) {
         return std::unexpected(std::string(errorDescription(error)));
     };
+    if (const auto format = operations.formatOf(data); format && !operations.canDecode(*format))
+        return std::unexpected(fmt::format("{} cannot be read on this computer ({})", rawValue(*format),
+                                           codecNeed(factsOf(*format).decoderPackage)));
     auto image = operations.decode(data, stop);
     if (!image)
         return failure(image.error());
@@ -211,12 +227,18 @@ void ImageConverterView::remove() {
                                     .flipDirection = flipDirection,
                                     .maintainAspectRatio = maintainAspectRatio,
                                     .isDropTargeted = isDropTargeted,
+                                    .formatsWithoutEncoder = formatsWithoutEncoder,
                                     .saving = saving};
     *this = std::move(fresh);
 }
 
 void ImageConverterView::reset() {
-    *this = ImageConverterView{.saving = saving};
+    *this = ImageConverterView{.formatsWithoutEncoder = formatsWithoutEncoder, .saving = saving};
+}
+
+std::string ImageConverterView::missingEncoder(ImageFormat format) const {
+    const bool isMissing = std::ranges::count(formatsWithoutEncoder, format) > 0;
+    return isMissing ? codecNeed(factsOf(format).encoderPackage) : std::string();
 }
 
 std::string ImageConverterView::qualityText() const {

@@ -35,6 +35,7 @@ struct ImageConverterView {
     bool maintainAspectRatio = true;
     std::optional<std::string> errorMessage{};
     bool isDropTargeted = false;
+    std::vector<ImageFormat> formatsWithoutEncoder{}; ///< what this computer cannot write
 
     std::optional<Image> sourcePreview{};    ///< `sourceImage` in the size and colours of the screen
     std::optional<Image> processedPreview{}; ///< the same of `processedImage`
@@ -48,7 +49,7 @@ struct ImageConverterView {
     /// The longer side of a preview, in pixels: enough for a large screen.
     static constexpr int previewSide = 1600;
 
-    /// Gets the engine ready, or says why it is missing.
+    /// Gets the engine ready and learns what it can write, or says why it is missing.
     void appear(const Context<ImageConverterView>& context);
 
     /// Loads the file that the user chooses.
@@ -97,6 +98,10 @@ struct ImageConverterView {
     bool cannotApply() const { return !sourceImage; }
 
     bool cannotSave() const { return !sourceImage || saving; }
+
+    /// What this computer lacks to write files of the format, such as "needs libheif-plugin-x265"; empty where
+    /// it can.
+    std::string missingEncoder(ImageFormat format) const;
 
     bool showsQuality() const { return supportsQuality(targetFormat); }
 

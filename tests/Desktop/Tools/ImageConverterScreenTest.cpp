@@ -57,6 +57,25 @@ TEST_F(ImageConverterScreenTest, ShowsItsTexts) {
     EXPECT_EQ(screen.picker("Flip").itemText(3), "Both");
 }
 
+TEST_F(ImageConverterScreenTest, AFormatWithoutAnEncoderCannotBeChosen) {
+    fakes.images.removeHEICCodecs();
+    const std::unique_ptr<QWidget> other(imageConverterScreen(fakes.services));
+    auto& picker = ScreenDriver(*other).picker("Format");
+    QTest::keyClick(&picker, Qt::Key_End);
+    EXPECT_EQ(picker.currentText(), "BMP");
+    picker.showPopup();
+    const auto* menu = picker.findChild<QMenu*>();
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions().last()->text(), "HEIC (needs libheif-plugin-x265)");
+    EXPECT_FALSE(menu->actions().last()->isEnabled());
+    auto* row = QAccessible::queryAccessibleInterface(&picker)->child(5);
+    EXPECT_TRUE(row->state().disabled);
+    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    settle();
+    EXPECT_EQ(picker.currentText(), "BMP");
+    picker.hidePopup();
+}
+
 TEST_F(ImageConverterScreenTest, LoadsTransformsAndSaves) {
     load();
     for (const auto* text : {"40 × 30", "PNG image", "RGB", "No", "72"})

@@ -57,6 +57,27 @@ TEST_F(ImageConverterViewTest, StartsWithoutAPicture) {
     EXPECT_TRUE(state->cannotSave());
 }
 
+TEST_F(ImageConverterViewTest, AMissingEncoderIsNamed) {
+    fakes.images.removeHEICCodecs();
+    state->appear(context);
+    EXPECT_EQ(state->missingEncoder(ImageFormat::heic), "needs libheif-plugin-x265");
+    EXPECT_EQ(state->missingEncoder(ImageFormat::png), "");
+    state->reset();
+    EXPECT_EQ(state->missingEncoder(ImageFormat::heic), "needs libheif-plugin-x265");
+    state->remove();
+    EXPECT_EQ(state->missingEncoder(ImageFormat::heic), "needs libheif-plugin-x265");
+}
+
+TEST_F(ImageConverterViewTest, AMissingDecoderIsNamed) {
+    file = engine().convert(picture, ImageFormat::heic, 1).value();
+    fakes.images.removeHEICCodecs();
+    load();
+    EXPECT_FALSE(state->hasSource());
+    EXPECT_EQ(
+        state->errorMessage,
+        "Failed to load image: HEIC cannot be read on this computer (needs libheif-plugin-libde265)");
+}
+
 TEST_F(ImageConverterViewTest, LoadingShowsThePictureAndItsFacts) {
     state->loadImage(file, context);
     EXPECT_TRUE(state->isLoading());
