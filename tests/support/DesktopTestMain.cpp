@@ -1,5 +1,5 @@
-/// Runs the tests of the front end in an application without a display. A warning of the toolkit fails the
-/// test in which it is printed.
+/// Runs the tests of the front end in an application without a display, in the fonts that a build with tests
+/// installs. A warning of Qt fails the test in which it is printed.
 
 #include "Desktop/Window/Application.h"
 
@@ -20,6 +20,8 @@ void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& mes
 
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("FONTCONFIG_FILE")) // set it to run the tests in other fonts
+        qputenv("FONTCONFIG_FILE", KORVANE_TEST_FONTS);
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
         qputenv("XDG_RUNTIME_DIR", "/tmp"); // the toolkit wants one, and nothing is written there
     testing::InitGoogleTest(&argc, argv);

@@ -83,7 +83,9 @@ void TextLayout::documentChanged(int from, int removed, int added) {
     }
     const bool sameBlocks = first == last && text.blockCount() == m_blockCount;
     m_blockCount = text.blockCount();
-    if (sameBlocks && !layBlock(first)) {
+    // Clearing a document replaces its block by one that counts one line, so the block does not tell that the
+    // document has become shorter.
+    if (sameBlocks && !layBlock(first) && text.lineCount() == m_announcedRows) {
         emit updateBlock(first);
         return;
     }
@@ -110,6 +112,7 @@ void TextLayout::announceSize() const {
     if (m_announcing)
         return;
     m_announcing = true;
+    m_announcedRows = document()->lineCount();
     emit const_cast<TextLayout*>(this)->documentSizeChanged(documentSize());
     m_announcing = false;
 }

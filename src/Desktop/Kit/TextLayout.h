@@ -63,6 +63,7 @@ private:
     int m_generation = 0; // a block's user state is the generation of its layout
     int m_blockCount = 1;
     mutable bool m_announcing = false;
+    mutable int m_announcedRows = 0; // as the scroll bar knows them
 };
 
 } // namespace korvane

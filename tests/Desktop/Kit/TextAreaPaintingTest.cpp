@@ -50,7 +50,7 @@ TEST_F(TextAreaPaintingTest, EachNumberStandsBesideItsLine) {
         for (auto block = subject.area.document()->begin(); block.isValid(); block = block.next()) {
             auto cursor = QTextCursor(block);
             const auto rect = subject.area.cursorRect(cursor);
-            const int row = static_cast<int>(std::floor(rect.bottom() / double(lineHeight)));
+            const int row = static_cast<int>(std::floor(rect.center().y() / double(lineHeight)));
             if (row < 0 || row * lineHeight >= subject.area.viewport()->height())
                 continue;
             const auto numbers = subject.area.visibleNumbers();
@@ -89,7 +89,7 @@ TEST_F(TextAreaPaintingTest, EveryRowHasTheSameHeight) {
     subject.press(Qt::Key_Home, Qt::ControlModifier);
     auto block = subject.area.document()->begin();
     for (int row = 0; block.isValid(); ++row, block = block.next())
-        EXPECT_EQ(subject.area.cursorRect(QTextCursor(block)).bottom() / lineHeight, row);
+        EXPECT_EQ(subject.area.cursorRect(QTextCursor(block)).center().y() / lineHeight, row);
 }
 
 TEST_F(TextAreaPaintingTest, AClickAnywhereInARowMeetsItsCharacters) {
@@ -116,6 +116,20 @@ TEST_F(TextAreaPaintingTest, AResizeKeepsTheFirstVisibleLine) {
     for (const int width : {200, 300, 150, 700, 400}) {
         subject.area.resize(width, 300);
         EXPECT_EQ(subject.area.cursorForPosition({0, 2}).block().blockNumber(), first) << width;
+    }
+}
+
+TEST_F(TextAreaPaintingTest, AShorterTextShortensTheScrollRange) {
+    for (const bool readOnly : {false, true}) {
+        Subject subject(longestPieceOfLine, 200);
+        subject.area.setReadOnly(readOnly);
+        subject.area.setText(std::string(5000, 'w'));
+        auto& bar = *subject.area.verticalScrollBar();
+        ASSERT_GT(bar.maximum(), 50);
+        bar.setValue(bar.maximum());
+        subject.area.setText("xy");
+        EXPECT_EQ(bar.maximum(), 0) << readOnly;
+        EXPECT_EQ(bar.value(), 0) << readOnly;
     }
 }
 
@@ -155,7 +169,8 @@ TEST_F(TextAreaPaintingTest, TheCaretIsSeenInAFocusedTextEvenIfItIsReadOnly) {
         EXPECT_EQ(caretHeight(), 0);
         QApplication::setActiveWindow(&subject.area);
         subject.area.setFocus();
-        EXPECT_EQ(caretHeight(), std::min(QFontMetrics(subject.area.font()).height(), lineHeight));
+        const auto fontHeight = std::lround(QFontMetricsF(subject.area.font()).height());
+        EXPECT_EQ(caretHeight(), std::min<long>(fontHeight, lineHeight));
     }
 }
 
