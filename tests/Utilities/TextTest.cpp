@@ -55,7 +55,8 @@ std::size_t naiveCharacterCount(const std::string& text) {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::BreakIterator> iterator(
         icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    iterator->setText(icu::UnicodeString::fromUTF8(text));
+    const auto utf16 = icu::UnicodeString::fromUTF8(text); // the iterator keeps no copy
+    iterator->setText(utf16);
     std::size_t count = 0;
     while (iterator->next() != icu::BreakIterator::DONE)
         ++count;

@@ -130,6 +130,11 @@ bool MarkdownBrowser::viewportEvent(QEvent* event) {
     return true;
 }
 
+void MarkdownBrowser::mouseReleaseEvent(QMouseEvent* event) {
+    QTextBrowser::mouseReleaseEvent(event);
+    event->accept(); // the base ignores one that opens a link, which would go on to the widget behind
+}
+
 void MarkdownBrowser::changeEvent(QEvent* event) {
     QTextBrowser::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
