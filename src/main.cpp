@@ -6,8 +6,7 @@
 #include <QApplication>
 
 int main(int argc, char* argv[]) {
-    QApplication application(argc, argv);
-    korvane::setUpApplication();
+    const auto application = korvane::makeApplication(argc, argv);
 
     korvane::ServicesQt services;
     korvane::MainWindow window(services.services());

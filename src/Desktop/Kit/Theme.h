@@ -259,6 +259,13 @@ QColor mixed(const QColor& from, const QColor& to, double progress);
 int px(int size);
 QMargins margins(int left, int top, int right, int bottom);
 
+/// `font`, in `family` where the desktop names no family but the generic `alias` and `family` is installed.
+QFont withDefaultFamily(QFont font, const QString& alias, const QString& family);
+
+/// The font of the application: the desktop's, or Inter where the desktop has chosen none. Code has the
+/// desktop's fixed font or JetBrains Mono in the same way.
+QFont applicationFont();
+
 /// At a size other than 100 `percent`, as the user has zoomed the text.
 QFont font(TextStyle style, int percent = 100);
 int lineHeight(TextStyle style, int percent = 100);

@@ -102,9 +102,21 @@ int zoomed(int size, int percent) {
 
 } // namespace
 
+QFont withDefaultFamily(QFont font, const QString& alias, const QString& family) {
+    if (font.family() == alias && QFontDatabase::hasFamily(family))
+        font.setFamily(family);
+    return font;
+}
+
+QFont applicationFont() {
+    return withDefaultFamily(QApplication::font(), QStringLiteral("Sans Serif"), QStringLiteral("Inter"));
+}
+
 QFont font(TextStyle style, int percent) {
     const auto& facts = factsOf(style);
-    auto font = facts.isCode ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QApplication::font();
+    auto font = facts.isCode ? withDefaultFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont),
+                                                 QStringLiteral("monospace"), QStringLiteral("JetBrains Mono"))
+                             : QApplication::font();
     font.setPixelSize(zoomed(facts.size, percent));
     font.setWeight(facts.weight);
     if (facts.letterSpacing > 0)

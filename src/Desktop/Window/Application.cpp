@@ -4,7 +4,9 @@
 #include "Desktop/Kit/Theme.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
+#include <QLibraryInfo>
 #include <QPainter>
 #include <QPixmap>
 #include <QSettings>
@@ -42,13 +44,35 @@ void forgetWhatDialogsRemember() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
+/// Whether the desktop is KDE without its platform theme for Qt 6, as in Debian 12, whose KDE is built on Qt 5.
+bool isKDEWithoutTheme() {
+    const auto theme = QLibraryInfo::path(QLibraryInfo::PluginsPath) +
+                       QStringLiteral("/platformthemes/KDEPlasmaPlatformTheme6.so");
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(QStringLiteral("KDE")) &&
+           !QFileInfo::exists(theme);
+}
+
 } // namespace
+
+std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
+    constexpr auto variable = "QT_QPA_PLATFORMTHEME";
+    // Qt reads it once; the browser that opens a link shall not inherit it.
+    const bool needsPortal = !qEnvironmentVariableIsSet(variable) && isKDEWithoutTheme();
+    if (needsPortal)
+        qputenv(variable, "xdgdesktopportal");
+    auto application = std::make_unique<QApplication>(argc, argv);
+    if (needsPortal)
+        qunsetenv(variable);
+    setUpApplication();
+    return application;
+}
 
 void setUpApplication() {
     QApplication::setApplicationName(QStringLiteral("korvane"));
     QApplication::setApplicationDisplayName(QStringLiteral("Korvane"));
     QApplication::setDesktopFileName(QStringLiteral("org.korvane.Korvane"));
     QApplication::setWindowIcon(icon());
+    QApplication::setFont(Theme::applicationFont());
     QApplication::setStyle(Theme::style());
     installAccessibility();
     forgetWhatDialogsRemember();

@@ -2,9 +2,17 @@
 /// assistive technology sees of its controls, and that it leaves nothing behind.
 #pragma once
 
+#include <memory>
+
+class QApplication;
+
 namespace korvane {
 
-/// Sets all of this up. The application object must exist, and no window yet.
+/// The application object, set up. File panels are the desktop's: where its platform theme for Qt is missing, the
+/// desktop portal shows them.
+std::unique_ptr<QApplication> makeApplication(int& argc, char** argv);
+
+/// Sets up an application object that exists already. There must be no window yet.
 void setUpApplication();
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 /// The whole program as its user meets it, with the real services. Traced, it shows what the program reaches
 /// for.
 
+#include "Desktop/Kit/Theme.h"
 #include "Desktop/Window/MainWindow.h"
 #include "Desktop/Window/ServicesQt.h"
 #include "support/Pictures.h"
@@ -120,6 +121,15 @@ TEST_F(ApplicationTest, ConvertsAPicture) {
     chooseFile(converted);
     ASSERT_TRUE(comes([&] { return QFile::exists(converted); }));
     EXPECT_EQ(QImage(converted).size(), QSize(64, 48));
+}
+
+TEST_F(ApplicationTest, AFontThatTheDesktopHasChosenStays) {
+    const auto familyFor = [](const char* chosen, const char* family) {
+        return Theme::withDefaultFamily(QFont(chosen), "Sans Serif", family).family();
+    };
+    EXPECT_EQ(familyFor("Sans Serif", "DejaVu Sans"), "DejaVu Sans");
+    EXPECT_EQ(familyFor("Sans Serif", "No Such Font"), "Sans Serif") << "it is not installed";
+    EXPECT_EQ(familyFor("DejaVu Sans Mono", "DejaVu Sans"), "DejaVu Sans Mono");
 }
 
 TEST_F(ApplicationTest, HasAnIconForEverySize) {
