@@ -8,11 +8,17 @@
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
 
+#include <sys/stat.h>
+#include <sys/types.h>
+
 #include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
+#include <string>
+#include <utility>
 
 namespace korvane::DateText {
 
@@ -26,6 +32,32 @@ constexpr double latestMillisecond = 183882168921600000.0;
 icu::TimeZone* newTimeZone(const std::string& name) {
     return name.empty() ? icu::TimeZone::detectHostTimeZone()
                         : icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name));
+}
+
+/// What the system's time zone depends on, so that a change of it is noticed. Costs a system call, where
+/// asking for the zone itself may search the whole database.
+struct SystemZone {
+    std::string variable{};
+    dev_t device{};
+    ino_t file{};
+    std::int64_t second{}; ///< in which the file was last changed
+    std::int64_t nanosecond{};
+
+    bool operator==(const SystemZone&) const = default;
+};
+
+SystemZone systemZone() {
+    SystemZone zone;
+    if (const char* variable = std::getenv("TZ"))
+        zone.variable = variable;
+    struct stat facts{};
+    if (stat("/etc/localtime", &facts) == 0) {
+        zone.device = facts.st_dev;
+        zone.file = facts.st_ino;
+        zone.second = facts.st_mtim.tv_sec;
+        zone.nanosecond = facts.st_mtim.tv_nsec;
+    }
+    return zone;
 }
 
 struct Style {
@@ -44,14 +76,16 @@ constexpr Style shortTimeStyle{icu::DateFormat::kNone, icu::DateFormat::kShort};
 struct Formatter {
     Style style{icu::DateFormat::kNone, icu::DateFormat::kNone};
     Region region{};
+    SystemZone systemZone{}; ///< where the region follows it
     std::unique_ptr<icu::DateFormat> format{};
 };
 
 const icu::DateFormat* formatter(Style style, const Region& region) {
     thread_local Formatter last;
-    if (!last.format || last.style != style || last.region != region) {
+    auto zone = region.timeZone.empty() ? systemZone() : SystemZone();
+    if (!last.format || last.style != style || last.region != region || last.systemZone != zone) {
         const icu::Locale locale(icuLocaleName(region.locale).c_str());
-        last = {style, region,
+        last = {style, region, std::move(zone),
                 std::unique_ptr<icu::DateFormat>(
                     icu::DateFormat::createDateTimeInstance(style.date, style.time, locale))};
         if (last.format)

@@ -9,8 +9,9 @@ namespace korvane::DateText {
 
 /// Whose customs a text follows.
 struct Region {
-    std::string locale{};   ///< an ICU locale name such as "en_GB"; empty: the user's, from the environment
-    std::string timeZone{}; ///< a zone of the IANA database such as "Europe/Berlin"; empty: the system's
+    std::string locale{}; ///< an ICU locale name such as "en_GB"; empty: the user's, from the environment
+    std::string
+        timeZone{}; ///< a zone of the IANA database such as "Europe/Berlin"; empty: the system's at the time
 
     bool operator==(const Region&) const = default;
 };

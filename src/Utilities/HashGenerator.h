@@ -5,6 +5,7 @@
 #include "Models/Enumeration.h"
 
 #include <array>
+#include <cstddef>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -36,14 +37,15 @@ std::vector<HashResult> allHashes(std::string_view text, const std::stop_token& 
 struct HashAlgorithmFacts {
     HashGenerator::HashAlgorithm value;
     std::string_view rawValue;
+    std::size_t digitCount; ///< of a digest in hexadecimal
 };
 
 template <>
 inline constexpr auto facts<HashGenerator::HashAlgorithm> = std::to_array<HashAlgorithmFacts>({
-    {HashGenerator::HashAlgorithm::md5, "MD5"},
-    {HashGenerator::HashAlgorithm::sha1, "SHA1"},
-    {HashGenerator::HashAlgorithm::sha256, "SHA256"},
-    {HashGenerator::HashAlgorithm::sha512, "SHA512"},
+    {HashGenerator::HashAlgorithm::md5, "MD5", 32},
+    {HashGenerator::HashAlgorithm::sha1, "SHA1", 40},
+    {HashGenerator::HashAlgorithm::sha256, "SHA256", 64},
+    {HashGenerator::HashAlgorithm::sha512, "SHA512", 128},
 });
 
 } // namespace korvane

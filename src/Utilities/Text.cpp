@@ -81,6 +81,26 @@ std::string_view trimmingWhitespacesAndNewlines(std::string_view text) {
     return trimming(text, isWhitespaceOrNewline);
 }
 
+std::string onOneLine(std::string_view text) {
+    while (!text.empty()) {
+        const auto last = previousOffset(text, text.size());
+        if (!isNewline(decodeAt(text, last).character))
+            break;
+        text = text.substr(0, last);
+    }
+    std::string line;
+    line.reserve(text.size());
+    for (std::size_t offset = 0; offset < text.size();) {
+        const auto decoded = decodeAt(text, offset);
+        if (!isNewline(decoded.character))
+            line += text.substr(offset, decoded.end - offset);
+        else if (!text.substr(offset).starts_with("\r\n"))
+            line += ' '; // of CR LF the second stands for both
+        offset = decoded.end;
+    }
+    return line;
+}
+
 bool isValidUTF8(std::string_view text) {
     return validUTF8PrefixLength(text) == text.size();
 }

@@ -21,6 +21,10 @@ std::string_view trimmingWhitespaces(std::string_view text);
 /// `text` without the white space and newlines at both of its ends.
 std::string_view trimmingWhitespacesAndNewlines(std::string_view text);
 
+/// `text` as a field of one line takes it: without the newlines at its end, and with a space for each other
+/// one; CR LF is one newline.
+std::string onOneLine(std::string_view text);
+
 /// Whether `text` is well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
 bool isValidUTF8(std::string_view text);
 

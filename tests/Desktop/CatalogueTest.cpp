@@ -1,20 +1,11 @@
 /// What holds for every screen alike.
 
-#include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Screen.h"
 #include "Desktop/Kit/TextArea.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Window/MainWindow.h"
-#include "Utilities/LoremIpsumGenerator.h"
-#include "Views/Components/CopyButton.h"
-#include "Views/Components/PasteButton.h"
-#include "Views/Components/StatusBadge.h"
 #include "Views/ContentView.h"
-#include "Views/Tools/Base64View.h"
-#include "Views/Tools/JSONFormatterView.h"
-#include "Views/Tools/NumberBaseView.h"
-#include "Views/Tools/URLEncoderView.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -161,54 +152,6 @@ std::string testName(const testing::TestParamInfo<Tool>& tool) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AllTools, CatalogueTest, testing::ValuesIn(allCases<Tool>), testName);
-
-TEST(Glyph, HasAnIconForEveryNameThatIsUsed) {
-    std::vector<std::string_view> names = {ToolSidebarView::icon,
-                                           ToolSidebarView::footerIcon,
-                                           WelcomeView::icon,
-                                           PasteButton::icon,
-                                           ClearButton::icon,
-                                           "magnifyingglass",
-                                           "xmark.circle.fill",
-                                           "chevron.down",
-                                           "chevron.right",
-                                           "arrow.down.doc",
-                                           "arrow.up.doc",
-                                           "wand.and.stars",
-                                           "checkmark.seal",
-                                           "list.bullet.indent",
-                                           "window.minimise",
-                                           "window.maximise",
-                                           "window.restore",
-                                           "window.close",
-                                           "arrow.clockwise",
-                                           "plus.square.on.square",
-                                           "clock.badge.questionmark",
-                                           "text.quote",
-                                           "arrow.triangle.branch",
-                                           "number.square",
-                                           "menu.chevrons",
-                                           "chevron.left",
-                                           "doc.on.clipboard",
-                                           "info.circle",
-                                           "bolt.fill"};
-    const auto addIcons = [&](const auto& cases) {
-        for (const auto value : cases)
-            names.push_back(icon(value));
-    };
-    addIcons(allCases<Tool>);
-    addIcons(allCases<Status>);
-    addIcons(allCases<JSONValueType>);
-    addIcons(allCases<Base64View::Mode>);
-    addIcons(allCases<GenerationType>);
-    addIcons(allCases<NumberBaseView::Base>);
-    addIcons(allCases<URLEncoderView::Mode>);
-    for (const bool copied : {false, true})
-        names.push_back(CopyButton{.copied = copied}.icon());
-    for (const auto name : names)
-        EXPECT_TRUE(Glyph::exists(name)) << name;
-    EXPECT_FALSE(Glyph::exists("no such glyph"));
-}
 
 } // namespace
 } // namespace korvane

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <optional>
 #include <set>
-#include <string>
+#include <string_view>
 
 namespace korvane {
 namespace {
@@ -12,18 +14,6 @@ TEST(Tool, ListsSixteenToolsFromJSONFormatterToImageConverter) {
     EXPECT_EQ(allCases<Tool>.size(), 16U);
     EXPECT_EQ(allCases<Tool>.front(), Tool::jsonFormatter);
     EXPECT_EQ(allCases<Tool>.back(), Tool::imageConverter);
-}
-
-TEST(Tool, HasDigitShortcutsInOrderForTheFirstTenOnly) {
-    std::string digits;
-    for (const auto tool : allCases<Tool>) {
-        if (const auto key = keyboardShortcut(tool))
-            digits += *key;
-        else
-            EXPECT_GE(tool, Tool::textTransformer);
-    }
-    EXPECT_EQ(digits, "1234567890");
-    EXPECT_EQ(keyboardShortcut(Tool::textDiff), '0');
 }
 
 TEST(Tool, IsFoundByItsExactDisplayNameOnly) {
@@ -44,28 +34,49 @@ TEST(Tool, IsIdentifiedByItsDisplayName) {
     EXPECT_EQ(names.size(), allCases<Tool>.size());
 }
 
-TEST(Tool, RepeatsColoursOnPurpose) {
-    EXPECT_EQ(accentColor(Tool::hashGenerator), accentColor(Tool::numberBase));
-    EXPECT_EQ(accentColor(Tool::regexTester), accentColor(Tool::passwordGenerator));
-    EXPECT_EQ(accentColor(Tool::jwtDecoder), accentColor(Tool::markdownPreview));
-    EXPECT_EQ(accentColor(Tool::jsonFormatter), accentColor(Tool::imageConverter));
-}
-
-TEST(Tool, TellsGlyphAndPurpose) {
+TEST(Tool, IsDescribedAsTheCatalogueHasIt) {
     struct Row {
         Tool tool;
+        std::string_view name;
         std::string_view icon;
         std::string_view description;
+        PaletteColor color;
+        std::optional<char> shortcut;
     };
 
+    using enum PaletteColor;
     constexpr Row rows[] = {
-        {Tool::jsonFormatter, "curlybraces", "Format, minify, and validate JSON"},
-        {Tool::hashGenerator, "number", "Generate MD5, SHA1, SHA256, SHA512 hashes"},
-        {Tool::imageConverter, "photo.badge.arrow.down", "Convert and transform images"},
+        {Tool::jsonFormatter, "JSON Formatter", "curlybraces", "Format, minify, and validate JSON", cyan,
+         '1'},
+        {Tool::base64, "Base64", "doc.text", "Encode and decode Base64", orange, '2'},
+        {Tool::urlEncoder, "URL Encoder", "link", "Encode and decode URLs", blue, '3'},
+        {Tool::jwtDecoder, "JWT Decoder", "key.fill", "Decode and inspect JWT tokens", purple, '4'},
+        {Tool::hashGenerator, "Hash Generator", "number", "Generate MD5, SHA1, SHA256, SHA512 hashes", green,
+         '5'},
+        {Tool::uuidGenerator, "UUID Generator", "rectangle.grid.1x2", "Generate UUIDs", pink, '6'},
+        {Tool::timestamp, "Timestamp", "clock", "Convert Unix timestamps", yellow, '7'},
+        {Tool::regexTester, "Regex Tester", "textformat.abc", "Test regular expressions", red, '8'},
+        {Tool::colorPicker, "Color Picker", "paintpalette", "Convert colors between formats", indigo, '9'},
+        {Tool::textDiff, "Text Diff", "arrow.left.arrow.right", "Compare two texts", mint, '0'},
+        {Tool::textTransformer, "Text Transformer", "textformat.size", "Transform text case and lines", teal,
+         std::nullopt},
+        {Tool::numberBase, "Number Base", "01.square", "Convert between binary, octal, decimal, hex", green,
+         std::nullopt},
+        {Tool::loremIpsum, "Lorem Ipsum", "text.quote", "Generate placeholder text", brown, std::nullopt},
+        {Tool::passwordGenerator, "Password Generator", "lock.shield", "Generate secure passwords", red,
+         std::nullopt},
+        {Tool::markdownPreview, "Markdown Preview", "doc.richtext", "Preview Markdown with HTML export",
+         purple, std::nullopt},
+        {Tool::imageConverter, "Image Converter", "photo.badge.arrow.down", "Convert and transform images",
+         cyan, std::nullopt},
     };
+    ASSERT_TRUE(std::ranges::equal(rows, allCases<Tool>, {}, &Row::tool)) << "in this order";
     for (const auto& row : rows) {
-        EXPECT_EQ(icon(row.tool), row.icon);
-        EXPECT_EQ(description(row.tool), row.description);
+        EXPECT_EQ(rawValue(row.tool), row.name);
+        EXPECT_EQ(icon(row.tool), row.icon) << row.name;
+        EXPECT_EQ(description(row.tool), row.description) << row.name;
+        EXPECT_EQ(accentColor(row.tool), row.color) << row.name;
+        EXPECT_EQ(keyboardShortcut(row.tool), row.shortcut) << row.name;
     }
 }
 

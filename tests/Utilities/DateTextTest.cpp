@@ -1,5 +1,7 @@
 #include "Utilities/DateText.h"
 
+#include "support/LocalZone.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -18,6 +20,20 @@ TEST(DateTextTest, SpellsOutEverythingInTheFullStyle) {
               "Wednesday, July 3, 2024 at 11:46:40\u202fAM Central European Summer Time");
     EXPECT_EQ(DateText::fullDateAndTime(0, {"de_DE", "UTC"}),
               "Donnerstag, 1. Januar 1970 um 00:00:00 Koordinierte Weltzeit");
+}
+
+TEST(DateTextTest, NoticesThatTheSystemsZoneHasChanged) {
+    const DateText::Region local{"de_DE", ""};
+    const auto timeIn = [&](const char* zone) {
+        const LocalZone system(zone);
+        return DateText::shortTime(1704164645, local);
+    };
+    EXPECT_EQ(timeIn("Europe/Berlin"), "04:04");
+    EXPECT_EQ(timeIn("Asia/Tokyo"), "12:04");
+    EXPECT_EQ(timeIn("UTC"), "03:04");
+    const LocalZone tokyo("Asia/Tokyo");
+    EXPECT_EQ(DateText::shortTime(1704164645, {"de_DE", "Europe/Berlin"}), "04:04") << "a given zone stays";
+    EXPECT_EQ(DateText::shortTime(1704164645, local), "12:04");
 }
 
 TEST(DateTextTest, HasShorterStyles) {

@@ -91,6 +91,7 @@ TEST(HashGenerator, NamesItsAlgorithmsAndTheirLengths) {
         EXPECT_EQ(rawValue(rows[i].algorithm), rows[i].name);
         EXPECT_EQ(fromRawValue<HashAlgorithm>(rows[i].name), rows[i].algorithm);
         EXPECT_EQ(all[i].hash.size(), rows[i].length);
+        EXPECT_EQ(factsOf(all[i].algorithm).digitCount, rows[i].length);
     }
 }
 

@@ -91,6 +91,32 @@ TEST(Text, TrimsWhitespaceAndLeavesNewlines) {
     EXPECT_EQ(trimmingWhitespaces("\t "), "");
 }
 
+TEST(Text, PutsATextOnOneLine) {
+    struct Row {
+        std::string_view text;
+        std::string_view line;
+    };
+
+    constexpr Row rows[] = {
+        {"", ""},
+        {"1700000000\n", "1700000000"},
+        {"1700000000\r\n", "1700000000"},
+        {"a\n\r\n\u2028\u2029\u0085\v\f", "a"},
+        {"\n", ""},
+        {"a\nb", "a b"},
+        {"a\r\nb", "a b"},
+        {"a\n\rb", "a  b"},
+        {"a\n\nb\n", "a  b"},
+        {"\na", " a"},
+        {"ä\u2028ö\u2029ü\u0085ß\vé\fè\r漢", "ä ö ü ß é è 漢"},
+        {" a\t b ", " a\t b "},
+        {"a \n ", "a   "},
+        {"\xff\n\xff\n", "\xff \xff"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(onOneLine(row.text), row.line) << row.text;
+}
+
 TEST(Text, CountsWordsBetweenWhiteSpaceAndNewlines) {
     EXPECT_EQ(wordCount(""), 0U);
     EXPECT_EQ(wordCount(" \n\t"), 0U);

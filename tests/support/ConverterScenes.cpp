@@ -1,6 +1,10 @@
 #include "support/Scenes.h"
 
+#include "Views/Tools/HashGeneratorView.h"
+
 #include <QSlider>
+
+#include <string>
 
 namespace korvane {
 
@@ -51,6 +55,14 @@ std::vector<Scene> converterScenes() {
              screen.press("SHA256");
              screen.press("Copy MD5");
          }},
+        {"hash-busy", Tool::hashGenerator,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             std::string large;
+             while (large.size() <= HashGeneratorView::largestTextHandledAtOnce)
+                 large.append(pangrams).append("\n");
+             paste(screen, fakes, large);
+             screen.press("SHA256");
+         }},
         {"numberbase", Tool::numberBase,
          [](const ScreenDriver& screen, FakeServices&) {
              screen.choose("Hexadecimal");
@@ -68,6 +80,11 @@ std::vector<Scene> converterScenes() {
         {"timestamp-error", Tool::timestamp,
          [](const ScreenDriver& screen, FakeServices&) {
              screen.enter("Timestamp", "17637354oo");
+             screen.press("Convert to Date");
+         }},
+        {"timestamp-microseconds", Tool::timestamp,
+         [](const ScreenDriver& screen, FakeServices&) {
+             screen.enter("Timestamp", "1763735400000000");
              screen.press("Convert to Date");
          }},
         {"color", Tool::colorPicker,

@@ -33,6 +33,8 @@ public:
     void setTitle(std::string_view title);
     void setIconName(std::string_view icon);
 
+    const std::string& iconName() const { return m_icon; }
+
     QSize sizeHint() const override;
 
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -82,6 +84,8 @@ class ActionButton final : public GlyphButton {
 public:
     ActionButton();
     void setColor(PaletteColor color);
+
+    PaletteColor color() const { return m_color; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -12,6 +12,8 @@
 
 #include <QDateTime>
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 #include <utility>
 
@@ -26,9 +28,34 @@ QDateTime localTime(Moment moment) {
     return QDateTime::fromMSecsSinceEpoch(moment.time_since_epoch().count());
 }
 
-/// The moment of a local time; of one that the clocks skip, as much later as they are put forward.
-Moment momentAt(QDate date, QTime time) {
-    return Moment(std::chrono::milliseconds(QDateTime(date, time).toMSecsSinceEpoch()));
+/// What a clock on the wall shows, as if it were the time in UTC.
+Moment wallClock(QDate date, QTime time) {
+    return Moment(std::chrono::milliseconds(QDateTime(date, time, Qt::UTC).toMSecsSinceEpoch()));
+}
+
+/// How far the user's clocks are ahead of UTC.
+std::chrono::milliseconds offsetAt(Moment moment) {
+    const auto local = localTime(moment);
+    return wallClock(local.date(), local.time()) - moment;
+}
+
+/// The moment of a local time, which the user comes to from `before`. Around a change of the clocks there may
+/// be two such moments, or none: then the offset from UTC stays that of `before` if it can. So whoever goes
+/// by minutes through an hour that comes twice stays in the one he is in, and whoever comes to a time that
+/// the clocks skip is taken beyond it, as long as that is on the same day.
+Moment momentAt(QDate date, QTime time, Moment before) {
+    constexpr auto apart = std::chrono::days(1); // further than zones are, nearer than two changes
+    const auto wall = wallClock(date, time);
+    std::array offsets{offsetAt(wall - apart), offsetAt(wall + apart)};
+    if (offsets.back() == offsetAt(before))
+        std::ranges::reverse(offsets);
+    for (const auto offset : offsets) {
+        if (offsetAt(wall - offset) == offset)
+            return wall - offset;
+    }
+    const auto onTheDay =
+        std::ranges::find_if(offsets, [&](auto offset) { return localTime(wall - offset).date() == date; });
+    return wall - (onTheDay == offsets.end() ? offsets.front() : *onTheDay);
 }
 
 /// A button that, held down, acts again and again.
@@ -42,13 +69,13 @@ TimeField* newTimeField(const DateTimePickerParts& parts) {
     return timeField(parts.label, [parts](QTime hourAndMinute) {
         const auto chosen = localTime(parts.moment());
         const auto rest = chosen.time().msecsSinceStartOfDay() % (60 * 1000);
-        parts.setMoment(momentAt(chosen.date(), hourAndMinute.addMSecs(rest)));
+        parts.setMoment(momentAt(chosen.date(), hourAndMinute.addMSecs(rest), parts.moment()));
     });
 }
 
 MonthGrid* newMonthGrid(const DateTimePickerParts& parts) {
     return new MonthGrid(parts.color, [parts](QDate date) {
-        parts.setMoment(momentAt(date, localTime(parts.moment()).time()));
+        parts.setMoment(momentAt(date, localTime(parts.moment()).time(), parts.moment()));
     });
 }
 

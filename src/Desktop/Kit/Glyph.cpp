@@ -51,16 +51,19 @@ bool exists(std::string_view name) {
 }
 
 void paint(QPainter& painter, std::string_view name, const QRectF& rect, const QBrush& brush) {
-    auto* icon = renderer(name);
-    if (!icon)
+    if (name.empty())
         return;
+    if (!exists(name)) {
+        qWarning("No icon stands behind the glyph name \"%s\"", std::string(name).c_str());
+        return;
+    }
     const auto scale = painter.device()->devicePixelRatioF();
     const QSize pixels(static_cast<int>(std::lround(rect.width() * scale)),
                        static_cast<int>(std::lround(rect.height() * scale)));
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter tinting(&image);
-    icon->render(&tinting, QRectF(QPointF(), pixels));
+    renderer(name)->render(&tinting, QRectF(QPointF(), pixels));
     tinting.setCompositionMode(QPainter::CompositionMode_SourceIn);
     tinting.scale(scale, scale);
     tinting.translate(-rect.topLeft());

@@ -14,8 +14,8 @@ namespace korvane::Glyph {
 /// Whether an icon file stands behind `name`.
 bool exists(std::string_view name);
 
-/// Paints the glyph into the square `rect`, in the colour or gradient of `brush`. An unknown name paints
-/// nothing.
+/// Paints the glyph into the square `rect`, in the colour or gradient of `brush`. An empty name paints
+/// nothing; one without an icon file is a mistake, and warns.
 void paint(QPainter& painter, std::string_view name, const QRectF& rect, const QBrush& brush);
 
 /// The brush of the program's own mark: cyan to teal, from the top left of `rect` to its bottom right.

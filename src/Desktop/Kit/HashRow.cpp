@@ -83,8 +83,10 @@ QWidget* hashRow(ViewCore& view, HashRowParts parts) {
         button->setChecked(current.isSelected);
         digest->display(current.hash);
         length->display(current.lengthText());
-        plate->setVisible(current.hasHash());
-        fading->setOpacity(current.hasHash() ? 1 : Theme::idleOpacity);
+        digest->setPlaceholderText(qString(current.prompt()));
+        plate->setVisible(current.showsLength());
+        copy->setEnabled(!current.isComputing); // and is faint then by itself
+        fading->setOpacity(current.hasHash() || current.isComputing ? 1 : Theme::idleOpacity);
     });
     QObject::connect(button, &QAbstractButton::clicked, button, parts.select);
     return button;

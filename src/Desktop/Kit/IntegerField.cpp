@@ -19,8 +19,9 @@ QWidget* integerField(ViewCore& view, IntegerFieldParts parts) {
     auto* edit = new LineEdit(Theme::TextStyle::body);
     edit->setAccessibleName(qString(parts.name));
     neverBeginWith(edit);
+    // Line breaks may come with what is pasted; the editor drops them by itself.
     edit->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,9}")), edit));
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("(?:[0-9][\\r\\n]*){0,9}")), edit));
     auto* field = new Surface([] { return Theme::color(Role::panelFill); }, Size::radiusSmall,
                               [] { return Theme::color(Role::outline); });
     field->setFocusProxy(edit);

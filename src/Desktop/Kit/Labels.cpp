@@ -108,6 +108,8 @@ QWidget* label(ViewCore& view, std::function<std::string()> text, TextStyle styl
     line->setAlignment(options.alignment | Qt::AlignVCenter);
     if (options.width > 0)
         line->setFixedWidth(Theme::px(options.width));
+    if (!options.asWideAs.empty())
+        line->setFixedWidth(Label(options.asWideAs, style).sizeHint().width());
     view.onRefresh([line, read = std::move(text)] { line->display(read()); });
     return line;
 }

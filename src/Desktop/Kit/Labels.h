@@ -100,6 +100,7 @@ QWidget* caption(ViewCore& view, std::function<std::string()> text);
 struct LabelOptions {
     int width = 0; ///< in pixels at a 13-pixel body text; 0: as wide as the text, or less where room is short
     Qt::Alignment alignment = Qt::AlignLeft;
+    std::string_view asWideAs{}; ///< a text whose width it has instead, such as the widest in a column
 };
 
 /// A line of text.

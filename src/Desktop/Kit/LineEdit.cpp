@@ -1,6 +1,7 @@
 #include "Desktop/Kit/LineEdit.h"
 
 #include "Desktop/Kit/Strings.h"
+#include "Utilities/Text.h"
 
 #include <QEvent>
 #include <QValidator>
@@ -20,16 +21,25 @@ void LineEdit::display(std::string_view utf8) {
     if (shown == text())
         return;
     m_acceptedText = utf8;
+    replaceAll(shown);
+}
+
+/// Unlike `setText`, this keeps the history.
+void LineEdit::replaceAll(const QString& text) {
     m_displaying = true;
     selectAll();
-    insert(shown); // unlike setText, this keeps the history
+    insert(text);
     m_displaying = false;
 }
 
 /// Not every edit comes by key: assistive technology sets a text past the validator, and without
 /// `textEdited`.
 void LineEdit::followEdit() {
-    if (m_displaying || !onEdit)
+    if (m_displaying)
+        return;
+    if (!isReadOnly())
+        keepOnOneLine();
+    if (!onEdit)
         return;
     auto text = this->text();
     auto position = cursorPosition();
@@ -37,6 +47,19 @@ void LineEdit::followEdit() {
         display(m_acceptedText);
     else
         onEdit(m_acceptedText = utf8String(text));
+}
+
+/// What has been pasted or dropped ends at the caret, so the line breaks before it are the last ones of that
+/// text.
+void LineEdit::keepOnOneLine() {
+    const auto beforeCaret = qString(onOneLine(utf8String(text().left(cursorPosition()))));
+    const auto line = beforeCaret + qString(onOneLine(utf8String(text().mid(cursorPosition()))));
+    if (line == text())
+        return;
+    m_displaying = true;
+    undo(); // else a later undoing would bring the line breaks back, and stop there
+    replaceAll(line);
+    setCursorPosition(static_cast<int>(beforeCaret.size()));
 }
 
 void LineEdit::changeEvent(QEvent* event) {

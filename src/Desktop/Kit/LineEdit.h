@@ -1,5 +1,6 @@
-/// The toolkit's single-line editor in the theme's look, without a frame: that lies around it. A text with
-/// line breaks is kept as it is and shown on one line.
+/// The toolkit's single-line editor in the theme's look, without a frame: that lies around it. What the user
+/// brings into it is put on one line (see `onOneLine`); a text with line breaks that the program displays is
+/// kept as it is and only shown on one line.
 #pragma once
 
 #include "Desktop/Kit/Theme.h"
@@ -29,6 +30,8 @@ protected:
 private:
     void applyTheme();
     void followEdit();
+    void keepOnOneLine();
+    void replaceAll(const QString& text);
 
     Theme::TextStyle m_style;
     Theme::Role m_placeholder;

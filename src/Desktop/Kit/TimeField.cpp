@@ -8,6 +8,7 @@
 #include "Desktop/Kit/TabStops.h"
 #include "Desktop/Kit/Theme.h"
 #include "Utilities/CalendarText.h"
+#include "Utilities/Text.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -39,7 +40,20 @@ public:
         applyTheme();
     }
 
+    /// Goes on beyond a time that the clocks skip on the chosen day, where it would be taken back.
+    void stepBy(int steps) override {
+        constexpr int fullTurn = 60; // after which even the minutes are where they were
+        const auto before = time();
+        for (int reach = 1; time() == before && reach < fullTurn; ++reach)
+            QTimeEdit::stepBy(reach * steps);
+    }
+
 protected:
+    QValidator::State validate(QString& text, int& position) const override {
+        text = qString(onOneLine(utf8String(text)));
+        return QTimeEdit::validate(text, position);
+    }
+
     void changeEvent(QEvent* event) override {
         QTimeEdit::changeEvent(event);
         if (event->type() == QEvent::PaletteChange && !m_applying)

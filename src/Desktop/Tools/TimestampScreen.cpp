@@ -15,7 +15,7 @@ using Theme::TextStyle;
 
 constexpr int copyColumnWidth = 148;
 constexpr int unitPickerWidth = 180;
-constexpr int captionWidth = 68;
+constexpr std::string_view widestCaption = "Milliseconds:";
 constexpr int rowHeight = 34;
 constexpr int figureHeight = 30;
 
@@ -94,6 +94,11 @@ QWidget* fromTimestamp(View<TimestampView>& view) {
                                               {.ink = PaletteColor::green}),
                       })),
             view.errorMessage(&TimestampView::errorMessage),
+            view.when(&TimestampView::isBeyondYear9999,
+                      view.announcing(&TimestampView::hint, view.selectableText("Hint", &TimestampView::hint,
+                                                                                {.style = TextStyle::caption,
+                                                                                 .ink = Role::secondary,
+                                                                                 .isTabStop = true}))),
             stretch(),
         }));
 }
@@ -101,7 +106,7 @@ QWidget* fromTimestamp(View<TimestampView>& view) {
 template <typename Reader>
 QWidget* resultRow(View<TimestampView>& view, const std::string& unit, Reader value, PaletteColor color) {
     return valueRow(view, {.label = view.label(unit + ":", TextStyle::subheadline, Role::secondary,
-                                               {.width = captionWidth}),
+                                               {.asWideAs = widestCaption}),
                            .name = "Date in " + unit,
                            .value = view.reading<std::string>(value),
                            .ink = color,

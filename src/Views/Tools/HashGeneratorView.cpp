@@ -13,7 +13,7 @@ namespace korvane {
 using HashGenerator::HashResult;
 
 std::string HashResultRow::lengthText() const {
-    return fmt::format("{} chars", hash.size());
+    return fmt::format("{} chars", factsOf(algorithm).digitCount);
 }
 
 /// Gives what `compute` makes of the input to `apply`: at once, or later and from another thread if the input
@@ -59,7 +59,8 @@ HashResultRow HashGeneratorView::row(HashAlgorithm algorithm) const {
     const auto result = std::ranges::find(hashes, algorithm, &HashResult::algorithm);
     return {.algorithm = algorithm,
             .hash = result == hashes.end() ? std::string() : result->hash,
-            .isSelected = algorithm == selectedAlgorithm};
+            .isSelected = algorithm == selectedAlgorithm,
+            .isComputing = hashing.has_value()};
 }
 
 std::string HashGeneratorView::statistics() const {

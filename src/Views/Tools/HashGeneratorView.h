@@ -38,11 +38,18 @@ struct HashResultRow {
     HashGenerator::HashAlgorithm algorithm{};
     std::string hash{}; ///< empty while none is computed
     bool isSelected = false;
+    bool isComputing = false; ///< of a large text; there is no digest meanwhile
 
     bool hasHash() const { return !hash.empty(); }
 
+    /// What stands in place of a digest: nothing while one is being computed.
+    std::string_view prompt() const { return isComputing ? std::string_view() : placeholder; }
+
     /// How long the digest is, such as "32 chars".
     std::string lengthText() const;
+
+    /// Whether it is shown: the length of a digest is known before the digest is.
+    bool showsLength() const { return hasHash() || isComputing; }
 
     bool operator==(const HashResultRow&) const = default;
 };

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
 #include <utility>
 
 namespace korvane {
@@ -16,6 +17,8 @@ using std::chrono::duration_cast;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 using std::chrono::system_clock;
+
+constexpr double startOfYear10000 = 253402300800; // in seconds since 1970
 
 milliseconds untilNextSecond(system_clock::time_point now) {
     return std::chrono::ceil<milliseconds>(std::chrono::floor<seconds>(now) + seconds(1) - now);
@@ -43,9 +46,13 @@ void TimestampView::setUnixTimestamp(std::string text) {
 void TimestampView::convertTimestampToDate() {
     errorMessage.reset();
     dateString.clear();
+    isBeyondYear9999 = false;
     std::optional<std::string> date;
-    if (const auto number = doubleFromText(trimmingWhitespaces(unixTimestamp)))
-        date = DateText::fullDateAndTime(*number / factsOf(timestampUnit).perSecond);
+    if (const auto number = doubleFromText(trimmingWhitespaces(unixTimestamp))) {
+        const auto sinceEpoch = *number / factsOf(timestampUnit).perSecond;
+        date = DateText::fullDateAndTime(sinceEpoch);
+        isBeyondYear9999 = std::isfinite(sinceEpoch) && std::abs(sinceEpoch) >= startOfYear10000;
+    }
     if (date)
         dateString = *std::move(date);
     else

@@ -29,6 +29,11 @@ inline constexpr auto facts<TimestampUnit> = std::to_array<TimestampUnitFacts>({
 });
 
 struct TimestampView {
+    /// What is said of a number that is more likely to count something finer than the unit.
+    static constexpr std::string_view unitHint =
+        "Takes seconds or milliseconds, as chosen. Divide microseconds by 1000 and nanoseconds by 1000000 to "
+        "get milliseconds.";
+
     /// A moment in milliseconds, which reaches further than any calendar.
     using Date = std::chrono::sys_time<std::chrono::milliseconds>;
 
@@ -38,6 +43,7 @@ struct TimestampView {
     std::int64_t currentTimestamp = 0; ///< whole seconds since 1970-01-01T00:00:00Z, cut off towards zero
     std::optional<std::string> errorMessage{};
     TimestampUnit timestampUnit = TimestampUnit::seconds;
+    bool isBeyondYear9999 = false; ///< what was converted last, either way
 
     /// Selects the present moment and sets the clock going, which then ticks until the screen is gone.
     void appear(const Context<TimestampView>& context);
@@ -53,6 +59,9 @@ struct TimestampView {
     void convertTimestampToDate();
 
     bool hasDate() const { return !dateString.empty(); }
+
+    /// What the field takes, while what was converted suggests that something else was meant.
+    std::string_view hint() const { return isBeyondYear9999 ? unitHint : std::string_view(); }
 
     /// The present moment, in whole seconds.
     Date currentDate() const { return Date(std::chrono::seconds(currentTimestamp)); }

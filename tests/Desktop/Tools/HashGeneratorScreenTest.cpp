@@ -111,7 +111,12 @@ TEST_F(HashGeneratorScreenTest, ALargeTextIsHashedWithoutHoldingUpTheWindow) {
     fakes.clipboard.content = std::string(HashGeneratorView::largestTextHandledAtOnce + 1, 'x');
     screen.press("Paste");
     EXPECT_EQ(digest("MD5"), "");
+    EXPECT_EQ(field("MD5").placeholderText(), "") << "the text is there";
+    EXPECT_TRUE(screen.shows("32 chars"));
+    EXPECT_TRUE(screen.shows("128 chars"));
+    EXPECT_FALSE(screen.button("Copy MD5").isEnabled());
     fakes.background.runAll();
+    EXPECT_TRUE(screen.button("Copy MD5").isEnabled());
     EXPECT_EQ(digest("MD5"),
               HashGenerator::hash(*fakes.clipboard.content, HashGenerator::HashAlgorithm::md5));
     EXPECT_TRUE(screen.shows("262145 characters • 262145 bytes"));

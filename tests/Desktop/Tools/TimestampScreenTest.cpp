@@ -1,15 +1,21 @@
 #include "Desktop/Tools/Screens.h"
 
 #include "Utilities/DateText.h"
+#include "Views/Tools/TimestampView.h"
 #include "support/FakeServices.h"
+#include "support/LocalZone.h"
 #include "support/ScreenDriver.h"
 
 #include <gtest/gtest.h>
 
 #include <QDateTime>
+#include <QLabel>
 #include <QLineEdit>
+#include <QTimeEdit>
 
 #include <memory>
+#include <set>
+#include <utility>
 
 namespace korvane {
 namespace {
@@ -64,6 +70,42 @@ TEST_F(TimestampScreenTest, ConvertsATimestamp) {
     screen.press("Convert to Date");
     EXPECT_EQ(screen.text("Error"), "Invalid timestamp format");
     EXPECT_FALSE(screen.hasEditor("Result"));
+}
+
+TEST_F(TimestampScreenTest, SaysWhatTheFieldTakesWhereItGetsSomethingFiner) {
+    screen.enter("Timestamp", "1700000000");
+    screen.press("Convert to Date");
+    EXPECT_FALSE(screen.hasEditor("Hint"));
+    screen.enter("Timestamp", "1700000000000000");
+    screen.press("Convert to Date");
+    EXPECT_EQ(screen.text("Error"), "Invalid timestamp format");
+    EXPECT_EQ(screen.text("Hint"), TimestampView::unitHint);
+    EXPECT_EQ(screen.field("Timestamp").text(), "1700000000000000");
+}
+
+TEST_F(TimestampScreenTest, AllOfItFollowsAChangeOfTheZone) {
+    const auto& time = *widget->findChild<QTimeEdit*>();
+    screen.enter("Timestamp", "1704164645");
+    for (const auto& [zone, hour] : {std::pair{"Europe/Berlin", 4}, std::pair{"Asia/Tokyo", 12}}) {
+        const LocalZone local(zone);
+        fakes.timers.advance(1s);
+        EXPECT_EQ(time.time(), QTime(hour, 4)) << zone;
+        screen.press("Convert to Date");
+        EXPECT_EQ(screen.text("Result"), DateText::fullDateAndTime(1704164645, {"", zone})) << zone;
+    }
+}
+
+TEST_F(TimestampScreenTest, TheValuesOfADateStandBelowEachOtherAndTheirNamesAreWhole) {
+    std::set<int> ends;
+    for (const auto* name : {"Seconds:", "Milliseconds:", "ISO 8601:"}) {
+        for (auto* label : widget->findChildren<QLabel*>()) {
+            if (label->text() != name)
+                continue;
+            EXPECT_GE(label->width(), label->sizeHint().width()) << name;
+            ends.insert(label->mapTo(widget.get(), label->rect().topRight()).x());
+        }
+    }
+    EXPECT_EQ(ends.size(), 1U);
 }
 
 TEST_F(TimestampScreenTest, WritesTheDateThatIsChosen) {

@@ -115,6 +115,23 @@ TEST_F(HashGeneratorViewTest, ALargeTextIsHashedAndCountedInTheBackground) {
     EXPECT_FALSE(view.hashing || view.counting);
 }
 
+TEST_F(HashGeneratorViewTest, ARowKeepsItsLengthWhileADigestIsComputed) {
+    EXPECT_FALSE(view.row(sha1).showsLength());
+    EXPECT_EQ(view.row(sha1).prompt(), "Enter text to generate hash");
+    type(large('x'));
+    EXPECT_TRUE(view.row(sha1).isComputing);
+    EXPECT_FALSE(view.row(sha1).hasHash());
+    EXPECT_TRUE(view.row(sha1).showsLength());
+    EXPECT_EQ(view.row(sha1).lengthText(), "40 chars");
+    EXPECT_EQ(view.row(sha1).prompt(), "");
+    fakes.background.runAll();
+    EXPECT_FALSE(view.row(sha1).isComputing);
+    EXPECT_TRUE(view.row(sha1).showsLength());
+    view.setLiveUpdate(false);
+    type(large('y'));
+    EXPECT_FALSE(view.row(sha1).isComputing) << "only counted";
+}
+
 TEST_F(HashGeneratorViewTest, OnlyTheLastOfSeveralLargeTextsCounts) {
     type(large('x'));
     const auto stop = view.hashing->stopToken();

@@ -157,6 +157,42 @@ TEST(TimestampView, RefusesWhatIsNoNumberOrHasNoDate) {
     }
 }
 
+TEST(TimestampView, NoticesWhatLooksLikeAFinerUnit) {
+    struct Row {
+        std::string_view name;
+        std::string text;
+        TimestampUnit unit;
+        bool isNoticed;
+        bool hasDate;
+    };
+
+    const std::vector<Row> rows = {
+        {"seconds", "1700000000", TimestampUnit::seconds, false, true},
+        {"milliseconds", "1700000000000", TimestampUnit::milliseconds, false, true},
+        {"milliseconds taken for seconds", "1700000000000", TimestampUnit::seconds, true, true},
+        {"microseconds taken for seconds", "1700000000000000", TimestampUnit::seconds, true, false},
+        {"microseconds taken for milliseconds", "1700000000000000", TimestampUnit::milliseconds, true, true},
+        {"nanoseconds taken for seconds", "1700000000000000000", TimestampUnit::seconds, true, false},
+        {"nanoseconds taken for milliseconds", "1700000000000000000", TimestampUnit::milliseconds, true,
+         false},
+        {"before 1970", "-1700000000000000", TimestampUnit::seconds, true, false},
+        {"the last second of the year 9999", "253402300799", TimestampUnit::seconds, false, true},
+        {"and the next", "253402300800", TimestampUnit::seconds, true, true},
+        {"no number", "12abc", TimestampUnit::seconds, false, false},
+        {"infinite", "infinity", TimestampUnit::seconds, false, false},
+    };
+    for (const auto& row : rows) {
+        const auto view = converted(row.text, row.unit);
+        EXPECT_EQ(view.hint(), row.isNoticed ? TimestampView::unitHint : "") << row.name;
+        EXPECT_EQ(view.hasDate(), row.hasDate) << row.name;
+        EXPECT_EQ(view.unixTimestamp, row.text) << row.name;
+    }
+    auto view = converted("1700000000000000");
+    view.setUnixTimestamp("1700000000");
+    view.convertTimestampToDate();
+    EXPECT_EQ(view.hint(), "");
+}
+
 TEST(TimestampView, NeitherTypingNorTheUnitConverts) {
     auto view = converted("0");
     const auto date = view.dateString;
