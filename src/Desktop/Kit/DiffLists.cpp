@@ -14,7 +14,6 @@
 #include "Views/Tools/DiffLineView.h"
 
 #include <QFontMetricsF>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
@@ -47,7 +46,6 @@ public:
     DiffColumn(std::string_view title, const Lines DiffResult::* lines, Options options)
         : m_lines(lines), m_options(options), m_list(new RowList(source())) {
         m_list->setAccessibleName(qString(title));
-        m_list->onKey = [this](const QKeyEvent* event) { return scrollSideways(event); };
         TextZoom::follow(m_list, [this] {
             m_width = -1;
             m_list->setRowHeight(TextZoom::px(Size::diffRow));
@@ -78,7 +76,7 @@ public:
         if (std::exchange(m_first, first) == first)
             return;
         m_width = -1;
-        m_list->selectionModel()->clear();
+        m_list->selectionModel()->clear(); // of its current row
         m_list->reload();
         m_list->scrollToTop();
         m_list->horizontalScrollBar()->setValue(0);
@@ -86,22 +84,59 @@ public:
 
 private:
     RowSource source() {
-        return {.count = [this] { return count(); },
-                .name = [this](int row) { return DiffLineView{line(row)}.description(); },
-                .paint = [this](QPainter& painter, const QRect& rect, int row,
-                                RowState state) { paint(painter, rect, line(row), state); },
-                .copied = [this](int row) { return copied(line(row)); },
-                .width = [this] { return width(); },
-                .height = TextZoom::px(Size::diffRow),
-                .topPadding = Theme::px(Size::diffPaddingY)};
+        return {
+            .count = [this] { return count(); },
+            .name = [this](int row) { return DiffLineView{line(row)}.description(); },
+            .paint = [this](QPainter& painter, const QRect& rect, int row,
+                            RowState state) { paint(painter, rect, line(row), state); },
+            .texts =
+                RowTexts{
+                    .text = [this](int row) { return textOf(line(row)); },
+                    .offsetAt = [this](int row, QPoint position) { return offsetAt(line(row), position); },
+                    .caret = [this](int row, std::size_t offset) { return caret(line(row), offset); },
+                    .marginWidth = [this] { return contentLeft(); }},
+            .copyTitle = QWidget::tr("&Copy"),
+            .commands = commands(),
+            .textLeft = [this](int) { return contentLeft(); },
+            .width = [this] { return width(); },
+            .height = TextZoom::px(Size::diffRow),
+            .topPadding = Theme::px(Size::diffPaddingY)};
     }
 
     int count() const { return m_result ? static_cast<int>((m_result->*m_lines).size()) : 0; }
 
     const DiffLine& line(int row) const { return (m_result->*m_lines)[static_cast<std::size_t>(row)]; }
 
-    static std::optional<std::string> copied(const DiffLine& line) {
-        return line.lineNumber ? std::optional(std::string(line.content)) : std::nullopt;
+    /// A filler has none.
+    static std::optional<std::string_view> textOf(const DiffLine& line) {
+        return line.lineNumber ? std::optional(line.content) : std::nullopt;
+    }
+
+    std::size_t offsetAt(const DiffLine& line, QPoint position) const {
+        return rowTextOffset(line.content, position.x() - contentLeft(),
+                             TextZoom::font(TextStyle::codeSmall));
+    }
+
+    QRect caret(const DiffLine& line, std::size_t offset) const {
+        const auto x = rowTextX(line.content, offset, TextZoom::font(TextStyle::codeSmall));
+        return {contentLeft() + static_cast<int>(std::min(x, widestText)), 0, 1, TextZoom::px(Size::diffRow)};
+    }
+
+    std::vector<RowCommand> commands() {
+        if (!m_options.showsPrefixes)
+            return {};
+        return {{.title = QWidget::tr("Copy with &Marks"), .run = [this](int) { copyWithMarks(); }}};
+    }
+
+    /// Copies whole lines, each behind the character that says what it is, as `diff -u` writes them.
+    void copyWithMarks() const {
+        std::string text;
+        const auto [first, last] = m_list->selection().rows();
+        for (auto row = first; row <= last; ++row) {
+            const DiffLineView shown{.line = line(row), .showPrefix = true};
+            text.append(row == first ? "" : "\n").append(shown.prefix()).append(shown.line.content);
+        }
+        copyToDesktop(text);
     }
 
     /// How much of the room at the left the panel's outline takes.
@@ -143,14 +178,17 @@ private:
         const auto color = shown.color();
         if (color)
             painter.fillRect(rect, Theme::withTint(*color, Theme::Tint::diffLine));
-        if (state.isSelected)
-            painter.fillRect(rect, Theme::color(Role::selection));
-        else if (state.isCurrent)
+        if (state.isCurrent)
             painter.fillRect(rect, Theme::color(Role::rowHover));
 
         auto font = TextZoom::font(TextStyle::codeSmall);
-        drawRowText(painter, QRectF(rect).adjusted(contentLeft(), 0, 0, 0), line.content, font,
+        const auto content = QRectF(rect).adjusted(contentLeft(), 0, 0, 0);
+        paintRowSelection(painter, content, line.content, state.selected, font);
+        drawRowText(painter, content, line.content, font,
                     Theme::color(shown.isUnchanged() ? Role::unchangedLine : Role::primary));
+        if (state.caret)
+            painter.fillRect(caret(line, *state.caret).translated(rect.topLeft()),
+                             Theme::color(Role::primary));
         painter.setFont(font);
         painter.setPen(Theme::color(Role::placeholder));
         QRect place(rect.left(), rect.top(), numberWidth(), rect.height());
@@ -158,22 +196,10 @@ private:
                          qString(shown.number()));
         font.setBold(true);
         painter.setFont(font);
-        const bool isMarked = state.isSelected || state.isCurrent;
-        painter.setPen(color && !isMarked ? Theme::textTone(*color) : Theme::color(Role::primary));
+        painter.setPen(color && !state.isCurrent ? Theme::textTone(*color) : Theme::color(Role::primary));
         place.setLeft(place.right() + 1 + Theme::px(Size::diffNumberGap));
         place.setWidth(TextZoom::px(Size::diffPrefix));
         painter.drawText(place, Qt::AlignCenter, qString(shown.prefix()));
-    }
-
-    /// Left and Right scroll along long lines.
-    bool scrollSideways(const QKeyEvent* event) const {
-        if (event->modifiers() != Qt::NoModifier ||
-            (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right))
-            return false;
-        auto* bar = m_list->horizontalScrollBar();
-        const auto step = Theme::px(Size::diffStep);
-        bar->setValue(bar->value() + (event->key() == Qt::Key_Left ? -step : step));
-        return true;
     }
 
     static constexpr double widestText = 1e9; // what the toolkit's coordinates can hold, and room to spare

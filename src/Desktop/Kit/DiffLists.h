@@ -1,5 +1,5 @@
-/// The result of a comparison, as two lists beside each other or as one. Only visible lines are drawn, lines
-/// can be selected and copied, and each list scrolls by itself.
+/// The result of a comparison, as two lists beside each other or as one. Only visible lines are drawn, their
+/// text can be selected and copied as that of one page, and each list scrolls by itself.
 #pragma once
 
 #include "Utilities/DiffEngine.h"

@@ -1,8 +1,8 @@
 #include "Desktop/Kit/Editing.h"
 
 #include "Desktop/Kit/MatchList.h"
+#include "Desktop/Kit/RowList.h"
 
-#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -20,8 +20,8 @@ bool answersTo(const QWidget* control, QKeySequence::StandardKey command) {
     const bool isSelectAll = command == QKeySequence::SelectAll;
     if (holdsText(control))
         return isCopy || isSelectAll || !control->property("readOnly").toBool();
-    if (const auto* list = qobject_cast<const QAbstractItemView*>(control))
-        return isCopy || (isSelectAll && list->selectionMode() == QAbstractItemView::ExtendedSelection);
+    if (const auto* list = dynamic_cast<const RowList*>(control))
+        return isCopy || (isSelectAll && list->hasTexts());
     return isCopy && dynamic_cast<const MatchList*>(control) != nullptr;
 }
 

@@ -7,6 +7,7 @@
 #include "Desktop/Kit/OverlayScrollBar.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/RowList.h"
+#include "Desktop/Kit/RowParagraph.h"
 #include "Desktop/Kit/RowText.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
@@ -72,12 +73,7 @@ public:
         setFocusProxy(m_list);
         new OverlayScrollBar(Qt::Vertical, m_list, this);
         m_list->onActivate = [this](int row) { press(row); };
-        m_list->onKey = [this](QKeyEvent* event) {
-            const bool isPress = event->matches(QKeySequence::Copy) || event->key() == Qt::Key_Space;
-            if (isPress && m_list->currentRow() >= 0)
-                press(m_list->currentRow());
-            return isPress;
-        };
+        m_list->onKey = [this](const QKeyEvent* event) { return handleKey(*event); };
         m_buttonStrip->installEventFilter(this);
         QObject::connect(m_list->verticalScrollBar(), &QScrollBar::valueChanged, this,
                          [this] { placeButtons(); });
@@ -95,7 +91,7 @@ public:
 protected:
     void resizeEvent(QResizeEvent*) override {
         m_list->setGeometry(rect());
-        placeButtons();
+        layOutRows();
     }
 
     /// The pointer over a button scrolls the list like the pointer beside it.
@@ -103,7 +99,7 @@ protected:
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (watched == m_buttonStrip && event->type() == QEvent::LayoutRequest)
-            placeButtons(); // a button has another width
+            layOutRows(); // a button has another width
         if (watched != m_buttonStrip && event->type() == QEvent::FocusIn)
             m_list->setCurrentRow(rowOf(static_cast<QWidget*>(watched))); // all of it visible
         return QWidget::eventFilter(watched, event);
@@ -120,10 +116,55 @@ private:
                 .name = [this](int row) { return spokenName(rowAt(row)); },
                 .paint = [this](QPainter& painter, const QRect& rect, int row,
                                 RowState state) { paint(painter, rect, rowAt(row), state); },
+                .texts =
+                    RowTexts{.text = [this](int row) { return std::string_view(rowAt(row).text); },
+                             .offsetAt =
+                                 [this](int row, QPoint position) {
+                                     return paragraph(rowAt(row)).offsetAt(position - textCorner(rowAt(row)));
+                                 },
+                             .caret =
+                                 [this](int row, std::size_t offset) {
+                                     return paragraph(rowAt(row))
+                                         .caret(offset)
+                                         .translated(textCorner(rowAt(row)))
+                                         .toRect();
+                                 }},
+                .putOnClipboard = [this](std::string_view text) { putOnClipboard(text); },
+                .copyRow = [this](int row) { press(row); },
+                .copyTitle = QWidget::tr("&Copy"),
+                .textLeft = [this](int row) { return static_cast<int>(textCorner(rowAt(row)).x()); },
                 .button = [this](int row) { return buttonOf(row); },
                 .toolTip = [this](int row) { return toolTip(rowAt(row)); },
                 .height = Theme::px(Size::historyRow) + Theme::px(Size::gapList),
+                .rowHeight = [this](int row) { return rowHeight(rowAt(row)); },
                 .topPadding = Theme::px(Size::historyPadding)};
+    }
+
+    /// As in a list, not as in a text: a value is one of many.
+    bool handleKey(const QKeyEvent& event) {
+        if (event.modifiers() != Qt::NoModifier || m_rows.empty())
+            return false;
+        switch (event.key()) {
+        case Qt::Key_Space:
+            press(m_list->currentRow());
+            return true;
+        case Qt::Key_Home:
+            m_list->setCurrentRow(0);
+            return true;
+        case Qt::Key_End:
+            m_list->setCurrentRow(static_cast<int>(m_rows.size()) - 1);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    void putOnClipboard(std::string_view text) const {
+        auto& clipboard = m_view.services().clipboard;
+        if (m_isSecret)
+            clipboard.setSecret(text);
+        else
+            clipboard.setText(text);
     }
 
     static int padding() { return Theme::px(Size::historyPadding - Size::panelOutline); }
@@ -178,6 +219,12 @@ private:
         return button;
     }
 
+    void layOutRows() {
+        m_buttonRoom = buttonRoom();
+        m_list->doItemsLayout();
+        placeButtons();
+    }
+
     /// Gives each visible row its button.
     void placeButtons() {
         auto before = std::exchange(m_buttons, {});
@@ -221,8 +268,33 @@ private:
         }
     }
 
-    void paint(QPainter& painter, const QRect& area, const HistoryRow& row, RowState state) {
-        const QRectF rect(padding(), area.top(), width() - 2 * padding(), Theme::px(Size::historyRow));
+    /// Where the text of a row begins.
+    QPointF textCorner(const HistoryRow& row) const {
+        const auto dot = row.dot ? Theme::px(Size::historyDot) + gap(row) : 0;
+        const auto lineHeight = Theme::lineHeight(TextStyle::codeSmall);
+        return {static_cast<double>(padding() + Theme::px(Size::historyRowPadding) + dot),
+                (Theme::px(Size::historyRow) - lineHeight) / 2.0};
+    }
+
+    /// The text of a row in the room that time and button leave it, however wide the button becomes when it
+    /// says what it has done.
+    RowParagraph paragraph(const HistoryRow& row) const {
+        const auto timeWidth =
+            QFontMetrics(Theme::font(TextStyle::caption)).horizontalAdvance(m_times.of(row.time));
+        const auto right = width() - padding() - Theme::px(Size::historyButtonInset) - m_buttonRoom -
+                           timeWidth - 2 * gap(row);
+        const auto room = std::max(right - textCorner(row).x(), 1.0);
+        return {row.text, Theme::font(TextStyle::codeSmall), room, Theme::lineHeight(TextStyle::codeSmall)};
+    }
+
+    int rowHeight(const HistoryRow& row) const {
+        const auto lines = paragraph(row).height() - Theme::lineHeight(TextStyle::codeSmall);
+        return Theme::px(Size::historyRow) + lines + Theme::px(Size::gapList);
+    }
+
+    void paint(QPainter& painter, const QRect& area, const HistoryRow& row, const RowState& state) {
+        const QRectF rect(padding(), area.top(), width() - 2 * padding(),
+                          area.height() - Theme::px(Size::gapList));
         const auto fill = [&](Role role) {
             painter.setBrush(Theme::color(role));
             painter.drawRoundedRect(rect, Theme::px(Size::radiusSmall), Theme::px(Size::radiusSmall));
@@ -230,28 +302,30 @@ private:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         fill(Role::panelFill);
-        if (state.isCurrent || state.isHovered)
-            fill(state.isCurrent ? Role::selection : Role::rowHover);
+        // The colour of the current row is that of a selected text, too, which must be told from it.
+        if (state.isCurrent && state.selected.isEmpty())
+            fill(Role::selection);
+        else if (state.isCurrent || state.isHovered)
+            fill(Role::rowHover);
 
-        auto left = rect.left() + Theme::px(Size::historyRowPadding);
+        const QRectF firstLine(rect.topLeft(), QSizeF(rect.width(), Theme::px(Size::historyRow)));
+        const auto corner = area.topLeft() + textCorner(row);
         if (row.dot) {
             const auto side = Theme::px(Size::historyDot);
             painter.setBrush(Theme::hue(*row.dot));
-            painter.drawEllipse(QRectF(left, rect.center().y() - side / 2.0, side, side));
-            left += side + gap(row);
+            painter.drawEllipse(
+                QRectF(corner.x() - gap(row) - side, firstLine.center().y() - side / 2.0, side, side));
         }
-        const auto right = paintTime(painter, rect, row, state) - gap(row);
-        const auto font = Theme::font(TextStyle::codeSmall);
-        const auto text =
-            QFontMetrics(font).elidedText(qString(row.text), Qt::ElideRight, static_cast<int>(right - left));
-        painter.setFont(font);
-        painter.setPen(Theme::color(Role::primary));
-        painter.drawText(QRectF(left, rect.top(), right - left, rect.height()),
-                         Qt::AlignVCenter | Qt::AlignLeft, text);
+        paintTime(painter, firstLine, row, state);
+        const auto text = paragraph(row);
+        text.draw(painter, corner, Theme::color(Role::primary), state.selected);
+        if (state.caret)
+            painter.fillRect(text.caret(*state.caret).translated(corner).toRect(),
+                             Theme::color(Role::primary));
     }
 
-    /// Paints the time of day left of the row's button, and returns where it begins.
-    double paintTime(QPainter& painter, const QRectF& rect, const HistoryRow& row, RowState state) {
+    /// Paints the time of day left of the row's button.
+    void paintTime(QPainter& painter, const QRectF& rect, const HistoryRow& row, const RowState& state) {
         const auto font = Theme::font(TextStyle::caption);
         const auto& text = m_times.of(row.time);
         const auto button = m_buttons.find(keyOf(row));
@@ -262,7 +336,13 @@ private:
         painter.setPen(Theme::color(state.isCurrent ? Role::primary : Role::secondary));
         painter.drawText(QRectF(left, rect.top(), right - left + 1, rect.height()),
                          Qt::AlignVCenter | Qt::AlignLeft, text);
-        return left;
+    }
+
+    /// The room that the widest button needs.
+    int buttonRoom() const {
+        QuietButton button("Copied!", "checkmark", {.dropsLabel = true});
+        button.setCompact(isInNarrowScreen(this));
+        return button.sizeHint().width();
     }
 
     static int gap(const HistoryRow& row) { return Theme::px(row.dot ? Size::gapControl : Size::historyGap); }
@@ -272,7 +352,8 @@ private:
     bool m_isSecret;
     std::vector<HistoryRow> m_rows;
     std::map<Key, QAbstractButton*> m_buttons; ///< of the visible rows
-    TimeTexts m_times;
+    int m_buttonRoom = 0;
+    mutable TimeTexts m_times;
     RowList* m_list;
     QWidget* m_buttonStrip;
 };

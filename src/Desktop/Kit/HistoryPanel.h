@@ -1,6 +1,7 @@
 /// The values that a screen has generated, newest on top, under a title with buttons for all of them. Each
-/// row shows a value and the time of day, and has a button that copies it. The rows are items of a real list;
-/// the buttons are real ones too, of which only those of the visible rows exist.
+/// row shows the whole of a value, which can be selected, and the time of day, and has a button that copies
+/// it. The rows are items of a real list; the buttons are real ones too, of which only those of the visible
+/// rows exist.
 #pragma once
 
 #include "Desktop/Kit/View.h"
@@ -41,7 +42,8 @@ struct HistoryPanelParts {
     HistoryPanelOptions options{};
 };
 
-/// In the list, Return, Space and the keys for Copy press the button of the current row.
+/// In the list, Return and Space press the button of the current row, and so do the keys for Copy unless a
+/// part of the values is selected.
 QWidget* historyPanel(ViewCore& view, HistoryPanelParts parts);
 
 template <typename State, typename Title, typename Rows, typename CopyAll, typename Clear>

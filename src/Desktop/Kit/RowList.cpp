@@ -1,5 +1,6 @@
 #include "Desktop/Kit/RowList.h"
 
+#include "Desktop/Kit/ContextMenu.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/Theme.h"
 
@@ -7,14 +8,15 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -48,19 +50,25 @@ class RowList::Delegate final : public QStyledItemDelegate {
 public:
     explicit Delegate(RowList* list) : QStyledItemDelegate(list), m_list(list) {}
 
-    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
-        return {m_list->m_source.width(), m_list->m_source.height};
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
+        const auto& source = m_list->m_source;
+        return {source.width(), source.rowHeight ? source.rowHeight(index.row()) : source.height};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         auto row = option.rect;
         row.setWidth(m_list->rowWidth()); // the view has cut it to its own
+        RowState state{.isHovered = option.state.testFlag(QStyle::State_MouseOver),
+                       .isCurrent = m_list->hasFocus() && index == m_list->currentIndex()};
+        if (m_list->hasTexts()) {
+            const auto& selection = m_list->selection();
+            state.selected = selection.in(index.row());
+            if (state.isCurrent && selection.caret().row == index.row())
+                state.caret = selection.caret().offset;
+        }
         painter->save();
-        m_list->m_source.paint(*painter, row, index.row(),
-                               {.isHovered = option.state.testFlag(QStyle::State_MouseOver),
-                                .isCurrent = m_list->hasFocus() && index == m_list->currentIndex(),
-                                .isSelected = option.state.testFlag(QStyle::State_Selected)});
+        m_list->m_source.paint(*painter, row, index.row(), state);
         painter->restore();
     }
 
@@ -68,14 +76,25 @@ private:
     RowList* m_list;
 };
 
-RowList::RowList(RowSource source) : m_source(std::move(source)), m_model(new Model(m_source, this)) {
+void copyToDesktop(std::string_view text) {
+    QApplication::clipboard()->setText(qString(text));
+}
+
+RowList::RowList(RowSource source)
+    : m_source(std::move(source)),
+      m_selection(m_source.texts.value_or(RowTexts()), m_source.count),
+      m_model(new Model(m_source, this)) {
     setModel(m_model);
     setItemDelegate(new Delegate(this));
-    setUniformItemSizes(true);
+    setUniformItemSizes(!m_source.rowHeight);
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
-    setSelectionMode(m_source.copied ? ExtendedSelection : NoSelection);
+    setSelectionMode(NoSelection);
+    if (hasTexts()) {
+        setAutoScroll(false); // to the whole of a row, which may be wider than the view; the caret leads
+        viewport()->setCursor(Qt::IBeamCursor);
+    }
     setEditTriggers(NoEditTriggers);
     setMouseTracking(true);
     viewport()->setAutoFillBackground(false);
@@ -96,13 +115,16 @@ void RowList::reload() {
     if (m_model->rowCount() > 0)
         selectionModel()->setCurrentIndex(m_model->index(std::clamp(row, 0, m_model->rowCount() - 1)),
                                           QItemSelectionModel::NoUpdate);
+    m_selection.moveTo({std::max(currentRow(), 0), 0});
     reportOtherRows();
 }
 
 void RowList::setRowHeight(int height) {
     const auto first = verticalScrollBar()->value() / std::max(1, m_source.height);
+    const auto selection = m_selection;
     m_source.height = height;
     reload();
+    m_selection = selection; // the rows are the same
     verticalScrollBar()->setValue(first * height);
 }
 
@@ -126,8 +148,13 @@ void RowList::updateGeometries() {
 }
 
 void RowList::setCurrentRow(int row) {
-    if (row >= 0 && row < m_model->rowCount())
-        setCurrentIndex(m_model->index(row));
+    if (row < 0 || row >= m_model->rowCount())
+        return;
+    setCurrentIndex(m_model->index(row));
+    if (hasTexts()) {
+        m_selection.moveTo({row, 0});
+        showCaret();
+    }
 }
 
 int RowList::accessibleRowCount() const {
@@ -137,7 +164,7 @@ int RowList::accessibleRowCount() const {
 AccessibleRow RowList::accessibleRow(int row) const {
     return {.name = qString(m_source.name(row)),
             .isExpanded = m_source.isExpanded(row),
-            .isSelected = m_source.isChosen(row) || selectionModel()->isSelected(m_model->index(row)),
+            .isSelected = m_source.isChosen(row) || (hasTexts() && !m_selection.in(row).isEmpty()),
             .isCurrent = row == currentRow(),
             .button = m_source.button(row)};
 }
@@ -164,21 +191,58 @@ void RowList::focusRow(int row) {
 void RowList::keyPressEvent(QKeyEvent* event) {
     if (onKey && onKey(event))
         return;
+    const bool hasCurrent = currentIndex().isValid();
+    const auto command =
+        std::ranges::find(m_source.commands, QKeySequence(event->keyCombination()), &RowCommand::keys);
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && onActivate && currentIndex().isValid()) {
+    if (hasCurrent && command != m_source.commands.end() && command->isEnabled(currentRow()))
+        command->run(currentRow());
+    else if (hasCurrent && isReturn && onActivate)
         onActivate(currentRow());
-        return;
-    }
-    if (event->matches(QKeySequence::Copy)) {
+    else if (event->matches(QKeySequence::Copy))
         copy();
-        return;
-    }
-    QListView::keyPressEvent(event);
+    else if (event->matches(QKeySequence::SelectAll) && hasTexts())
+        selectAll();
+    else if (hasTexts() && m_selection.handle(*event, rowsOfPage()))
+        followCaret();
+    else
+        QListView::keyPressEvent(event);
+}
+
+int RowList::rowsOfPage() const {
+    return std::max(viewport()->height() / std::max(m_source.height, 1), 1);
 }
 
 void RowList::mousePressEvent(QMouseEvent* event) {
     QListView::mousePressEvent(event);
-    m_pressedRow = event->button() == Qt::LeftButton ? indexAt(event->position().toPoint()).row() : -1;
+    const auto position = event->position().toPoint();
+    m_pressedRow = event->button() == Qt::LeftButton ? indexAt(position).row() : -1;
+    if (!hasTexts() || m_model->rowCount() == 0)
+        return;
+    if (event->button() != Qt::LeftButton) {
+        if (m_selection.isEmpty()) // else a menu is to copy what is selected
+            m_selection.moveTo(placeAt(position));
+        return;
+    }
+    const bool isThird =
+        m_sinceDoubleClick.isValid() && m_sinceDoubleClick.elapsed() < QApplication::doubleClickInterval();
+    const bool isRow = isThird || isInMargin(position);
+    m_sinceDoubleClick.invalidate();
+    pressText(position, isRow ? RowTextSelection::Unit::row : RowTextSelection::Unit::character,
+              event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+/// The toolkit's list would have the row under the pointer become the current one.
+void RowList::mouseMoveEvent(QMouseEvent* event) {
+    if (!m_isDragging)
+        return QListView::mouseMoveEvent(event);
+    constexpr int interval = 50; // in milliseconds: some twenty steps a second
+    const auto position = event->position().toPoint();
+    if (viewport()->rect().contains(position))
+        m_scrolling.stop();
+    else if (!m_scrolling.isActive())
+        m_scrolling.start(interval, this);
+    dragTo(position);
 }
 
 void RowList::mouseReleaseEvent(QMouseEvent* event) {
@@ -187,38 +251,137 @@ void RowList::mouseReleaseEvent(QMouseEvent* event) {
     if (onClick && index.isValid() && index.row() == m_pressedRow)
         onClick(index.row(), event->position().toPoint() - visualRect(index).topLeft());
     m_pressedRow = -1;
+    m_isDragging = false;
+    m_scrolling.stop();
 }
 
-std::optional<std::string> RowList::copiedText(int row) const {
-    return m_source.copied ? m_source.copied(row) : m_source.name(row);
+void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (!hasTexts() || event->button() != Qt::LeftButton || m_model->rowCount() == 0)
+        return QListView::mouseDoubleClickEvent(event);
+    const auto position = event->position().toPoint();
+    m_sinceDoubleClick.start();
+    pressText(position, isInMargin(position) ? RowTextSelection::Unit::row : RowTextSelection::Unit::word,
+              false);
+}
+
+void RowList::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == m_scrolling.timerId())
+        dragTo(viewport()->mapFromGlobal(QCursor::pos()));
+    else
+        QListView::timerEvent(event);
+}
+
+/// The nearest one in the nearest row.
+RowTextPlace RowList::placeAt(QPoint position) const {
+    const auto visible = viewport()->rect();
+    const auto inside = QPoint(position.x(), std::clamp(position.y(), visible.top(), visible.bottom()));
+    const auto index = indexAt({std::clamp(inside.x(), visible.left(), visible.right()), inside.y()});
+    const auto row = index.isValid() ? index.row() : m_model->rowCount() - 1; // below the last one
+    const auto corner = visualRect(m_model->index(row)).topLeft();
+    return {row, m_source.texts->offsetAt(row, inside - corner)};
+}
+
+bool RowList::isInMargin(QPoint position) const {
+    return position.x() + horizontalScrollBar()->value() < m_source.texts->marginWidth();
+}
+
+void RowList::pressText(QPoint position, RowTextSelection::Unit unit, bool extends) {
+    if (extends)
+        m_selection.extendTo(placeAt(position));
+    else
+        m_selection.press(placeAt(position), unit);
+    m_isDragging = true;
+    followCaret();
+}
+
+/// Outside the list the pointer has the caret go on, a row or a few characters at a time.
+void RowList::dragTo(QPoint position) {
+    const auto visible = viewport()->rect();
+    const auto beyond = position - QPoint(std::clamp(position.x(), visible.left(), visible.right()),
+                                          std::clamp(position.y(), visible.top(), visible.bottom()));
+    const auto scroll = [&](QScrollBar* bar, int distance) {
+        bar->setValue(bar->value() + std::clamp(distance, -1, 1) * bar->singleStep());
+    };
+    scroll(verticalScrollBar(), beyond.y());
+    scroll(horizontalScrollBar(), beyond.x());
+    m_selection.extendTo(placeAt(position));
+    followCaret();
+}
+
+/// Makes the row of the caret the current one.
+void RowList::followCaret() {
+    selectionModel()->setCurrentIndex(m_model->index(m_selection.caret().row), QItemSelectionModel::NoUpdate);
+    if (!m_isDragging)
+        showCaret();
+    viewport()->update();
+}
+
+/// Scrolls as far as needed for the row, and in it the caret, to be seen.
+void RowList::showCaret() {
+    const auto [row, offset] = m_selection.caret();
+    const auto place = QListView::visualRect(m_model->index(row));
+    const auto caret = m_source.texts->caret(row, offset).translated(place.left(), 0);
+    const auto scroll = [](QScrollBar* bar, int start, int end, int room) {
+        if (start < 0)
+            bar->setValue(bar->value() + start);
+        else if (end > room)
+            bar->setValue(bar->value() + std::min(end - room, start));
+    };
+    scroll(verticalScrollBar(), place.top(), place.bottom() + 1, viewport()->height());
+    const auto margin = offset == 0 ? caret.left() - place.left() : caret.height(); // a few characters
+    scroll(horizontalScrollBar(), caret.left() - margin, caret.right() + margin, viewport()->width());
+    viewport()->update();
+}
+
+void RowList::selectAll() {
+    if (!hasTexts())
+        return;
+    m_selection.selectAll();
+    viewport()->update();
+}
+
+void RowList::clearSelection() {
+    m_selection.moveTo({std::max(currentRow(), 0), 0});
+    viewport()->update();
 }
 
 void RowList::copy() const {
-    std::vector<int> rows;
-    for (const auto& range : selectionModel()->selection()) {
-        for (auto row = range.top(); row <= range.bottom(); ++row)
-            rows.push_back(row);
+    if (hasTexts() && !m_selection.isEmpty()) {
+        m_source.putOnClipboard(m_selection.text());
+    } else if (currentIndex().isValid()) {
+        const auto row = currentRow();
+        if (m_source.copyRow)
+            m_source.copyRow(row);
+        else if (!hasTexts())
+            m_source.putOnClipboard(m_source.name(row));
+        else if (const auto text = m_source.texts->text(row))
+            m_source.putOnClipboard(*text);
     }
-    std::ranges::sort(rows); // ranges are in the order of selecting
-    if (rows.empty() && currentIndex().isValid())
-        rows.push_back(currentRow());
-    QStringList lines;
-    for (const auto row : rows) {
-        if (const auto text = copiedText(row))
-            lines.push_back(qString(*text));
-    }
-    if (!lines.empty())
-        QApplication::clipboard()->setText(lines.join('\n'));
+}
+
+/// At the pointer, or below the start of the current row's text.
+QPoint RowList::menuPlace(const QContextMenuEvent& event) const {
+    if (event.reason() != QContextMenuEvent::Keyboard)
+        return event.globalPos();
+    const auto place = visualRect(currentIndex()).intersected(viewport()->rect());
+    return viewport()->mapToGlobal(place.bottomLeft() + QPoint(m_source.textLeft(currentRow()), 1));
 }
 
 void RowList::contextMenuEvent(QContextMenuEvent* event) {
-    if (!m_source.copied)
+    if (m_source.copyTitle.isEmpty() || !currentIndex().isValid())
         return QListView::contextMenuEvent(event);
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(tr("&Copy"), QKeySequence::Copy, this, &RowList::copy);
-    menu->addAction(tr("Select All"), QKeySequence::SelectAll, this, &RowList::selectAll);
-    menu->popup(event->globalPos());
+    const auto row = currentRow();
+    std::vector<MenuCommand> commands{
+        {.title = m_source.copyTitle, .keys = QKeySequence::Copy, .run = [this] { copy(); }}};
+    for (const auto& command : m_source.commands)
+        commands.push_back({.title = command.title,
+                            .keys = command.keys,
+                            .run = [this, run = command.run] { run(currentRow()); },
+                            .isEnabled = command.isEnabled(row)});
+    if (hasTexts())
+        commands.push_back(
+            {.title = tr("Select &All"), .keys = QKeySequence::SelectAll, .run = [this] { selectAll(); }});
+    showContextMenu(*this, menuPlace(*event), commands);
 }
 
 } // namespace korvane

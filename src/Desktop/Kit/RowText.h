@@ -7,6 +7,7 @@
 #include <QRectF>
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,9 +16,33 @@ class QPainter;
 namespace korvane {
 
 /// Draws `text` on one line from the left edge of `rect`, vertically centred, and returns its width as far as
-/// it is visible. Line breaks and tabs are shown as spaces. `font` is monospaced.
+/// it is visible. Line breaks and tabs are shown as spaces or, where a colour is given for them, as marks.
+/// `font` is monospaced.
 double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
-                   const QColor& color);
+                   const QColor& color, const std::optional<QColor>& marks = {});
+
+/// The selected part of the text of a row, in bytes.
+struct RowTextRange {
+    std::size_t start = 0;
+    std::size_t end = 0;
+    bool goesOn = false; ///< the selection includes the end of the line and goes on in a row below
+
+    bool isEmpty() const { return start == end && !goesOn; }
+
+    bool operator==(const RowTextRange&) const = default;
+};
+
+/// How far right of its start the place before the byte at `offset` is in a text that is drawn by
+/// `drawRowText` without marks.
+double rowTextX(std::string_view text, std::size_t offset, const QFont& font);
+
+/// The place nearest to `x`, which is counted from the start of the text.
+std::size_t rowTextOffset(std::string_view text, double x, const QFont& font);
+
+/// Fills what lies behind the selected part of a text that is drawn from the left edge of `rect`; to the
+/// right edge where the selection goes on.
+void paintRowSelection(QPainter& painter, const QRectF& rect, std::string_view text,
+                       const RowTextRange& range, const QFont& font);
 
 /// Draws as much of `text` on one line as fits into `rect`, with an ellipsis where something is left out, and
 /// returns whether it is. Otherwise like `drawRowText`.

@@ -158,8 +158,7 @@ struct Size {
     static constexpr int statusGap = 12;
     static constexpr int promptGlyph = 28;
     static constexpr int diffTitlePaddingX = 12, diffTitlePaddingY = 8, diffRow = 20, diffPaddingY = 4,
-                         diffNumber = 40, diffNumberGap = 8, diffPrefix = 16, diffPaddingRight = 8,
-                         diffStep = 48;
+                         diffNumber = 40, diffNumberGap = 8, diffPrefix = 16, diffPaddingRight = 8;
     static constexpr int statBadgeDot = 8, statBadgePaddingX = 10, statBadgePaddingY = 6;
     static constexpr int busyRing = 14, busyRingWidth = 2;
     static constexpr int gapGroup = 16, gapSectionWide = 20, gapBulk = 24;

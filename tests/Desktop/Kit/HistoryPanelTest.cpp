@@ -3,6 +3,7 @@
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/Screen.h"
 #include "Desktop/Kit/TabStops.h"
+#include "support/ContextMenus.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -191,6 +192,83 @@ TEST_F(HistoryPanelTest, PromptsWhileItIsEmpty) {
     add(1);
     EXPECT_FALSE(screen.shows("Nothing yet"));
     EXPECT_TRUE(screen.hasList("History"));
+}
+
+TEST_F(HistoryPanelTest, ShowsTheWholeOfALongValueOnSeveralLines) {
+    view.perform([](Values& values) {
+        values.add("short");
+        values.add(std::string(128, 'm'));
+        values.add("other");
+    });
+    settle();
+    const auto height = [&](int row) { return list().visualRect(list().model()->index(row, 0)).height(); };
+    EXPECT_EQ(height(0), 40);
+    EXPECT_GE(height(1), 40 + 3 * 17);
+    EXPECT_EQ(height(2), 40);
+    EXPECT_EQ(buttons()[1]->y(), buttons()[0]->y() + 40) << "beside the first line";
+    const auto narrow = height(1);
+    widget->resize(1'400, 241);
+    EXPECT_EQ(height(1), 40);
+    widget->resize(400, 241);
+    EXPECT_EQ(height(1), narrow);
+}
+
+TEST_F(HistoryPanelTest, ALongValueIsSelectedAcrossItsLines) {
+    const auto value = std::string(60, 'a') + std::string(68, 'b');
+    view.perform([&](Values& values) { values.add(value); });
+    settle();
+    const auto row = list().visualRect(list().model()->index(0, 0));
+    QTest::mousePress(list().viewport(), Qt::LeftButton, {}, row.topLeft() + QPoint(2, 10));
+    QTest::mouseMove(list().viewport(), row.bottomLeft() + QPoint(list().width() - 2, -12));
+    QTest::mouseRelease(list().viewport(), Qt::LeftButton, {}, row.bottomLeft());
+    EXPECT_EQ(list().selection().text(), value);
+    QTest::keySequence(&list(), QKeySequence::Copy);
+    EXPECT_EQ(fakes.clipboard.content, value);
+    EXPECT_TRUE(fakes.clipboard.isSecret);
+}
+
+TEST_F(HistoryPanelTest, APartOfAValueIsSelectedByKeyAndCopiedAsASecret) {
+    view.perform([](Values& values) { values.add("abcdef"); });
+    settle();
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_Right);
+    QTest::keyClick(&list(), Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(&list(), Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keySequence(&list(), QKeySequence::Copy);
+    EXPECT_EQ(fakes.clipboard.content, "bc");
+    EXPECT_TRUE(fakes.clipboard.isSecret);
+    EXPECT_EQ(buttons()[0]->text(), "Copy") << "which would have copied all of it";
+}
+
+TEST_F(HistoryPanelTest, ADoubleClickSelectsAWordAndAThirdClickTheValue) {
+    view.perform([](Values& values) { values.add("one two"); });
+    settle();
+    const auto place = list().visualRect(list().model()->index(0, 0)).topLeft() + QPoint(24, 18);
+    QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(list().selection().text(), "one");
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(list().selection().text(), "one two");
+}
+
+TEST_F(HistoryPanelTest, ForgetsTheSelectionWhenTheRowsMove) {
+    add(1);
+    QTest::keySequence(&list(), QKeySequence::SelectAll);
+    EXPECT_EQ(list().selection().text(), "1");
+    add(1);
+    EXPECT_TRUE(list().selection().isEmpty());
+}
+
+TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowOrWhatIsSelected) {
+    add(3);
+    const auto place = list().visualRect(list().model()->index(1, 0)).center();
+    const ContextMenu menu(list(), place);
+    EXPECT_EQ(menu.items(), "Copy; Select All; ");
+    menu.choose("Copy");
+    EXPECT_EQ(fakes.clipboard.content, "2");
+    menu.choose("Select All");
+    menu.choose("Copy");
+    EXPECT_EQ(fakes.clipboard.content, "3\n2\n1");
+    EXPECT_TRUE(fakes.clipboard.isSecret);
 }
 
 } // namespace

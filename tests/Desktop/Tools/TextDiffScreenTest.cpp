@@ -3,8 +3,10 @@
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/TextArea.h"
+#include "Desktop/Kit/TextZoom.h"
 #include "Views/Tools/TextDiffView.h"
 
+#include "support/ContextMenus.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -13,9 +15,11 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
+#include <QFontMetricsF>
 #include <QScrollBar>
 #include <QtTest/QTest>
 
+#include <cmath>
 #include <memory>
 #include <string>
 #include <vector>
@@ -53,6 +57,24 @@ struct TextDiffScreenTest : testing::Test {
     static QPoint middleOf(const RowList& list, int row) {
         return {list.viewport()->width() / 2, list.visualRect(list.model()->index(row, 0)).center().y()};
     }
+
+    /// In the numbers of a list, where the pointer selects whole lines.
+    static QPoint numberOf(const RowList& list, int row) { return {10, middleOf(list, row).y()}; }
+
+    /// In the viewport, before the character of a line.
+    static QPoint placeOf(const RowList& list, int row, int character) {
+        constexpr int left = 48; // the numbers, and a gap
+        const auto column = QFontMetricsF(TextZoom::font(Theme::TextStyle::codeSmall)).horizontalAdvance('0');
+        return {left + static_cast<int>(std::lround(character * column)), middleOf(list, row).y()};
+    }
+
+    static void drag(const RowList& list, QPoint from, QPoint to) {
+        QTest::mousePress(list.viewport(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(list.viewport(), to);
+        QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, to);
+    }
+
+    static void copy(RowList& list) { QTest::keySequence(&list, QKeySequence::Copy); }
 
     static std::string clipboard() { return utf8String(QApplication::clipboard()->text()); }
 };
@@ -148,43 +170,112 @@ TEST_F(TextDiffScreenTest, CopiesTheSelectedLines) {
     compare("a\nb\nc", "a\nc\nd");
     auto& left = screen.list("Original");
     QTest::mouseClick(left.viewport(), Qt::LeftButton, {}, middleOf(left, 1));
-    QTest::keyClick(&left, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "b");
-    QTest::mouseClick(left.viewport(), Qt::LeftButton, Qt::ShiftModifier, middleOf(left, 2));
-    QTest::keyClick(&left, Qt::Key_C, Qt::ControlModifier);
+    copy(left);
+    EXPECT_EQ(clipboard(), "b") << "the line of the caret, as nothing is selected";
+    QTest::mouseClick(left.viewport(), Qt::LeftButton, {}, numberOf(left, 1));
+    QTest::mouseClick(left.viewport(), Qt::LeftButton, Qt::ShiftModifier, numberOf(left, 2));
+    copy(left);
     EXPECT_EQ(clipboard(), "b\nc");
-    QTest::mouseClick(left.viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(left, 0));
-    QTest::keyClick(&left, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "a\nb\nc") << "in the order of the rows, whatever the order of selecting";
+    drag(left, numberOf(left, 1), numberOf(left, 0));
+    copy(left);
+    EXPECT_EQ(clipboard(), "a\nb") << "in the order of the rows, whatever the order of selecting";
 
     auto& right = screen.list("Modified");
     right.setFocus();
     QTest::keyClick(&right, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&right, Qt::Key_C, Qt::ControlModifier);
+    copy(right);
     EXPECT_EQ(clipboard(), "a\nc\nd") << "a filler is no line";
-    right.clearSelection();
     right.setCurrentRow(1);
-    right.clearSelection();
-    QTest::keyClick(&right, Qt::Key_C, Qt::ControlModifier);
+    copy(right);
     EXPECT_EQ(clipboard(), "a\nc\nd") << "nothing to copy leaves the clipboard alone";
 }
 
-TEST_F(TextDiffScreenTest, SelectsByDraggingAndByKeyboard) {
-    compare("a\nb\nc\nd", "a\nb\nc\nd");
+TEST_F(TextDiffScreenTest, SelectsTextWithinAndAcrossLines) {
+    compare("one line\nanother\nlast", "");
+    auto& list = screen.list("Original");
+    drag(list, placeOf(list, 0, 4), placeOf(list, 0, 8));
+    copy(list);
+    EXPECT_EQ(clipboard(), "line");
+    drag(list, placeOf(list, 2, 2), placeOf(list, 0, 4));
+    copy(list);
+    EXPECT_EQ(clipboard(), "line\nanother\nla");
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ShiftModifier, placeOf(list, 1, 2));
+    copy(list);
+    EXPECT_EQ(clipboard(), "other\nla");
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, placeOf(list, 0, 2));
+    copy(list);
+    EXPECT_EQ(clipboard(), "one");
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, placeOf(list, 0, 2));
+    copy(list);
+    EXPECT_EQ(clipboard(), "one line") << "a third click selects the line";
+}
+
+TEST_F(TextDiffScreenTest, SelectsByKeyboard) {
+    compare("abc\ndef", "");
     screen.choose("Unified");
     auto& list = screen.list("Unified Diff");
-    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, middleOf(list, 0));
-    QTest::mouseMove(list.viewport(), middleOf(list, 1));
-    QMouseEvent move(QEvent::MouseMove, middleOf(list, 2), list.viewport()->mapToGlobal(middleOf(list, 2)),
-                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(list.viewport(), &move);
-    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, middleOf(list, 2));
-    QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "a\nb\nc");
-    QTest::keyClick(&list, Qt::Key_Down);
-    QTest::keyClick(&list, Qt::Key_Up, Qt::ShiftModifier);
-    QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "c\nd");
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_Right);
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&list, Qt::Key_Right, Qt::ShiftModifier);
+    copy(list);
+    EXPECT_EQ(clipboard(), "bc\nde");
+    EXPECT_EQ(list.currentRow(), 1);
+    QTest::keyClick(&list, Qt::Key_Left);
+    QTest::keyClick(&list, Qt::Key_End, Qt::ShiftModifier);
+    copy(list);
+    EXPECT_EQ(clipboard(), "bc");
+}
+
+TEST_F(TextDiffScreenTest, ItsSelectionIsSeen) {
+    compare("abc\ndef", "");
+    auto& list = screen.list("Original");
+    list.setCurrentRow(1);
+    const auto before = list.grab().toImage();
+    drag(list, placeOf(list, 1, 0), placeOf(list, 1, 2));
+    const auto after = list.grab().toImage();
+    const auto pixel = placeOf(list, 1, 1) + list.viewport()->pos() + QPoint(0, 9);
+    const auto beyond = pixel + QPoint(100, 0);
+    EXPECT_NE(after.pixel(pixel), before.pixel(pixel));
+    EXPECT_NE(after.pixel(pixel), after.pixel(beyond));
+}
+
+TEST_F(TextDiffScreenTest, ADragBeyondTheListGoesOn) {
+    compare(std::string(500, '\n'), "x");
+    auto& list = screen.list("Original");
+    const auto below = list.viewport()->rect().bottomLeft() + QPoint(60, 30);
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, placeOf(list, 0, 0));
+    const auto last = [&] { return list.selection().rows().second; };
+    QTest::mouseMove(list.viewport(), below);
+    const auto first = last();
+    QTest::mouseMove(list.viewport(), below + QPoint(1, 0));
+    EXPECT_GT(last(), first);
+    EXPECT_GT(list.verticalScrollBar()->value(), 0);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, below);
+}
+
+TEST_F(TextDiffScreenTest, TheMenuOfTheUnifiedListCopiesWithMarksToo) {
+    compare("a\nb\nc", "a\nB\nc");
+    EXPECT_EQ(ContextMenu(screen.list("Original")).items(), "Copy; Select All; ");
+    screen.choose("Unified");
+    auto& list = screen.list("Unified Diff");
+    {
+        const ContextMenu menu(list, middleOf(list, 1));
+        EXPECT_EQ(menu.items(), "Copy; Copy with Marks; Select All; ");
+        menu.choose("Copy");
+        EXPECT_EQ(clipboard(), "b");
+        menu.choose("Copy with Marks");
+        EXPECT_EQ(clipboard(), "-b");
+    }
+    const ContextMenu menu(list);
+    menu.choose("Select All");
+    menu.choose("Copy with Marks");
+    EXPECT_EQ(clipboard(), " a\n-b\n+B\n c");
+    menu.choose("Copy");
+    EXPECT_EQ(clipboard(), "a\nb\nB\nc");
+    drag(list, placeOf(list, 1, 3), placeOf(list, 2, 3)); // within the lines
+    menu.choose("Copy with Marks");
+    EXPECT_EQ(clipboard(), "-b\n+B") << "of whole lines";
 }
 
 TEST_F(TextDiffScreenTest, ForgetsTheSelectionWithTheResult) {
@@ -192,7 +283,7 @@ TEST_F(TextDiffScreenTest, ForgetsTheSelectionWithTheResult) {
     auto& list = screen.list("Original");
     list.selectAll();
     screen.press("Compare");
-    EXPECT_TRUE(list.selectionModel()->selection().isEmpty());
+    EXPECT_TRUE(list.selection().isEmpty());
 }
 
 TEST_F(TextDiffScreenTest, ScrollsEachColumnByItself) {
@@ -205,9 +296,10 @@ TEST_F(TextDiffScreenTest, ScrollsEachColumnByItself) {
     EXPECT_EQ(right.horizontalScrollBar()->maximum(), 0);
     left.verticalScrollBar()->setValue(left.verticalScrollBar()->maximum());
     EXPECT_EQ(right.verticalScrollBar()->value(), 0);
-    QTest::keyClick(&left, Qt::Key_Right);
+    left.setCurrentRow(200);
+    QTest::keyClick(&left, Qt::Key_End);
     EXPECT_GT(left.horizontalScrollBar()->value(), 0);
-    QTest::keyClick(&left, Qt::Key_Left);
+    QTest::keyClick(&left, Qt::Key_Home);
     EXPECT_EQ(left.horizontalScrollBar()->value(), 0);
 }
 
@@ -223,10 +315,8 @@ TEST_F(TextDiffScreenTest, ShowsALongLineToItsEnd) {
     bar->setValue(bar->maximum());
     EXPECT_NE(list.grab().toImage(), withEnd) << "the end of the line is in the picture";
 
-    const auto click = middleOf(list, 0);
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, click);
-    EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(0, 0)))
-        << "also there a row can be clicked";
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, {4, middleOf(list, 0).y()});
+    EXPECT_EQ(list.selection().text().substr(0, 5), "xxxxx") << "also there the text can be selected";
 }
 
 TEST_F(TextDiffScreenTest, MakesRoomForLongLineNumbers) {
