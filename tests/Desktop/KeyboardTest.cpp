@@ -167,7 +167,7 @@ TEST_F(KeyboardTest, TheTreeIsGoneThroughAndCopiedByKey) {
     press(Qt::Key_End);
     EXPECT_EQ(tree.currentRow(), tree.model()->rowCount() - 1);
     QTest::keySequence(&tree, QKeySequence::Copy);
-    EXPECT_EQ(QApplication::clipboard()->text(), tree.currentIndex().data().toString());
+    EXPECT_EQ(fakes.clipboard.content, "true");
     press(Qt::Key_Home);
     EXPECT_EQ(tree.currentRow(), 0);
 }

@@ -11,6 +11,7 @@
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/Transition.h"
 #include "Desktop/Kit/ViewCore.h"
+#include "Views/Services.h"
 
 #include <QEvent>
 #include <QFontMetricsF>
@@ -19,6 +20,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <vector>
 
 namespace korvane {
 
@@ -61,8 +64,10 @@ private:
 /// Draws the rows, folds them by pointer and keyboard, and knows how wide they are.
 class TreeController {
 public:
-    TreeController(std::function<TreeRows()> rows, std::function<void(std::size_t)> toggleRow)
-        : m_read(std::move(rows)),
+    TreeController(Clipboard& clipboard, std::function<TreeRows()> rows,
+                   std::function<void(std::size_t)> toggleRow)
+        : m_clipboard(clipboard),
+          m_read(std::move(rows)),
           m_toggle(std::move(toggleRow)),
           m_list(new RowList(source())),
           m_turn(m_list->viewport()) {
@@ -101,10 +106,29 @@ private:
             .name = [this](int row) { return name(m_rows.at(static_cast<std::size_t>(row))); },
             .paint = [this](QPainter& painter, const QRect& rect, int row,
                             RowState state) { paint(painter, rect, row, state); },
+            .copyRow = [this](int row) { copy(m_rows.value(static_cast<std::size_t>(row))); },
+            .copyTitle = QWidget::tr("Copy &Value"),
+            .commands = commands(),
+            .textLeft = [this](int row) { return textLeft(m_rows.at(static_cast<std::size_t>(row))); },
             .isExpanded = [this](int row) { return isExpanded(m_rows.at(static_cast<std::size_t>(row))); },
             .width = [this] { return width(); },
             .height = rowHeight(),
             .topPadding = Theme::px(Size::treePaddingY - Size::panelOutline)};
+    }
+
+    std::vector<RowCommand> commands() {
+        const auto key = [this](int row) { return m_rows.key(static_cast<std::size_t>(row)); };
+        return {{.title = QWidget::tr("Copy &Key"),
+                 .run = [this, key](int row) { copy(key(row).value_or("")); },
+                 .isEnabled = [key](int row) { return key(row).has_value(); }},
+                {.title = QWidget::tr("Copy &Path"),
+                 .keys = QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+                 .run = [this](int row) { copy(m_rows.path(static_cast<std::size_t>(row))); }}};
+    }
+
+    void copy(const std::string& text) const {
+        m_clipboard.setText(text);
+        announce(*m_list, QWidget::tr("Copied"));
     }
 
     static int rowHeight() { return TextZoom::px(Size::treeRow) + TextZoom::px(Size::treeGap); }
@@ -130,6 +154,11 @@ private:
                 static_cast<double>(TextZoom::px(Size::treeRow))};
     }
 
+    /// Where a row's glyph begins, behind which its texts are.
+    static int textLeft(const TreeRow& row) {
+        return static_cast<int>(chevronBox(row, {}).right()) + TextZoom::px(Size::treeGap);
+    }
+
     void paint(QPainter& painter, const QRect& rect, int number, RowState state) {
         const auto row = m_rows.at(static_cast<std::size_t>(number));
         const auto height = TextZoom::px(Size::treeRow);
@@ -151,7 +180,8 @@ private:
                      Theme::hue(row.color));
         x += glyph + gap;
         const auto draw = [&](std::string_view text, TextStyle style, const QColor& color) {
-            x += drawRowText(painter, QRectF(x, rect.top(), 0, height), text, TextZoom::font(style), color);
+            x += drawRowText(painter, QRectF(x, rect.top(), 0, height), text, TextZoom::font(style), color,
+                             Theme::color(Role::secondary));
         };
         const auto primary = Theme::color(Role::primary);
         draw(row.key, TextStyle::codeMedium, primary);
@@ -248,6 +278,7 @@ private:
 
     static constexpr double quarterTurn = 90;
 
+    Clipboard& m_clipboard;
     std::function<TreeRows()> m_read;
     std::function<void(std::size_t)> m_toggle;
     TreeRows m_rows;
@@ -261,7 +292,8 @@ private:
 
 QWidget* treeView(ViewCore& view, std::function<TreeRows()> rows, std::function<void(std::size_t)> toggle,
                   std::string emptyPrompt) {
-    auto controller = std::make_shared<TreeController>(std::move(rows), std::move(toggle));
+    auto controller =
+        std::make_shared<TreeController>(view.services().clipboard, std::move(rows), std::move(toggle));
     auto* panel = new TreePanel(controller->list(), std::move(emptyPrompt));
     view.onRefresh([panel, controller] {
         controller->refresh();

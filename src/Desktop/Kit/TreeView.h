@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,10 @@ struct TreeRows {
     std::size_t count = 0;
     std::size_t revision = 0; ///< changes whenever any row does
     std::function<TreeRow(std::size_t)> at;
+    /// What is copied of a row: its value, its key, if it has one, and where it is in the tree.
+    std::function<std::string(std::size_t)> value;
+    std::function<std::optional<std::string>(std::size_t)> key;
+    std::function<std::string(std::size_t)> path;
 };
 
 /// `toggle` is called with the number of a row that has children, to fold it or unfold it. Without rows

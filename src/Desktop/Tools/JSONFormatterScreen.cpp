@@ -21,7 +21,10 @@ TreeRow treeRow(const JSONTreeNodeView& row) {
 TreeRows treeRows(const JSONFormatterView& state) {
     return {.count = state.tree.rows().size(),
             .revision = state.tree.revision(),
-            .at = [&state](std::size_t row) { return treeRow(state.tree.rows()[row]); }};
+            .at = [&state](std::size_t row) { return treeRow(state.tree.rows()[row]); },
+            .value = [&state](std::size_t row) { return state.tree.copiedValue(row); },
+            .key = [&state](std::size_t row) { return state.tree.copiedKey(row); },
+            .path = [&state](std::size_t row) { return state.tree.path(row); }};
 }
 
 QWidget* body(View<JSONFormatterView>& view) {

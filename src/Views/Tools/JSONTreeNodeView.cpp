@@ -1,8 +1,69 @@
 #include "Views/Tools/JSONTreeNodeView.h"
 
+#include "Utilities/JSONEscape.h"
+
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <string_view>
+
 namespace korvane {
+
+namespace {
+
+/// The text between the quotes of a string node.
+std::string_view content(const JSONNode& node) {
+    const std::string_view quoted = *node.value;
+    return quoted.substr(1, quoted.size() - 2);
+}
+
+void appendString(std::string& json, std::string_view text) {
+    json += '"';
+    for (const char byte : text) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < 0x20 || byte == '"' || byte == '\\')
+            json += JSON::escapeSequences[code].text();
+        else
+            json += byte;
+    }
+    json += '"';
+}
+
+/// Appends the value of `node` without white space.
+void appendJSON(std::string& json, const JSONNode& node) {
+    const bool isObject = node.type == JSONValueType::object;
+    if (node.type == JSONValueType::string) {
+        appendString(json, content(node));
+    } else if (node.value) {
+        json += *node.value;
+    } else {
+        json += isObject ? '{' : '[';
+        for (bool isFirst = true; const auto& child : node.children) {
+            if (!isFirst)
+                json += ',';
+            isFirst = false;
+            if (isObject) {
+                appendString(json, child.key);
+                json += ':';
+            }
+            appendJSON(json, child);
+        }
+        json += isObject ? '}' : ']';
+    }
+}
+
+/// Whether a path can name `name` without quotes.
+bool isShorthandName(std::string_view name) {
+    const auto isLetter = [](char byte) {
+        return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_' ||
+               static_cast<unsigned char>(byte) >= 0x80;
+    };
+    const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
+    return !name.empty() && !isDigit(name.front()) &&
+           std::ranges::all_of(name, [&](char byte) { return isLetter(byte) || isDigit(byte); });
+}
+
+} // namespace
 
 bool JSONTreeNodeView::hasChildren() const {
     return !node->children.empty();
@@ -60,6 +121,55 @@ void JSONTree::toggle(std::size_t row) {
 void JSONTree::expandAll() {
     m_collapsed.clear();
     layOut();
+}
+
+std::string JSONTree::copiedValue(std::size_t row) const {
+    const auto& node = *m_rows[row].node;
+    if (node.value)
+        return std::string(node.type == JSONValueType::string ? content(node)
+                                                              : std::string_view(*node.value));
+    std::string json;
+    appendJSON(json, node);
+    constexpr int anyIndent = 2;
+    return JSONFormatter::prettify(json, anyIndent).value_or(json);
+}
+
+std::optional<std::string> JSONTree::copiedKey(std::size_t row) const {
+    return isMember(row) ? std::optional(m_rows[row].node->key) : std::nullopt;
+}
+
+std::string JSONTree::path(std::size_t row) const {
+    std::vector<std::size_t> way;
+    for (std::optional<std::size_t> step = row; step; step = parentOf(*step))
+        way.push_back(*step);
+    std::string path = "$";
+    for (auto step = way.rbegin() + 1; step != way.rend(); ++step) {
+        const auto& key = m_rows[*step].node->key;
+        if (!isMember(*step)) {
+            path += key;
+        } else if (isShorthandName(key)) {
+            path.append(".").append(key);
+        } else {
+            path += '[';
+            appendString(path, key);
+            path += ']';
+        }
+    }
+    return path;
+}
+
+std::optional<std::size_t> JSONTree::parentOf(std::size_t row) const {
+    const auto depth = m_rows[row].depth;
+    while (row-- > 0) {
+        if (m_rows[row].depth < depth)
+            return row;
+    }
+    return std::nullopt;
+}
+
+bool JSONTree::isMember(std::size_t row) const {
+    const auto parent = parentOf(row);
+    return parent && m_rows[*parent].node->type == JSONValueType::object;
 }
 
 void JSONTree::layOut() {

@@ -5,6 +5,7 @@
 #include "Utilities/JSONFormatter.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -42,6 +43,17 @@ public:
 
     void expandAll();
 
+    /// What is copied as the value of a row: of a string its content, of another scalar what is shown, of an
+    /// object or array its JSON, pretty-printed. Costs a pass over all that is under the row.
+    std::string copiedValue(std::size_t row) const;
+
+    /// The name of a member; none for the root and for the elements of an array.
+    std::optional<std::string> copiedKey(std::size_t row) const;
+
+    /// Where the row's value is in the document, as a JSONPath (RFC 9535), such as `$.modules[0]`. Names that
+    /// cannot stand behind a dot are in brackets and quotes.
+    std::string path(std::size_t row) const;
+
     const std::vector<JSONTreeNodeView>& rows() const { return m_rows; }
 
     /// Grows with every change of the rows, so that an unchanged tree is known without comparing it.
@@ -51,6 +63,10 @@ public:
 
 private:
     void layOut();
+
+    /// The row of the node that `row` is a child of; none for the root.
+    std::optional<std::size_t> parentOf(std::size_t row) const;
+    bool isMember(std::size_t row) const;
 
     const JSONNode* m_root = nullptr;
     std::unordered_set<UUID> m_collapsed{};

@@ -3,6 +3,7 @@
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/TextArea.h"
+#include "support/ContextMenus.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -11,6 +12,7 @@
 #include <QScrollBar>
 #include <QtTest/QTest>
 
+#include <algorithm>
 #include <memory>
 
 namespace korvane {
@@ -107,6 +109,47 @@ TEST_F(JSONFormatterScreenTest, FoldsRowsByKeyboard) {
     EXPECT_EQ(rows(), std::vector<std::string>{"root [2]"});
     key(Qt::Key_Return);
     EXPECT_EQ(rows().size(), 4U);
+}
+
+TEST_F(JSONFormatterScreenTest, CopiesWhatARowHasByMenuAndKey) {
+    screen.press("Tree View");
+    screen.type("Input", R"({"power":{"source":"a\nb","kw":[42.5]}})");
+    auto& list = screen.list("Tree View");
+    const auto row = [&](std::string_view name) {
+        const auto names = rows();
+        return static_cast<int>(std::ranges::find(names, name) - names.begin());
+    };
+    const auto placeOf = [&](int number) { return list.visualRect(list.model()->index(number, 0)).center(); };
+    const auto source = row("source \"a\nb\"");
+    {
+        const ContextMenu menu(list, placeOf(source));
+        EXPECT_EQ(menu.items(), "Copy Value; Copy Key; Copy Path; ");
+        menu.choose("Copy Value");
+        EXPECT_EQ(fakes.clipboard.content, "a\nb");
+        menu.choose("Copy Key");
+        EXPECT_EQ(fakes.clipboard.content, "source");
+        menu.choose("Copy Path");
+        EXPECT_EQ(fakes.clipboard.content, "$.power.source");
+    }
+    list.setCurrentRow(row("[0] 42.5"));
+    EXPECT_EQ(ContextMenu(list).items(), "Copy Value; (Copy Key); Copy Path; ");
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(fakes.clipboard.content, "42.5");
+    QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(fakes.clipboard.content, "$.power.kw[0]");
+    list.setCurrentRow(0);
+    EXPECT_EQ(ContextMenu(list).items(), "Copy Value; (Copy Key); Copy Path; ");
+}
+
+TEST_F(JSONFormatterScreenTest, AKeyOpensTheMenuBelowTheNameOfTheRow) {
+    screen.press("Tree View");
+    screen.type("Input", "[[1],2]");
+    auto& list = screen.list("Tree View");
+    list.setCurrentRow(2);
+    const auto corner = list.visualRect(list.model()->index(2, 0)).bottomLeft();
+    const auto place = list.viewport()->mapFromGlobal(ContextMenu(list).place());
+    EXPECT_EQ(place.y(), corner.y() + 1);
+    EXPECT_GT(place.x(), corner.x() + 40) << "two levels in";
 }
 
 TEST_F(JSONFormatterScreenTest, ALongValueIsReachedByScrollingSideways) {

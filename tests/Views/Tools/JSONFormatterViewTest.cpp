@@ -208,5 +208,43 @@ TEST(JSONTree, ColoursKinds) {
         EXPECT_EQ(colorForType(row.type), row.color);
 }
 
+TEST(JSONFormatterView, TellsTheKeyAndThePathOfARow) {
+    const auto view = treeOf(R"({"a":[{"b c":1,"d_2é":2}],"":3,"2x":4,"q\"\n":{"e":null}})");
+
+    struct Row {
+        std::optional<std::string> key;
+        std::string path;
+        bool operator==(const Row&) const = default;
+    };
+
+    std::vector<Row> rows;
+    for (std::size_t row = 0; row < view.tree.rows().size(); ++row)
+        rows.push_back({view.tree.copiedKey(row), view.tree.path(row)});
+    const std::vector<Row> expected{{std::nullopt, "$"},      {"", R"($[""])"},
+                                    {"2x", R"($["2x"])"},     {"a", "$.a"},
+                                    {std::nullopt, "$.a[0]"}, {"b c", R"($.a[0]["b c"])"},
+                                    {"d_2é", "$.a[0].d_2é"},  {"q\"\n", R"($["q\"\n"])"},
+                                    {"e", R"($["q\"\n"].e)"}};
+    EXPECT_EQ(rows, expected);
+}
+
+TEST(JSONFormatterView, CopiesTheValueOfARow) {
+    const auto copied = [](std::string text, std::size_t row) {
+        return treeOf(std::move(text)).tree.copiedValue(row);
+    };
+    EXPECT_EQ(copied(R"("a \"b\"\n\u0001é")", 0), "a \"b\"\n\u0001é") << "what the string holds";
+    EXPECT_EQ(copied(R"("")", 0), "");
+    EXPECT_EQ(copied("1e3", 0), "1000");
+    EXPECT_EQ(copied("[false,null]", 1), "false");
+    EXPECT_EQ(copied("[false,null]", 2), "null");
+    EXPECT_EQ(copied("[{},[]]", 1), "{}");
+    auto view = treeOf(R"({"q\"\\\u0002":{"x":["a\tb",-0.5,true,null,{}]}})");
+    const auto copy = view.tree.copiedValue(0);
+    view.prettify();
+    EXPECT_EQ(copy, view.outputText) << "JSON as the output has it, also of what is folded";
+    view.toggleRow(1);
+    EXPECT_EQ(view.tree.copiedValue(0), copy);
+}
+
 } // namespace
 } // namespace korvane
