@@ -1,9 +1,14 @@
 #include "Desktop/Kit/ElidedField.h"
 
+#include "Desktop/Kit/ContextMenu.h"
 #include "Desktop/Kit/Strings.h"
 
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QFontMetrics>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace korvane {
@@ -29,6 +34,24 @@ void ElidedField::display(std::string_view text) {
         return;
     setText(shown);
     setCursorPosition(0);
+}
+
+void ElidedField::copyText() const {
+    const auto copied = hasSelectedText() ? selectedText() : text();
+    if (!copied.isEmpty())
+        QGuiApplication::clipboard()->setText(copied);
+}
+
+void ElidedField::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy))
+        copyText();
+    else
+        LineEdit::keyPressEvent(event);
+}
+
+void ElidedField::contextMenuEvent(QContextMenuEvent* event) {
+    showContextMenu(*this, event->globalPos(),
+                    readingCommands([this] { copyText(); }, [this] { selectAll(); }, !text().isEmpty()));
 }
 
 void ElidedField::mousePressEvent(QMouseEvent* event) {

@@ -20,9 +20,15 @@ public:
     std::function<void()> onPress{};
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    /// What is selected, or else the whole text.
+    void copyText() const;
 };
 
 } // namespace korvane

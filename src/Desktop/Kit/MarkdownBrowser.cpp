@@ -1,5 +1,6 @@
 #include "Desktop/Kit/MarkdownBrowser.h"
 
+#include "Desktop/Kit/ContextMenu.h"
 #include "Desktop/Kit/OverlayScrollBar.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
@@ -8,8 +9,12 @@
 #include "Desktop/Kit/ViewCore.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
@@ -215,11 +220,38 @@ void MarkdownBrowser::wheelEvent(QWheelEvent* event) {
 }
 
 QMimeData* MarkdownBrowser::createMimeDataFromSelection() const {
-    auto text = textCursor().selectedText();
+    return newMimeData(textCursor());
+}
+
+QMimeData* MarkdownBrowser::newMimeData(const QTextCursor& selected) {
+    auto text = selected.selectedText();
     text.replace(QChar::ParagraphSeparator, u'\n');
-    auto* selection = new QMimeData;
-    selection->setText(text);
-    return selection;
+    auto* content = new QMimeData;
+    content->setText(text);
+    return content;
+}
+
+void MarkdownBrowser::copyText() const {
+    auto copied = textCursor();
+    if (!copied.hasSelection())
+        copied.select(QTextCursor::Document);
+    if (copied.hasSelection())
+        QGuiApplication::clipboard()->setMimeData(newMimeData(copied));
+}
+
+void MarkdownBrowser::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy))
+        copyText();
+    else
+        QTextBrowser::keyPressEvent(event);
+}
+
+void MarkdownBrowser::contextMenuEvent(QContextMenuEvent* event) {
+    auto commands = readingCommands([this] { copyText(); }, [this] { selectAll(); }, !document()->isEmpty());
+    if (const auto target = anchorAt(event->pos()); !target.isEmpty())
+        commands.push_back({.title = tr("Copy &Link Location"),
+                            .run = [target] { QGuiApplication::clipboard()->setText(target); }});
+    showContextMenu(*this, event->globalPos(), commands);
 }
 
 QWidget* markdownPane(ViewCore& view, MarkdownPaneParts parts) {

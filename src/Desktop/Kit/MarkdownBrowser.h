@@ -38,9 +38,16 @@ protected:
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
 
 private:
+    static QMimeData* newMimeData(const QTextCursor& selected);
+
+    /// Puts what is selected on the clipboard, or else the whole text.
+    void copyText() const;
+
     void paintBehind(QPainter& painter, const QTextBlock& block, const MarkdownRow& row) const;
     QRectF band(const QTextBlock& block, const MarkdownRow& row) const;
 

@@ -1,5 +1,6 @@
 #include "Desktop/Kit/MatchList.h"
 
+#include "Desktop/Kit/ContextMenu.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/OverlayScrollBar.h"
 #include "Desktop/Kit/Panel.h"
@@ -7,6 +8,7 @@
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -295,8 +297,21 @@ void MatchList::keyPressEvent(QKeyEvent* event) {
 }
 
 void MatchList::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && !m_matches.empty())
+    const bool isLeftOrRight = event->button() == Qt::LeftButton || event->button() == Qt::RightButton;
+    if (isLeftOrRight && !m_matches.empty())
         setCurrentLine(lineAt(event->position().toPoint().y() + scrollOffset()));
+}
+
+/// For the current line: below it where a key opens the menu.
+void MatchList::contextMenuEvent(QContextMenuEvent* event) {
+    if (m_matches.empty())
+        return;
+    const auto place = accessibleRowPlace(static_cast<int>(m_current));
+    showContextMenu(*this,
+                    event->reason() == QContextMenuEvent::Keyboard
+                        ? place.bottomLeft() + QPoint(Theme::px(Size::matchCardLeft), 1)
+                        : event->globalPos(),
+                    {{.title = tr("&Copy"), .keys = QKeySequence::Copy, .run = [this] { copy(m_current); }}});
 }
 
 void MatchList::focusInEvent(QFocusEvent* event) {

@@ -81,8 +81,8 @@ void SelectableText::wheelEvent(QWheelEvent* event) {
     event->ignore(); // there is nothing to scroll in here, but perhaps around it
 }
 
-QMimeData* SelectableText::createMimeDataFromSelection() const {
-    return m_options.isSecret ? secretText(qString(selectedText())) : TextArea::createMimeDataFromSelection();
+QMimeData* SelectableText::newMimeData(const QString& text) const {
+    return m_options.isSecret ? secretText(text) : TextArea::newMimeData(text);
 }
 
 void SelectableText::applyTheme() {

@@ -18,7 +18,7 @@ struct SelectableTextOptions {
     Qt::Alignment alignment = Qt::AlignLeft;
     std::string placeholder{};
     Theme::Ink placeholderInk = Theme::Role::placeholder;
-    bool isSecret = false;  ///< what is selected is copied as a secret
+    bool isSecret = false;  ///< it is copied as a secret
     bool isTabStop = false; ///< reached by keyboard too: for a text without a button that copies it
 };
 
@@ -37,7 +37,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    QMimeData* createMimeDataFromSelection() const override;
+    QMimeData* newMimeData(const QString& text) const override;
 
 private:
     void applyTheme();

@@ -1,10 +1,14 @@
 #include "Desktop/Kit/TextArea.h"
 
 #include "Desktop/Kit/AccessibleText.h"
+#include "Desktop/Kit/ContextMenu.h"
 #include "Desktop/Kit/Strings.h"
 
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -145,9 +149,21 @@ void TextArea::followEdit() {
 
 QMimeData* TextArea::createMimeDataFromSelection() const {
     const auto cursor = textCursor();
-    auto* selection = new QMimeData;
-    selection->setText(exactText(m_document, cursor.selectionStart(), cursor.selectionEnd()));
-    return selection;
+    return newMimeData(exactText(m_document, cursor.selectionStart(), cursor.selectionEnd()));
+}
+
+QMimeData* TextArea::newMimeData(const QString& text) const {
+    auto* content = new QMimeData;
+    content->setText(text);
+    return content;
+}
+
+void TextArea::copyText() {
+    const bool isWhole = isReadOnly() && !textCursor().hasSelection();
+    if (!isWhole)
+        copy();
+    else if (!m_document.isEmpty())
+        QGuiApplication::clipboard()->setMimeData(newMimeData(qString(text())));
 }
 
 bool TextArea::canInsertFromMimeData(const QMimeData* source) const {
@@ -181,6 +197,10 @@ void TextArea::insert(const QString& text) {
 }
 
 void TextArea::keyPressEvent(QKeyEvent* event) {
+    if (isReadOnly() && event->matches(QKeySequence::Copy)) {
+        copyText();
+        return;
+    }
     stepOverSeam(*event);
     // The base would reset the formats of a selection first, and thereby its line breaks.
     if (!isReadOnly() &&
@@ -190,6 +210,13 @@ void TextArea::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QPlainTextEdit::keyPressEvent(event);
+}
+
+void TextArea::contextMenuEvent(QContextMenuEvent* event) {
+    if (!isReadOnly())
+        return QPlainTextEdit::contextMenuEvent(event);
+    showContextMenu(*this, event->globalPos(),
+                    readingCommands([this] { copyText(); }, [this] { selectAll(); }, !m_document.isEmpty()));
 }
 
 /// Moves the caret to the other side of a seam that the key would else run into, so that it reaches the

@@ -78,6 +78,9 @@ public:
     /// The selected part of the text; empty without a selection.
     std::string selectedText() const;
 
+    /// Puts what is selected on the clipboard; in a read-only text without a selection, the whole text.
+    void copyText();
+
     /// Puts exactly `text` in place of what is between two positions of the document, as an edit of the
     /// user's.
     void replace(int start, int end, const QString& text);
@@ -103,11 +106,15 @@ protected:
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
 
-    QMimeData* createMimeDataFromSelection() const override;
+    QMimeData* createMimeDataFromSelection() const final;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 
+    /// `text` as it is put on the clipboard.
+    virtual QMimeData* newMimeData(const QString& text) const;
+
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -1,5 +1,6 @@
 #include "Desktop/Kit/MatchList.h"
 
+#include "support/ContextMenus.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -119,6 +120,18 @@ TEST_F(MatchListTest, CopiesTheWholeOfWhatItCannotShow) {
     EXPECT_LT(names().front().size(), 300U);
     list.copy(0);
     EXPECT_EQ(fakes.clipboard.content, text);
+}
+
+TEST_F(MatchListTest, CopiesTheLineThatItsMenuIsOpenedOver) {
+    show("(a)(b)?", "aab");
+    {
+        const ContextMenu menu(list, visibleRows()[4]->geometry().center());
+        EXPECT_EQ(menu.items(), "Copy; ");
+        menu.choose("Copy");
+        EXPECT_EQ(fakes.clipboard.content, "b");
+    }
+    show("x", "y");
+    EXPECT_FALSE(ContextMenu(list, QPoint(50, 50)).isOpen()) << "there is nothing to copy";
 }
 
 } // namespace
