@@ -71,7 +71,8 @@ constexpr Rejected rejected[] = {
     {Kind::unexpectedText, "[\"👨‍👩‍👧u\u0308\" x]",
      R"(Unexpected "x" at line 1, column 7; expected "," or "]")"},
     {Kind::unexpectedText, "\xEF\xBB\xBF[x]", R"(Unexpected "x" at line 1, column 2; expected a value)"},
-    {Kind::unexpectedText, "[\r\n\r\nx]", R"(Unexpected "x" at line 5, column 1; expected a value)"},
+    {Kind::unexpectedText, "[\r\n\r\nx]", R"(Unexpected "x" at line 3, column 1; expected a value)"},
+    {Kind::unexpectedText, "[\r\r\nx]", R"(Unexpected "x" at line 3, column 1; expected a value)"},
     // after the document
     {Kind::unexpectedText, "[] []", R"(Unexpected "[" at line 1, column 4; expected the end of the input)"},
     {Kind::unexpectedText, "{}}", R"(Unexpected "}" at line 1, column 3; expected the end of the input)"},
