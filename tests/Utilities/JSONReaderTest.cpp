@@ -294,6 +294,36 @@ TEST(JSONReader, LetsTheLastMemberOfANameCount) {
     EXPECT_EQ(members[2].value.text(), "5");
 }
 
+TEST(JSONReader, TellsOfTheMembersThatDoNotCount) {
+    struct Row {
+        std::string text;
+        std::size_t count;
+        std::string_view example;
+    };
+
+    std::string many = "{";
+    for (int i = 0; i < 100; ++i)
+        many += "\"name " + std::to_string(i % 98) + "\":0,";
+    many.back() = '}';
+    const Row rows[] = {
+        {"{}", 0, ""},
+        {R"({"a":1,"b":1})", 0, ""},
+        {R"([{"a":1},{"a":2},{"b":{"a":3}}])", 0, ""},
+        {R"({"a":1,"b":2,"a":1})", 1, "a"},
+        {R"({"b":1,"a":1,"b":2,"b":3})", 2, "b"},
+        {R"({"":1,"":1})", 1, ""},
+        {R"({"\u0061\n":1,"a\n":1})", 1, "a\n"},
+        {R"([{"a":1,"b":1},{"a":1,"a":1},{"b":1,"b":1}])", 2, "a"},
+        {R"({"a":1,"A":1})", 0, ""},
+        {many, 2, "name 0"},
+    };
+    for (const auto& [text, count, example] : rows) {
+        const auto document = JSON::parse(text);
+        ASSERT_TRUE(document) << text;
+        EXPECT_EQ(document->duplicateNames(), (JSON::DuplicateNames{count, example})) << text;
+    }
+}
+
 /// Quadratic time would take minutes here, and run into the time limit of the test.
 TEST(JSONReader, TakesManyMembersOfOneObject) {
     std::string distinct = "{";
