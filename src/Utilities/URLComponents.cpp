@@ -149,8 +149,7 @@ std::string foundAt(std::string_view url, std::size_t offset) {
 ParseError errorAt(std::string_view url, std::size_t offset) {
     const auto place = characterCount(url.substr(0, offset)) + 1;
     if (url.substr(offset).starts_with('%') && !isTriplet(url.substr(offset)))
-        return {offset,
-                fmt::format("\"%\" at character {} is not followed by two hexadecimal digits", place)};
+        return {offset, fmt::format("Incomplete \"%\" at character {}", place)};
     return {offset, fmt::format("Unexpected {} at character {}", foundAt(url, offset), place)};
 }
 

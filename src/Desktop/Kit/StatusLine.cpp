@@ -33,7 +33,7 @@ void display(StatusBadgeLabel& label, const std::optional<StatusBadge>& badge) {
 QWidget* statusLine(ViewCore& view, Badge badge, std::function<std::string()> details) {
     auto* label = new StatusBadgeLabel;
     auto* text = new Label({}, Theme::TextStyle::body, Theme::Role::secondary);
-    auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::statusGap}, {label, text, stretch()});
+    auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::statusGap}, {rigid(label), text, stretch()});
     announceChanges(view, *line, [=] { return joined(messageOf(badge()), details()); });
     view.onRefresh([=] {
         const auto current = badge();
@@ -47,7 +47,7 @@ QWidget* statusLine(ViewCore& view, Badge badge, std::function<std::string()> de
 QWidget* statusBadges(ViewCore& view, Badge first, Badge second) {
     auto* left = new StatusBadgeLabel;
     auto* right = new StatusBadgeLabel;
-    auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::gapControl}, {left, right, stretch()});
+    auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::gapControl}, {rigid(left), right, stretch()});
     announceChanges(view, *line, [=] { return joined(messageOf(first()), messageOf(second())); });
     view.onRefresh([=] {
         const auto one = first();
