@@ -68,7 +68,7 @@ struct Style {
 };
 
 constexpr Style fullStyle{icu::DateFormat::kFull, icu::DateFormat::kFull};
-constexpr Style mediumStyle{icu::DateFormat::kMedium, icu::DateFormat::kMedium};
+constexpr Style mediumStyle{icu::DateFormat::kMedium, icu::DateFormat::kLong};
 constexpr Style shortTimeStyle{icu::DateFormat::kNone, icu::DateFormat::kShort};
 
 /// A formatter and what it was made for. Making one costs about a millisecond, which is too much for every

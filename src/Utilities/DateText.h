@@ -25,7 +25,7 @@ struct Region {
 /// Standard Time".
 std::optional<std::string> fullDateAndTime(double secondsSince1970, const Region& region = {});
 
-/// The usual form of date and time: "Jan 2, 2024, 4:04:05 AM".
+/// The usual form of date and time, and the zone: "Jan 2, 2024, 4:04:05 AM GMT+1".
 std::optional<std::string> mediumDateAndTime(double secondsSince1970, const Region& region = {});
 
 /// Hours and minutes: "4:04 AM".

@@ -18,6 +18,7 @@ constexpr std::size_t pieceSize = std::size_t{64} << 10;
 
 /// The library's implementations of all algorithms, for as long as the process lives. They come from a
 /// library context of our own, which the system's configuration does not reach: it may forbid old algorithms.
+/// A library that was built without one of them has a null pointer in its place.
 class Implementations {
 public:
     static const EVP_MD* of(HashAlgorithm algorithm) {
@@ -28,7 +29,8 @@ public:
 private:
     Implementations() {
         auto* const context = OSSL_LIB_CTX_new();
-        OSSL_PROVIDER_load(context, "default");
+        if (!context || !OSSL_PROVIDER_load(context, "default"))
+            return;
         for (const auto algorithm : allCases<HashAlgorithm>)
             m_digests[static_cast<std::size_t>(algorithm)] =
                 EVP_MD_fetch(context, rawValue(algorithm).data(), nullptr);
@@ -41,15 +43,21 @@ private:
 class Digest {
 public:
     explicit Digest(HashAlgorithm algorithm) {
-        EVP_DigestInit_ex2(m_context.get(), Implementations::of(algorithm), nullptr);
+        const auto* const implementation = Implementations::of(algorithm);
+        m_works =
+            implementation && m_context && EVP_DigestInit_ex2(m_context.get(), implementation, nullptr) == 1;
     }
 
-    void update(std::string_view bytes) { EVP_DigestUpdate(m_context.get(), bytes.data(), bytes.size()); }
+    void update(std::string_view bytes) {
+        m_works = m_works && EVP_DigestUpdate(m_context.get(), bytes.data(), bytes.size()) == 1;
+    }
 
+    /// Empty if any step has failed.
     std::string finish() {
         std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};
         unsigned length = 0;
-        EVP_DigestFinal_ex(m_context.get(), bytes.data(), &length);
+        if (!m_works || EVP_DigestFinal_ex(m_context.get(), bytes.data(), &length) != 1)
+            return {};
         return fmt::format("{:02x}", fmt::join(bytes.begin(), bytes.begin() + length, ""));
     }
 
@@ -59,6 +67,7 @@ private:
     };
 
     std::unique_ptr<EVP_MD_CTX, Deleter> m_context{EVP_MD_CTX_new()};
+    bool m_works = false;
 };
 
 } // namespace

@@ -25,7 +25,8 @@ struct HashResult {
     bool operator==(const HashResult&) const = default;
 };
 
-/// The digest of the bytes of `text` in lower-case hexadecimal: two digits a byte of the digest.
+/// The digest of the bytes of `text` in lower-case hexadecimal: two digits a byte of the digest. Empty where
+/// the system's OpenSSL lacks the algorithm.
 std::string hash(std::string_view text, HashAlgorithm algorithm);
 
 /// The digests of `text` by all algorithms in their order; empty if a stop was requested meanwhile, which is

@@ -7,9 +7,6 @@ namespace korvane {
 
 namespace {
 
-/// How many UTF-16 units make a piece. Reading one takes some microseconds, against which asking is nothing.
-constexpr std::int64_t pieceLength = 8192;
-
 const InterruptibleText::Source& sourceOf(const UText* handle) {
     return *static_cast<const InterruptibleText::Source*>(handle->context);
 }
@@ -35,9 +32,14 @@ std::int64_t boundaryBefore(const icu::UnicodeString& text, std::int64_t index) 
 
 UBool access(UText* handle, std::int64_t index, UBool forward) {
     const auto& source = sourceOf(handle);
-    if (!source.goesOn())
-        throw InterruptibleText::Interrupted();
     const std::int64_t length = source.text.length();
+    const auto pieceLength = source.options.pieceLength;
+    if (!source.goesOn()) {
+        if (source.options.stop == InterruptibleText::Stop::byException)
+            throw InterruptibleText::Interrupted();
+        show(handle, length, length, length);
+        return 0;
+    }
     index = boundaryBefore(source.text, std::clamp(index, std::int64_t{0}, length));
     const auto startOf = [&](std::int64_t piece) {
         return boundaryBefore(source.text, std::min(piece * pieceLength, length));
@@ -102,8 +104,9 @@ UText* open(UText* handle, const InterruptibleText::Source& source, UErrorCode* 
 
 } // namespace
 
-InterruptibleText::InterruptibleText(const icu::UnicodeString& text, const std::function<bool()>& goesOn)
-    : m_source{.text = text, .goesOn = goesOn} {
+InterruptibleText::InterruptibleText(const icu::UnicodeString& text, const std::function<bool()>& goesOn,
+                                     Options options)
+    : m_source{.text = text, .goesOn = goesOn, .options = options} {
     UErrorCode status = U_ZERO_ERROR;
     open(&m_handle, m_source, &status); // fails only where ICU would have to allocate
 }

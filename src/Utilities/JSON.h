@@ -99,18 +99,30 @@ struct Member {
     Value value;
 };
 
+/// What an object loses: members that have a namesake behind them.
+struct DuplicateNames {
+    std::size_t count = 0;      ///< of the members that are lost, in the whole document
+    std::string_view example{}; ///< one of their names; refers to what the document refers to
+
+    bool operator==(const DuplicateNames&) const = default;
+};
+
 /// A text that was read. Refers to the text, which must outlive it: strings without escapes and most numbers
 /// stay where they are, all else is in the document's own memory.
 class Document {
 public:
     const Value& root() const { return m_root; }
 
+    const DuplicateNames& duplicateNames() const { return m_duplicateNames; }
+
 private:
     friend class Reader;
 
-    Document(Value root, Arena arena) : m_root(root), m_arena(std::move(arena)) {}
+    Document(Value root, DuplicateNames duplicateNames, Arena arena)
+        : m_root(root), m_duplicateNames(duplicateNames), m_arena(std::move(arena)) {}
 
     Value m_root;
+    DuplicateNames m_duplicateNames;
     Arena m_arena;
 };
 

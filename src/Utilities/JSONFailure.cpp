@@ -1,11 +1,10 @@
 #include "Utilities/JSONFailure.h"
 
+#include "Utilities/CharacterName.h"
 #include "Utilities/JSONBlock.h"
 #include "Utilities/JSONEscape.h"
 
 #include <fmt/format.h>
-#include <unicode/uchar.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -29,7 +28,7 @@ std::string quoted(std::string_view text) {
     return fmt::format("\"{}\"", text);
 }
 
-/// The word or the character that begins at `offset`. What cannot be seen is named by its number.
+/// The word or the character that begins at `offset`.
 std::string found(std::string_view text, std::size_t offset) {
     const auto rest = text.substr(offset);
     const auto word =
@@ -37,15 +36,7 @@ std::string found(std::string_view text, std::size_t offset) {
                                                 rest.begin()));
     if (!word.empty())
         return quoted(word);
-    if (rest.starts_with('"'))
-        return "double quote";
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(rest.data());
-    UChar32 character = 0;
-    std::size_t end = 0;
-    U8_NEXT_OR_FFFD(bytes, end, rest.size(), character);
-    if (u_isgraph(character))
-        return quoted(rest.substr(0, end));
-    return fmt::format("U+{:04X}", character);
+    return characterName(text, offset);
 }
 
 std::string subject(std::string_view text, const Failure& failure) {

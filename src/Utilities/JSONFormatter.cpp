@@ -1,6 +1,8 @@
 #include "Utilities/JSONFormatter.h"
 
+#include "Utilities/Characters.h"
 #include "Utilities/JSON.h"
+#include "Utilities/JSONEscape.h"
 #include "Utilities/Text.h"
 
 #include <fmt/format.h>
@@ -13,20 +15,45 @@ namespace JSONFormatter {
 
 namespace {
 
-std::expected<JSON::Document, JSONError> read(std::string_view input, JSON::ReadingOptions options) {
+/// Longer names are cut: a message is one line.
+constexpr std::size_t maximumQuotedLength = 24;
+
+/// The beginning of `name` in quotes. Control characters are escaped, as a JSON text has them.
+std::string quoted(std::string_view name) {
+    Characters characters(name);
+    std::size_t size = 0;
+    for (std::size_t length = 0; length < maximumQuotedLength; ++length)
+        size += characters.next().size();
+    std::string text = "\"";
+    for (const char byte : name.substr(0, size)) {
+        if (byte == '"' || byte == '\\' || static_cast<unsigned char>(byte) < ' ')
+            text += JSON::EscapeSequence(byte).text();
+        else
+            text += byte;
+    }
+    return text + (size < name.size() ? "...\"" : "\"");
+}
+
+std::expected<JSON::Document, JSONError> read(std::string_view input, JSON::ReadingOptions options,
+                                              DuplicateNames* duplicates) {
     if (trimmingWhitespacesAndNewlines(input).empty())
         return std::unexpected(JSONError::emptyInput());
     auto document = JSON::parse(input, options);
-    if (document)
+    if (document) {
+        if (duplicates)
+            *duplicates = {.count = document->duplicateNames().count,
+                           .example = std::string(document->duplicateNames().example)};
         return std::move(*document);
+    }
     // The reader tells of bytes that are not UTF-8 before anything else.
     if (document.error().kind == JSON::ParseError::Kind::invalidUTF8)
         return std::unexpected(JSONError::invalidJSON("Could not encode input"));
     return std::unexpected(JSONError::invalidJSON(std::move(document.error().message)));
 }
 
-std::expected<std::string, JSONError> rewrite(std::string_view input, JSON::WritingOptions options) {
-    const auto document = read(input, {});
+std::expected<std::string, JSONError> rewrite(std::string_view input, JSON::WritingOptions options,
+                                              DuplicateNames* duplicates) {
+    const auto document = read(input, {}, duplicates);
     if (!document)
         return std::unexpected(document.error());
     auto text = JSON::write(document->root(), options);
@@ -77,22 +104,31 @@ std::string JSONError::errorDescription() const {
     return kind == Kind::emptyInput ? "Input is empty" : "Invalid JSON: " + message;
 }
 
-std::expected<std::string, JSONError> prettify(std::string_view input, int /*indent*/) {
-    return rewrite(input, {.prettyPrinted = true, .sortedKeys = true, .fragmentsAllowed = true});
+std::string DuplicateNames::description() const {
+    if (count == 0)
+        return {};
+    return count == 1 ? fmt::format("Duplicate name {}: only its last value counts", quoted(example))
+                      : fmt::format("{} duplicate names, such as {}: only the last values count", count,
+                                    quoted(example));
 }
 
-std::expected<std::string, JSONError> minify(std::string_view input) {
-    return rewrite(input, {.fragmentsAllowed = true});
+std::expected<std::string, JSONError> prettify(std::string_view input, int /*indent*/,
+                                               DuplicateNames* duplicates) {
+    return rewrite(input, {.prettyPrinted = true, .sortedKeys = true, .fragmentsAllowed = true}, duplicates);
 }
 
-std::expected<bool, JSONError> validate(std::string_view input) {
-    if (auto document = read(input, {}); !document)
+std::expected<std::string, JSONError> minify(std::string_view input, DuplicateNames* duplicates) {
+    return rewrite(input, {.fragmentsAllowed = true}, duplicates);
+}
+
+std::expected<bool, JSONError> validate(std::string_view input, DuplicateNames* duplicates) {
+    if (auto document = read(input, {}, duplicates); !document)
         return std::unexpected(std::move(document.error()));
     return true;
 }
 
-std::expected<JSONNode, JSONError> parseToTree(std::string_view input) {
-    const auto document = read(input, {.fragmentsAllowed = true});
+std::expected<JSONNode, JSONError> parseToTree(std::string_view input, DuplicateNames* duplicates) {
+    const auto document = read(input, {.fragmentsAllowed = true}, duplicates);
     if (!document)
         return std::unexpected(document.error());
     return node("root", document->root());

@@ -6,6 +6,7 @@
 #include "Utilities/UUID.h"
 
 #include <array>
+#include <cstddef>
 #include <expected>
 #include <optional>
 #include <string>
@@ -65,19 +66,34 @@ struct JSONError {
     bool operator==(const JSONError&) const = default;
 };
 
+/// The members that a result lacks although the input has them, because of an object only the last member of
+/// a name counts.
+struct DuplicateNames {
+    std::size_t count = 0;
+    std::string example{}; ///< the name of one of them
+
+    /// The text for people, such as `Duplicate name "a": only its last value counts`; for a count of 0 none.
+    std::string description() const;
+
+    bool operator==(const DuplicateNames&) const = default;
+};
+
+// Where `duplicates` is given, an operation that succeeds sets it.
+
 /// `input` with two spaces a level, one member or element a line and members sorted by name. `indent` is
 /// accepted and has no effect: the layout is always the same.
-std::expected<std::string, JSONError> prettify(std::string_view input, int indent);
+std::expected<std::string, JSONError> prettify(std::string_view input, int indent,
+                                               DuplicateNames* duplicates = nullptr);
 
 /// `input` without white space. Members are in the order of their names here, too, so that the same members
 /// give the same text in whatever order they came.
-std::expected<std::string, JSONError> minify(std::string_view input);
+std::expected<std::string, JSONError> minify(std::string_view input, DuplicateNames* duplicates = nullptr);
 
 /// True, or what is wrong with `input`.
-std::expected<bool, JSONError> validate(std::string_view input);
+std::expected<bool, JSONError> validate(std::string_view input, DuplicateNames* duplicates = nullptr);
 
 /// The root of the tree of `input`. Unlike the other operations this one takes a lone scalar, too.
-std::expected<JSONNode, JSONError> parseToTree(std::string_view input);
+std::expected<JSONNode, JSONError> parseToTree(std::string_view input, DuplicateNames* duplicates = nullptr);
 
 } // namespace JSONFormatter
 

@@ -85,7 +85,9 @@ std::size_t MemberSorter::arrangeSmall(std::span<const Value> namesAndValues, st
     for (std::size_t i = 0; i < order.size(); ++i) {
         const bool isReplaced =
             !isKnown && i + 1 < order.size() && names.name(order[i]) == names.name(order[i + 1]);
-        if (!isReplaced)
+        if (isReplaced)
+            noteDuplicate(names.name(order[i]));
+        else
             std::construct_at(&members[kept++], namesAndValues[2U * order[i]],
                               namesAndValues[2U * order[i] + 1]);
     }
@@ -108,11 +110,18 @@ std::size_t MemberSorter::arrangeLarge(std::span<const Value> namesAndValues, st
     std::size_t kept = 0;
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const bool isReplaced = i + 1 < entries.size() && entries[i].name == entries[i + 1].name;
-        if (!isReplaced)
+        if (isReplaced)
+            noteDuplicate(entries[i].name);
+        else
             std::construct_at(&members[kept++], namesAndValues[2 * entries[i].index],
                               namesAndValues[2 * entries[i].index + 1]);
     }
     return kept;
+}
+
+void MemberSorter::noteDuplicate(std::string_view name) {
+    if (m_duplicateNames.count++ == 0)
+        m_duplicateNames.example = name;
 }
 
 } // namespace korvane::JSON

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 namespace korvane::JSON {
 
@@ -22,13 +23,19 @@ public:
     /// members with the same name the last one remains.
     std::span<const Member> arranged(std::span<const Value> namesAndValues, Arena& arena);
 
+    /// What has not remained, of all objects so far.
+    const DuplicateNames& duplicateNames() const { return m_duplicateNames; }
+
 private:
     using Order = std::array<std::uint8_t, smallObject>;
 
-    static std::size_t arrangeLarge(std::span<const Value> namesAndValues, std::span<Member> members);
+    std::size_t arrangeLarge(std::span<const Value> namesAndValues, std::span<Member> members);
     std::size_t arrangeSmall(std::span<const Value> namesAndValues, std::span<Member> members);
 
+    void noteDuplicate(std::string_view name);
+
     std::array<Order, smallObject + 1> m_orders{}; ///< by the number of members; all zeros fit no object
+    DuplicateNames m_duplicateNames{};
 };
 
 } // namespace korvane::JSON

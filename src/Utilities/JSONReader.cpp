@@ -20,7 +20,7 @@ std::expected<Document, ParseError> Reader::read() {
             fail(ParseError::Kind::invalidUTF8, m_text.data() + valid, "UTF-8 text");
         return std::unexpected(describe(m_text, *m_failure));
     }
-    return Document(m_values.front(), std::move(m_arena));
+    return Document(m_values.front(), m_sorter.duplicateNames(), std::move(m_arena));
 }
 
 inline void Reader::skipSpace() {

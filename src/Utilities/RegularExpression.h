@@ -34,7 +34,14 @@ struct PatternError {
 };
 
 /// Why a search ended before the end of the text.
-enum class Interruption { tookTooLong, tookTooMuchMemory, foundTooMuch, textIsTooLong, calledOff };
+enum class Interruption {
+    patternTookTooLong, ///< it was not even compiled
+    tookTooLong,
+    tookTooMuchMemory,
+    foundTooMuch,
+    textIsTooLong,
+    calledOff,
+};
 
 /// Bytes of a text, from `start` up to but without `end`. A search takes no text whose positions do not fit.
 struct TextRange {
@@ -85,29 +92,27 @@ inline constexpr std::int32_t stackLimit = 1 << 26;
 /// of a window.
 inline constexpr std::size_t maximumPieces = std::size_t{1} << 24;
 
-/// The longest pattern in bytes, and the most character sets in it. ICU prepares a set in up to several
-/// milliseconds and cannot be interrupted; a pattern of this many takes seconds, and a megabyte of them would
-/// take an hour.
+/// The longest pattern in bytes. Its character sets may take up some hundred megabytes of memory.
 inline constexpr std::size_t maximumPatternSize = 100'000;
-inline constexpr std::size_t maximumSets = 1'000;
 
 /// The longest text, in bytes, that `replacingMatches` makes.
 inline constexpr std::size_t maximumReplacedSize = std::size_t{1} << 27;
 
 /// How many character sets `pattern` has, estimated from above. They, more than its length, decide how long
-/// it takes to compile.
+/// it takes to compile: up to several milliseconds each.
 std::size_t setCount(std::string_view pattern);
 
 /// All matches of `pattern` in `text`, from its start to its end: `^` and `$` stand for the ends of the whole
 /// text, `.` for no line break. A match that begins or ends inside a character (within a surrogate pair, as
-/// ICU counts) is left out, and so is such a group. Fails if the pattern is faulty.
+/// ICU counts) is left out, and so is such a group. Fails if the pattern is faulty; what takes too long, even
+/// before the first match, is an interruption.
 std::expected<Findings, PatternError> search(std::string_view pattern, bool isCaseSensitive,
                                              std::shared_ptr<const std::string> text, const Budget& budget);
 
-/// The text of `findings` with each match replaced by what `replacement` says: `$` and a digit stand for the
-/// group of that number, with further digits as long as they name a group that exists; a group that does not
-/// exist or took no part is empty. A backslash takes away the meaning of the character behind it. All else
-/// stands for itself. None when the result would exceed `maximumReplacedSize`.
+/// The text of `findings` with each match replaced by what `replacement` says: `$` and a number stand for the
+/// group of that number, which has as many digits as there are, but no more than the highest number of a
+/// group; a group that does not exist or took no part is empty. A backslash takes away the meaning of the
+/// character behind it. All else stands for itself. None when the result would exceed `maximumReplacedSize`.
 std::optional<std::string> replacingMatches(const Findings& findings, std::string_view replacement);
 
 struct InterruptionFacts {
@@ -122,6 +127,8 @@ namespace korvane {
 template <>
 inline constexpr auto facts<RegularExpression::Interruption> =
     std::to_array<RegularExpression::InterruptionFacts>({
+        {RegularExpression::Interruption::patternTookTooLong,
+         "Matching stopped: the pattern takes too long to compile"},
         {RegularExpression::Interruption::tookTooLong,
          "Matching stopped: the pattern takes too long on this text"},
         {RegularExpression::Interruption::tookTooMuchMemory,

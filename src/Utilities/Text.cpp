@@ -62,6 +62,13 @@ icu::UnicodeString caseFolded(std::string_view text) {
     return nfd->normalize(folded, status);
 }
 
+/// Whether `index` is not between a letter and an accent on it, which are two code points once a text is
+/// decomposed.
+bool isBoundary(const icu::UnicodeString& text, std::int32_t index) {
+    return index == 0 || index == text.length() ||
+           !u_hasBinaryProperty(text.char32At(index), UCHAR_GRAPHEME_EXTEND);
+}
+
 } // namespace
 
 bool isNewline(char32_t character) {
@@ -133,7 +140,13 @@ std::size_t characterCount(std::string_view text) {
 }
 
 std::size_t lineCount(std::string_view text) {
-    return positionAt(text, text.size()).line;
+    std::size_t lines = 1;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const auto decoded = decodeAt(text, offset);
+        lines += isNewline(decoded.character) ? 1U : 0U;
+        offset = decoded.end;
+    }
+    return lines;
 }
 
 std::size_t wordCount(std::string_view text) {
@@ -153,7 +166,8 @@ TextPosition positionAt(std::string_view text, std::size_t offset) {
     std::size_t lineStart = 0;
     for (std::size_t position = 0; position < offset;) {
         const auto decoded = decodeAt(text, position);
-        if (isNewline(decoded.character)) {
+        const bool isInsidePair = decoded.character == '\r' && text.substr(decoded.end).starts_with('\n');
+        if (isNewline(decoded.character) && !isInsidePair) {
             ++line;
             lineStart = decoded.end;
         }
@@ -164,7 +178,15 @@ TextPosition positionAt(std::string_view text, std::size_t offset) {
 }
 
 bool localizedCaseInsensitiveContains(std::string_view text, std::string_view pattern) {
-    return !pattern.empty() && caseFolded(text).indexOf(caseFolded(pattern)) >= 0;
+    const auto folded = caseFolded(text);
+    const auto wanted = caseFolded(pattern);
+    if (wanted.isEmpty())
+        return false;
+    for (auto start = folded.indexOf(wanted); start >= 0; start = folded.indexOf(wanted, start + 1)) {
+        if (isBoundary(folded, start) && isBoundary(folded, start + wanted.length()))
+            return true;
+    }
+    return false;
 }
 
 } // namespace korvane

@@ -45,7 +45,7 @@ std::size_t wordCount(std::string_view text);
 
 /// A place in a text as people name it, both counted from 1.
 struct TextPosition {
-    std::size_t line = 1;   ///< counted as `lineCount` counts
+    std::size_t line = 1; ///< after each newline begins another; unlike in `lineCount`, CR LF is one newline
     std::size_t column = 1; ///< in user-perceived characters
     bool operator==(const TextPosition&) const = default;
 };

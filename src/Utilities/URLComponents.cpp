@@ -1,11 +1,14 @@
 #include "Utilities/URLComponents.h"
 
+#include "Utilities/CharacterName.h"
 #include "Utilities/PercentEncoding.h"
+#include "Utilities/Text.h"
 
+#include <fmt/format.h>
 #include <uriparser/Uri.h>
 
 #include <charconv>
-#include <expected>
+#include <cstddef>
 #include <ranges>
 #include <system_error>
 
@@ -17,7 +20,7 @@ namespace {
 class ParsedURL {
 public:
     explicit ParsedURL(std::string_view url)
-        : m_isValid(uriParseSingleUriExA(&m_parts, url.data(), url.data() + url.size(), nullptr) ==
+        : m_isValid(uriParseSingleUriExA(&m_parts, url.data(), url.data() + url.size(), &m_error) ==
                     URI_SUCCESS) {}
 
     ~ParsedURL() {
@@ -32,8 +35,12 @@ public:
 
     const UriUriA& parts() const { return m_parts; }
 
+    /// Where the parser could not go on.
+    const char* error() const { return m_error; }
+
 private:
     UriUriA m_parts{};
+    const char* m_error = nullptr;
     bool m_isValid;
 };
 
@@ -60,9 +67,10 @@ std::optional<std::string> hostOf(const UriUriA& parts) {
     return isBracketed ? '[' + *host + ']' : host;
 }
 
+constexpr int highestPort = 65535;
+
 /// The port, none without one; an error if it is no port's number.
 std::expected<std::optional<int>, std::errc> portOf(const UriUriA& parts) {
-    constexpr int highestPort = 65535;
     const auto digits = textOf(parts.portText);
     if (!digits || digits->empty())
         return std::nullopt;
@@ -103,16 +111,60 @@ std::optional<std::vector<URLQueryItem>> queryItemsOf(const UriUriA& parts) {
     return items;
 }
 
+/// What stands wrong at `offset`, where the parser stopped. It takes the colon before a port for one behind a
+/// user's name until the authority ends, and reads the whole triplet of a percent-encoding.
+std::size_t faultyOffset(std::string_view url, std::size_t offset) {
+    const auto percent = url.substr(0, offset).rfind('%');
+    if (percent != std::string_view::npos && offset - percent < 3)
+        return percent;
+    const auto colon = url.substr(0, offset).rfind(':');
+    const bool isAtEnd = offset == url.size() || std::string_view("/?#").contains(url[offset]);
+    if (!isAtEnd || colon == std::string_view::npos || url.substr(colon).starts_with("://"))
+        return offset;
+    const auto inPort = url.substr(0, offset).find_first_not_of("0123456789", colon + 1);
+    return inPort == std::string_view::npos ? offset : inPort;
+}
+
+bool isTriplet(std::string_view text) {
+    constexpr std::string_view hexDigits = "0123456789ABCDEFabcdef";
+    return text.size() >= 3 && hexDigits.contains(text[1]) && hexDigits.contains(text[2]);
+}
+
+std::string foundAt(std::string_view url, std::size_t offset) {
+    if (offset == url.size())
+        return "end";
+    switch (url[offset]) {
+    case ' ':
+        return "space";
+    case '\t':
+        return "tab";
+    case '\n':
+    case '\r':
+        return "line break";
+    default:
+        return characterName(url, offset);
+    }
+}
+
+ParseError errorAt(std::string_view url, std::size_t offset) {
+    const auto place = characterCount(url.substr(0, offset)) + 1;
+    if (url.substr(offset).starts_with('%') && !isTriplet(url.substr(offset)))
+        return {offset, fmt::format("Incomplete \"%\" at character {}", place)};
+    return {offset, fmt::format("Unexpected {} at character {}", foundAt(url, offset), place)};
+}
+
 } // namespace
 
-std::optional<URLComponentsBreakdown> parse(std::string_view url) {
+std::expected<URLComponentsBreakdown, ParseError> parse(std::string_view url) {
     const ParsedURL parsed(url);
     if (!parsed.isValid())
-        return std::nullopt;
+        return std::unexpected(
+            errorAt(url, faultyOffset(url, static_cast<std::size_t>(parsed.error() - url.data()))));
     const auto& parts = parsed.parts();
     const auto port = portOf(parts);
     if (!port)
-        return std::nullopt;
+        return std::unexpected(ParseError{static_cast<std::size_t>(parts.portText.first - url.data()),
+                                          fmt::format("The port is greater than {}", highestPort)});
     return URLComponentsBreakdown{.scheme = decodedTextOf(parts.scheme),
                                   .host = hostOf(parts),
                                   .port = *port,

@@ -2,6 +2,8 @@
 /// up.
 #pragma once
 
+#include <cstddef>
+#include <expected>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,10 +37,18 @@ struct URLComponentsBreakdown {
 
 namespace URLComponents {
 
-/// The components of `url`, or none if it is no URL: all of it must follow the standard's syntax, so no white
-/// space, nothing outside ASCII, no incomplete percent-encoding, and the port must be a port's number. Takes
-/// linear time; while it runs, each `/` of the path costs about 60 bytes of memory.
-std::optional<URLComponentsBreakdown> parse(std::string_view url);
+/// The first thing in a text that no URL has there.
+struct ParseError {
+    std::size_t offset = 0; ///< in bytes
+    std::string message{};  ///< such as `Unexpected "|" at character 12`
+
+    bool operator==(const ParseError&) const = default;
+};
+
+/// The components of `url`, or an error if it is no URL: all of it must follow the standard's syntax, so no
+/// white space, nothing outside ASCII, no incomplete percent-encoding, and the port must be a port's number.
+/// Takes linear time; while it runs, each `/` of the path costs about 60 bytes of memory.
+std::expected<URLComponentsBreakdown, ParseError> parse(std::string_view url);
 
 } // namespace URLComponents
 

@@ -43,6 +43,17 @@ TEST(Base64, RejectsWhateverIsNotPaddedStandardBase64) {
     EXPECT_EQ(Base64::decode(std::string_view("SG\0s", 4)), std::nullopt);
 }
 
+/// The last character before the padding has two or four bits more than the bytes need. Like the usual
+/// decoders this one does not ask for zeros there, which RFC 4648, section 3.5, leaves to it.
+TEST(Base64, TakesAnyBitsInFrontOfThePadding) {
+    constexpr Vector rows[] = {
+        {"A", "QQ=="},         {"A", "QR=="},         {"A", "Qf=="},
+        {"Hello", "SGVsbG8="}, {"Hello", "SGVsbG9="}, {"Hello", "SGVsbG/="},
+    };
+    for (const auto& [bytes, text] : rows)
+        EXPECT_EQ(Base64::decode(text), bytes) << text;
+}
+
 RC_GTEST_PROP(Base64, GivesBackEveryByte, (const std::string& bytes)) {
     const auto text = Base64::encode(bytes);
     RC_ASSERT(text.size() == (bytes.size() + 2) / 3 * 4);

@@ -179,6 +179,46 @@ TEST(JSONFormatter, SortsTheChildrenOfAnObject) {
                                         });
 }
 
+TEST(JSONFormatter, TellsOfDuplicateNames) {
+    using JSONFormatter::DuplicateNames;
+    const std::string_view text = R"({"a":1,"b":[{"a":2,"a":3}],"b":0})";
+    const DuplicateNames expected{2, "a"};
+    DuplicateNames duplicates{7, "of another text"};
+    EXPECT_TRUE(JSONFormatter::prettify(text, 2, &duplicates));
+    EXPECT_EQ(duplicates, expected);
+    for (const auto operation : {+[](std::string_view input, DuplicateNames* found) {
+                                     return JSONFormatter::minify(input, found).has_value();
+                                 },
+                                 +[](std::string_view input, DuplicateNames* found) {
+                                     return JSONFormatter::validate(input, found).has_value();
+                                 },
+                                 +[](std::string_view input, DuplicateNames* found) {
+                                     return JSONFormatter::parseToTree(input, found).has_value();
+                                 }}) {
+        EXPECT_TRUE(operation("{}", &duplicates));
+        EXPECT_EQ(duplicates, DuplicateNames());
+        EXPECT_TRUE(operation(text, &duplicates));
+        EXPECT_EQ(duplicates, expected);
+    }
+}
+
+TEST(JSONFormatter, DescribesDuplicateNamesOnOneLine) {
+    using JSONFormatter::DuplicateNames;
+    const std::pair<DuplicateNames, std::string_view> rows[] = {
+        {{0, ""}, ""},
+        {{1, "a"}, R"(Duplicate name "a": only its last value counts)"},
+        {{3, ""}, R"(3 duplicate names, such as "": only the last values count)"},
+        {{1, "\"\\/\n\x01"}, R"(Duplicate name "\"\\/\n\u0001": only its last value counts)"},
+        {{1, std::string(24, 'x')},
+         R"(Duplicate name "xxxxxxxxxxxxxxxxxxxxxxxx": only its last value counts)"},
+        {{1, std::string(1000, 'x')},
+         R"(Duplicate name "xxxxxxxxxxxxxxxxxxxxxxxx...": only its last value counts)"},
+        {{1, "👩‍👩‍👧"}, R"(Duplicate name "👩‍👩‍👧": only its last value counts)"},
+    };
+    for (const auto& [duplicates, description] : rows)
+        EXPECT_EQ(duplicates.description(), description);
+}
+
 void gatherIdentifiers(const JSONNode& node, std::unordered_set<UUID>& identifiers) {
     identifiers.insert(node.id);
     for (const auto& child : node.children)

@@ -71,7 +71,8 @@ constexpr Rejected rejected[] = {
     {Kind::unexpectedText, "[\"👨‍👩‍👧u\u0308\" x]",
      R"(Unexpected "x" at line 1, column 7; expected "," or "]")"},
     {Kind::unexpectedText, "\xEF\xBB\xBF[x]", R"(Unexpected "x" at line 1, column 2; expected a value)"},
-    {Kind::unexpectedText, "[\r\n\r\nx]", R"(Unexpected "x" at line 5, column 1; expected a value)"},
+    {Kind::unexpectedText, "[\r\n\r\nx]", R"(Unexpected "x" at line 3, column 1; expected a value)"},
+    {Kind::unexpectedText, "[\r\r\nx]", R"(Unexpected "x" at line 3, column 1; expected a value)"},
     // after the document
     {Kind::unexpectedText, "[] []", R"(Unexpected "[" at line 1, column 4; expected the end of the input)"},
     {Kind::unexpectedText, "{}}", R"(Unexpected "}" at line 1, column 3; expected the end of the input)"},
@@ -291,6 +292,36 @@ TEST(JSONReader, LetsTheLastMemberOfANameCount) {
     EXPECT_EQ(members[0].value.member("a")->text(), "7");
     EXPECT_EQ(members[1].value.text(), "4");
     EXPECT_EQ(members[2].value.text(), "5");
+}
+
+TEST(JSONReader, TellsOfTheMembersThatDoNotCount) {
+    struct Row {
+        std::string text;
+        std::size_t count;
+        std::string_view example;
+    };
+
+    std::string many = "{";
+    for (int i = 0; i < 100; ++i)
+        many += "\"name " + std::to_string(i % 98) + "\":0,";
+    many.back() = '}';
+    const Row rows[] = {
+        {"{}", 0, ""},
+        {R"({"a":1,"b":1})", 0, ""},
+        {R"([{"a":1},{"a":2},{"b":{"a":3}}])", 0, ""},
+        {R"({"a":1,"b":2,"a":1})", 1, "a"},
+        {R"({"b":1,"a":1,"b":2,"b":3})", 2, "b"},
+        {R"({"":1,"":1})", 1, ""},
+        {R"({"\u0061\n":1,"a\n":1})", 1, "a\n"},
+        {R"([{"a":1,"b":1},{"a":1,"a":1},{"b":1,"b":1}])", 2, "a"},
+        {R"({"a":1,"A":1})", 0, ""},
+        {many, 2, "name 0"},
+    };
+    for (const auto& [text, count, example] : rows) {
+        const auto document = JSON::parse(text);
+        ASSERT_TRUE(document) << text;
+        EXPECT_EQ(document->duplicateNames(), (JSON::DuplicateNames{count, example})) << text;
+    }
 }
 
 /// Quadratic time would take minutes here, and run into the time limit of the test.

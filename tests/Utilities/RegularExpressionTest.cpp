@@ -148,10 +148,6 @@ TEST(RegularExpression, SaysWhatIsWrongInAPatternAndWhere) {
 }
 
 TEST(RegularExpression, RefusesPatternsThatAreTooBigToPrepare) {
-    std::string sets;
-    for (std::size_t count = 0; count <= RegularExpression::maximumSets; ++count)
-        sets += count % 3 == 0 ? "\\p{Lu}" : count % 3 == 1 ? "\\P{Lu}" : "[a]";
-    EXPECT_EQ(errorOf(sets), "Pattern too big.");
     EXPECT_EQ(errorOf(std::string(RegularExpression::maximumPatternSize + 1, 'a')), "Pattern too big.");
     EXPECT_EQ(errorOf(std::string(RegularExpression::maximumPatternSize, 'a')), "");
     EXPECT_EQ(errorOf(std::string(1000, '(')), "Nesting too deep at character 101.");
@@ -174,6 +170,8 @@ TEST_P(RegularExpressionReplacement, Replaces) {
               row.expected);
 }
 
+constexpr auto tenGroups = "(a)(b)(c)(d)(e)(f)(g)(h)(i)(j)";
+
 const ReplacementRow replacementRows[] = {
     {"SwapsGroups", R"((\w+)-(\w+))", "a-b c-d", "$2 $1", "b a d c"},
     {"WholeMatch", "b", "abc", "<$0>", "a<b>c"},
@@ -192,9 +190,10 @@ const ReplacementRow replacementRows[] = {
     {"AbsentGroupIsEmpty", "(a)|(b)", "ab", "[$1|$2]", "[a|][|b]"},
     {"UnknownGroupIsEmpty", "(b)", "abc", "[$2]", "a[]c"},
     {"UnknownGroupTakesOneDigit", "(b)", "abc", "[$23]", "a[3]c"},
-    {"DigitsAsFarAsAGroupExists", "(b)", "abc", "$12", "ab2c"},
-    {"TwoDigits", "(a)(b)(c)(d)(e)(f)(g)(h)(i)(j)(k)", "abcdefghijk", "$11$10$1$12", "kjaa2"},
-    {"LeadingZero", "(b)", "abc", "$01", "abc"},
+    {"AsManyDigitsAsTheHighestNumber", "(b)", "abc", "$12", "ab2c"},
+    {"TwoDigits", tenGroups, "abcdefghij", "$10$1$02$100-$1a", "jabj0-aa"},
+    {"UnknownGroupTakesTwoDigits", tenGroups, "abcdefghij", "[$11][$99][$110]", "[][][0]"},
+    {"LeadingZero", "(b)", "abc", "$01", "ab1c"},
     {"LeadingZeroWithoutGroup", "b", "abc", "$01", "ab1c"},
     {"ManyDigits", "(b)", "abc", "$99999999999999999999", "a9999999999999999999c"},
     {"ZeroLength", "x*", "ab", "-", "-a-b-"},
@@ -268,6 +267,34 @@ TEST(RegularExpression, StopsWhenCalledOff) {
     EXPECT_EQ(findings.matchCount(), 0);
 }
 
+std::string repeated(std::string_view part, std::size_t count) {
+    std::string text;
+    for (; count > 0; --count)
+        text += part;
+    return text;
+}
+
+// To compile each of these at one go takes seconds, or much longer.
+TEST(RegularExpression, StopsWhileAPatternIsCompiled) {
+    const Budget littleTime{.time = std::chrono::milliseconds(20)};
+    for (const std::string_view set : {"[\\x{0}-\\x{10FFFF}]", "[\\p{L}&&[^\\p{Lu}]]", "\\p{Alphabetic}"}) {
+        const auto pattern = repeated(set, RegularExpression::maximumPatternSize / set.size());
+        const auto findings = search(pattern, "text", false, littleTime);
+        EXPECT_EQ(findings.interruption, Interruption::patternTookTooLong) << set;
+        EXPECT_EQ(findings.matchCount(), 0) << set;
+    }
+    std::stop_source source;
+    source.request_stop();
+    const auto findings = search(repeated("[a]", 1000), "text", false, {.stop = source.get_token()});
+    EXPECT_EQ(findings.interruption, Interruption::calledOff);
+}
+
+TEST(RegularExpression, TakesThousandsOfSets) {
+    const auto findings = search(repeated("[a-c]", 3000), std::string(7000, 'b'));
+    EXPECT_EQ(findings.matchCount(), 2);
+    EXPECT_FALSE(findings.interruption);
+}
+
 TEST(RegularExpression, StopsWhenItsMemoryIsFull) {
     EXPECT_EQ(search("(a|b)*c", std::string(5'000'000, 'a')).interruption, Interruption::tookTooMuchMemory);
     EXPECT_FALSE(search("(a|b)*", std::string(1'000'000, 'a')).interruption);
@@ -323,6 +350,41 @@ RC_GTEST_PROP(RegularExpression, FindsWhatIsFoundInTheBytesThemselves, ()) {
         "a", ".", "a*", "(a)|(b)", "(a*)(b?)", "[^a]", "(?<=(.))(a)", "a(?=(.)?)", "(\\w+)\\s", "é|😀",
         "(?s).", "\\X", "(😀|a)+?b", "$", "^", "(.)\\1", "\\b", "(a)?(😀)?(b)?");
     RC_ASSERT(described(search(pattern, text)) == naiveSearch(pattern, text));
+}
+
+/// The error that ICU has for a pattern which it gets in one piece.
+UErrorCode naiveError(const std::string& pattern) {
+    UErrorCode status = U_ZERO_ERROR;
+    const auto units = icu::UnicodeString::fromUTF8(pattern);
+    uregex_close(uregex_open(units.getBuffer(), units.length(), 0, nullptr, &status));
+    return status;
+}
+
+/// Enough sets for a pattern to be compiled piece by piece, in which they come at every place.
+RC_GTEST_PROP(RegularExpression, CompilesTheSamePieceByPiece, ()) {
+    const auto parts = *rc::gen::container<std::vector<std::string>>(rc::gen::element<std::string>(
+        "a", "é", "😀", "[a-c]", "[^\\x{1F600}]", "\\x{61}", "\\u0061", "\\ud83d\\ude00",
+        "\\N{LATIN SMALL LETTER A}", "\\Q[.\\E", "(?#note)", "\\p{L}", "[[:alpha:]--[z]]", "(?<n>b)?", "(",
+        ")", "x{2,3}", "\\", "]", "|"));
+    const auto pattern = joined(parts) + "|" + repeated("[a]?", 5);
+    const auto error = naiveError(pattern);
+    RC_ASSERT(errorOf(pattern).empty() == (U_SUCCESS(error) != 0));
+    if (U_SUCCESS(error)) {
+        const std::string text = "ab[.é😀ca😀😀xxx";
+        RC_ASSERT(described(search(pattern, text)) == naiveSearch(pattern, text));
+    }
+}
+
+TEST(RegularExpression, SaysTheSameOfAPatternPieceByPiece) {
+    for (std::size_t length = 0; length < 40; ++length) {
+        const auto before = repeated("[a]", 6) + std::string(length, 'b');
+        const auto place = [&](std::size_t characters) { return std::to_string(before.size() + characters); };
+        EXPECT_EQ(errorOf(before + "\\x{110000}"),
+                  "Unrecognized escape sequence at character " + place(2) + ".");
+        EXPECT_EQ(errorOf(before + "é😀[z-a]"),
+                  "Character range whose end comes before its start at character " + place(6) + ".");
+        EXPECT_EQ(errorOf(before + "(\n"), "Incorrectly nested parentheses at character " + place(2) + ".");
+    }
 }
 
 TEST(RegularExpression, FindsTheSamePieceByPiece) {

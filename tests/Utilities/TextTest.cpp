@@ -150,6 +150,10 @@ TEST(Text, TellsPositionsAsPeopleCountThem) {
     EXPECT_EQ(positionAt("", 0), (TextPosition{1, 1}));
     EXPECT_EQ(positionAt("ab\ncd", 4), (TextPosition{2, 2}));
     EXPECT_EQ(positionAt("ab\n", 3), (TextPosition{2, 1}));
+    EXPECT_EQ(positionAt("a\r\n\r\nb", 5), (TextPosition{3, 1})) << "CR LF ends one line, not two";
+    EXPECT_EQ(positionAt("a\r\nb", 2), (TextPosition{1, 3})) << "between CR and LF";
+    EXPECT_EQ(positionAt("a\r\rb\n\rc", 6), (TextPosition{5, 1}));
+    EXPECT_EQ(positionAt("a\r", 2), (TextPosition{2, 1}));
     EXPECT_EQ(positionAt("ü👨‍👩‍👧x", std::string_view("ü👨‍👩‍👧").size()),
               (TextPosition{1, 3}));
 }
@@ -159,6 +163,12 @@ TEST(Text, FindsTextWhateverItsCase) {
     EXPECT_TRUE(localizedCaseInsensitiveContains("Straße", "STRASSE"));
     EXPECT_TRUE(localizedCaseInsensitiveContains("Gru\u0308n", "grÜN"));
     EXPECT_FALSE(localizedCaseInsensitiveContains("Grün", "grun"));
+    EXPECT_FALSE(localizedCaseInsensitiveContains("Café", "cafe"));
+    EXPECT_FALSE(localizedCaseInsensitiveContains("Cafe\u0301", "CAFE"));
+    EXPECT_FALSE(localizedCaseInsensitiveContains("Café", "\u0301")) << "an accent without its letter";
+    EXPECT_TRUE(localizedCaseInsensitiveContains("é and e", "E")) << "another place may still fit";
+    EXPECT_TRUE(localizedCaseInsensitiveContains("Café", "CAFÉ"));
+    EXPECT_TRUE(localizedCaseInsensitiveContains("Café", "caf"));
     EXPECT_FALSE(localizedCaseInsensitiveContains("Base64", "65"));
     EXPECT_FALSE(localizedCaseInsensitiveContains("Base64", ""));
     EXPECT_TRUE(localizedCaseInsensitiveContains("Hash Generator", " "));

@@ -184,7 +184,54 @@ TEST(URLComponents, RefusesWhatIsNoURL) {
         "http://h?q#a#b",
     };
     for (const auto url : wrong)
-        EXPECT_EQ(URLComponents::parse(url), std::nullopt) << '"' << url << '"';
+        EXPECT_FALSE(URLComponents::parse(url)) << '"' << url << '"';
+}
+
+TEST(URLComponents, TellsWhatStandsWrongWhere) {
+    struct Row {
+        std::string_view url;
+        std::size_t offset;
+        std::string_view message;
+    };
+
+    constexpr Row rows[] = {
+        {"http://h/x\n", 10, "Unexpected line break at character 11"},
+        {"http://h/x\r\n", 10, "Unexpected line break at character 11"},
+        {" http://h", 0, "Unexpected space at character 1"},
+        {"not a URL", 3, "Unexpected space at character 4"},
+        {"a\tb", 1, "Unexpected tab at character 2"},
+        {"http://h/a|b", 10, "Unexpected \"|\" at character 11"},
+        {"http://h/{x}", 9, "Unexpected \"{\" at character 10"},
+        {"http://h/?a[]=1", 11, "Unexpected \"[\" at character 12"},
+        {"http://h/?q=\"x\"", 12, "Unexpected double quote at character 13"},
+        {"http://h/\x01", 9, "Unexpected U+0001 at character 10"},
+        {"http://h/\u00A0", 9, "Unexpected U+00A0 at character 10"},
+        {"http://é/", 7, "Unexpected \"é\" at character 8"},
+        {"é😀", 0, "Unexpected \"é\" at character 1"},
+        {"http://h/\xff", 9, "Unexpected \"\xff\" at character 10"},
+        {"#a#b", 2, "Unexpected \"#\" at character 3"},
+        {"http://u@v@h/", 10, "Unexpected \"@\" at character 11"},
+        {"1a:b", 2, "Unexpected \":\" at character 3"},
+        {"http://[::g]/", 10, "Unexpected \"g\" at character 11"},
+        {"http://[::1", 11, "Unexpected end at character 12"},
+        {"//[::1%25eth0]/", 6, "Unexpected \"%\" at character 7"},
+        {"http://h/100%", 12, "Incomplete \"%\" at character 13"},
+        {"http://h/%4", 9, "Incomplete \"%\" at character 10"},
+        {"http://h/%4g?", 9, "Incomplete \"%\" at character 10"},
+        {"?%41%G1", 4, "Incomplete \"%\" at character 5"},
+        {"http://h/%41|", 12, "Unexpected \"|\" at character 13"},
+        {"http://h:99x/", 11, "Unexpected \"x\" at character 12"},
+        {"http://h:x", 9, "Unexpected \"x\" at character 10"},
+        {"http://h:8 0/", 10, "Unexpected space at character 11"},
+        {"http://h:65536/", 9, "The port is greater than 65535"},
+        {"//h:99999999999999999999", 4, "The port is greater than 65535"},
+    };
+    for (const auto& [url, offset, message] : rows) {
+        const auto components = URLComponents::parse(url);
+        ASSERT_FALSE(components) << url;
+        EXPECT_EQ(components.error().message, message) << url;
+        EXPECT_EQ(components.error().offset, offset) << url;
+    }
 }
 
 TEST(URLComponents, BearsWhateverIsLong) {
@@ -194,7 +241,7 @@ TEST(URLComponents, BearsWhateverIsLong) {
         while (text.size() < length)
             text += unit;
         for (const std::string start : {"", "http://h/", "//", "//h:", "?", "#", "x:", "http://[v1."})
-            URLComponents::parse(start + text);
+            static_cast<void>(URLComponents::parse(start + text));
     }
     EXPECT_EQ(URLComponents::parse("/" + std::string(length, 'a'))->path->size(), length + 1);
     EXPECT_EQ(URLComponents::parse("http://h" + std::string(length, '/'))->path->size(), length);

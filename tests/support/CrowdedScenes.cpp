@@ -116,6 +116,43 @@ std::vector<Scene> crowdedTexts() {
     };
 }
 
+/// Messages with more beside them.
+std::vector<Scene> crowdedMessages() {
+    return {
+        {"crowded-json-duplicates", Tool::jsonFormatter,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             const auto name = repeated("a rather long name ", 4);
+             paste(screen, fakes, R"([{")" + name + R"(":1,")" + name + R"(":2},{"b":1,"b":2}])");
+             screen.press("Prettify");
+         }},
+        {"crowded-jwt-hint", Tool::jwtDecoder,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, "eyJhbGciOiJub25lIn0\n.eyJleHAiOjE3OTUyNTE2MDB9\n.c2ln");
+             screen.press("Decode");
+         }},
+        {"crowded-url-error", Tool::urlEncoder,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             screen.choose("Analyze URL");
+             paste(screen, fakes, crowdedURL() + "%");
+             screen.press("Analyze URL");
+         }},
+        {"crowded-url-names", Tool::urlEncoder,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             screen.choose("Analyze URL");
+             paste(screen, fakes,
+                   "https://example.com/?response_type=code&code_challenge_method=S256&empty=&without&" +
+                       repeated("long", 30) + "=" + repeated("value", 30) + "#");
+             screen.press("Analyze URL");
+         }},
+        {"crowded-regex-stopped", Tool::regexTester,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             screen.type("Test String", repeated("a", 60) + "b");
+             screen.enter("Pattern", "(a+)+$");
+             fakes.background.runAll();
+         }},
+    };
+}
+
 std::vector<Scene> crowdedValues() {
     return {
         {"crowded-url", Tool::urlEncoder,
@@ -167,8 +204,8 @@ std::vector<Scene> crowdedValues() {
 
 std::vector<Scene> crowdedScenes() {
     auto all = crowdedTexts();
-    const auto values = crowdedValues();
-    all.insert(all.end(), values.begin(), values.end());
+    for (const auto& more : {crowdedMessages(), crowdedValues()})
+        all.insert(all.end(), more.begin(), more.end());
     return all;
 }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -148,6 +149,16 @@ bool ScreenDriver::hasList(std::string_view name) const {
 bool ScreenDriver::shows(std::string_view label) const {
     const auto all = labels();
     return std::ranges::find(all, label) != all.end();
+}
+
+std::string ScreenDriver::announcement() const {
+    const auto* window = QAccessible::queryAccessibleInterface(m_root.window());
+    for (int index = 0; index < window->childCount(); ++index) {
+        const auto* child = window->child(index);
+        if (child->role() == QAccessible::Notification)
+            return child->text(QAccessible::Name).toStdString();
+    }
+    return {};
 }
 
 std::vector<std::string> ScreenDriver::labels() const {

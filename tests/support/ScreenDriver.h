@@ -52,6 +52,9 @@ public:
     /// Whether a label with that text is visible.
     bool shows(std::string_view label) const;
 
+    /// The newest announcement to assistive technology in the window.
+    std::string announcement() const;
+
     /// The texts of all visible labels, for the message of a failure.
     std::vector<std::string> labels() const;
 

@@ -21,17 +21,20 @@ using Theme::TextStyle;
 
 namespace {
 
+/// The most that names take of a row's width, in percent, when they are long.
+constexpr int namesShare = 40;
+
 Label* nameLabel(const ComponentRow& row, ComponentLook look) {
-    auto* name = look == ComponentLook::chip
-                     ? new Label(row.label, TextStyle::subheadline, Role::secondary)
-                     : new Label(shortenedLine(row.label), TextStyle::codeSmall, Role::secondary);
-    name->setFixedWidth(Theme::px(Size::componentLabel));
-    return name;
+    return look == ComponentLook::chip
+               ? new Label(row.label, TextStyle::subheadline, Role::secondary)
+               : new Label(shortenedLine(row.label), TextStyle::codeSmall, Role::secondary);
 }
 
 QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
-    auto* value = new Label(shortenedLine(row.value), TextStyle::codeSmall, row.color);
-    if (look == ComponentLook::plain)
+    if (row.value && row.value->empty())
+        return new Label("(empty)", TextStyle::subheadline, Role::secondary);
+    auto* value = new Label(shortenedLine(row.value.value_or("")), TextStyle::codeSmall, row.color);
+    if (!row.value || look == ComponentLook::plain)
         return value;
     const QMargins padding(Size::chipPaddingX, 0, Size::chipPaddingX, 0);
     return withHeight(Size::chipHeight, card({.orientation = Qt::Horizontal,
@@ -42,13 +45,12 @@ QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
                                              {value}));
 }
 
-QWidget* rowWidget(ViewCore& view, const ComponentRow& row, ComponentLook look) {
+QWidget* rowWidget(ViewCore& view, Label* name, const ComponentRow& row, ComponentLook look) {
     const bool isPlain = look == ComponentLook::plain;
-    auto* copy = copyButton(view, [value = row.value] { return value; },
+    auto* copy = copyButton(view, [value = row.value.value_or("")] { return value; },
                             {.look = {.showLabel = isPlain, .dropsLabel = isPlain, .subject = row.label}});
-    return withHeight(Size::componentRow,
-                      stack(Qt::Horizontal, {.spacing = Size::componentGap},
-                            {nameLabel(row, look), valueLabel(row, look), stretch(), copy}));
+    return withHeight(Size::componentRow, stack(Qt::Horizontal, {.spacing = Size::componentGap},
+                                                {name, valueLabel(row, look), stretch(), copy}));
 }
 
 /// Makes its rows anew whenever they are others.
@@ -63,17 +65,38 @@ public:
             return;
         m_rows = std::move(rows);
         removeAll();
-        for (std::size_t i = 0; i < std::min(m_rows.size(), mostComponentRows); ++i)
-            layout()->addWidget(rowWidget(m_view, m_rows[i], m_look));
+        for (std::size_t i = 0; i < std::min(m_rows.size(), mostComponentRows); ++i) {
+            m_names.push_back(nameLabel(m_rows[i], m_look));
+            layout()->addWidget(rowWidget(m_view, m_names.back(), m_rows[i], m_look));
+        }
+        alignNames();
         if (m_rows.size() > mostComponentRows)
             layout()->addWidget(
                 new Label("and " + std::to_string(m_rows.size() - mostComponentRows) + " more",
                           TextStyle::subheadline, Role::secondary));
     }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        alignNames();
+    }
+
 private:
+    /// Gives all names the width of the longest, so that the values line up, unless it takes too much.
+    void alignNames() {
+        const int least = Theme::px(Size::componentLabel);
+        int widest = least;
+        for (const auto* name : m_names)
+            widest = std::max(widest, name->sizeHint().width());
+        const int width = std::min(widest, std::max(least, this->width() * namesShare / 100));
+        for (auto* name : m_names)
+            name->setFixedWidth(width);
+    }
+
     /// They are hidden first, so that the focus goes over to a neighbour if one of them has it.
     void removeAll() {
+        m_names.clear();
         const auto old = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
         for (auto* row : old)
             row->hide();
@@ -83,6 +106,7 @@ private:
     ViewCore& m_view;
     ComponentLook m_look;
     std::vector<ComponentRow> m_rows;
+    std::vector<Label*> m_names;
 };
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "Desktop/Kit/Screen.h"
+#include "Desktop/Kit/StatusLine.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/JSONFormatterView.h"
 
@@ -44,7 +45,8 @@ QWidget* body(View<JSONFormatterView>& view) {
                 view.pasteButton(&JSONFormatterView::setInputText),
                 view.clearButton(&JSONFormatterView::setInputText),
             }),
-            view.statusBadge(&JSONFormatterView::status),
+            statusBadges(view, view.reading<std::optional<StatusBadge>>(&JSONFormatterView::status),
+                         view.reading<std::optional<StatusBadge>>(&JSONFormatterView::warning)),
             columns({
                 view.section("Input", {},
                              view.codeEditor(&JSONFormatterView::inputText, &JSONFormatterView::setInputText,

@@ -27,7 +27,7 @@ QWidget* body(View<JWTDecoderView>& view) {
                 view.clearButton(&JWTDecoderView::setInputToken),
             }),
             statusLine(view, view.reading<std::optional<StatusBadge>>(&JWTDecoderView::status),
-                       view.reading<std::string>(&JWTDecoderView::expiryText)),
+                       view.reading<std::string>(&JWTDecoderView::details)),
             view.section(
                 "JWT Token", {},
                 withHeight(tokenHeight,

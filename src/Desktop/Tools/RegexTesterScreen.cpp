@@ -49,7 +49,7 @@ QWidget* prompt(View<RegexTesterView>& view, Panel panel, std::string icon) {
 
 QWidget* matches(View<RegexTesterView>& view) {
     return view.announcing(
-        &RegexTesterView::shownMessage,
+        &RegexTesterView::announcedMessage,
         view.either(shows(Panel::list),
                     view.section("Matches", {},
                                  matchList(view, view.reading<RegexMatches>(&RegexTesterView::matches),
@@ -57,6 +57,7 @@ QWidget* matches(View<RegexTesterView>& view) {
                     view.section("Matches", {},
                                  matchPrompt({
                                      prompt(view, Panel::noMatches, "xmark.circle"),
+                                     prompt(view, Panel::stopped, "xmark.circle"),
                                      prompt(view, Panel::prompt, "magnifyingglass"),
                                      prompt(view, Panel::busy, "hourglass"),
                                  }))));

@@ -1,6 +1,7 @@
 #include "Desktop/Kit/ComponentRows.h"
 #include "Desktop/Kit/Divider.h"
 #include "Desktop/Kit/Screen.h"
+#include "Desktop/Kit/StatusLine.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/URLEncoderView.h"
 
@@ -83,7 +84,8 @@ QWidget* body(View<URLEncoderView>& view) {
                 view.pasteButton(&URLEncoderView::setInputText),
                 view.clearButton(&URLEncoderView::setInputText),
             }),
-            view.statusBadge(&URLEncoderView::status),
+            statusLine(view, view.reading<std::optional<StatusBadge>>(&URLEncoderView::status),
+                       view.reading<std::string>(&URLEncoderView::errorDetails)),
             view.either(&URLEncoderView::isAnalyzing, analysis(view), conversion(view)),
         });
 }

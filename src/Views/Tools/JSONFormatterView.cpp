@@ -1,5 +1,7 @@
 #include "Views/Tools/JSONFormatterView.h"
 
+#include <utility>
+
 namespace korvane {
 
 namespace {
@@ -13,6 +15,8 @@ void JSONFormatterView::setInputText(std::string text) {
     if (text == inputText)
         return;
     inputText = std::move(text);
+    if (!inputText.empty())
+        clearStatus();
     if (showTreeView)
         updateTree();
 }
@@ -24,16 +28,16 @@ void JSONFormatterView::setShowTreeView(bool show) {
 }
 
 void JSONFormatterView::prettify() {
-    showResult(JSONFormatter::prettify(inputText, indent));
+    clearStatus();
+    showResult(JSONFormatter::prettify(inputText, indent, &duplicates));
 }
 
 void JSONFormatterView::minify() {
-    showResult(JSONFormatter::minify(inputText));
+    clearStatus();
+    showResult(JSONFormatter::minify(inputText, &duplicates));
 }
 
 void JSONFormatterView::showResult(std::expected<std::string, JSONFormatter::JSONError> result) {
-    errorMessage.reset();
-    isValid.reset();
     if (result) {
         outputText = std::move(*result);
         isValid = true;
@@ -44,18 +48,23 @@ void JSONFormatterView::showResult(std::expected<std::string, JSONFormatter::JSO
 }
 
 void JSONFormatterView::validate() {
-    errorMessage.reset();
-    const auto verdict = JSONFormatter::validate(inputText);
+    clearStatus();
+    const auto verdict = JSONFormatter::validate(inputText, &duplicates);
     isValid = verdict.has_value();
     if (!verdict)
         errorMessage = verdict.error().errorDescription();
     outputText.clear();
 }
 
+void JSONFormatterView::clearStatus() {
+    errorMessage.reset();
+    isValid.reset();
+    duplicates = {};
+}
+
 void JSONFormatterView::updateTree() {
-    if (auto root = JSONFormatter::parseToTree(inputText)) {
+    if (auto root = JSONFormatter::parseToTree(inputText, &duplicates)) {
         treeRoot = std::make_shared<const JSONNode>(std::move(*root));
-        errorMessage.reset();
     } else {
         treeRoot.reset();
     }
@@ -72,6 +81,13 @@ std::optional<StatusBadge> JSONFormatterView::status() const {
     if (!isValid)
         return std::nullopt;
     return *isValid ? StatusBadge{Status::success, "Valid JSON"} : StatusBadge{Status::error, "Invalid JSON"};
+}
+
+std::optional<StatusBadge> JSONFormatterView::warning() const {
+    auto description = duplicates.description();
+    if (description.empty())
+        return std::nullopt;
+    return StatusBadge{Status::warning, std::move(description)};
 }
 
 } // namespace korvane

@@ -24,9 +24,12 @@ struct JSONFormatterView {
     /// that the rows of `tree` can point into it whoever copies the state.
     std::shared_ptr<const JSONNode> treeRoot{};
     JSONTree tree{};
+    /// What the last result or tree leaves out.
+    JSONFormatter::DuplicateNames duplicates{};
 
-    /// What any change of the input entails: in tree mode the tree follows it, with no message when it
-    /// cannot.
+    /// What any change of the input entails: what was said of another text goes, and in tree mode the tree
+    /// follows the input, with no message when it cannot. After Clear, which leaves nothing to be wrong
+    /// about, all that was said stays until the next edit.
     void setInputText(std::string text);
 
     /// Switches between output and tree. Does not build a tree: that waits for the next change of the input.
@@ -44,6 +47,9 @@ struct JSONFormatterView {
     /// What the status line says: the message before the verdict, or nothing.
     std::optional<StatusBadge> status() const;
 
+    /// The warning beside it: names that occur twice.
+    std::optional<StatusBadge> warning() const;
+
     bool hasOutput() const { return !outputText.empty(); }
 
     bool showsOutput() const { return !showTreeView; }
@@ -54,6 +60,7 @@ struct JSONFormatterView {
 
 private:
     void showResult(std::expected<std::string, JSONFormatter::JSONError> result);
+    void clearStatus();
     void updateTree();
 };
 

@@ -5,6 +5,8 @@
 #include "Utilities/JSON.h"
 #include "Utilities/Text.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <chrono>
 #include <expected>
@@ -61,6 +63,19 @@ private:
     std::string m_text;
     std::expected<JSON::Document, JSON::ParseError> m_document;
 };
+
+/// The size of what an HTTP header field has before its token (RFC 6750, section 2.1), the last space
+/// included, or of the part of it that was copied; 0 if the token begins at once.
+std::size_t schemeLength(std::string_view text) {
+    constexpr std::string_view scheme = "bearer ";
+    for (const std::string_view field : {"", "authorization: ", "authorization:"}) {
+        const auto start = text.substr(0, field.size() + scheme.size());
+        const auto isSame = [](char left, char right) { return left == right || (left | ' ') == right; };
+        if (std::ranges::equal(start, std::string(field).append(scheme), isSame))
+            return start.size();
+    }
+    return 0;
+}
 
 /// What a payload that could be decoded says of dates, or none if it says nothing.
 std::optional<ExpiryInfo> expiryInfoOf(const JSONPart& payload, const Clock& clock) {
@@ -139,6 +154,17 @@ std::string JWTDecoderView::expiryText() const {
         return {};
     const auto& date = *expiryInfo->expiryDate;
     return "Expires: " + DateText::mediumDateAndTime(date.secondsSince1970).value_or(date.number);
+}
+
+std::string JWTDecoderView::hint() const {
+    if (!errorMessage)
+        return {};
+    const auto token = trimmingWhitespacesAndNewlines(inputToken);
+    if (const auto length = schemeLength(token); length > 0)
+        return fmt::format("Remove \"{}\" from the start", token.substr(0, length));
+    if (wordCount(token) > 1)
+        return "Remove the line breaks and spaces inside the token";
+    return {};
 }
 
 } // namespace korvane

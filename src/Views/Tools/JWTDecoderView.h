@@ -51,6 +51,13 @@ struct JWTDecoderView {
     /// "Expires: " and the date in the user's customs, or the claim's number if there is no such date.
     std::string expiryText() const;
 
+    /// What to take out of a token that could not be decoded, if it has one of the usual things too many: the
+    /// name of the scheme or of the whole header field before it, or line breaks and spaces in it.
+    std::string hint() const;
+
+    /// What stands beside the status: the one or the other.
+    std::string details() const { return errorMessage ? hint() : expiryText(); }
+
     bool operator==(const JWTDecoderView&) const = default;
 
 private:

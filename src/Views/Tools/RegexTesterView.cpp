@@ -176,10 +176,13 @@ RegexTesterView::MatchesPanel RegexTesterView::matchesPanel() const {
     const bool waitsForTheFirst = matching && !matches.search() && !errorMessage;
     if (pattern.empty() || testString.empty() || waitsForTheFirst)
         return MatchesPanel::prompt;
-    return MatchesPanel::noMatches;
+    const bool isStopped = matches.search() && matches.findings()->interruption;
+    return isStopped ? MatchesPanel::stopped : MatchesPanel::noMatches;
 }
 
-std::string RegexTesterView::shownMessage() const {
+std::string RegexTesterView::announcedMessage() const {
+    if (errorMessage)
+        return {};
     const auto panel = matchesPanel();
     return panel == MatchesPanel::list ? matchCount() : std::string(message(panel));
 }

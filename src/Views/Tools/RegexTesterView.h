@@ -22,7 +22,7 @@ struct RegexTesterView {
     using RegexMatch = korvane::RegexMatch;
 
     /// What stands under "Matches".
-    enum class MatchesPanel { prompt, noMatches, busy, list };
+    enum class MatchesPanel { prompt, noMatches, stopped, busy, list };
 
     std::string pattern{};
     std::string testString{};
@@ -67,6 +67,8 @@ struct RegexTesterView {
             return "Enter a pattern and test string";
         case MatchesPanel::noMatches:
             return "No matches found";
+        case MatchesPanel::stopped: // which leaves open whether there are any
+            return "Matching stopped";
         case MatchesPanel::busy:
             return "Matching...";
         case MatchesPanel::list:
@@ -75,7 +77,8 @@ struct RegexTesterView {
         return {};
     }
 
-    std::string shownMessage() const;
+    /// What the panel has to announce: nothing beside an error message, which announces itself and says more.
+    std::string announcedMessage() const;
 
     /// Such as "3 matches found".
     std::string matchCount() const;

@@ -10,7 +10,7 @@ std::vector<ComponentRow> URLComponentsView::rows() const {
     std::vector<ComponentRow> rows;
     const auto add = [&rows](std::string label, const std::optional<std::string>& value, PaletteColor color) {
         if (value)
-            rows.push_back({std::move(label), *value, color});
+            rows.push_back({std::move(label), value, color});
     };
     const auto port = components.port ? std::optional(std::to_string(*components.port)) : std::nullopt;
     add("Scheme", components.scheme, PaletteColor::purple);
@@ -25,7 +25,7 @@ std::vector<ComponentRow> URLComponentsView::rows() const {
 std::vector<ComponentRow> URLComponentsView::queryRows() const {
     std::vector<ComponentRow> rows;
     for (const auto& item : components.queryItems.value_or(std::vector<URLQueryItem>()))
-        rows.push_back({item.name, item.value.value_or(std::string()), PaletteColor::cyan});
+        rows.push_back({item.name, item.value, PaletteColor::cyan});
     return rows;
 }
 
@@ -33,13 +33,17 @@ void URLEncoderView::setInputText(std::string text) {
     if (text == inputText)
         return;
     inputText = std::move(text);
+    clearResults();
+}
+
+void URLEncoderView::clearResults() {
     errorMessage.reset();
+    errorDetails.clear();
     urlComponents.reset();
 }
 
 void URLEncoderView::performAction() {
-    errorMessage.reset();
-    urlComponents.reset();
+    clearResults();
     if (inputText.empty()) {
         errorMessage = "Input is empty";
         return;
@@ -65,9 +69,12 @@ void URLEncoderView::showOutput(std::optional<std::string> output, std::string_v
 }
 
 void URLEncoderView::analyzeURL() {
-    urlComponents = URLComponents::parse(inputText);
-    if (!urlComponents)
+    if (auto components = URLComponents::parse(inputText)) {
+        urlComponents = std::move(*components);
+    } else {
         errorMessage = "Invalid URL format";
+        errorDetails = std::move(components.error().message);
+    }
 }
 
 std::optional<StatusBadge> URLEncoderView::status() const {

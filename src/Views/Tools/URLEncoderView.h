@@ -18,7 +18,7 @@ namespace korvane {
 /// One component of a URL as the screen lists it.
 struct ComponentRow {
     std::string label{};
-    std::string value{};
+    std::optional<std::string> value{}; ///< none, as opposed to an empty one, for a parameter without a `=`
     PaletteColor color{};
 
     bool operator==(const ComponentRow&) const = default;
@@ -33,7 +33,7 @@ struct URLComponentsView {
     /// A row for each component that is present, in the order they have in a URL.
     std::vector<ComponentRow> rows() const;
 
-    /// A row for each item of the query; one without a value has an empty one.
+    /// A row for each item of the query.
     std::vector<ComponentRow> queryRows() const;
 
     bool operator==(const URLComponentsView&) const = default;
@@ -48,6 +48,7 @@ struct URLEncoderView {
     std::string outputText{};
     Mode mode = Mode::encode;
     std::optional<std::string> errorMessage{};
+    std::string errorDetails{}; ///< what stands wrong where, as far as more is known than the message says
     std::optional<URLComponentsBreakdown> urlComponents{};
 
     /// What any change of the input entails, wherever it came from: neither message nor components belong to
@@ -74,6 +75,7 @@ struct URLEncoderView {
     bool operator==(const URLEncoderView&) const = default;
 
 private:
+    void clearResults();
     void showOutput(std::optional<std::string> output, std::string_view failure);
     void analyzeURL();
 };

@@ -27,16 +27,6 @@ QAccessibleInterface& interfaceOf(QWidget& widget) {
     return *QAccessible::queryAccessibleInterface(&widget);
 }
 
-/// The newest announcement in a window.
-std::string announcement(QWidget& window) {
-    for (int index = 0; index < interfaceOf(window).childCount(); ++index) {
-        const auto* child = interfaceOf(window).child(index);
-        if (child->role() == QAccessible::Notification)
-            return child->text(QAccessible::Name).toStdString();
-    }
-    return {};
-}
-
 TEST(AccessibilityTest, TextIsTakenInExactly) {
     TextArea area;
     std::string edited;
@@ -153,7 +143,7 @@ TEST_F(AccessibleScreenTest, ASwitchIsTurnedOver) {
 TEST_F(AccessibleScreenTest, AnnouncesEachNewMessage) {
     const auto say = [&](const std::string& message) {
         view.perform([&](Level& state) { state.message = message; });
-        return announcement(*widget);
+        return screen.announcement();
     };
     EXPECT_EQ(say(""), "");
     EXPECT_EQ(say("one"), "one");

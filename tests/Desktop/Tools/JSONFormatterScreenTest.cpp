@@ -188,5 +188,17 @@ TEST_F(JSONFormatterScreenTest, SurvivesWhateverIsPasted) {
     }
 }
 
+TEST_F(JSONFormatterScreenTest, WarnsOfDuplicateNamesBesideTheVerdict) {
+    constexpr auto warning = R"(Duplicate name "a": only its last value counts)";
+    screen.type("Input", R"({"a":1,"a":2})");
+    screen.press("Validate");
+    EXPECT_TRUE(screen.shows("Valid JSON"));
+    EXPECT_TRUE(screen.shows(warning));
+    EXPECT_EQ(screen.announcement(), std::string("Valid JSON, ") + warning);
+    screen.type("Input", "[]");
+    EXPECT_FALSE(screen.shows("Valid JSON"));
+    EXPECT_FALSE(screen.shows(warning));
+}
+
 } // namespace
 } // namespace korvane

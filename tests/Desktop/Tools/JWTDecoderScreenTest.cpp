@@ -48,6 +48,13 @@ TEST_F(JWTDecoderScreenTest, TellsWhenATokenHasExpired) {
     EXPECT_FALSE(screen.shows("Token Valid"));
 }
 
+TEST_F(JWTDecoderScreenTest, SaysWhatToTakeOutOfAToken) {
+    decode("Bearer " + std::string(token));
+    EXPECT_TRUE(screen.shows("Could not decode header"));
+    EXPECT_TRUE(screen.shows("Remove \"Bearer \" from the start"));
+    EXPECT_EQ(screen.announcement(), "Could not decode header, Remove \"Bearer \" from the start");
+}
+
 TEST_F(JWTDecoderScreenTest, OffersACopyOnlyOfWhatThereIs) {
     decode("e30.e30.");
     EXPECT_TRUE(screen.hasButton("Copy Header"));

@@ -188,5 +188,14 @@ TEST_F(RegexTesterScreenTest, SaysThatALongSearchGoesOn) {
     EXPECT_TRUE(screen.shows("1 match found"));
 }
 
+TEST_F(RegexTesterScreenTest, AnnouncesWhatIsWrongInAPatternAndNotThatNothingMatches) {
+    screen.type("Test String", "text");
+    screen.enter("Pattern", "y");
+    EXPECT_EQ(screen.announcement(), "No matches found");
+    screen.enter("Pattern", "(");
+    EXPECT_EQ(screen.announcement(), "Invalid regex: Incorrectly nested parentheses at character 1.");
+    EXPECT_TRUE(screen.shows("No matches found"));
+}
+
 } // namespace
 } // namespace korvane

@@ -9,8 +9,10 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QLabel>
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 namespace korvane {
@@ -81,6 +83,49 @@ TEST_F(URLEncoderScreenTest, ShowsOnlyWhatAURLHas) {
     analyze("not a URL");
     EXPECT_TRUE(screen.shows("Invalid URL format"));
     EXPECT_FALSE(screen.shows("Path"));
+}
+
+TEST_F(URLEncoderScreenTest, PointsAtWhatIsWrongInAURL) {
+    analyze("https://example.org/{id}\n");
+    EXPECT_TRUE(screen.shows("Invalid URL format"));
+    EXPECT_TRUE(screen.shows("Unexpected \"{\" at character 21"));
+    EXPECT_EQ(screen.announcement(), "Invalid URL format, Unexpected \"{\" at character 21");
+    EXPECT_EQ(screen.text("URL Input"), "https://example.org/{id}\n");
+}
+
+TEST_F(URLEncoderScreenTest, ShowsWhichValuesAreEmpty) {
+    analyze("?without");
+    EXPECT_FALSE(screen.shows("(empty)"));
+    analyze("?empty=");
+    EXPECT_TRUE(screen.shows("(empty)"));
+    analyze("file:///p");
+    EXPECT_TRUE(screen.shows("(empty)")) << "the host";
+    screen.press("Copy Host");
+    EXPECT_EQ(fakes.clipboard.content, "");
+}
+
+TEST_F(URLEncoderScreenTest, ShowsNamesOfParametersWhole) {
+    const auto nameLabel = [this](const std::string& name) {
+        for (auto* label : widget->findChildren<QLabel*>()) {
+            if (label->text().toStdString() == name && label->isVisible())
+                return label;
+        }
+        throw std::runtime_error("there is no name " + name);
+    };
+    widget->resize(Theme::px(900), 750);
+    settle();
+    analyze("?a=1&a_rather_long_name_of_a_parameter=2");
+    const auto* longest = nameLabel("a_rather_long_name_of_a_parameter");
+    EXPECT_GE(longest->width(), longest->sizeHint().width());
+    EXPECT_EQ(nameLabel("a")->width(), longest->width()) << "the values line up";
+    analyze("?a=1&" + std::string(500, 'n') + "=value");
+    longest = nameLabel(std::string(500, 'n'));
+    EXPECT_LT(longest->width(), widget->width() / 2) << "the value needs room, too";
+    EXPECT_EQ(longest->toolTip(), longest->text());
+    widget->resize(Theme::px(620), 750);
+    settle();
+    EXPECT_EQ(widget->width(), Theme::px(620));
+    EXPECT_LT(longest->width(), widget->width() / 2);
 }
 
 TEST_F(URLEncoderScreenTest, KeepsInputAndOutputWhenTheModeChanges) {

@@ -52,7 +52,7 @@ TEST(JSONFormatterView, PrettifyingNothingSaysSoAndEmptiesTheOutput) {
     auto view = typed("[1]");
     view.prettify();
     view.setInputText("");
-    EXPECT_EQ(view.status(), valid) << "the verdict stays until the next action";
+    EXPECT_EQ(view.status(), valid) << "the verdict stays until the next action or edit";
     view.prettify();
     EXPECT_EQ(view.status(), (StatusBadge{Status::error, "Input is empty"}));
     EXPECT_EQ(view.outputText, "");
@@ -119,13 +119,56 @@ TEST(JSONFormatterView, ABrokenTextEmptiesTheTreeWithoutAMessage) {
     EXPECT_EQ(view.status(), std::nullopt);
 }
 
-TEST(JSONFormatterView, ATreeClearsTheMessageButNotTheVerdict) {
+TEST(JSONFormatterView, AnEditEndsWhatWasSaidOfTheTextBefore) {
+    for (const bool showsTree : {false, true}) {
+        for (const auto* text : {"[1]", "[1", R"({"a":1,"a":2})"}) {
+            auto view = showsTree ? treeOf(text) : typed(text);
+            for (const auto operation :
+                 {&JSONFormatterView::prettify, &JSONFormatterView::minify, &JSONFormatterView::validate}) {
+                view.setInputText(text);
+                (view.*operation)();
+                ASSERT_TRUE(view.status()) << text;
+                const auto before = view;
+                view.setInputText(text);
+                EXPECT_EQ(view, before) << "nothing has changed";
+                view.setInputText("[1, 2]");
+                EXPECT_EQ(view.status(), std::nullopt) << text;
+                EXPECT_EQ(view.warning(), std::nullopt) << text;
+                EXPECT_EQ(view.outputText, before.outputText) << "the output may still be wanted";
+            }
+        }
+    }
+}
+
+TEST(JSONFormatterView, ARepairedTextHasATreeAndNoVerdict) {
     auto view = treeOf("[1");
     view.validate();
     EXPECT_TRUE(view.errorMessage);
-    view.setInputText("[1]");
-    EXPECT_EQ(view.errorMessage, std::nullopt);
     EXPECT_EQ(view.isValid, false);
+    view.setInputText("[1]");
+    EXPECT_TRUE(view.hasTree());
+    EXPECT_EQ(view.status(), std::nullopt);
+}
+
+TEST(JSONFormatterView, WarnsOfDuplicateNames) {
+    const StatusBadge warning{Status::warning, R"(Duplicate name "a": only its last value counts)"};
+    auto view = typed(R"({"a":1,"a":2})");
+    EXPECT_EQ(view.warning(), std::nullopt) << "nothing has read the text";
+    for (const auto operation :
+         {&JSONFormatterView::prettify, &JSONFormatterView::minify, &JSONFormatterView::validate}) {
+        (view.*operation)();
+        EXPECT_EQ(view.status(), valid);
+        EXPECT_EQ(view.warning(), warning);
+    }
+    view.setInputText({});
+    EXPECT_EQ(view.warning(), warning);
+    view.validate();
+    EXPECT_EQ(view.warning(), std::nullopt);
+    view = treeOf(R"({"a":1,"a":2})");
+    EXPECT_EQ(view.status(), std::nullopt);
+    EXPECT_EQ(view.warning(), warning) << "the tree has one of them";
+    view.setInputText(R"({"a":1,"a":2)");
+    EXPECT_EQ(view.warning(), std::nullopt);
 }
 
 TEST(JSONFormatterView, ClearKeepsOutputAndStatus) {

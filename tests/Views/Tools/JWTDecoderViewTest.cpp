@@ -173,6 +173,39 @@ TEST_F(JWTDecoderViewTest, TellsTheExpiryDateInTheUsersCustoms) {
     EXPECT_EQ(view.expiryText(), "");
 }
 
+TEST_F(JWTDecoderViewTest, SaysWhatToTakeOutOfATokenThatCannotBeDecoded) {
+    struct Row {
+        std::string_view token;
+        std::string_view hint;
+    };
+
+    constexpr std::string_view inside = "Remove the line breaks and spaces inside the token";
+    constexpr Row rows[] = {
+        {"Bearer e30.e30.s", "Remove \"Bearer \" from the start"},
+        {" bearer e30.e30.s\n", "Remove \"bearer \" from the start"},
+        {"Authorization: Bearer e30.e30.s", "Remove \"Authorization: Bearer \" from the start"},
+        {"authorization:BEARER e30.e30.s", "Remove \"authorization:BEARER \" from the start"},
+        {"Bearer e30", "Remove \"Bearer \" from the start"},
+        {"e3\n0.e30.s", inside},
+        {"e30.e3\r\n0.s", inside},
+        {"e3 0.e30.s", inside},
+        {"e30.e30", ""},
+        {"e30.e30.s.s", ""},
+        {"Bearere30.e30.s", ""},
+        {"e30.e3$.s", ""},
+        {"e30.e30.si\ng", ""}, // which is shown as it is
+        {" e30.e30.s ", ""},
+        {"", ""},
+    };
+    for (const auto& [token, hint] : rows) {
+        decode(std::string(token));
+        EXPECT_EQ(view.hint(), hint) << token;
+        EXPECT_EQ(view.details(), hint) << token;
+    }
+    decodePayload(R"({"exp":1e300})");
+    EXPECT_EQ(view.details(), "Expires: 1e300");
+}
+
 TEST_F(JWTDecoderViewTest, ShowsTheNumberOfADateThatNoCalendarHas) {
     struct Row {
         std::string_view number;

@@ -329,6 +329,42 @@ TEST_F(RegexTesterViewTest, AHostilePatternEndsWithAMessageAndWhatWasFound) {
     EXPECT_EQ(state->replacedText, "");
 }
 
+TEST_F(RegexTesterViewTest, WhatWasStoppedIsNotSaidToHaveNoMatches) {
+    search(hostilePattern, hostileText());
+    fakes.background.runAll();
+    EXPECT_TRUE(state->matches.empty());
+    EXPECT_EQ(state->matchesPanel(), Panel::stopped);
+    EXPECT_EQ(RegexTesterView::message(Panel::stopped), "Matching stopped");
+    state->setPattern("x", context);
+    EXPECT_EQ(state->matchesPanel(), Panel::noMatches);
+}
+
+TEST_F(RegexTesterViewTest, OnlyTheMessageOfAnErrorIsAnnounced) {
+    search("b", "a");
+    EXPECT_EQ(state->announcedMessage(), "No matches found");
+    state->setPattern("(", context);
+    EXPECT_EQ(state->announcedMessage(), "");
+    state->setPattern("a", context);
+    EXPECT_EQ(state->announcedMessage(), "1 match found");
+    search(hostilePattern, hostileText());
+    fakes.background.runAll();
+    EXPECT_EQ(state->announcedMessage(), "");
+    state->setTestString("", context);
+    EXPECT_EQ(state->announcedMessage(), "Enter a pattern and test string");
+}
+
+TEST_F(RegexTesterViewTest, APatternThatTakesTooLongToCompileIsStopped) {
+    std::string pattern;
+    for (int count = 0; count < 5000; ++count)
+        pattern += "[\\x{0}-\\x{10FFFF}]";
+    state->setCaseSensitive(false, context);
+    search(pattern, "text");
+    EXPECT_TRUE(isPending());
+    fakes.background.runAll();
+    EXPECT_EQ(state->errorMessage, "Matching stopped: the pattern takes too long to compile");
+    EXPECT_EQ(state->matchesPanel(), Panel::stopped);
+}
+
 TEST_F(RegexTesterViewTest, APatternThatIsSlowToPrepareGoesToTheBackground) {
     search(R"([\p{L}][\p{L}][\p{L}])", "abc");
     EXPECT_TRUE(isPending());
@@ -365,6 +401,8 @@ TEST(RegexCheatItems, AreTheTwelveOfTheReference) {
 
 TEST(RegexInterruptions, HaveTheirMessages) {
     using RegularExpression::Interruption;
+    EXPECT_EQ(rawValue(Interruption::patternTookTooLong),
+              "Matching stopped: the pattern takes too long to compile");
     EXPECT_EQ(rawValue(Interruption::tookTooLong),
               "Matching stopped: the pattern takes too long on this text");
     EXPECT_EQ(rawValue(Interruption::tookTooMuchMemory),

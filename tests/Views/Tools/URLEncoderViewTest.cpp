@@ -20,6 +20,7 @@ TEST(URLEncoderView, StartsEmptyAndEncoding) {
                                     .outputText = "",
                                     .mode = Mode::encode,
                                     .errorMessage = std::nullopt,
+                                    .errorDetails = "",
                                     .urlComponents = std::nullopt}));
     EXPECT_EQ(view.status(), std::nullopt);
     EXPECT_FALSE(view.isAnalyzing());
@@ -77,13 +78,34 @@ TEST(URLEncoderView, ListsTheComponentsThatAreThere) {
                                     }));
     EXPECT_EQ(view.queryRows(), (std::vector<ComponentRow>{
                                     {"x", "1", PaletteColor::cyan},
-                                    {"y", "", PaletteColor::cyan},
+                                    {"y", std::nullopt, PaletteColor::cyan},
                                 }));
     EXPECT_TRUE(view.hasComponents());
     EXPECT_TRUE(view.hasQueryItems());
     EXPECT_FALSE(URLEncoderView().hasComponents());
     EXPECT_TRUE(URLEncoderView().componentRows().empty());
     EXPECT_TRUE(URLEncoderView().queryRows().empty());
+}
+
+TEST(URLEncoderView, TellsAnEmptyParameterFromOneWithoutAValue) {
+    EXPECT_EQ(performed(Mode::analyze, "?a=&b").queryRows(), (std::vector<ComponentRow>{
+                                                                 {"a", "", PaletteColor::cyan},
+                                                                 {"b", std::nullopt, PaletteColor::cyan},
+                                                             }));
+}
+
+TEST(URLEncoderView, TellsWhatIsWrongInAURLUntilItChanges) {
+    auto view = performed(Mode::analyze, "http://h/a b");
+    EXPECT_EQ(view.errorMessage, "Invalid URL format");
+    EXPECT_EQ(view.errorDetails, "Unexpected space at character 11");
+    EXPECT_EQ(view.inputText, "http://h/a b");
+    view.setInputText("http://h/ab");
+    EXPECT_EQ(view.errorDetails, "");
+    view = performed(Mode::analyze, "http://h/a b");
+    view.setMode(Mode::decode);
+    view.performAction();
+    EXPECT_EQ(view.errorDetails, "");
+    EXPECT_EQ(performed(Mode::decode, "%").errorDetails, "");
 }
 
 TEST(URLEncoderView, LeavesOutTheComponentsThatAreNot) {
