@@ -77,11 +77,6 @@ void MainWindow::showScheme(Theme::Scheme scheme) {
         setPalette(look);
         QToolTip::setPalette(look);
     }
-    const auto sheet = Theme::menuStyleSheet();
-    for (auto* bar : findChildren<QMenuBar*>()) {
-        if (sheet != bar->styleSheet())
-            bar->setStyleSheet(sheet); // the menus below it take it over
-    }
 }
 
 QAccessibleInterface* MainWindow::newAccessibleInterface() {
