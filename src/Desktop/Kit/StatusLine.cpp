@@ -14,7 +14,7 @@ QWidget* statusLine(ViewCore& view, std::function<std::optional<StatusBadge>()> 
     auto* label = new StatusBadgeLabel;
     auto* text = new Label({}, Theme::TextStyle::body, Theme::Role::secondary);
     auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::statusGap}, {label, text, stretch()});
-    announceStatus(view, *line, badge);
+    reportStatus(view, *line, badge);
     view.onRefresh([=, badge = std::move(badge), details = std::move(details)] {
         const auto current = badge();
         if (current)
