@@ -1,6 +1,7 @@
 /// What a person would see to be wrong at a glance, on every screen and in every state of it that the
 /// pictures show, with little and with large text: something cut off, squeezed, or laid over something else.
 
+#include "Desktop/Kit/Labels.h"
 #include "Desktop/Window/MainWindow.h"
 #include "support/FakeServices.h"
 #include "support/Scenes.h"
@@ -11,8 +12,10 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QApplication>
-#include <QLayout>
+#include <QBoxLayout>
 
+#include <algorithm>
+#include <functional>
 #include <string>
 #include <typeinfo>
 #include <vector>
@@ -50,6 +53,21 @@ struct LooksTest : testing::TestWithParam<Scene> {
     QFont before = QApplication::font();
 
     ~LooksTest() override { QApplication::setFont(before); }
+
+    /// Plays the scene with text of `points` in a window of `size`, and has `look` at it.
+    void play(double points, QSize size, const std::function<void(const QWidget& window)>& look) const {
+        auto font = before;
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+        FakeServices fakes;
+        MainWindow window(fakes.services);
+        window.view().perform([](ContentView& state) { state.selectedTool = GetParam().tool; });
+        const ScreenDriver screen(window, size);
+        settle();
+        GetParam().play(screen, fakes);
+        settle();
+        look(window);
+    }
 };
 
 /// All that has a place in a layout, and can be seen.
@@ -65,8 +83,11 @@ std::vector<QWidget*> placedParts(const QWidget& window) {
 void expectRoom(const QWidget& widget) {
     const bool scrolls =
         qobject_cast<const QAbstractScrollArea*>(&widget); // it says that it needs its scroll bars
-    const auto wanted = scrolls ? QSize() : widget.minimumSizeHint();
-    const auto needed = wanted.expandedTo(widget.minimumSize()).boundedTo(widget.maximumSize());
+    const auto hint = scrolls ? QSize() : widget.minimumSizeHint();
+    // To layouts, too, a minimum that was set is in place of the one that the widget hints at.
+    const QSize needed = QSize(widget.minimumWidth() > 0 ? widget.minimumWidth() : hint.width(),
+                               widget.minimumHeight() > 0 ? widget.minimumHeight() : hint.height())
+                             .boundedTo(widget.maximumSize());
     EXPECT_TRUE(widget.width() >= needed.width() && widget.height() >= needed.height())
         << nameOf(widget) << " has " << sizeText(widget.size()) << " and needs " << sizeText(needed);
     EXPECT_TRUE(widget.parentWidget()->rect().contains(widget.geometry())) << nameOf(widget) << " is cut off";
@@ -75,28 +96,86 @@ void expectRoom(const QWidget& widget) {
         << nameOf(widget) << " is too narrow";
 }
 
+/// A label may shorten its text where room is short, but not because its own width is fixed.
+void expectWholeText(const QWidget& widget) {
+    const bool isFixed =
+        dynamic_cast<const Label*>(&widget) && widget.minimumWidth() == widget.maximumWidth();
+    EXPECT_TRUE(!isFixed || widget.sizeHint().width() <= widget.width())
+        << nameOf(widget) << " is cut at its fixed width of " << widget.width() << " and needs "
+        << widget.sizeHint().width();
+}
+
+/// What wraps when it is long is one line high where that has room.
+void expectNoEmptyLine(const QWidget& widget) {
+    const bool wraps = !widget.layout() && widget.hasHeightForWidth();
+    const auto wanted = widget.sizeHint();
+    EXPECT_TRUE(!wraps || widget.width() < wanted.width() || widget.height() <= wanted.height())
+        << nameOf(widget) << " has " << sizeText(widget.size()) << " and wants only " << sizeText(wanted);
+}
+
+/// What `widget` would like to be high at its width.
+int wantedHeight(const QWidget& widget) {
+    const auto height = widget.hasHeightForWidth() ? widget.heightForWidth(widget.width()) : -1;
+    const auto wanted = height >= 0 ? height : widget.sizeHint().height();
+    return std::clamp(wanted, widget.minimumHeight(), widget.maximumHeight());
+}
+
+/// Whether `widget` stands below others in a column and is not one that takes the room that is left.
+bool keepsItsHeight(const QWidget& widget) {
+    const auto* column = qobject_cast<const QBoxLayout*>(widget.parentWidget()->layout());
+    if (!column || column->direction() != QBoxLayout::TopToBottom || widget.sizeHint().height() < 0)
+        return false;
+    int shown = 0;
+    for (int index = 0; index < column->count(); ++index)
+        shown += column->itemAt(index)->isEmpty() ? 0 : 1;
+    const auto* item = column->itemAt(column->indexOf(&widget));
+    return shown > 1 && !(item->expandingDirections() & Qt::Vertical);
+}
+
 TEST_P(LooksTest, EverythingHasTheRoomThatItNeeds) {
     for (const double points : {smallText, largeText}) {
-        auto font = before;
-        font.setPointSizeF(points);
-        QApplication::setFont(font);
-        FakeServices fakes;
-        MainWindow window(fakes.services);
-        window.view().perform([](ContentView& state) { state.selectedTool = GetParam().tool; });
-        const ScreenDriver screen(window, smallestWindow);
-        settle();
-        GetParam().play(screen, fakes);
-        settle();
-        const auto placed = placedParts(window);
-        ASSERT_GT(placed.size(), 20U);
-        for (const auto* widget : placed) {
-            expectRoom(*widget);
-            for (const auto* other : placed) {
-                const bool areNeighbours = other < widget && other->parentWidget() == widget->parentWidget();
-                EXPECT_FALSE(areNeighbours && other->geometry().intersects(widget->geometry()))
-                    << nameOf(*widget) << " overlaps " << nameOf(*other);
+        play(points, smallestWindow, [](const QWidget& window) {
+            const auto placed = placedParts(window);
+            ASSERT_GT(placed.size(), 20U);
+            for (const auto* widget : placed) {
+                expectRoom(*widget);
+                expectWholeText(*widget);
+                expectNoEmptyLine(*widget);
+                for (const auto* other : placed) {
+                    const bool areNeighbours =
+                        other < widget && other->parentWidget() == widget->parentWidget();
+                    EXPECT_FALSE(areNeighbours && other->geometry().intersects(widget->geometry()))
+                        << nameOf(*widget) << " overlaps " << nameOf(*other);
+                }
             }
-        }
+        });
+    }
+}
+
+TEST_P(LooksTest, EveryMessageIsInView) {
+    for (const double points : {smallText, largeText}) {
+        play(points, smallestWindow, [](const QWidget& window) {
+            for (const auto* widget : placedParts(window)) {
+                const bool isMessage =
+                    dynamic_cast<const StatusBadgeLabel*>(widget) || widget->accessibleName() == "Error";
+                const auto seen = widget->visibleRegion().boundingRect();
+                EXPECT_TRUE(!isMessage || (seen.left() == 0 && seen.height() == widget->height()))
+                    << nameOf(*widget) << " is out of sight in a window with text of "
+                    << QApplication::font().pointSizeF() << " points";
+            }
+        });
+    }
+}
+
+TEST_P(LooksTest, RoomThatIsLeftGoesToPanesAndToTheEnd) {
+    for (const QSize size : {smallestWindow, {1920, 1080}, {3840, 2160}}) {
+        play(smallText, size, [](const QWidget& window) {
+            for (const auto* widget : placedParts(window)) {
+                EXPECT_TRUE(!keepsItsHeight(*widget) || widget->height() <= wantedHeight(*widget))
+                    << nameOf(*widget) << " is " << widget->height() << " high and wants "
+                    << wantedHeight(*widget) << " in a window of " << sizeText(window.size());
+            }
+        });
     }
 }
 

@@ -49,6 +49,11 @@ std::vector<Scene> converterScenes() {
              paste(screen, fakes, token.substr(0, token.rfind('.')));
              screen.press("Decode");
          }},
+        {"jwt-unreadable", Tool::jwtDecoder,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, "a.b.c");
+             screen.press("Decode");
+         }},
         {"hash", Tool::hashGenerator,
          [](const ScreenDriver& screen, FakeServices& fakes) {
              paste(screen, fakes, pangrams);

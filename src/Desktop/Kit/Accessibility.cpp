@@ -10,7 +10,6 @@
 #include <QSplitterHandle>
 #include <QToolButton>
 
-#include <optional>
 #include <utility>
 
 namespace korvane {
@@ -74,12 +73,8 @@ void announce(const QWidget& source, const QString& text) {
 }
 
 void announceChanges(ViewCore& view, const QWidget& source, std::function<std::string()> text) {
-    view.onRefresh([&source, read = std::move(text), last = std::optional<std::string>()]() mutable {
-        const auto current = read();
-        if (last && *last != current && !current.empty())
-            announce(source, qString(current));
-        last = current;
-    });
+    view.onNewText(std::move(text),
+                   [&source](const std::string& current) { announce(source, qString(current)); });
 }
 
 } // namespace korvane

@@ -3,6 +3,7 @@
 #include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Messages.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
 #include "Desktop/Kit/ViewCore.h"
@@ -71,6 +72,12 @@ private:
     PaletteColor m_color;
     bool m_isSmall;
 };
+
+/// How the text of a label breaks in `width`. By itself the toolkit breaks a text already where its last
+/// letter leans out of the width of the whole.
+int wrapping(const QLabel& label, int width) {
+    return width < label.sizeHint().width() ? Qt::TextWordWrap : Qt::TextSingleLine;
+}
 
 } // namespace
 
@@ -198,7 +205,7 @@ QRect StatusBadgeLabel::textRect(int width) const {
     const QFontMetrics metrics(Theme::font(TextStyle::body));
     const QRect room(textLeft(), Theme::px(Size::badgePaddingY),
                      std::max(1, width - textLeft() - Theme::px(Size::badgePaddingX)), QWIDGETSIZE_MAX);
-    return metrics.boundingRect(room, Qt::TextWordWrap | Qt::AlignLeft, text());
+    return metrics.boundingRect(room, wrapping(*this, width) | Qt::AlignLeft, text());
 }
 
 QSize StatusBadgeLabel::sizeHint() const {
@@ -229,8 +236,8 @@ void StatusBadgeLabel::paintEvent(QPaintEvent*) {
                  Theme::hue(color(m_badge.status)));
     painter.setFont(Theme::font(TextStyle::body));
     painter.setPen(Theme::color(Role::primary));
-    const QRect area(textLeft(), 0, width() - textLeft() - Theme::px(Size::badgePaddingX) + 1, height());
-    painter.drawText(area, Qt::TextWordWrap | Qt::AlignVCenter | Qt::AlignLeft, text());
+    const QRect area(textLeft(), 0, width() - textLeft() - Theme::px(Size::badgePaddingX), height());
+    painter.drawText(area, wrapping(*this, width()) | Qt::AlignVCenter | Qt::AlignLeft, text());
 }
 
 QWidget* toolHeader(Tool tool) {
@@ -257,9 +264,8 @@ QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title,
     return line;
 }
 
-void announceStatus(ViewCore& view, const QWidget& source,
-                    std::function<std::optional<StatusBadge>()> badge) {
-    announceChanges(view, source, [badge = std::move(badge)] {
+void reportStatus(ViewCore& view, QWidget& place, std::function<std::optional<StatusBadge>()> badge) {
+    reportMessages(view, place, [badge = std::move(badge)] {
         const auto current = badge();
         return current ? current->message : std::string();
     });
@@ -268,7 +274,7 @@ void announceStatus(ViewCore& view, const QWidget& source,
 QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()> badge) {
     auto* label = new StatusBadgeLabel;
     auto* line = stack(Qt::Horizontal, {.spacing = 0}, {label, stretch()});
-    announceStatus(view, *line, badge);
+    reportStatus(view, *line, badge);
     view.onRefresh([label, line, badge = std::move(badge)] {
         const auto current = badge();
         if (current)

@@ -89,8 +89,8 @@ QWidget* toolHeader(Tool tool);
 QWidget* sectionHeading(ViewCore& view, std::function<std::string()> title,
                         std::function<std::string()> icon);
 
-/// Has assistive technology read out the message of each new badge.
-void announceStatus(ViewCore& view, const QWidget& source, std::function<std::optional<StatusBadge>()> badge);
+/// Has each new message of a badge reported from `place`, which shows it.
+void reportStatus(ViewCore& view, QWidget& place, std::function<std::optional<StatusBadge>()> badge);
 
 QWidget* statusBadge(ViewCore& view, std::function<std::optional<StatusBadge>()> badge);
 

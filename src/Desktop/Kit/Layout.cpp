@@ -16,6 +16,7 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QScrollArea>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -31,21 +32,30 @@ public:
     explicit ScreenBody(QWidget* content) {
         setFrameShape(QFrame::NoFrame);
         setWidgetResizable(true);
-        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         setFocusPolicy(Qt::NoFocus);
         viewport()->setAutoFillBackground(false);
         setWidget(content);
         content->setAutoFillBackground(false);
         new OverlayScrollBar(Qt::Vertical, this, this);
+        new OverlayScrollBar(Qt::Horizontal, this, this);
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
             if (now && widget()->isAncestorOf(now))
-                reveal(now);
+                revealFocus(now);
         });
     }
 
     QSize minimumSizeHint() const override { return {0, 0}; }
 
     bool isNarrow() const { return width() < Theme::px(Size::compactWidth); }
+
+    /// Scrolls so far that `part` is seen, or of a large one as much as there is room for from its start.
+    void reveal(const QWidget* part) {
+        const auto margin = Theme::px(Size::bodyTop);
+        const QSize room = viewport()->size() - QSize(2 * margin, 2 * margin);
+        const QRect place(part->mapTo(widget(), QPoint()), part->size().boundedTo(room));
+        ensureVisible(place.right(), place.bottom(), margin, margin);
+        ensureVisible(place.left(), place.top(), margin, margin);
+    }
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
@@ -61,7 +71,7 @@ protected:
 
 private:
     /// Scrolls so far that `control` is seen with the ring around it, from wherever the focus came.
-    void reveal(QWidget* control) {
+    void revealFocus(QWidget* control) {
         const auto margin = Theme::px(Size::bodyTop);
         auto* frame = ringFrame(control);
         const bool fits = frame->height() + 2 * margin <= viewport()->height();
@@ -75,6 +85,14 @@ private:
         }
     }
 };
+
+/// The scrolling part of the screen around `widget`, or null outside of screens.
+ScreenBody* bodyAround(const QWidget* widget) {
+    auto* around = widget->parentWidget();
+    while (around && !dynamic_cast<ScreenBody*>(around))
+        around = around->parentWidget();
+    return static_cast<ScreenBody*>(around);
+}
 
 /// A grid whose rows are all as high as the highest needs to be at its width.
 class EvenGrid final : public QWidget {
@@ -180,7 +198,8 @@ void fill(QWidget* container, Qt::Orientation orientation, const StackOptions& o
         }
         // A text that is as high as it needs to be stands in the middle of a higher row.
         const bool isCentred = orientation == Qt::Horizontal && item.widget->sizePolicy().hasHeightForWidth();
-        layout->addWidget(item.widget, options.equalShares ? 1 : 0,
+        const bool hasOwnShare = item.widget->sizePolicy().horizontalStretch() > 0;
+        layout->addWidget(item.widget, options.equalShares && !hasOwnShare ? 1 : 0,
                           isCentred ? Qt::AlignVCenter : Qt::Alignment());
     }
 }
@@ -215,11 +234,16 @@ QWidget* screen(QWidget* header, std::initializer_list<Item> items) {
 }
 
 bool isInNarrowScreen(const QWidget* widget) {
-    for (; widget; widget = widget->parentWidget()) {
-        if (const auto* body = dynamic_cast<const ScreenBody*>(widget))
-            return body->isNarrow();
-    }
-    return false;
+    const auto* body = bodyAround(widget);
+    return body && body->isNarrow();
+}
+
+void bringIntoView(QWidget* widget) {
+    QTimer::singleShot(0, widget, [widget] {
+        auto* body = bodyAround(widget);
+        if (body && widget->isVisible())
+            body->reveal(widget);
+    });
 }
 
 QWidget* wrappingRow(std::initializer_list<Item> items, int spacing) {
@@ -278,6 +302,11 @@ QWidget* withWidth(int width, QWidget* widget) {
     return widget;
 }
 
+QWidget* withMinimumHeight(int height, QWidget* widget) {
+    widget->setMinimumHeight(Theme::px(height));
+    return widget;
+}
+
 void setShown(QWidget* widget, bool isShown) {
     if (widget->parentWidget() || !isShown)
         widget->setVisible(isShown);
@@ -287,6 +316,14 @@ QWidget* growing(QWidget* widget) {
     auto policy = widget->sizePolicy();
     policy.setHorizontalPolicy(QSizePolicy::Expanding);
     policy.setVerticalPolicy(QSizePolicy::Expanding);
+    widget->setSizePolicy(policy);
+    return widget;
+}
+
+QWidget* sharing(int share, QWidget* widget) {
+    auto policy = growing(widget)->sizePolicy();
+    policy.setHorizontalStretch(share);
+    policy.setVerticalStretch(share);
     widget->setSizePolicy(policy);
     return widget;
 }

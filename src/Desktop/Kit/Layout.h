@@ -30,7 +30,7 @@ inline Item stretch() {
 struct StackOptions {
     int spacing = Theme::Size::gapControl;
     QMargins padding{};
-    bool equalShares = false; ///< every child gets the same length, whatever it would like
+    bool equalShares = false; ///< every child without a share of its own gets the same length
 };
 
 /// Lays `items` out inside `container`, one after the other.
@@ -70,12 +70,19 @@ QWidget* card(const CardOptions& options, std::initializer_list<Item> items);
 QWidget* withHeight(int height, QWidget* widget);
 QWidget* withWidth(int width, QWidget* widget);
 
+/// `widget`, which can grow but is never lower than that.
+QWidget* withMinimumHeight(int height, QWidget* widget);
+
 /// Shows or hides a part of a screen, also while the screen is still being built: shown before it has a
 /// parent, it would be a window of its own for a moment.
 void setShown(QWidget* widget, bool isShown);
 
 /// `widget`, taking the room that is left in the stack around it.
 QWidget* growing(QWidget* widget);
+
+/// The same beside others that do so too: the whole length of each is in proportion to its `share`, as far as
+/// that is enough for it.
+QWidget* sharing(int share, QWidget* widget);
 
 /// Whether the screen around `widget` is narrow by now.
 bool isInNarrowScreen(const QWidget* widget);
@@ -84,9 +91,13 @@ bool isInNarrowScreen(const QWidget* widget);
 QWidget* rigid(QWidget* widget);
 QWidget* rigidHeight(QWidget* widget);
 
-/// A screen: the header stays, and what is below scrolls when it does not fit. Quiet buttons drop their
-/// labels while the screen is narrow.
+/// A screen: the header stays, and what is below scrolls when it does not fit, sideways too where even the
+/// smallest window is more than the desktop has room for. Quiet buttons drop their labels while the screen is
+/// narrow.
 QWidget* screen(QWidget* header, std::initializer_list<Item> items);
+
+/// Scrolls the screen around `widget` so far that it is seen, once the layout has room for what it shows now.
+void bringIntoView(QWidget* widget);
 
 QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
                  QWidget* content);

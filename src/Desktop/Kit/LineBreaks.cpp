@@ -72,8 +72,9 @@ LineBreak lineBreakAt(QStringView text, qsizetype index) {
     return longest;
 }
 
-/// In UTF-16 units; what is longer is no writing but a run of marks, and may be cut anywhere.
-constexpr qsizetype longestCharacter = 256;
+/// How far back from the end of a piece a place to cut is looked for, in UTF-16 units. A longer character is
+/// no writing but a run of marks, and may be cut anywhere.
+constexpr qsizetype cuttingRange = 256;
 
 bool isPlainASCII(QChar character) {
     return character >= u' ' && character <= u'~';
@@ -101,22 +102,36 @@ qsizetype fittingLength(QStringView text, qsizetype longestPiece) {
     return most;
 }
 
-/// The length of the first piece of `text`, which may be all of it. It ends between two user-perceived
-/// characters, unless one is absurdly long; never inside a surrogate pair.
+/// The last boundary in `text` before its last unit, or right there; 0 if there is none.
+qsizetype lastBoundary(QTextBoundaryFinder::BoundaryType type, QStringView text) {
+    QTextBoundaryFinder finder(type, text.data(), text.size());
+    finder.setPosition(text.size() - 1);
+    auto cut = finder.isAtBoundary() ? finder.position() : finder.toPreviousBoundary();
+    while (cut > 0 && text[cut - 1] == u'\u200D') // the finder takes apart what a joiner joins
+        cut = finder.toPreviousBoundary();
+    return std::max<qsizetype>(cut, 0);
+}
+
+/// The length of the first piece of `text`, which may be all of it. It ends where a line may be wrapped,
+/// since the next piece begins a row; else between two user-perceived characters, unless one is absurdly
+/// long; never inside a surrogate pair.
 qsizetype pieceLength(QStringView text, qsizetype longestPiece) {
     assert(longestPiece > 1);
     const auto length = fittingLength(text, longestPiece);
-    if (length == text.size() || (isPlainASCII(text[length - 1]) && isPlainASCII(text[length])))
+    if (length == text.size())
         return length;
-    const auto start = std::max<qsizetype>(length - longestCharacter, 0);
-    const auto window = text.sliced(start, length + 1 - start);
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, window.data(), window.size());
-    finder.setPosition(length - start);
-    auto cut = finder.isAtBoundary() ? finder.position() : finder.toPreviousBoundary();
-    while (cut > 0 && window[cut - 1] == u'\u200D') // the finder takes apart what a joiner joins
-        cut = finder.toPreviousBoundary();
-    if (cut > 0)
-        return start + cut;
+    const auto start = std::max<qsizetype>(length - cuttingRange, 0);
+    const auto range = text.sliced(start, length + 1 - start);
+    const auto cutAt = [&](QTextBoundaryFinder::BoundaryType type) {
+        const auto cut = lastBoundary(type, range);
+        return cut > 0 ? start + cut : 0;
+    };
+    if (const auto cut = cutAt(QTextBoundaryFinder::Line); cut > length / 2)
+        return cut;
+    if (isPlainASCII(text[length - 1]) && isPlainASCII(text[length]))
+        return length;
+    if (const auto cut = cutAt(QTextBoundaryFinder::Grapheme); cut > 0)
+        return cut;
     return text[length].isLowSurrogate() ? length - 1 : length;
 }
 

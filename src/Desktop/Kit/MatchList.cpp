@@ -342,7 +342,7 @@ QWidget* matchList(ViewCore& view, std::function<RegexMatches()> matches,
 
 QWidget* matchPrompt(std::initializer_list<Item> prompts) {
     auto* panel = growing(card({}, prompts));
-    panel->setMinimumHeight(Theme::px(Size::editorMinimumHeight));
+    panel->setMinimumHeight(Theme::px(Size::matchListMinimum));
     return panel;
 }
 

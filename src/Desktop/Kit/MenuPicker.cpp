@@ -38,9 +38,6 @@ public:
             return;
         m_menu = new QMenu(this);
         m_menu->setAttribute(Qt::WA_DeleteOnClose);
-        m_menu->setAttribute(Qt::WA_TranslucentBackground); // for its rounded corners
-        m_menu->setWindowFlags(m_menu->windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-        m_menu->setStyleSheet(Theme::menuStyleSheet());
         m_menu->setMinimumWidth(width());
         for (int index = 0; index < count(); ++index) {
             auto* choice = m_menu->addAction(entryText(index), this, [this, index] { setCurrentIndex(index); });

@@ -4,6 +4,7 @@
 #include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/Theme.h"
 
+#include <QLayout>
 #include <QPainter>
 
 namespace korvane {
@@ -50,7 +51,8 @@ Panel::Panel(QWidget* content) {
 }
 
 QSize Panel::sizeHint() const {
-    return {Theme::px(Size::editorMinimumHeight), Theme::px(Size::editorMinimumHeight)};
+    const QSize least(Theme::px(Size::editorMinimumHeight), Theme::px(Size::editorMinimumHeight));
+    return least.expandedTo(layout()->totalMinimumSize());
 }
 
 void Panel::paintEvent(QPaintEvent*) {

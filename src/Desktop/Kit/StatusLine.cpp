@@ -34,7 +34,7 @@ QWidget* statusLine(ViewCore& view, Badge badge, std::function<std::string()> de
     auto* label = new StatusBadgeLabel;
     auto* text = new Label({}, Theme::TextStyle::body, Theme::Role::secondary);
     auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::statusGap}, {rigid(label), text, stretch()});
-    announceChanges(view, *line, [=] { return joined(messageOf(badge()), details()); });
+    reportMessages(view, *line, [=] { return joined(messageOf(badge()), details()); });
     view.onRefresh([=] {
         const auto current = badge();
         display(*label, current);
@@ -48,7 +48,7 @@ QWidget* statusBadges(ViewCore& view, Badge first, Badge second) {
     auto* left = new StatusBadgeLabel;
     auto* right = new StatusBadgeLabel;
     auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::gapControl}, {rigid(left), right, stretch()});
-    announceChanges(view, *line, [=] { return joined(messageOf(first()), messageOf(second())); });
+    reportMessages(view, *line, [=] { return joined(messageOf(first()), messageOf(second())); });
     view.onRefresh([=] {
         const auto one = first();
         const auto other = second();

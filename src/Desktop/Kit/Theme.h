@@ -102,6 +102,7 @@ enum class TextStyle {
     toolName,
     toolNameStrong,
     menu,
+    menuShortcut,
     stat,
     pill, ///< the figure of a small counter
     code,
@@ -204,7 +205,9 @@ struct Size {
     static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
                          welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,
                          welcomeTileGlyph = 20, welcomeBottom = 36;
-    static constexpr int menuRow = 26, menuPadding = 10, menuInset = 4, menuMinimumWidth = 140;
+    static constexpr int menuRow = 26, menuPadding = 10, menuInset = 5, menuMinimumWidth = 160,
+                         menuShortcutGap = 24, menuTick = 12, menuTickGap = 8, menuCaptionPadding = 4,
+                         menuChevron = 10;
 };
 
 /// The opacity of the glyph in a place to drop something on.
@@ -225,14 +228,12 @@ Scheme scheme();
 /// palette is set to `palette()`.
 void setScheme(Scheme scheme);
 
-/// A new style for the application: for what the toolkit still paints and does by itself.
+/// A new style for the application: the look of its menus, and of what the toolkit still does by itself. All
+/// menus have it, whoever made them; dialogs get the palette of the window that they belong to.
 QStyle* style();
 
 /// The palette for the window: the theme's colours in the toolkit's roles.
 QPalette palette();
-
-/// The style sheet of menus, menu bar and tool tips, which the toolkit paints.
-QString menuStyleSheet();
 
 /// What a text or glyph is painted in: a role's colour, or a named colour in the tone for text.
 using Ink = std::variant<Role, PaletteColor>;

@@ -45,6 +45,7 @@ constexpr auto textFacts = std::to_array<TextFacts>({
     {TextStyle::toolName, 13, 17},
     {TextStyle::toolNameStrong, 13, 17, QFont::DemiBold},
     {TextStyle::menu, 12, 16},
+    {TextStyle::menuShortcut, 11, 14},
     {TextStyle::stat, 28, 34, QFont::Bold},
     {TextStyle::pill, 15, 20, QFont::Bold},
     {TextStyle::code, 13, 21, QFont::Normal, true},

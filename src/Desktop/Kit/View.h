@@ -12,6 +12,7 @@
 #include "Desktop/Kit/Editors.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Messages.h"
 #include "Desktop/Kit/SegmentedPicker.h"
 #include "Desktop/Kit/SelectableText.h"
 #include "Desktop/Kit/Slider.h"
@@ -255,7 +256,7 @@ public:
                                             .text = [read] { return read().value_or(std::string()); },
                                             .options = {.ink = PaletteColor::red, .isTabStop = true}});
         onRefresh([message, read] { message->setVisible(read().has_value()); });
-        announceChanges(*this, *message, [read] { return read().value_or(std::string()); });
+        reportMessages(*this, *message, [read] { return read().value_or(std::string()); });
         return message;
     }
 

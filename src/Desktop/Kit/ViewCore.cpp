@@ -1,5 +1,6 @@
 #include "Desktop/Kit/ViewCore.h"
 
+#include <optional>
 #include <utility>
 
 namespace korvane {
@@ -9,6 +10,16 @@ void ViewCore::onRefresh(std::function<void()> refresher) {
     refresher();
     m_refreshing = wasRefreshing;
     m_refreshers.push_back(std::move(refresher));
+}
+
+void ViewCore::onNewText(std::function<std::string()> text, std::function<void(const std::string&)> then) {
+    onRefresh(
+        [read = std::move(text), then = std::move(then), last = std::optional<std::string>()]() mutable {
+            const auto current = read();
+            if (last && *last != current && !current.empty())
+                then(current);
+            last = current;
+        });
 }
 
 void ViewCore::refresh() {

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 class QWidget;
@@ -23,6 +24,10 @@ public:
 
     /// Has `refresher` run now and after every operation, for as long as the view lives.
     void onRefresh(std::function<void()> refresher);
+
+    /// Calls `then` with what `text` reads whenever that has become another text, but for an empty one. What
+    /// it reads at first is no news.
+    void onNewText(std::function<std::string()> text, std::function<void(const std::string&)> then);
 
     /// Lets every control read the state again. Costs about nothing: what did not change is left alone.
     void refresh();

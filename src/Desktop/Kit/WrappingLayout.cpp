@@ -12,6 +12,10 @@ bool isStretch(const QLayoutItem& item) {
     return !item.widget();
 }
 
+auto controlCount(const std::vector<QLayoutItem*>& line) {
+    return std::ranges::count_if(line, [](const auto* item) { return !isStretch(*item); });
+}
+
 int lineHeight(const std::vector<QLayoutItem*>& line) {
     int height = 0;
     for (const auto* item : line)
@@ -77,7 +81,23 @@ std::vector<WrappingLayout::Line> WrappingLayout::lines(int width) const {
         }
     }
     std::erase_if(lines, [](const Line& line) { return line.empty(); });
+    keepCompany(lines, width);
     return lines;
+}
+
+void WrappingLayout::keepCompany(std::vector<Line>& lines, int width) const {
+    if (lines.size() < 2)
+        return;
+    auto& above = lines[lines.size() - 2];
+    auto& last = lines.back();
+    if (controlCount(last) != 1 || controlCount(above) < 3 || isStretch(*above.back()))
+        return;
+    if (above.back()->sizeHint().width() + m_spacing + lineWidth(last) > width)
+        return;
+    do {
+        last.insert(last.begin(), above.back());
+        above.pop_back();
+    } while (isStretch(*above.back())); // which goes with what it sends to the right
 }
 
 int WrappingLayout::heightForWidth(int width) const {

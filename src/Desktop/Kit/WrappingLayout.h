@@ -34,6 +34,10 @@ private:
     std::vector<Line> lines(int width) const;
     int lineWidth(const Line& line) const;
 
+    /// A control that would be alone on the last line gets the one before it beside it, if that leaves
+    /// several on the line above.
+    void keepCompany(std::vector<Line>& lines, int width) const;
+
     std::vector<std::unique_ptr<QLayoutItem>> m_items;
     int m_spacing;
     int m_lineSpacing;

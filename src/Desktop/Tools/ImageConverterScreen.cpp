@@ -80,7 +80,7 @@ QWidget* source(Screen& view) {
               {dropTarget({.setTargeted = setTargeted, .drop = drop},
                           withHeight(sourceHeight,
                                      view.either(&State::hasSource, loadedSource(view), emptySource(view)))),
-               view.when(&State::hasSource, factsOfImage(view))}));
+               view.when(&State::hasSource, factsOfImage(view)), stretch()}));
 }
 
 QWidget* quality(Screen& view) {
@@ -160,9 +160,10 @@ QWidget* processed(Screen& view) {
 }
 
 QWidget* body(Screen& view) {
-    return screen(view.header(Tool::imageConverter),
-                  {stack(Qt::Horizontal, {.spacing = Size::gapSection}, {source(view), options(view)}),
-                   growing(processed(view)), view.errorMessage(&State::errorMessage)});
+    return screen(
+        view.header(Tool::imageConverter),
+        {rigidHeight(stack(Qt::Horizontal, {.spacing = Size::gapSection}, {source(view), options(view)})),
+         growing(processed(view)), view.errorMessage(&State::errorMessage)});
 }
 
 } // namespace

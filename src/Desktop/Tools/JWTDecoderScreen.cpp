@@ -34,9 +34,9 @@ QWidget* body(View<JWTDecoderView>& view) {
                            view.codeEditor(&JWTDecoderView::inputToken, &JWTDecoderView::setInputToken,
                                            "Paste your JWT token here (eyJhbG...)", {.lineNumbers = false}))),
             columns({
-                part(view, "Header", &JWTDecoderView::header, "Decode to see header"),
-                part(view, "Payload", &JWTDecoderView::payload, "Decode to see payload"),
-                part(view, "Signature", &JWTDecoderView::signature, "Decode to see signature"),
+                sharing(3, part(view, "Header", &JWTDecoderView::header, "Decode to see header")),
+                sharing(4, part(view, "Payload", &JWTDecoderView::payload, "Decode to see payload")),
+                sharing(2, part(view, "Signature", &JWTDecoderView::signature, "Decode to see signature")),
             }),
         });
 }

@@ -15,7 +15,7 @@ using Theme::Size;
 using Theme::TextStyle;
 
 constexpr int stepperWidth = 100;
-constexpr int sliderEndWidth = 20;
+constexpr int sliderEndWidth = 22;
 
 std::vector<HistoryRow> historyRows(const State& state) {
     std::vector<HistoryRow> rows;

@@ -12,7 +12,7 @@ namespace {
 using Theme::TextStyle;
 using Panel = RegexTesterView::MatchesPanel;
 
-constexpr int testStringHeight = 96;
+constexpr int testStringMinimum = 96;
 constexpr int referenceColumns = 6;
 
 auto shows(Panel panel) {
@@ -39,6 +39,14 @@ QWidget* patternBlock(View<RegexTesterView>& view) {
             }),
             view.errorMessage(&RegexTesterView::errorMessage),
         });
+}
+
+QWidget* testString(View<RegexTesterView>& view) {
+    return view.section(
+        "Test String", {},
+        withMinimumHeight(testStringMinimum,
+                          view.codeEditor(&RegexTesterView::testString, &RegexTesterView::setTestString,
+                                          "Enter text to test against the pattern...")));
 }
 
 /// What the panel says without a list of matches.
@@ -82,12 +90,8 @@ QWidget* body(View<RegexTesterView>& view) {
         view.header(Tool::regexTester),
         {
             patternBlock(view),
-            view.section(
-                "Test String", {},
-                withHeight(testStringHeight,
-                           view.codeEditor(&RegexTesterView::testString, &RegexTesterView::setTestString,
-                                           "Enter text to test against the pattern..."))),
-            matches(view),
+            sharing(1, testString(view)),
+            sharing(2, matches(view)),
             row({
                 view.pushToggle("Find & Replace", "arrow.triangle.swap", PaletteColor::red,
                                 &RegexTesterView::showReplacement, &RegexTesterView::setShowReplacement),

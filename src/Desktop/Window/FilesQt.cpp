@@ -26,6 +26,7 @@ QFileDialog& newPanel(const FileKind& kind) {
                  << QStringLiteral("*.") + qString(extension).toUpper();
     panel->setNameFilter(qString(kind.name) + QStringLiteral(" (") + patterns.join(' ') +
                          QStringLiteral(")"));
+    panel->setOption(QFileDialog::HideNameFilterDetails); // more than the panel has room for
     return *panel;
 }
 

@@ -12,6 +12,7 @@
 #include "Desktop/Window/Sidebar.h"
 #include "Desktop/Window/TopStrip.h"
 #include "Desktop/Window/WelcomeScreen.h"
+#include "Desktop/Window/WindowBounds.h"
 #include "Desktop/Window/WindowEdges.h"
 
 #include <QAccessibleWidget>
@@ -33,8 +34,7 @@ namespace korvane {
 MainWindow::MainWindow(Services& services) : m_view(services) {
     setWindowTitle(QStringLiteral("Korvane"));
     setWindowFlag(Qt::FramelessWindowHint);
-    setMinimumSize(Theme::px(WindowMetrics::minimumWidth), Theme::px(WindowMetrics::minimumHeight));
-    resize(Theme::px(WindowMetrics::defaultWidth), Theme::px(WindowMetrics::defaultHeight));
+    new WindowBounds(this);
 
     m_menus = menuBar(this, services);
     m_sidebar = sidebar(m_view, menuStrip(m_menus), [this] { enterScreen(); });
@@ -76,11 +76,6 @@ void MainWindow::showScheme(Theme::Scheme scheme) {
     if (const auto look = Theme::palette(); look != palette()) {
         setPalette(look);
         QToolTip::setPalette(look);
-    }
-    const auto sheet = Theme::menuStyleSheet();
-    for (auto* bar : findChildren<QMenuBar*>()) {
-        if (sheet != bar->styleSheet())
-            bar->setStyleSheet(sheet); // the menus below it take it over
     }
 }
 

@@ -43,13 +43,6 @@ void showShortcut(QAction* action, const QKeySequence& keys) {
     action->setShortcutContext(Qt::WidgetShortcut);
 }
 
-QMenu* addMenu(QMenuBar* bar, const QString& title) {
-    auto* menu = bar->addMenu(title);
-    menu->setWindowFlags(menu->windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-    menu->setAttribute(Qt::WA_TranslucentBackground); // for its rounded corners
-    return menu;
-}
-
 QAction* addLabel(QMenu* menu, std::string_view text) {
     auto* action = menu->addAction(qString(text));
     action->setEnabled(false);
@@ -57,7 +50,9 @@ QAction* addLabel(QMenu* menu, std::string_view text) {
 }
 
 void addFileMenu(QMenuBar* bar, QWidget* window, Services& services) {
-    auto* menu = addMenu(bar, QMenuBar::tr("&File"));
+    auto* menu = bar->addMenu(QMenuBar::tr("&File"));
+    menu->setSeparatorsCollapsible(false); // the group of the tools begins with one
+    menu->addSeparator();
     addLabel(menu, MenuTexts::tools)->setFont(Theme::font(Theme::TextStyle::caption));
     for (const auto tool : allCases<Tool>) {
         auto* action = menu->addAction(qString(rawValue(tool)));
@@ -72,7 +67,7 @@ void addFileMenu(QMenuBar* bar, QWidget* window, Services& services) {
 }
 
 void addEditMenu(QMenuBar* bar, QWidget* window) {
-    auto* menu = addMenu(bar, QMenuBar::tr("&Edit"));
+    auto* menu = bar->addMenu(QMenuBar::tr("&Edit"));
     // The menu bar takes the focus when it is used by keyboard, so the control that had it is remembered.
     auto control = std::make_shared<QPointer<QWidget>>();
     QObject::connect(qApp, &QApplication::focusChanged, menu, [control, window](QWidget*, QWidget* now) {
@@ -98,7 +93,7 @@ void addEditMenu(QMenuBar* bar, QWidget* window) {
 }
 
 void addHelpMenu(QMenuBar* bar) {
-    auto* menu = addMenu(bar, QMenuBar::tr("&Help"));
+    auto* menu = bar->addMenu(QMenuBar::tr("&Help"));
     menu->addAction(qString(MenuTexts::help));
     menu->addSeparator();
     addLabel(menu, MenuTexts::version);
@@ -111,7 +106,8 @@ void openFirstMenu(QMenuBar* bar) {
     bar->setActiveAction(bar->actions().front());
     auto* menu = bar->activeAction()->menu();
     const auto items = menu->actions();
-    const auto first = std::ranges::find_if(items, &QAction::isEnabled);
+    const auto first = std::ranges::find_if(
+        items, [](const QAction* item) { return item->isEnabled() && !item->isSeparator(); });
     if (first != items.end())
         menu->setActiveAction(*first);
 }

@@ -64,6 +64,22 @@ TEST_F(TextAreaTest, GivesBackWhatWasSet) {
     }
 }
 
+TEST_F(TextAreaTest, CutsLongLinesBetweenWords) {
+    constexpr int longestPiece = 40;
+    Subject subject(longestPiece);
+    std::string text;
+    for (int number = 0; number < 100; ++number)
+        text += "word-" + std::to_string(number * 37) + " ";
+    subject.area.setText(text);
+    EXPECT_EQ(subject.area.text(), text);
+    const auto* document = subject.area.document();
+    ASSERT_GT(document->blockCount(), 20);
+    for (auto block = document->begin(); block.next().isValid(); block = block.next()) {
+        EXPECT_TRUE(block.text().endsWith(' ') || block.text().endsWith('-')) << block.text().toStdString();
+        EXPECT_LE(block.text().size(), longestPiece);
+    }
+}
+
 TEST_F(TextAreaTest, PastesAndCopiesWhatItShows) {
     for (const auto& row : texts) {
         Subject subject;

@@ -55,6 +55,16 @@ TEST_F(WrappingLayoutTest, GoesOnInFurtherLinesWhereThereIsNot) {
     EXPECT_EQ(layout->heightForWidth(150), 68);
 }
 
+TEST_F(WrappingLayoutTest, LeavesNoControlAloneOnTheLastLine) {
+    auto* box = new QWidget;
+    box->setFixedSize(100, 20);
+    layout->addWidget(box);
+    boxes.push_back(box);
+    EXPECT_EQ(places(424), (std::vector<QPoint>{{0, 0}, {108, 0}, {216, 0}, {324, 0}}));
+    EXPECT_EQ(places(423), (std::vector<QPoint>{{0, 0}, {108, 0}, {215, 24}, {323, 24}}));
+    EXPECT_EQ(places(207), (std::vector<QPoint>{{0, 0}, {0, 24}, {107, 48}, {0, 72}}));
+}
+
 TEST_F(WrappingLayoutTest, TakesAsManyLinesAsItNeedsBesideWhatGrows) {
     auto* wrapping = wrappingRow(
         {withHeight(20, withWidth(100, new QWidget)), withHeight(20, withWidth(100, new QWidget))});

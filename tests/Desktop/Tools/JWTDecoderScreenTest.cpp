@@ -55,6 +55,13 @@ TEST_F(JWTDecoderScreenTest, SaysWhatToTakeOutOfAToken) {
     EXPECT_EQ(screen.announcement(), "Could not decode header, Remove \"Bearer \" from the start");
 }
 
+TEST_F(JWTDecoderScreenTest, GivesThePayloadTheWidestColumn) {
+    decode(token);
+    const auto header = screen.editor("Header").width();
+    EXPECT_GT(screen.editor("Payload").width(), header);
+    EXPECT_LT(screen.editor("Signature").width(), header);
+}
+
 TEST_F(JWTDecoderScreenTest, OffersACopyOnlyOfWhatThereIs) {
     decode("e30.e30.");
     EXPECT_TRUE(screen.hasButton("Copy Header"));

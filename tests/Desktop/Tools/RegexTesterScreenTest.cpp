@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QtTest/QTest>
 
 #include <memory>
@@ -83,6 +84,27 @@ TEST_F(RegexTesterScreenTest, ShowsItsTextsInTheirOrder) {
     EXPECT_EQ(screen.placeholder("Result"), "Replacement result...");
     for (const auto* button : {"Live", "Case", "Test", "Find & Replace", "Copy Result"})
         EXPECT_TRUE(screen.hasButton(button)) << button;
+}
+
+TEST_F(RegexTesterScreenTest, SharesATallWindowBetweenTextAndMatches) {
+    const auto* content = widget->findChild<QScrollArea*>()->widget();
+    const auto partAround = [&](const QWidget* control) {
+        while (control->parentWidget() != content)
+            control = control->parentWidget();
+        return control;
+    };
+    const auto* text = partAround(&screen.editor("Test String"));
+    const auto* matches = partAround(&list());
+    const auto lowText = text->height();
+    const auto lowMatches = matches->height();
+    for (const int height : {1400, 2160}) {
+        widget->resize(1400, height);
+        settle();
+        EXPECT_GT(text->height(), lowText);
+        EXPECT_GT(matches->height(), lowMatches);
+        EXPECT_NEAR(2 * text->height(), matches->height(), 2);
+        EXPECT_EQ(content->height(), height - content->mapTo(widget.get(), QPoint()).y());
+    }
 }
 
 TEST_F(RegexTesterScreenTest, BeginsLiveAndCaseSensitiveWithoutReplacement) {

@@ -4,6 +4,7 @@
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/TextArea.h"
 #include "Desktop/Kit/Theme.h"
+#include "Desktop/Window/WindowBounds.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
@@ -14,6 +15,9 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QtTest/QTest>
 
@@ -23,7 +27,7 @@ namespace {
 struct MainWindowTest : testing::Test {
     FakeServices fakes{};
     MainWindow window{fakes.services};
-    ScreenDriver screen{window, window.size()};
+    ScreenDriver screen{window, {Theme::px(1100), Theme::px(750)}};
 
     MainWindowTest() {
         window.activateWindow();
@@ -60,13 +64,47 @@ TEST_F(MainWindowTest, OpensOnTheJSONFormatterReadyForText) {
     EXPECT_TRUE(screen.hasButton("Prettify"));
     EXPECT_EQ(screen.list("Tools").currentRow(), 0);
     EXPECT_EQ(window.focusWidget(), &screen.editor("Input"));
-    EXPECT_EQ(window.size(), QSize(Theme::px(1100), Theme::px(750)));
 }
 
-TEST_F(MainWindowTest, IsNeverSmallerThanItsMinimum) {
-    EXPECT_EQ(window.minimumSize(), QSize(Theme::px(900), Theme::px(600)));
-    EXPECT_LE(window.minimumSizeHint().width(), window.minimumWidth());
-    EXPECT_LE(window.minimumSizeHint().height(), window.minimumHeight());
+TEST_F(MainWindowTest, IsAsLargeAsTheScreenHasRoomFor) {
+    struct Row {
+        QSize available, initial, minimum;
+    };
+
+    const QSize initial(Theme::px(1100), Theme::px(750));
+    const QSize minimum(Theme::px(900), Theme::px(600));
+    const QSize between(minimum.width() + 10, minimum.height() + 10);
+    const QSize low(initial.width(), 500);
+    for (const auto& row :
+         {Row{{3840, 2160}, initial, minimum}, Row{initial, initial, minimum}, Row{between, between, minimum},
+          Row{{640, 480}, {640, 480}, {640, 480}}, Row{low, low, {minimum.width(), 500}}})
+        EXPECT_EQ(windowSizes(row.available), (WindowSizes{row.initial, row.minimum}))
+            << row.available.width() << " x " << row.available.height();
+    const MainWindow fresh(fakes.services);
+    const auto sizes = windowSizes(fresh.screen()->availableSize());
+    EXPECT_EQ(fresh.size(), sizes.initial);
+    EXPECT_EQ(fresh.minimumSize(), sizes.minimum);
+}
+
+TEST_F(MainWindowTest, FitsIntoItsMinimum) {
+    EXPECT_LE(window.minimumSizeHint().width(), Theme::px(900));
+    EXPECT_LE(window.minimumSizeHint().height(), Theme::px(600));
+}
+
+TEST_F(MainWindowTest, ScrollsSidewaysWhereTheScreenIsTooSmall) {
+    window.view().perform([](ContentView& state) { state.selectedTool = Tool::imageConverter; });
+    settle();
+    const auto* body = window.findChild<QScrollArea*>();
+    EXPECT_EQ(body->horizontalScrollBar()->maximum(), 0);
+    window.setMinimumSize(0, 0);
+    window.resize(Theme::px(700), Theme::px(500));
+    settle();
+    EXPECT_EQ(window.width(), Theme::px(700));
+    ASSERT_GT(body->horizontalScrollBar()->maximum(), 0);
+    auto& apply = screen.button("Reset");
+    EXPECT_NE(apply.visibleRegion(), apply.rect());
+    screen.picker("Flip").setFocus();
+    EXPECT_EQ(screen.picker("Flip").visibleRegion(), screen.picker("Flip").rect());
 }
 
 TEST_F(MainWindowTest, KeepsTheSidebarBetweenItsBounds) {
@@ -160,6 +198,9 @@ TEST_F(MainWindowTest, TheMenuListsAllToolsWithTheirShortcuts) {
         EXPECT_EQ(keys.toStdString(), digit ? std::string("Ctrl+") + *digit : "");
     }
     EXPECT_FALSE(menuItem("&File", "Tools").isEnabled());
+    const auto file = window.findChild<QMenuBar*>()->actions().front()->menu()->actions();
+    EXPECT_TRUE(file[0]->isSeparator());
+    EXPECT_EQ(file[1]->text(), "Tools");
     EXPECT_FALSE(menuItem("&Help", "Version 1.0.0").isEnabled());
     EXPECT_FALSE(menuItem("&Help", "100% Local Processing").isEnabled());
     menuItem("&Help", "Korvane Help").trigger();
