@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimeEdit>
+#include <QWheelEvent>
 
 #include <utility>
 
@@ -37,6 +38,7 @@ public:
         setWrapping(true);
         setAlignment(Qt::AlignRight);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        setFocusPolicy(Qt::StrongFocus);
         applyTheme();
     }
 
@@ -52,6 +54,12 @@ protected:
     QValidator::State validate(QString& text, int& position) const override {
         text = qString(onOneLine(utf8String(text)));
         return QTimeEdit::validate(text, position);
+    }
+
+    void wheelEvent(QWheelEvent* event) override {
+        if (!hasFocus())
+            return event->ignore(); // whoever scrolls past it means what is around it
+        QTimeEdit::wheelEvent(event);
     }
 
     void changeEvent(QEvent* event) override {
