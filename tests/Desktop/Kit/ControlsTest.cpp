@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QSlider>
 #include <QSpinBox>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QWheelEvent>
 #include <QtTest/QTest>
 
@@ -258,6 +260,30 @@ TEST_F(ControlsTest, ASelectableTextIsAsHighAsItsTextNeeds) {
     EXPECT_GE(text.height(), 3 * row);
     EXPECT_EQ(text.height(), text.rowCount(text.width()) * row);
     EXPECT_EQ(screen.text("Shown"), std::string(400, 'm'));
+}
+
+TEST_F(ControlsTest, AValueBreaksAtAnyCharacterAndASentenceBetweenWords) {
+    const auto& text = screen.editor("Shown");
+    const auto rowsOf = [&](const std::string& shown) {
+        change([&](Form& form) { form.text = shown; });
+        settle();
+        std::vector<int> rows;
+        const auto* layout = text.document()->begin().layout();
+        for (int row = 0; row < layout->lineCount(); ++row)
+            rows.push_back(layout->lineAt(row).textLength());
+        return rows;
+    };
+    const auto even = rowsOf(std::string(400, 'm'));
+    ASSERT_GT(even.size(), 2U);
+    std::string mixed(400, 'm');
+    for (auto place = static_cast<std::size_t>(even.front() / 2); place < mixed.size(); place += 20)
+        mixed[place] = '-'; // at which a sentence may be broken
+    EXPECT_GE(rowsOf(mixed).front(), even.front());
+    EXPECT_LE(rowsOf(mixed).size(), even.size());
+    const auto almost = even.front() - 10; // as many as fit into a row
+    const auto words =
+        rowsOf(std::string(static_cast<std::size_t>(almost), 'm') + " " + std::string(20, 'm'));
+    EXPECT_EQ(words, (std::vector{almost + 1, 20})) << "the second word stays whole";
 }
 
 TEST_F(ControlsTest, AnErrorIsShownWhileThereIsOne) {
