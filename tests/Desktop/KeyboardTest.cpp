@@ -76,7 +76,7 @@ TEST_F(KeyboardTest, ReturnInAFieldDoesWhatItsButtonDoes) {
     press(Qt::Key_Return);
     EXPECT_FALSE(screen.text("Result").empty());
     open(Tool::colorPicker);
-    screen.enter("HEX", "00ff00");
+    screen.enter("HEX Input", "00ff00");
     press(Qt::Key_Enter, Qt::KeypadModifier);
     EXPECT_EQ(screen.text("RGB"), "rgb(0, 255, 0)");
 }

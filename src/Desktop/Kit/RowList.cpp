@@ -138,7 +138,6 @@ AccessibleRow RowList::accessibleRow(int row) const {
     return {.name = qString(m_source.name(row)),
             .isExpanded = m_source.isExpanded(row),
             .isSelected = m_source.isChosen(row) || selectionModel()->isSelected(m_model->index(row)),
-            .isCurrent = row == currentRow(),
             .button = m_source.button(row)};
 }
 

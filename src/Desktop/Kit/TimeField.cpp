@@ -1,5 +1,7 @@
 #include "Desktop/Kit/TimeField.h"
 
+#include "Desktop/Kit/Accessibility.h"
+#include "Desktop/Kit/AccessibleTime.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Layout.h"
@@ -29,7 +31,7 @@ QTime wholeMinute(QTime time) {
     return {time.hour(), time.minute()};
 }
 
-class Edit final : public QTimeEdit {
+class Edit final : public QTimeEdit, public AccessibleControl {
 public:
     Edit() {
         setDisplayFormat(CalendarText::usesHalfDays() ? QStringLiteral("h:mm AP") : QStringLiteral("HH:mm"));
@@ -49,6 +51,8 @@ public:
         for (int reach = 1; time() == before && reach < fullTurn; ++reach)
             QTimeEdit::stepBy(reach * steps);
     }
+
+    QAccessibleInterface* newAccessibleInterface() override { return newTimeInterface(this, lineEdit()); }
 
 protected:
     QValidator::State validate(QString& text, int& position) const override {

@@ -90,7 +90,7 @@ QWidget* manualInput(View<ColorPickerView>& view) {
                       stack(Qt::Vertical, {},
                             {
                                 view.label("HEX", TextStyle::subheadline, Role::secondary),
-                                row({view.textField("HEX", &ColorPickerView::hexInput,
+                                row({view.textField("HEX Input", &ColorPickerView::hexInput,
                                                     &ColorPickerView::setHexInput,
                                                     {.placeholder = "#RRGGBB",
                                                      .style = TextStyle::codeSmall,
