@@ -13,6 +13,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include <map>
@@ -85,6 +86,22 @@ TEST_P(CatalogueTest, GivesEveryControlAName) {
     }
     for (const auto& [name, count] : names)
         EXPECT_EQ(count, 1) << name.first << " " << name.second.toStdString();
+}
+
+TEST_P(CatalogueTest, TheWheelChangesNothingWithoutTheFocus) {
+    const ScreenDriver screen(*widget);
+    auto& frame = dynamic_cast<ScreenWidget&>(*widget);
+    const auto operations = frame.core().operationCount();
+    for (auto* control : widget->findChildren<QWidget*>()) {
+        EXPECT_NE(control->focusPolicy(), Qt::WheelFocus) << control->accessibleName().toStdString();
+        if (!control->isVisible() || control->hasFocus())
+            continue;
+        const auto place = QPointF(control->rect().center());
+        QWheelEvent event(place, control->mapToGlobal(place), {}, {0, QWheelEvent::DefaultDeltasPerStep},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(control, &event);
+        EXPECT_EQ(frame.core().operationCount(), operations) << control->accessibleName().toStdString();
+    }
 }
 
 TEST_P(CatalogueTest, FitsTheSmallestWindow) {

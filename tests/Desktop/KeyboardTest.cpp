@@ -16,6 +16,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QRadioButton>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -75,7 +76,7 @@ TEST_F(KeyboardTest, ReturnInAFieldDoesWhatItsButtonDoes) {
     press(Qt::Key_Return);
     EXPECT_FALSE(screen.text("Result").empty());
     open(Tool::colorPicker);
-    screen.enter("HEX", "00ff00");
+    screen.enter("HEX Input", "00ff00");
     press(Qt::Key_Enter, Qt::KeypadModifier);
     EXPECT_EQ(screen.text("RGB"), "rgb(0, 255, 0)");
 }
@@ -229,9 +230,21 @@ TEST_F(KeyboardTest, F10OpensTheMenusAndEscapeGoesBack) {
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->title(), "&Edit");
     press(Qt::Key_Escape);
-    press(Qt::Key_Escape);
     EXPECT_FALSE(QApplication::activePopupWidget());
     EXPECT_EQ(focus(), "Input");
+    press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(window.view().state().selectedTool, Tool::base64);
+}
+
+TEST_F(KeyboardTest, TheShortcutsWorkAlsoFromTheMenuBar) {
+    auto* bar = window.findChild<QMenuBar*>();
+    for (const auto& [key, tool] : {std::pair(Qt::Key_2, Tool::base64), {Qt::Key_0, Tool::textDiff}}) {
+        bar->setFocus(Qt::MenuBarFocusReason);
+        ASSERT_EQ(window.focusWidget(), bar);
+        press(key, Qt::ControlModifier);
+        EXPECT_EQ(window.view().state().selectedTool, tool);
+    }
+    EXPECT_TRUE(fakes.posted.empty()) << "no entry of the menu was chosen";
 }
 
 TEST_F(KeyboardTest, TheKeysToQuitAndToCloseWorkInAnEditor) {

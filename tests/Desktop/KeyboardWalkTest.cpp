@@ -11,12 +11,14 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <string>
@@ -231,6 +233,31 @@ TEST_P(KeyboardWalkTest, ReturnAndSpacePressEveryButtonAndTheFocusStays) {
                               (now->focusPolicy() & Qt::TabFocus);
         EXPECT_TRUE(isUseful) << nameOf(now) << " has the focus after " << name;
         stage.reset(); // the next button is pressed in the scene as it was
+    }
+}
+
+/// All that shows below `object` and says that it has the focus.
+std::vector<std::string> focusedBelow(const QAccessibleInterface& object) {
+    constexpr int enough = 200; // rows, of which there may be thousands
+    std::vector<std::string> names;
+    for (int index = 0; index < std::min(object.childCount(), enough); ++index) {
+        const auto* child = object.child(index);
+        if (!child || child->state().invisible)
+            continue;
+        if (child->state().focused)
+            names.push_back(child->text(QAccessible::Name).toStdString());
+        std::ranges::copy(focusedBelow(*child), std::back_inserter(names));
+    }
+    return names;
+}
+
+TEST_P(KeyboardWalkTest, OneThingAtATimeReportsTheFocus) {
+    Stage stage(GetParam(), {1100, 1600});
+    const auto* window = QAccessible::queryAccessibleInterface(&stage.window);
+    for (auto* control : stage.stops()) {
+        control->setFocus();
+        const auto focused = focusedBelow(*window);
+        EXPECT_EQ(focused.size(), 1U) << nameOf(control) << testing::PrintToString(focused);
     }
 }
 

@@ -100,6 +100,12 @@ class Control:
     def range(self) -> tuple[float, float]:
         return Atspi.Value.get_minimum_value(self.accessible), Atspi.Value.get_maximum_value(self.accessible)
 
+    @property
+    def extents(self) -> tuple[int, int, int, int]:
+        """Left, top, right and bottom edge on the screen."""
+        place = Atspi.Component.get_extents(self.accessible, Atspi.CoordType.SCREEN)
+        return place.x, place.y, place.x + place.width, place.y + place.height
+
     # What can be done with it.
 
     @property

@@ -4,7 +4,7 @@ in the window; each must be the only one of its kind and name.
 
 from __future__ import annotations  # the name of a method below is one of a type too
 
-from accessible import Control, Program, Role, State, until
+from accessible import Atspi, Control, Program, Role, State, until
 
 BUTTONS = (Role.PUSH_BUTTON, Role.CHECK_BOX)
 
@@ -58,6 +58,12 @@ class Korvane(Program):
         return others()[0]
 
     # Doing.
+
+    def activate(self) -> None:
+        """Gives the window the keyboard. There is no window manager to do it; a click into the empty strip does."""
+        left, top, right, _ = self.window.extents
+        Atspi.generate_mouse_event((left + right) // 2, top + 10, "b1c")
+        until(lambda: self.window.has(State.ACTIVE), lambda: "the window is not active")
 
     def open(self, tool: str) -> None:
         row = next(row for row in self.list("Tools").children if row.name == tool)

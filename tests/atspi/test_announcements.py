@@ -2,6 +2,8 @@
 
 import pytest
 
+from accessible import Control, Role, until
+
 
 @pytest.fixture
 def listening(korvane):
@@ -77,6 +79,16 @@ def test_progress_is_announced(listening):
     listening.write("Test String", "a" * 40)
     listening.write("Pattern", "(a|aa)+b")
     listening.announces("Matching...")
+
+
+def test_what_was_announced_is_gone_a_while_later(listening):
+    listening.press("Validate")
+    listening.announces("Input is empty")
+
+    def left() -> list[Control]:
+        return [control for control in listening.window.children if control.role == Role.NOTIFICATION]
+
+    until(lambda: not left(), lambda: f"there are still {left()}")
 
 
 def test_a_new_screen_is_not_read_out(listening):

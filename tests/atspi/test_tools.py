@@ -71,8 +71,7 @@ def test_hash_generator(korvane):
     korvane.press("Generate All")
     korvane.reads("MD5", "900150983cd24fb0d6963f7d28e17f72")
     korvane.reads("SHA1", "a9993e364706816aba3e25717850c26c9cd0d89d")
-    korvane.press("SHA1")
-    korvane.is_on("SHA1")
+    korvane.choose("SHA1")
     korvane.press("Copy SHA1")
     korvane.is_on("Live Update")
     korvane.write("Input Text", "")
@@ -110,9 +109,18 @@ def test_timestamp_converter(korvane):
     assert "1970" in korvane.reads_something("Result")
     shown = korvane.editor("Date in Seconds").text
     korvane.press("Previous Month")
-    day = next(day for day in korvane.window.descendants() if day.role == Role.CHECK_BOX and " 10, " in day.name)
+    day = next(day for day in korvane.window.descendants() if day.role == Role.RADIO_BUTTON and " 10, " in day.name)
     day.press()
     until(lambda: korvane.editor("Date in Seconds").text != shown, lambda: f"{day} changes nothing")
+
+
+def test_the_time_of_a_timestamp_is_a_value(korvane):
+    korvane.open("Timestamp")
+    time = korvane.find("Select Date", Role.SPIN_BUTTON)
+    assert time.range == (0, 24 * 60 - 1)
+    korvane.step("Select Date", 13 * 60 + 5)
+    korvane.is_at("Select Date", 13 * 60 + 5)
+    assert "05" in time.text
 
 
 def test_regex_tester(korvane):
@@ -137,7 +145,7 @@ def test_regex_tester(korvane):
 
 def test_color_picker(korvane):
     korvane.open("Color Picker")
-    korvane.write("HEX", "#FF8000")
+    korvane.write("HEX Input", "#FF8000")
     korvane.press("Apply")
     korvane.reads("RGB", "rgb(255, 128, 0)")
     korvane.slide("Opacity", 0.5)
@@ -165,9 +173,8 @@ def test_text_diff(korvane):
 def test_text_transformer(korvane):
     korvane.open("Text Transformer")
     korvane.write("Input Text", "one two")
-    korvane.press("UPPERCASE")
+    korvane.choose("UPPERCASE")
     korvane.reads("Output", "ONE TWO")
-    korvane.is_on("UPPERCASE")
     korvane.choose("Statistics")
     korvane.shows("Words")
     korvane.shows("7")

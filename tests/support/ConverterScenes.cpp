@@ -94,7 +94,7 @@ std::vector<Scene> converterScenes() {
          }},
         {"color", Tool::colorPicker,
          [](const ScreenDriver& screen, FakeServices&) {
-             screen.enter("HEX", "ff8000");
+             screen.enter("HEX Input", "ff8000");
              screen.press("Apply");
              screen.slider("Opacity").setValue(screen.slider("Opacity").maximum() * 6 / 10);
          }},

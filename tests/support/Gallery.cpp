@@ -82,8 +82,8 @@ QWidget* options(View<Base64View>& view) {
             states([&] { return view.slider("Slider", half, nothing, {.color = PaletteColor::red}); }),
             states([&] { return view.stepper("Stepper", five, nothing, {}); }),
             states([&] {
-                return view.stepper("Stepper", five, nothing,
-                                    {.minimum = 5, .width = 57, .showsValue = false});
+                return view.labelledStepper("Stepper", five, nothing, "Count: 5", 100,
+                                            {.minimum = 5, .width = 57});
             }),
             columns({view.textField("Field", &Base64View::inputText, nothing, {.placeholder = "Type..."}),
                      view.textField("Between", &Base64View::inputText, nothing,

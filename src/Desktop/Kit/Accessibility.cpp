@@ -8,8 +8,11 @@
 #include <QAccessibleWidget>
 #include <QPushButton>
 #include <QSplitterHandle>
+#include <QTimer>
 #include <QToolButton>
 
+#include <chrono>
+#include <optional>
 #include <utility>
 
 namespace korvane {
@@ -17,14 +20,40 @@ namespace korvane {
 namespace {
 
 /// Has no size and shows nothing: the newest announcement of a window, as the kind of object that screen
-/// readers read out whenever it is reported to show.
+/// readers read out whenever it is reported to show. It goes after a while, since whoever goes through the
+/// window later is to find what is there by then.
 class Announcer final : public QWidget, public AccessibleControl {
 public:
-    explicit Announcer(QWidget* window) : QWidget(window) { setFixedSize(0, 0); }
+    explicit Announcer(QWidget* window) : QWidget(window) {
+        setFixedSize(0, 0);
+        m_expiry.setSingleShot(true);
+        m_expiry.setInterval(lifetime);
+        connect(&m_expiry, &QTimer::timeout, this, [this] {
+            hide();
+            deleteLater();
+        });
+    }
+
+    void say(const QString& text) {
+        m_expiry.start();
+        setAccessibleName(text);
+        if (!isVisible()) {
+            show(); // which reports it
+            return;
+        }
+        QAccessibleEvent event(this, QAccessible::ObjectShow);
+        QAccessible::updateAccessibility(&event);
+    }
 
     QAccessibleInterface* newAccessibleInterface() override {
         return new QAccessibleWidget(this, QAccessible::Notification);
     }
+
+private:
+    /// Screen readers ask for the text when they hear of it, which may be late on a busy machine.
+    static constexpr std::chrono::seconds lifetime{3};
+
+    QTimer m_expiry{this};
 };
 
 Announcer* announcerOf(QWidget* window) {
@@ -34,6 +63,21 @@ Announcer* announcerOf(QWidget* window) {
     }
     return new Announcer(window);
 }
+
+/// What lies around the control that takes the focus in its place. The toolkit would report both as focused.
+class ContainerInterface final : public QAccessibleWidget {
+public:
+    explicit ContainerInterface(QWidget* container) : QAccessibleWidget(container) {}
+
+    QAccessible::State state() const override {
+        auto state = QAccessibleWidget::state();
+        if (widget()->focusProxy()) {
+            state.focusable = false;
+            state.focused = false;
+        }
+        return state;
+    }
+};
 
 /// Dialogs of the toolkit have buttons of these two kinds, the kit has none.
 bool isOfToolkit(const QAbstractButton* button) {
@@ -47,6 +91,8 @@ QAccessibleInterface* newInterface(const QString&, QObject* object) {
         return newButtonInterface(button);
     if (auto* handle = qobject_cast<QSplitterHandle*>(object))
         return new QAccessibleWidget(handle, QAccessible::Separator);
+    if (object->metaObject() == &QWidget::staticMetaObject)
+        return new ContainerInterface(static_cast<QWidget*>(object));
     return nullptr; // the toolkit's own will do
 }
 
@@ -62,14 +108,7 @@ void setAccessibleName(QWidget& widget, const QString& name) {
 }
 
 void announce(const QWidget& source, const QString& text) {
-    auto* announcer = announcerOf(source.window());
-    announcer->setAccessibleName(text);
-    if (!announcer->isVisible()) {
-        announcer->show(); // which reports it
-        return;
-    }
-    QAccessibleEvent event(announcer, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&event);
+    announcerOf(source.window())->say(text);
 }
 
 void announceChanges(ViewCore& view, const QWidget& source, std::function<std::string()> text) {

@@ -32,7 +32,8 @@ void installAccessibility();
 /// that is the name already.
 void setAccessibleName(QWidget& widget, const QString& name);
 
-/// Has assistive technology read out `text`, which has appeared somewhere in the window of `source`.
+/// Has assistive technology read out `text`, which has appeared somewhere in the window of `source`. It stays
+/// to be asked for by assistive technology for a few seconds.
 void announce(const QWidget& source, const QString& text);
 
 /// Announces what `text` reads whenever it has become another one, but for an empty one. What it reads at

@@ -18,7 +18,9 @@ public:
     QAccessible::Role role() const override {
         if (!button().isCheckable())
             return QAccessible::Button;
-        return button().autoExclusive() ? QAccessible::RadioButton : QAccessible::CheckBox;
+        // The button may not have been complete yet when this interface was made.
+        const bool isChoice = button().autoExclusive() || dynamic_cast<const ChoiceButton*>(&button());
+        return isChoice ? QAccessible::RadioButton : QAccessible::CheckBox;
     }
 
     QAccessible::State state() const override {

@@ -47,7 +47,8 @@ public:
 
     void setText(QAccessible::Text, const QString&) override {}
 
-    QRect rect() const override { return m_rows.accessibleRowPlace(m_row); }
+    /// What is seen of it; empty while nothing is.
+    QRect rect() const override { return m_rows.accessibleRowPlace(m_row).intersected(list()->rect()); }
 
     QAccessible::Role role() const override { return QAccessible::ListItem; }
 
@@ -58,12 +59,12 @@ public:
         state.selectable = row.isEnabled;
         state.selected = row.isSelected;
         state.focusable = true;
-        state.focused = row.isCurrent && m_list->hasFocus();
+        state.focused = m_row == m_rows.accessibleCurrentRow() && m_list->hasFocus();
         state.expandable = row.isExpanded.has_value();
         state.expanded = row.isExpanded.value_or(false);
         state.collapsed = row.isExpanded.has_value() && !*row.isExpanded;
         state.invisible = !m_list->isVisible();
-        state.offscreen = !rect().intersects(list()->rect());
+        state.offscreen = rect().isEmpty();
         return state;
     }
 
@@ -132,12 +133,16 @@ public:
         return child(m_rows.accessibleRowAt({x, y}));
     }
 
+    QAccessible::State state() const override {
+        auto state = QAccessibleWidget::state();
+        if (m_rows.accessibleCurrentRow() >= 0)
+            state.focused = false; // the row has it
+        return state;
+    }
+
     QAccessibleInterface* focusChild() const override {
-        for (const auto& [row, id] : m_known) {
-            if (m_rows.accessibleRow(row).isCurrent && widget()->hasFocus())
-                return child(row);
-        }
-        return QAccessibleWidget::focusChild();
+        auto* row = widget()->hasFocus() ? child(m_rows.accessibleCurrentRow()) : nullptr;
+        return row ? row : QAccessibleWidget::focusChild();
     }
 
     void forgetRows() {

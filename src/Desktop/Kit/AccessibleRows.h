@@ -17,7 +17,6 @@ struct AccessibleRow {
     QString name{};
     std::optional<bool> isExpanded{}; ///< none where there is nothing to unfold
     bool isSelected = false;
-    bool isCurrent = false;    ///< has the list's keyboard position
     bool isEnabled = true;     ///< can be pressed, where rows can be
     QWidget* button = nullptr; ///< that lies over the row, if there is one
 };
@@ -42,7 +41,11 @@ public:
     virtual int accessibleRowCount() const = 0;
     virtual AccessibleRow accessibleRow(int row) const = 0;
 
-    /// In the coordinates of the screen.
+    /// The row with the list's keyboard position, which has the focus when the list has it; -1 where no row
+    /// takes it.
+    virtual int accessibleCurrentRow() const = 0;
+
+    /// In the coordinates of the screen. What the list hides of it counts as well.
     virtual QRect accessibleRowPlace(int row) const = 0;
 
     /// -1 where there is none.

@@ -55,8 +55,10 @@ public:
             return;
         m_color = color;
         // Where the dialog shows the colour already, it may know more of it, such as the hue of a gray.
-        if (m_dialog && colorOf(m_dialog->currentColor()) != color)
+        if (m_dialog && colorOf(m_dialog->currentColor()) != color) {
+            m_restored = color;
             m_dialog->setCurrentColor(qColor(color));
+        }
         update();
     }
 
@@ -90,12 +92,14 @@ private:
         dialog->setWindowTitle(text());
         connect(dialog, &QColorDialog::currentColorChanged, this,
                 [this](const QColor& color) { m_parts.setColor(colorOf(color)); });
-        connect(dialog, &QDialog::rejected, this, [this, before = m_color] { m_parts.setColor(before); });
+        m_restored = m_color;
+        connect(dialog, &QDialog::rejected, this, [this] { m_parts.setColor(m_restored); });
         return dialog;
     }
 
     ColorWellParts m_parts;
     Color m_color{};
+    Color m_restored{}; // when the dialog is cancelled
     QPointer<QColorDialog> m_dialog{};
 };
 

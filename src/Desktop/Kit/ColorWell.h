@@ -19,7 +19,8 @@ struct ColorWellParts {
     std::function<void(Color)> setColor;
 };
 
-/// The colour changes while the user looks for one in the dialog; cancelling the dialog brings it back.
+/// The colour changes while the user looks for one in the dialog. Cancelling the dialog takes back what was
+/// chosen in it, and not what another control has set meanwhile.
 QWidget* colorWell(ViewCore& view, ColorWellParts parts);
 
 struct ColorSwatchParts {

@@ -1,5 +1,6 @@
 #include "Desktop/Kit/HashRow.h"
 
+#include "Desktop/Kit/AccessibleButton.h"
 #include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/ElidedField.h"
 #include "Desktop/Kit/FocusRing.h"
@@ -26,7 +27,7 @@ using Theme::TextStyle;
 namespace {
 
 /// The row's surface, in the colour of its algorithm while it is the chosen one.
-class HashRowButton final : public QAbstractButton {
+class HashRowButton final : public QAbstractButton, public ChoiceButton {
 public:
     HashRowButton(std::string_view name, PaletteColor color) : m_color(color) {
         setText(qString(name));

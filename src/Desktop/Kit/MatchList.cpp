@@ -211,8 +211,11 @@ AccessibleRow MatchList::accessibleRow(int row) const {
     const auto line = static_cast<std::size_t>(row);
     auto* shown = m_rows[line % m_rows.size()];
     return {.name = qString(MatchRow::name(m_matches.line(line))),
-            .isCurrent = line == m_current,
             .button = shown->isVisible() && shown->number() == line ? &shown->copyButton() : nullptr};
+}
+
+int MatchList::accessibleCurrentRow() const {
+    return m_matches.empty() ? -1 : static_cast<int>(m_current);
 }
 
 QRect MatchList::accessibleRowPlace(int row) const {

@@ -42,6 +42,7 @@ public:
 
     int accessibleRowCount() const override;
     AccessibleRow accessibleRow(int row) const override;
+    int accessibleCurrentRow() const override;
     QRect accessibleRowPlace(int row) const override;
     int accessibleRowAt(QPoint position) const override;
 

@@ -66,9 +66,10 @@ public:
     AccessibleRow accessibleRow(int row) const override {
         return {.name = entryText(row),
                 .isSelected = row == currentIndex(),
-                .isCurrent = row == currentIndex(),
                 .isEnabled = obstacle(row).isEmpty()};
     }
+
+    int accessibleCurrentRow() const override { return -1; } // the picker itself has the focus
 
     QRect accessibleRowPlace(int) const override { return {mapToGlobal(QPoint()), size()}; }
 

@@ -1,5 +1,6 @@
 #include "Desktop/Kit/MonthGrid.h"
 
+#include "Desktop/Kit/AccessibleButton.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/Panel.h"
@@ -36,7 +37,7 @@ QDate firstInGrid(QDate month) {
 
 } // namespace
 
-class DayButton final : public QAbstractButton {
+class DayButton final : public QAbstractButton, public ChoiceButton {
 public:
     explicit DayButton(MonthGrid* grid) : m_grid(grid) {
         setFixedSize(Theme::px(Size::calendarDayWidth), Theme::px(Size::calendarDayHeight));

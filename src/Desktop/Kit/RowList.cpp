@@ -165,7 +165,6 @@ AccessibleRow RowList::accessibleRow(int row) const {
     return {.name = qString(m_source.name(row)),
             .isExpanded = m_source.isExpanded(row),
             .isSelected = m_source.isChosen(row) || (hasTexts() && !m_selection.in(row).isEmpty()),
-            .isCurrent = row == currentRow(),
             .button = m_source.button(row)};
 }
 

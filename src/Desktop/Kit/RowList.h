@@ -112,6 +112,9 @@ public:
 
     int accessibleRowCount() const override;
     AccessibleRow accessibleRow(int row) const override;
+
+    int accessibleCurrentRow() const override { return currentRow(); }
+
     QRect accessibleRowPlace(int row) const override;
     int accessibleRowAt(QPoint position) const override;
 

@@ -22,6 +22,7 @@ SelectableText::SelectableText(SelectableTextOptions options) : m_options(std::m
     if (m_options.isTabStop)
         giveFocusRing(this, this, Theme::Size::radiusBadge);
     setAlignment(m_options.alignment);
+    setBreaksValuesAnywhere();
     setPlaceholder(qString(m_options.placeholder));
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);

@@ -2,6 +2,8 @@
 
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Glyph.h"
+#include "Desktop/Kit/Labels.h"
+#include "Desktop/Kit/Layout.h"
 #include "Desktop/Kit/LineEdit.h"
 #include "Desktop/Kit/Panel.h"
 #include "Desktop/Kit/Strings.h"
@@ -9,13 +11,16 @@
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
+#include <QFocusEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QSpinBox>
 #include <QStyleOptionSpinBox>
+#include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane {
 
@@ -48,28 +53,59 @@ public:
     }
 };
 
+class NumberEdit final : public LineEdit {
+public:
+    using LineEdit::LineEdit;
+
+    /// To be called when a press gives it the focus.
+    void selectOnRelease() { m_selectsOnRelease = true; }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        LineEdit::mouseReleaseEvent(event);
+        if (std::exchange(m_selectsOnRelease, false) && !hasSelectedText())
+            selectAll();
+    }
+
+private:
+    bool m_selectsOnRelease = false;
+};
+
 class Stepper final : public QSpinBox {
 public:
-    explicit Stepper(const StepperOptions& options) {
+    explicit Stepper(const StepperOptions& options) : m_edit(new NumberEdit(Theme::TextStyle::bodyMedium)) {
         auto* look = new StepperStyle;
         look->setParent(this); // widgets do not own their style
         setStyle(look);
-        auto* edit = new LineEdit(Theme::TextStyle::bodyMedium);
-        edit->setObjectName("qt_spinbox_lineedit"); // by which the toolkit knows it as a part of the whole
-        setLineEdit(edit);
+        m_edit->setObjectName("qt_spinbox_lineedit"); // by which the toolkit knows it as a part of the whole
+        setLineEdit(m_edit);
         setRange(options.minimum, options.maximum);
         setSingleStep(options.step);
         setAlignment(Qt::AlignCenter);
         setGroupSeparatorShown(false);
         setMouseTracking(true);
         setFixedSize(Theme::px(options.width), Theme::px(Size::stepperHeight));
-        lineEdit()->setVisible(options.showsValue);
         setFocusPolicy(Qt::StrongFocus);
         neverBeginWith(this);
         giveFocusRing(this, this, Size::radiusSmall);
     }
 
+    void hideValue() { m_edit->hide(); }
+
 protected:
+    /// A first click into the number selects it, as the Tab key does, so that typing replaces it.
+    void focusInEvent(QFocusEvent* event) override {
+        QSpinBox::focusInEvent(event);
+        if (event->reason() == Qt::MouseFocusReason)
+            m_edit->selectOnRelease();
+    }
+
+    void wheelEvent(QWheelEvent* event) override {
+        if (!hasFocus())
+            return event->ignore(); // whoever scrolls past it means what is around it
+        QSpinBox::wheelEvent(event);
+    }
+
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         if (!isEnabled())
@@ -107,16 +143,49 @@ private:
         const auto ink = isHovered ? Role::primary : (canStep ? Role::secondary : Role::placeholder);
         Glyph::paint(painter, glyph, place, Theme::color(ink));
     }
+
+    NumberEdit* m_edit;
 };
 
-} // namespace
+/// Passes on what is pressed beside the stepper, which it holds.
+class LabelledStepper final : public QWidget {
+public:
+    explicit LabelledStepper(Stepper* stepper) : m_stepper(stepper) { m_stepper->hideValue(); }
 
-QWidget* stepper(ViewCore& view, StepperParts parts) {
+protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        if (event->button() != Qt::LeftButton)
+            return event->ignore();
+        m_stepper->setFocus(Qt::MouseFocusReason);
+        m_stepper->selectAll();
+    }
+
+private:
+    Stepper* m_stepper;
+};
+
+Stepper* newStepper(ViewCore& view, const StepperParts& parts) {
     auto* control = new Stepper(parts.options);
     control->setAccessibleName(qString(parts.name));
     QObject::connect(control, &QSpinBox::valueChanged, control, parts.setValue);
     view.onRefresh([control, value = parts.value] { control->setValue(value()); });
     return control;
+}
+
+} // namespace
+
+QWidget* stepper(ViewCore& view, StepperParts parts) {
+    return newStepper(view, parts);
+}
+
+QWidget* labelledStepper(ViewCore& view, StepperParts parts, StepperLabel label) {
+    auto* control = newStepper(view, parts);
+    auto* text = korvane::label(view, std::move(label.text), Theme::TextStyle::body, Role::primary,
+                                {.width = label.width});
+    text->setCursor(Qt::IBeamCursor);
+    auto* whole = new LabelledStepper(control);
+    fill(whole, Qt::Horizontal, {.spacing = 0}, {text, control});
+    return whole;
 }
 
 } // namespace korvane

@@ -15,8 +15,7 @@ struct StepperOptions {
     int minimum = 0;
     int maximum = 100;
     int step = 1;
-    int width = 120;        ///< in pixels at a 13-pixel body text
-    bool showsValue = true; ///< between the buttons; otherwise it is shown elsewhere
+    int width = 120; ///< in pixels at a 13-pixel body text
 };
 
 struct StepperParts {
@@ -27,5 +26,14 @@ struct StepperParts {
 };
 
 QWidget* stepper(ViewCore& view, StepperParts parts);
+
+struct StepperLabel {
+    std::function<std::string()> text;
+    int width; ///< in pixels at a 13-pixel body text
+};
+
+/// A stepper of which only the two buttons are seen, behind a label that tells the number. A press on the
+/// label is one into the number: what is typed then replaces it.
+QWidget* labelledStepper(ViewCore& view, StepperParts parts, StepperLabel label);
 
 } // namespace korvane

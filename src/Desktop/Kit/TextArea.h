@@ -60,6 +60,9 @@ public:
     /// text.
     void setAlignment(Qt::Alignment alignment);
 
+    /// Has lines without a space break at any character. To be called before a text is set.
+    void setBreaksValuesAnywhere() { m_layout.setBreaksValuesAnywhere(); }
+
     /// How many rows the text takes in a control of `width`. Lays the whole text out; meant for short ones.
     int rowCount(int width) const;
 

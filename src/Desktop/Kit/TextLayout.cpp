@@ -23,18 +23,24 @@ int TextLayout::rowCount(qreal width) const {
     int rows = 0;
     for (auto block = document()->begin(); block.isValid(); block = block.next()) {
         QTextLayout layout(block.text(), document()->defaultFont());
-        rows += layLines(layout, width);
+        rows += layLines(layout, wrapMode(block.text()), width);
     }
     return rows;
 }
 
 int TextLayout::layLines(QTextLayout& layout) const {
-    return layLines(layout, m_frame.width);
+    return layLines(layout, wrapMode(layout.text()), m_frame.width);
 }
 
-int TextLayout::layLines(QTextLayout& layout, qreal width) const {
+QTextOption::WrapMode TextLayout::wrapMode(const QString& text) const {
+    const bool isValue = m_breaksValuesAnywhere &&
+                         std::ranges::none_of(text, [](QChar character) { return character.isSpace(); });
+    return isValue ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere;
+}
+
+int TextLayout::layLines(QTextLayout& layout, QTextOption::WrapMode mode, qreal width) const {
     QTextOption option(m_alignment);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setWrapMode(mode);
     layout.setTextOption(option);
     int rows = 0;
     layout.beginLayout();
@@ -96,7 +102,7 @@ void TextLayout::documentChanged(int from, int removed, int added) {
 bool TextLayout::layBlock(const QTextBlock& block) const {
     auto changed = block;
     changed.setUserState(m_generation);
-    const int rows = layLines(*block.layout());
+    const int rows = layLines(*block.layout(), wrapMode(block.text()), m_frame.width);
     if (rows == block.lineCount())
         return false;
     changed.setLineCount(rows);

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QPlainTextDocumentLayout>
 #include <QTextLayout>
+#include <QTextOption>
 
 namespace korvane {
 
@@ -30,11 +31,15 @@ public:
     /// For blocks that are laid out from now on.
     void setAlignment(Qt::Alignment alignment) { m_alignment = alignment; }
 
+    /// Has blocks without a space break at any character, where others break between words: no part of a
+    /// value belongs more closely together than another. For blocks that are laid out from now on.
+    void setBreaksValuesAnywhere() { m_breaksValuesAnywhere = true; }
+
     /// How many rows the document would have in lines of `width`.
     int rowCount(qreal width) const;
 
-    /// Breaks `layout` into lines. Each line's natural rectangle ends where its row ends: the view takes the
-    /// bottom of a line for the top of the next one when it scrolls.
+    /// Breaks `layout`, which is none of the document's, into lines. Each line's natural rectangle ends where
+    /// its row ends: the view takes the bottom of a line for the top of the next one when it scrolls.
     int layLines(QTextLayout& layout) const;
 
     /// Where to draw a line of a block: at the distance from its own position that puts it on the baseline
@@ -56,10 +61,12 @@ private:
     bool isLaidOut(const QTextBlock& block) const;
     void announceSize() const;
 
-    int layLines(QTextLayout& layout, qreal width) const;
+    QTextOption::WrapMode wrapMode(const QString& text) const; // for a block of this text
+    int layLines(QTextLayout& layout, QTextOption::WrapMode mode, qreal width) const;
 
     Frame m_frame{};
     Qt::Alignment m_alignment = Qt::AlignLeft;
+    bool m_breaksValuesAnywhere = false;
     int m_generation = 0; // a block's user state is the generation of its layout
     int m_blockCount = 1;
     mutable bool m_announcing = false;

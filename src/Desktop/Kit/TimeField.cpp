@@ -1,5 +1,7 @@
 #include "Desktop/Kit/TimeField.h"
 
+#include "Desktop/Kit/Accessibility.h"
+#include "Desktop/Kit/AccessibleTime.h"
 #include "Desktop/Kit/FocusRing.h"
 #include "Desktop/Kit/Glyph.h"
 #include "Desktop/Kit/Layout.h"
@@ -13,6 +15,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimeEdit>
+#include <QWheelEvent>
 
 #include <utility>
 
@@ -28,7 +31,7 @@ QTime wholeMinute(QTime time) {
     return {time.hour(), time.minute()};
 }
 
-class Edit final : public QTimeEdit {
+class Edit final : public QTimeEdit, public AccessibleControl {
 public:
     Edit() {
         setDisplayFormat(CalendarText::usesHalfDays() ? QStringLiteral("h:mm AP") : QStringLiteral("HH:mm"));
@@ -37,6 +40,7 @@ public:
         setWrapping(true);
         setAlignment(Qt::AlignRight);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        setFocusPolicy(Qt::StrongFocus);
         applyTheme();
     }
 
@@ -48,10 +52,18 @@ public:
             QTimeEdit::stepBy(reach * steps);
     }
 
+    QAccessibleInterface* newAccessibleInterface() override { return newTimeInterface(this, lineEdit()); }
+
 protected:
     QValidator::State validate(QString& text, int& position) const override {
         text = qString(onOneLine(utf8String(text)));
         return QTimeEdit::validate(text, position);
+    }
+
+    void wheelEvent(QWheelEvent* event) override {
+        if (!hasFocus())
+            return event->ignore(); // whoever scrolls past it means what is around it
+        QTimeEdit::wheelEvent(event);
     }
 
     void changeEvent(QEvent* event) override {

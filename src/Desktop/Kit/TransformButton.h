@@ -2,6 +2,7 @@
 /// chosen one.
 #pragma once
 
+#include "Desktop/Kit/AccessibleButton.h"
 #include "Desktop/Kit/Buttons.h"
 #include "Desktop/Kit/View.h"
 
@@ -13,7 +14,7 @@
 namespace korvane {
 
 /// A glyph above a title. It is teal while it is checked.
-class TransformButton final : public GlyphButton {
+class TransformButton final : public GlyphButton, public ChoiceButton {
 public:
     TransformButton(std::string_view title, std::string_view icon);
 

@@ -157,6 +157,18 @@ public:
                                         .options = options});
     }
 
+    /// A stepper behind a label that tells its value.
+    template <typename Reader, typename Setter, typename Text>
+    QWidget* labelledStepper(std::string name, Reader value, Setter setter, Text text, int labelWidth,
+                             StepperOptions options) {
+        return korvane::labelledStepper(*this,
+                                        {.name = std::move(name),
+                                         .value = reading<int>(value),
+                                         .setValue = setting<int>(setter),
+                                         .options = options},
+                                        {.text = reading<std::string>(text), .width = labelWidth});
+    }
+
     /// A single line of text that the user types.
     template <typename Reader, typename Setter>
     QWidget* textField(std::string name, Reader text, Setter setter, TextFieldOptions options = {}) {

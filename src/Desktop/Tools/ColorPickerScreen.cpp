@@ -74,12 +74,12 @@ QWidget* colorSlider(View<ColorPickerView>& view, const std::string& label, doub
     const auto wholeValue = [channel](const ColorPickerView& state) {
         return std::to_string(static_cast<int>(state.*channel));
     };
-    return withHeight(
-        channelHeight,
-        row({view.label(label, TextStyle::body, Role::secondary, {.width = channelLabelWidth}),
-             view.slider(label, channel, set, {.maximum = Color::maximumChannel, .color = color}),
-             view.label(wholeValue, TextStyle::body, Role::secondary,
-                        {.width = channelValueWidth, .alignment = Qt::AlignRight})}));
+    return withHeight(channelHeight,
+                      row({view.label(label, TextStyle::body, Role::secondary, {.width = channelLabelWidth}),
+                           view.slider(label, channel, set,
+                                       {.maximum = Color::maximumChannel, .stepsOfOne = 1, .color = color}),
+                           view.label(wholeValue, TextStyle::body, Role::secondary,
+                                      {.width = channelValueWidth, .alignment = Qt::AlignRight})}));
 }
 
 QWidget* manualInput(View<ColorPickerView>& view) {
@@ -90,7 +90,7 @@ QWidget* manualInput(View<ColorPickerView>& view) {
                       stack(Qt::Vertical, {},
                             {
                                 view.label("HEX", TextStyle::subheadline, Role::secondary),
-                                row({view.textField("HEX", &ColorPickerView::hexInput,
+                                row({view.textField("HEX Input", &ColorPickerView::hexInput,
                                                     &ColorPickerView::setHexInput,
                                                     {.placeholder = "#RRGGBB",
                                                      .style = TextStyle::codeSmall,

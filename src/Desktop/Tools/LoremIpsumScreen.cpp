@@ -10,7 +10,6 @@ namespace {
 
 using State = LoremIpsumView;
 using Theme::Size;
-using Theme::TextStyle;
 
 constexpr int typePickerWidth = 280;
 constexpr int countLabelWidth = 100;
@@ -21,14 +20,9 @@ QWidget* options(View<State>& view) {
         {
             view.segmentedPicker("Type", &State::generationType, &State::setGenerationType, typePickerWidth,
                                  SegmentLook::withIcons),
-            stack(Qt::Horizontal, {.spacing = 0},
-                  {view.label(&State::countLabel, TextStyle::body, Theme::Role::primary,
-                              {.width = countLabelWidth}),
-                   view.stepper("Count", &State::count, &State::setCount,
-                                {.minimum = State::minimumCount,
-                                 .maximum = State::maximumCount,
-                                 .width = stepperWidth,
-                                 .showsValue = false})}),
+            view.labelledStepper(
+                "Count", &State::count, &State::setCount, &State::countLabel, countLabelWidth,
+                {.minimum = State::minimumCount, .maximum = State::maximumCount, .width = stepperWidth}),
             view.toggle("Start with \"Lorem ipsum...\"", &State::startWithLorem, &State::setStartWithLorem,
                         {.look = ToggleLook::checkbox}),
             stretch(),

@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
@@ -36,11 +37,34 @@ constexpr std::array editCommands{
     EditCommand{"&Paste", QKeySequence::Paste},   EditCommand{"Select &All", QKeySequence::SelectAll, true},
 };
 
-/// Shows `keys` beside the action without answering to them: the shortcut belongs to the menu alone, which
-/// never has the focus, so it cannot stand in the way of whoever does answer.
-void showShortcut(QAction* action, const QKeySequence& keys) {
-    action->setShortcut(keys);
+/// Of which Escape leaves the menu bar, too: the toolkit would give that the focus.
+class Menu final : public QMenu {
+public:
+    Menu(const QString& title, QMenuBar* bar) : QMenu(title, bar), m_bar(bar) {}
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QMenu::keyPressEvent(event);
+        if (event->matches(QKeySequence::Cancel))
+            pressKeys(m_bar, QKeySequence::Cancel);
+    }
+
+private:
+    QMenuBar* m_bar;
+};
+
+/// Shows `keys` beside the action without answering to them. The action has them only while its menu is open:
+/// whenever the menu bar has the focus, it would contend for them with whoever does answer.
+void showShortcut(const QMenu* menu, QAction* action, const QKeySequence& keys) {
     action->setShortcutContext(Qt::WidgetShortcut);
+    QObject::connect(menu, &QMenu::aboutToShow, action, [action, keys] { action->setShortcut(keys); });
+    QObject::connect(menu, &QMenu::aboutToHide, action, [action] { action->setShortcut({}); });
+}
+
+QMenu* addMenu(QMenuBar* bar, const QString& title) {
+    auto* menu = new Menu(title, bar);
+    bar->addMenu(menu);
+    return menu;
 }
 
 QAction* addLabel(QMenu* menu, std::string_view text) {
@@ -56,7 +80,7 @@ void addFileMenu(QMenuBar* bar, QWidget* window, Services& services) {
     addLabel(menu, MenuTexts::tools)->setFont(Theme::font(Theme::TextStyle::caption));
     for (const auto tool : allCases<Tool>) {
         auto* action = menu->addAction(qString(rawValue(tool)));
-        showShortcut(action, shortcutKeys(tool));
+        showShortcut(menu, action, shortcutKeys(tool));
         QObject::connect(action, &QAction::triggered, window,
                          [tool, &services] { postSelectTool(tool, services); });
     }
@@ -79,7 +103,7 @@ void addEditMenu(QMenuBar* bar, QWidget* window) {
         if (command.startsGroup)
             menu->addSeparator();
         auto* action = menu->addAction(QMenuBar::tr(command.title));
-        showShortcut(action, QKeySequence(command.key));
+        showShortcut(menu, action, QKeySequence(command.key));
         QObject::connect(action, &QAction::triggered, window, [control, key = command.key] {
             if (*control && answersTo(*control, key))
                 pressKeys(*control, key);

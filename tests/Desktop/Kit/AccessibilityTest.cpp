@@ -14,6 +14,7 @@
 #include <QAccessible>
 #include <QCoreApplication>
 #include <QRegularExpressionValidator>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -98,6 +99,64 @@ TEST(AccessibilityTest, RowsAreItemsThatCanBePressed) {
     row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     QCoreApplication::processEvents();
     EXPECT_EQ(pressed, 999'999);
+}
+
+TEST(AccessibilityTest, ARowIsWhereItIsSeen) {
+    QWidget window;
+    window.resize(400, 300);
+    RowList list({.count = [] { return 100; },
+                  .name = [](int row) { return std::to_string(row); },
+                  .paint = [](QPainter&, const QRect&, int, RowState) {},
+                  .width = [] { return 5000; },
+                  .height = 30});
+    list.setParent(&window);
+    list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list.setGeometry(20, 20, 200, 100);
+    window.show();
+    settle();
+    auto& rows = interfaceOf(list);
+    const auto origin = rows.rect().topLeft();
+    EXPECT_EQ(rows.child(0)->rect(), QRect(origin, QSize(200, 30)));
+    EXPECT_EQ(rows.child(3)->rect(), QRect(origin + QPoint(0, 90), QSize(200, 10)));
+    EXPECT_FALSE(rows.child(3)->state().offscreen);
+    EXPECT_TRUE(rows.child(4)->rect().isEmpty());
+    EXPECT_TRUE(rows.child(4)->state().offscreen);
+    list.setCurrentRow(99);
+    EXPECT_TRUE(rows.child(0)->rect().isEmpty());
+    EXPECT_EQ(rows.child(99)->rect(), QRect(origin + QPoint(0, 70), QSize(200, 30)));
+}
+
+TEST(AccessibilityTest, TheFocusIsInTheRowOfAList) {
+    RowList list({.count = [] { return 3; },
+                  .name = [](int row) { return std::to_string(row); },
+                  .paint = [](QPainter&, const QRect&, int, RowState) {},
+                  .height = 30});
+    list.show();
+    list.activateWindow();
+    list.setFocus();
+    settle();
+    list.setCurrentRow(1);
+    auto& rows = interfaceOf(list);
+    EXPECT_EQ(rows.focusChild(), rows.child(1));
+    EXPECT_TRUE(rows.child(1)->state().focused);
+    EXPECT_FALSE(rows.child(0)->state().focused);
+    EXPECT_FALSE(rows.state().focused);
+}
+
+TEST(AccessibilityTest, AnAnnouncementGoesAfterAWhile) {
+    QWidget window;
+    window.show();
+    announce(window, "one");
+    announce(window, "two");
+    EXPECT_EQ(announcement(window), "two");
+    auto* expiry = window.findChild<QTimer*>();
+    ASSERT_TRUE(expiry && expiry->isActive());
+    expiry->setInterval(0); // as if the time were over
+    settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(interfaceOf(window).childCount(), 0);
+    announce(window, "three");
+    EXPECT_EQ(announcement(window), "three");
 }
 
 struct Level {

@@ -79,6 +79,28 @@ TEST_F(ColorWellTest, CancellingBringsTheColorBack) {
     EXPECT_EQ(state().color, Color::fromChannels(255, 128, 0));
 }
 
+TEST_F(ColorWellTest, CancellingKeepsWhatAnotherControlHasSet) {
+    const auto set = [this](int red, int green, int blue) {
+        frame->view().perform([&](Painting& state) { state.color = Color::fromChannels(red, green, blue); });
+    };
+    screen.press("Select Color");
+    set(9, 8, 7);
+    dialog()->reject();
+    settle();
+    EXPECT_EQ(state().color, Color::fromChannels(9, 8, 7));
+    screen.press("Select Color");
+    dialog()->setCurrentColor(QColor::fromRgb(1, 2, 3));
+    set(60, 70, 80);
+    dialog()->setCurrentColor(QColor::fromRgb(4, 5, 6));
+    dialog()->reject();
+    settle();
+    EXPECT_EQ(state().color, Color::fromChannels(60, 70, 80)) << "the choices in the dialog are taken back";
+    set(1, 1, 1);
+    screen.press("Select Color");
+    dialog()->reject();
+    EXPECT_EQ(state().color, Color::fromChannels(1, 1, 1));
+}
+
 TEST_F(ColorWellTest, TheDialogFollowsTheState) {
     screen.press("Select Color");
     frame->view().perform([](Painting& painting) { painting.color = Color::fromChannels(9, 8, 7); });

@@ -6,9 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
 #include <QSpinBox>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include <memory>
@@ -19,6 +24,8 @@ namespace {
 struct Form {
     bool isOn = false;
     double share = 0.25;
+    double quality = 0.9;
+    double channel = 200;
     double length = 16;
     int count = 5;
     std::string text{};
@@ -29,9 +36,15 @@ struct Form {
 
     void setShare(double newShare) { share = newShare; }
 
+    void setQuality(double newQuality) { quality = newQuality; }
+
+    void setChannel(double newChannel) { channel = newChannel; }
+
     void setLength(double newLength) { length = newLength; }
 
     void setCount(int newCount) { count = newCount; }
+
+    std::string countLabel() const { return "Count: " + std::to_string(count); }
 
     void setText(std::string newText) { text = std::move(newText); }
 
@@ -47,8 +60,13 @@ QWidget* controlsBody(View<Form>& view) {
             view.toggle("Switch", &Form::isOn, &Form::setOn),
             view.toggle("Box", &Form::isOn, &Form::setOn, {.look = ToggleLook::checkbox}),
             view.slider("Share", &Form::share, &Form::setShare, {}),
-            view.slider("Length", &Form::length, &Form::setLength, {.minimum = 8, .maximum = 128, .step = 1}),
+            view.slider("Quality", &Form::quality, &Form::setQuality, {.minimum = 0.1}),
+            view.slider("Channel", &Form::channel, &Form::setChannel, {.maximum = 255, .stepsOfOne = 1}),
+            view.slider("Length", &Form::length, &Form::setLength,
+                        {.minimum = 8, .maximum = 128, .stepsOfOne = 1, .isContinuous = false}),
             view.stepper("Count", &Form::count, &Form::setCount, {.minimum = 1, .maximum = 100}),
+            view.labelledStepper("Hidden Count", &Form::count, &Form::setCount, &Form::countLabel, 100,
+                                 {.minimum = 1, .maximum = 100, .width = 57}),
             view.textField("Text", &Form::text, &Form::setText, {.submit = view.performing(&Form::submit)}),
             view.selectableText("Shown", &Form::text),
             view.errorMessage(&Form::error),
@@ -84,6 +102,75 @@ TEST_F(ControlsTest, ASliderWithAStepGoesFromValueToValue) {
     EXPECT_EQ(state().length, 128);
     QTest::keyClick(&screen.slider("Length"), Qt::Key_Home);
     EXPECT_EQ(state().length, 8);
+}
+
+TEST_F(ControlsTest, TheKeysOfASliderReachEveryWholeStepExactly) {
+    auto& slider = screen.slider("Quality");
+    QTest::keyClick(&slider, Qt::Key_Home);
+    EXPECT_EQ(state().quality, 0.1);
+    for (int percent = 10; percent < 100; ++percent) {
+        EXPECT_EQ(static_cast<int>(state().quality * 100), percent) << "as a screen shows it";
+        EXPECT_NEAR(state().quality, percent / 100.0, 1e-15);
+        QTest::keyClick(&slider, Qt::Key_Right);
+    }
+    EXPECT_EQ(state().quality, 1);
+    for (int percent = 100; percent > 10; --percent) {
+        EXPECT_EQ(static_cast<int>(state().quality * 100), percent);
+        QTest::keyClick(&slider, Qt::Key_Left);
+    }
+    EXPECT_EQ(state().quality, 0.1);
+}
+
+TEST_F(ControlsTest, TheKeysOfASliderStepFromWhatIsShown) {
+    auto& slider = screen.slider("Channel");
+
+    struct Step {
+        Qt::Key key;
+        double from;
+        double to;
+    };
+
+    const Step steps[] = {
+        {Qt::Key_Right, 200, 201},    {Qt::Key_Left, 201, 200},    {Qt::Key_Right, 100.4, 101},
+        {Qt::Key_Left, 100.4, 99},    {Qt::Key_Up, 0, 1},          {Qt::Key_Down, 1, 0},
+        {Qt::Key_PageUp, 100.4, 110}, {Qt::Key_PageDown, 3.5, 0},  {Qt::Key_Right, 255, 255},
+        {Qt::Key_Left, 0, 0},         {Qt::Key_Right, 254.9, 255}, {Qt::Key_Home, 12.5, 0},
+        {Qt::Key_End, 12.5, 255},     {Qt::Key_Left, 1000, 254},   {Qt::Key_PageUp, 250, 255},
+    };
+    for (const auto& step : steps) {
+        change([&](Form& form) { form.channel = step.from; });
+        QTest::keyClick(&slider, step.key);
+        EXPECT_EQ(state().channel, step.to) << step.key << " from " << step.from;
+    }
+}
+
+TEST_F(ControlsTest, TheWheelChangesOnlyWhatHasTheFocus) {
+    const auto turn = [](QWidget& control, int angle) {
+        const auto place = QPointF(control.rect().center());
+        QWheelEvent event(place, control.mapToGlobal(place), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&control, &event);
+        return event.isAccepted();
+    };
+    constexpr auto notch = static_cast<int>(QWheelEvent::DefaultDeltasPerStep);
+    for (auto* control : std::initializer_list<QWidget*>{&screen.slider("Length"), &screen.slider("Channel"),
+                                                         &screen.stepper("Count")}) {
+        screen.field("Text").setFocus();
+        const auto before = state();
+        EXPECT_FALSE(turn(*control, notch)) << "what is around it scrolls";
+        EXPECT_EQ(state(), before);
+        EXPECT_FALSE(control->hasFocus());
+        control->setFocus();
+        EXPECT_TRUE(turn(*control, notch));
+        EXPECT_NE(state(), before);
+        EXPECT_TRUE(turn(*control, -notch));
+        EXPECT_EQ(state(), before) << control->accessibleName().toStdString();
+    }
+    screen.slider("Channel").setFocus();
+    const auto before = state().channel;
+    for (int part = 0; part < 4; ++part)
+        turn(screen.slider("Channel"), notch / 4);
+    EXPECT_EQ(state().channel, before + QApplication::wheelScrollLines());
 }
 
 TEST_F(ControlsTest, ASliderGoesWhereItIsPressed) {
@@ -123,6 +210,35 @@ TEST_F(ControlsTest, AStepperStaysWithinItsBounds) {
     EXPECT_EQ(state().count, 1);
 }
 
+TEST_F(ControlsTest, AClickIntoANumberHasTypingReplaceIt) {
+    auto& number = *screen.stepper("Count").findChild<QLineEdit*>();
+    change([](Form& form) { form.count = 42; });
+    QTest::mouseClick(&number, Qt::LeftButton, {}, {number.width() - 2, number.height() / 2});
+    ASSERT_TRUE(screen.stepper("Count").hasFocus());
+    QTest::keyClicks(&screen.stepper("Count"), "7");
+    EXPECT_EQ(state().count, 7);
+    QTest::keyClicks(&screen.stepper("Count"), "5");
+    EXPECT_EQ(state().count, 75);
+    QTest::mouseClick(&number, Qt::LeftButton, {}, {number.width() - 2, number.height() / 2});
+    QTest::keyClick(&screen.stepper("Count"), Qt::Key_Backspace);
+    EXPECT_EQ(state().count, 7) << "a second click puts the caret there";
+}
+
+TEST_F(ControlsTest, AClickOnTheLabelOfAStepperIsOneIntoItsNumber) {
+    auto& stepper = screen.stepper("Hidden Count");
+    auto* label = stepper.parentWidget()->findChild<QLabel*>();
+    ASSERT_TRUE(screen.shows("Count: 5"));
+    for (const auto* number : {"7", "30"}) {
+        screen.field("Text").setFocus();
+        QTest::mouseClick(label, Qt::LeftButton, {}, {3, 3});
+        ASSERT_TRUE(stepper.hasFocus());
+        QTest::keyClicks(&stepper, number);
+        EXPECT_TRUE(screen.shows(std::string("Count: ") + number));
+    }
+    QTest::mouseClick(&stepper, Qt::LeftButton, {}, {3, stepper.height() / 2});
+    EXPECT_EQ(state().count, 29);
+}
+
 TEST_F(ControlsTest, AFieldGivesBackWhatIsTypedAndCanUndoWhatWasSet) {
     screen.enter("Text", "año");
     EXPECT_EQ(state().text, "año");
@@ -144,6 +260,30 @@ TEST_F(ControlsTest, ASelectableTextIsAsHighAsItsTextNeeds) {
     EXPECT_GE(text.height(), 3 * row);
     EXPECT_EQ(text.height(), text.rowCount(text.width()) * row);
     EXPECT_EQ(screen.text("Shown"), std::string(400, 'm'));
+}
+
+TEST_F(ControlsTest, AValueBreaksAtAnyCharacterAndASentenceBetweenWords) {
+    const auto& text = screen.editor("Shown");
+    const auto rowsOf = [&](const std::string& shown) {
+        change([&](Form& form) { form.text = shown; });
+        settle();
+        std::vector<int> rows;
+        const auto* layout = text.document()->begin().layout();
+        for (int row = 0; row < layout->lineCount(); ++row)
+            rows.push_back(layout->lineAt(row).textLength());
+        return rows;
+    };
+    const auto even = rowsOf(std::string(400, 'm'));
+    ASSERT_GT(even.size(), 2U);
+    std::string mixed(400, 'm');
+    for (auto place = static_cast<std::size_t>(even.front() / 2); place < mixed.size(); place += 20)
+        mixed[place] = '-'; // at which a sentence may be broken
+    EXPECT_GE(rowsOf(mixed).front(), even.front());
+    EXPECT_LE(rowsOf(mixed).size(), even.size());
+    const auto almost = even.front() - 10; // as many as fit into a row
+    const auto words =
+        rowsOf(std::string(static_cast<std::size_t>(almost), 'm') + " " + std::string(20, 'm'));
+    EXPECT_EQ(words, (std::vector{almost + 1, 20})) << "the second word stays whole";
 }
 
 TEST_F(ControlsTest, AnErrorIsShownWhileThereIsOne) {

@@ -9,10 +9,12 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QDateTime>
 #include <QTimeEdit>
+#include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include <memory>
@@ -210,6 +212,47 @@ TEST_F(DateTimePickerTest, TheTimeTakesArrowsAndDigits) {
     frame->view().refresh(); // as the clock does while one types
     QTest::keyClick(&edit, Qt::Key_7);
     EXPECT_EQ(chosen(), QDateTime({2025, 11, 21}, {14, 7, 45, 678}));
+}
+
+TEST_F(DateTimePickerTest, TellsTheTimeAsAValueAndAText) {
+    auto& field = *QAccessible::queryAccessibleInterface(&time());
+    EXPECT_EQ(field.role(), QAccessible::SpinBox);
+    EXPECT_EQ(field.text(QAccessible::Value), time().text());
+    EXPECT_EQ(field.textInterface()->text(0, field.textInterface()->characterCount()), time().text());
+    auto& value = *field.valueInterface();
+    EXPECT_EQ(value.currentValue().toInt(), 15 * 60 + 30);
+    EXPECT_EQ(value.minimumValue().toInt(), 0);
+    EXPECT_EQ(value.maximumValue().toInt(), 23 * 60 + 59);
+    value.setCurrentValue(61);
+    EXPECT_EQ(chosen(), QDateTime({2025, 11, 21}, {1, 1, 45, 678}));
+    value.setCurrentValue(5000);
+    EXPECT_EQ(chosen().time(), QTime(23, 59, 45, 678));
+}
+
+TEST_F(DateTimePickerTest, ADayIsAChoice) {
+    auto& day = *QAccessible::queryAccessibleInterface(&screen.button(dayName(2025, 11, 3)));
+    EXPECT_EQ(day.role(), QAccessible::RadioButton);
+    EXPECT_FALSE(day.state().checked);
+    day.actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    settle();
+    EXPECT_EQ(chosen().date(), QDate(2025, 11, 3));
+    EXPECT_TRUE(day.state().checked);
+}
+
+TEST_F(DateTimePickerTest, TheWheelChangesTheTimeOnlyWithTheFocus) {
+    const auto turn = [this] {
+        const auto place = QPointF(time().rect().center());
+        QWheelEvent event(place, time().mapToGlobal(place), {}, {0, QWheelEvent::DefaultDeltasPerStep},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&time(), &event);
+    };
+    EXPECT_EQ(time().focusPolicy() & Qt::WheelFocus, Qt::StrongFocus) << "the wheel gives no focus either";
+    screen.button("Next Month").setFocus();
+    turn();
+    EXPECT_EQ(time().time(), QTime(15, 30));
+    time().setFocus();
+    turn();
+    EXPECT_NE(time().time(), QTime(15, 30));
 }
 
 TEST_F(DateTimePickerTest, ATimeThatTheClocksSkipIsLaterByAsMuch) {

@@ -26,24 +26,24 @@ TEST_F(ColorPickerScreenTest, StartsWithCyanAndSlidersElsewhere) {
         EXPECT_TRUE(screen.shows(text)) << text;
     EXPECT_EQ(screen.text("HEX"), "#32ADE6");
     EXPECT_EQ(screen.text("CSS Var"), "--color-custom: #32ADE6;");
-    EXPECT_EQ(screen.field("HEX").text(), "");
+    EXPECT_EQ(screen.field("HEX Input").text(), "");
 }
 
 TEST_F(ColorPickerScreenTest, AppliesAHexadecimalColor) {
-    screen.enter("HEX", " #ff8000 ");
+    screen.enter("HEX Input", " #ff8000 ");
     EXPECT_EQ(screen.text("HEX"), "#32ADE6");
     screen.press("Apply");
     EXPECT_EQ(screen.text("HEX"), "#FF8000");
     EXPECT_EQ(screen.text("RGB"), "rgb(255, 128, 0)");
     EXPECT_EQ(screen.text("HSL"), "hsl(30, 100%, 50%)");
-    EXPECT_EQ(screen.field("HEX").text(), "#FF8000");
+    EXPECT_EQ(screen.field("HEX Input").text(), "#FF8000");
     EXPECT_TRUE(screen.shows("128")) << "beside the slider";
-    screen.enter("HEX", "F80");
+    screen.enter("HEX Input", "F80");
     screen.press("Apply");
     EXPECT_EQ(screen.text("HEX"), "#FF8000");
-    EXPECT_EQ(screen.field("HEX").text(), "F80");
-    screen.enter("HEX", "0000ff");
-    QTest::keyClick(&screen.field("HEX"), Qt::Key_Return);
+    EXPECT_EQ(screen.field("HEX Input").text(), "F80");
+    screen.enter("HEX Input", "0000ff");
+    QTest::keyClick(&screen.field("HEX Input"), Qt::Key_Return);
     EXPECT_EQ(screen.text("HEX"), "#0000FF");
 }
 
@@ -53,11 +53,11 @@ TEST_F(ColorPickerScreenTest, AppliesTheSlidersOnlyWhenTold) {
     EXPECT_EQ(screen.text("HEX"), "#32ADE6");
     screen.press("Apply RGB");
     EXPECT_EQ(screen.text("HEX"), "#FF00FF");
-    EXPECT_EQ(screen.field("HEX").text(), "#FF00FF");
+    EXPECT_EQ(screen.field("HEX Input").text(), "#FF00FF");
 }
 
 TEST_F(ColorPickerScreenTest, CopiesWithTheOpacity) {
-    screen.enter("HEX", "ff8000");
+    screen.enter("HEX Input", "ff8000");
     screen.press("Apply");
     screen.slider("Opacity").setValue(screen.slider("Opacity").maximum() / 2);
     EXPECT_TRUE(screen.shows("Opacity: 50%"));

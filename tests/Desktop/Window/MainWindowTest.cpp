@@ -192,11 +192,21 @@ TEST_F(MainWindowTest, TheMenuAnnouncesAToolAndChangesNothing) {
 }
 
 TEST_F(MainWindowTest, TheMenuListsAllToolsWithTheirShortcuts) {
+    const auto keysOf = [&](Tool tool) {
+        return menuItem("&File", QString::fromUtf8(rawValue(tool).data()))
+            .shortcut()
+            .toString()
+            .toStdString();
+    };
+    for (const auto tool : allCases<Tool>)
+        EXPECT_EQ(keysOf(tool), "") << "a closed menu has no claim to them";
+    QTest::keyClick(&window, Qt::Key_F10);
     for (const auto tool : allCases<Tool>) {
-        const auto keys = menuItem("&File", QString::fromUtf8(rawValue(tool).data())).shortcut().toString();
         const auto digit = keyboardShortcut(tool);
-        EXPECT_EQ(keys.toStdString(), digit ? std::string("Ctrl+") + *digit : "");
+        EXPECT_EQ(keysOf(tool), digit ? std::string("Ctrl+") + *digit : "");
     }
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    EXPECT_EQ(keysOf(Tool::jsonFormatter), "");
     EXPECT_FALSE(menuItem("&File", "Tools").isEnabled());
     const auto file = window.findChild<QMenuBar*>()->actions().front()->menu()->actions();
     EXPECT_TRUE(file[0]->isSeparator());
