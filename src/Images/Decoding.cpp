@@ -1,6 +1,7 @@
 #include "Images/Bitmap.h"
 #include "Images/Colors.h"
 #include "Images/HEIC.h"
+#include "Images/Resolution.h"
 #include "Images/Vips.h"
 
 #include <algorithm>
@@ -40,7 +41,7 @@ VImage open(std::string_view bytes, ImageFormat format) {
         // One thread: with several, the library may overlook that one of them came to the end of a file that
         // has been cut off. They would have to wait for each other anyway, as a file is read from front to
         // back.
-        image = image.copy();
+        image = withStatedResolution(image, bytes, format);
         image.set(VIPS_META_CONCURRENCY, 1);
         return image;
     } catch (const vips::VError&) {
@@ -69,7 +70,7 @@ std::optional<ImageInfo> bitmapInfo(std::string_view bytes) {
                      .height = header->height,
                      .colorSpace = header->isGray() ? "Gray" : "RGB",
                      .hasAlpha = header->hasAlpha(),
-                     .dpi = static_cast<int>(header->horizontalDPI)};
+                     .dpi = static_cast<int>(std::lround(header->horizontalDPI))};
 }
 
 std::optional<ImageInfo> libraryInfo(std::string_view bytes, ImageFormat format) {
