@@ -347,6 +347,56 @@ TEST_F(ImageFilesTest, UnusualTIFFsAreRead) {
               2);
 }
 
+VImage asGray(const VImage& image) {
+    return image.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+}
+
+VImage asColor(const VImage& image) {
+    const bool isLight = vips_band_format_isfloat(image.format()) != 0;
+    return image.copy(VImage::option()->set("interpretation",
+                                            isLight ? VIPS_INTERPRETATION_scRGB : VIPS_INTERPRETATION_sRGB));
+}
+
+TEST_F(ImageFilesTest, TIFFsWithOtherSamplesAreRead) {
+    struct Row {
+        std::string_view name;
+        VipsBandFormat format;
+        double black;
+        double white;
+    };
+
+    const Row rows[] = {
+        {"8 bits with a sign", VIPS_FORMAT_CHAR, -128, 127},
+        {"16 bits with a sign", VIPS_FORMAT_SHORT, -32768, 32767},
+        {"32 bits", VIPS_FORMAT_UINT, 0, 4294967295.0},
+        {"32 bits with a sign", VIPS_FORMAT_INT, -2147483648.0, 2147483647.0},
+        {"light", VIPS_FORMAT_FLOAT, 0, 1},
+        {"light brighter than white", VIPS_FORMAT_FLOAT, -3, 7},
+    };
+    for (const auto& row : rows) {
+        for (const int bands : {1, 3}) {
+            auto picture = VImage::black(8, 4).linear(0, row.black);
+            picture = picture.insert(VImage::black(4, 4).linear(0, row.white), 4, 0).cast(row.format);
+            picture = bands == 1 ? asGray(picture) : asColor(VImage::bandjoin({picture, picture, picture}));
+            const auto image = decoded(libraryFile(picture, ".tif"));
+            ASSERT_EQ(image.channels, bands) << row.name;
+            const int most = image.bytesPerSample == 2 ? 65535 : 255;
+            EXPECT_EQ(sampleAt(image, 1, 1, 0), 0) << row.name << ' ' << bands;
+            EXPECT_NEAR(sampleAt(image, 6, 1, bands - 1), most, most / 256) << row.name << ' ' << bands;
+        }
+    }
+}
+
+TEST_F(ImageFilesTest, HalfTheLightIsBrighterThanHalfTheNumber) {
+    for (const int bands : {1, 2, 3, 4}) {
+        const std::vector<double> half(static_cast<std::size_t>(bands), 0.5);
+        const auto light = VImage::black(4, 4).cast(VIPS_FORMAT_FLOAT).new_from_image(half);
+        const auto image = decoded(libraryFile(bands < 3 ? asGray(light) : asColor(light), ".tif"));
+        ASSERT_EQ(image.channels, bands);
+        EXPECT_NEAR(sampleAt(image, 1, 1, 0), 188, 1) << bands;
+    }
+}
+
 TEST_F(ImageFilesTest, OnlyTheSixFormatsAreRead) {
     const auto source = photograph({8, 8});
     const auto picture = vipsImage(source);
