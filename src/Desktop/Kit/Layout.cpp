@@ -153,14 +153,15 @@ private:
     QWidget* m_button;
 };
 
-/// Moves the focus, where `hidden` has it, to the first control of `shown`. The toolkit would move it
-/// anywhere.
+/// Moves the focus, where `hidden` has it, to the first control of `shown` that may have it. The toolkit
+/// would move it anywhere.
 void handFocusOver(QWidget* hidden, QWidget* shown) {
     const auto* focused = hidden->window()->focusWidget();
     if (!focused || !hidden->isAncestorOf(focused))
         return;
-    if (const auto stops = tabStops(*shown); !stops.empty())
-        stops.front()->setFocus();
+    const auto stops = tabStops(*shown);
+    if (const auto successor = std::ranges::find_if(stops, isSuccessor); successor != stops.end())
+        (*successor)->setFocus();
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "Desktop/Kit/MenuPicker.h"
 #include "Desktop/Kit/Screen.h"
 #include "Desktop/Kit/SecondaryButton.h"
+#include "Desktop/Kit/TabStops.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/ImageConverterView.h"
 
@@ -57,7 +58,7 @@ QWidget* loadedSource(Screen& view) {
          .radius = Size::radiusMedium},
         {overlay(imageView(view, {.name = "Source Image",
                                   .image = view.reading<std::optional<Image>>(&State::sourcePreview)}),
-                 view.quietButton("Remove", "trash", &State::remove, {.isOverlay = true}))});
+                 neverSucceeding(view.quietButton("Remove", "trash", &State::remove, {.isOverlay = true})))});
 }
 
 QWidget* factsOfImage(Screen& view) {
