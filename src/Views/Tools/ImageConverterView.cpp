@@ -15,27 +15,29 @@ namespace {
 
 using LocalContext = Context<ImageConverterView>;
 
-FileKind anyImage() {
-    return {.name = "Images",
-            .extensions = {"png", "jpg", "jpeg", "tiff", "tif", "gif", "bmp", "heic", "heif"}};
+/// The extensions that files of the format have, the usual one first.
+std::vector<std::string> extensions(ImageFormat format) {
+    std::vector<std::string> result{std::string(fileExtension(format))};
+    if (format == ImageFormat::jpeg)
+        result.emplace_back("jpeg");
+    if (format == ImageFormat::tiff)
+        result.emplace_back("tif");
+    if (format == ImageFormat::heic)
+        result.emplace_back("heif");
+    return result;
 }
 
-FileKind kindOf(ImageFormat format) {
-    FileKind kind{.name = std::string(description(format)),
-                  .extensions = {std::string(fileExtension(format))}};
-    if (format == ImageFormat::jpeg)
-        kind.extensions.emplace_back("jpeg");
-    if (format == ImageFormat::tiff)
-        kind.extensions.emplace_back("tif");
+FileKind anyImage() {
+    FileKind kind{.name = "Images"};
+    for (const auto format : allCases<ImageFormat>)
+        std::ranges::copy(extensions(format), std::back_inserter(kind.extensions));
     return kind;
 }
 
-/// `path`, with the format's extension where the name has none.
-std::string withExtension(std::string path, ImageFormat format) {
-    const auto name = std::string_view(path).substr(path.rfind('/') + 1);
-    if (!name.contains('.'))
-        path += fmt::format(".{}", fileExtension(format));
-    return path;
+FileKind kindOf(ImageFormat format) {
+    return {.name = std::string(description(format)),
+            .extensions = extensions(format),
+            .otherExtensions = anyImage().extensions};
 }
 
 /// The text in units of a thousand, with as many digits as tell it apart.
@@ -205,7 +207,7 @@ void ImageConverterView::save(const std::string& path, ImageFormat format, const
     runInBackground(
         context, *this, &ImageConverterView::saving,
         [image = processedImage.value_or(*sourceImage), quality = quality, format,
-         path = withExtension(path, format), &services = context.services](const std::stop_token&) -> Result {
+         path, &services = context.services](const std::stop_token&) -> Result {
             const auto engine = services.images.engine();
             if (!engine)
                 return std::unexpected(engine.error());

@@ -289,14 +289,35 @@ TEST_F(ImageConverterViewTest, SavesInTheFormatAndQualityThatAreChosen) {
     EXPECT_LT(fakes.files.contents["/small.jpg"].size(), fakes.files.contents["/good.jpg"].size());
 }
 
-TEST_F(ImageConverterViewTest, ANameWithoutAnExtensionGetsOne) {
+TEST_F(ImageConverterViewTest, TheExtensionFollowsTheFormat) {
+    struct Row {
+        ImageFormat format;
+        std::string chosen;
+        std::string written;
+    };
+
+    const Row rows[] = {
+        {ImageFormat::jpeg, "/folder.old/picture", "/folder.old/picture.jpg"},
+        {ImageFormat::jpeg, "/folder.png/picture", "/folder.png/picture.jpg"},
+        {ImageFormat::jpeg, "/picture.jpeg", "/picture.jpeg"},
+        {ImageFormat::jpeg, "/picture.JPG", "/picture.JPG"},
+        {ImageFormat::jpeg, "/wrong.png", "/wrong.jpg"},
+        {ImageFormat::jpeg, "/wrong.Heif", "/wrong.jpg"},
+        {ImageFormat::jpeg, "/photo v1.2", "/photo v1.2.jpg"},
+        {ImageFormat::jpeg, "/photo.", "/photo..jpg"},
+        {ImageFormat::jpeg, "/.png", "/.png.jpg"},
+        {ImageFormat::tiff, "/scan.tif", "/scan.tif"},
+        {ImageFormat::heic, "/photo.heif", "/photo.heif"},
+        {ImageFormat::png, "/Übersicht.jpeg", "/Übersicht.png"},
+        {ImageFormat::png, "relative", "relative.png"},
+    };
     load();
-    state->setTargetFormat(ImageFormat::jpeg);
-    for (const auto& [chosen, written] : {std::pair{"/folder.old/picture", "/folder.old/picture.jpg"},
-                                          {"/picture.jpeg", "/picture.jpeg"},
-                                          {"/picture.v2", "/picture.v2"}}) {
-        saveAs(chosen);
-        EXPECT_TRUE(fakes.files.contents.contains(written)) << chosen;
+    for (const auto& row : rows) {
+        fakes.files.contents.clear();
+        state->setTargetFormat(row.format);
+        saveAs(row.chosen);
+        ASSERT_EQ(fakes.files.contents.size(), 1);
+        EXPECT_EQ(fakes.files.contents.begin()->first, row.written);
     }
 }
 
