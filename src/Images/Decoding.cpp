@@ -92,7 +92,8 @@ std::optional<ImageInfo> libraryInfo(std::string_view bytes, ImageFormat format)
                            .height = image.height(),
                            .colorSpace = colorModel(image),
                            .hasAlpha = image.has_alpha(),
-                           .dpi = static_cast<int>(std::lround(dotsPerInch(image.xres())))};
+                           .dpi = static_cast<int>(std::lround(dotsPerInch(image.xres()))),
+                           .pictureCount = vips_image_get_n_pages(image.get_image())};
             if (vips_image_get_orientation_swap(image.get_image()) != 0) {
                 std::swap(info.width, info.height);
                 info.dpi = static_cast<int>(std::lround(dotsPerInch(image.yres())));

@@ -347,6 +347,21 @@ TEST_F(ImageFilesTest, UnusualTIFFsAreRead) {
               2);
 }
 
+TEST_F(ImageFilesTest, OfSeveralPicturesTheFirstIsRead) {
+    const auto first = plainPicture({8, 6}, {255, 0, 0});
+    const auto second = plainPicture({8, 6}, {0, 0, 255});
+    auto both = vipsImage(first).join(vipsImage(second), VIPS_DIRECTION_VERTICAL);
+    both.set(VIPS_META_PAGE_HEIGHT, 6);
+    for (const auto* suffix : {".gif", ".tif"}) {
+        const auto file = libraryFile(both, suffix);
+        EXPECT_EQ(getImageInfo(file)->pictureCount, 2) << suffix;
+        EXPECT_EQ(getImageInfo(file)->height, 6) << suffix;
+        EXPECT_EQ(sampleAt(decoded(file), 4, 5, 0), 255) << suffix;
+    }
+    for (const auto format : allCases<ImageFormat>)
+        EXPECT_EQ(getImageInfo(convert(first, format, 1).value())->pictureCount, 1) << rawValue(format);
+}
+
 VImage asGray(const VImage& image) {
     return image.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
 }

@@ -307,7 +307,7 @@ QWidget* rigidHeight(QWidget* widget) {
 }
 
 QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
-                 QWidget* content) {
+                 QWidget* content, QWidget* trailing) {
     auto* target = focusTarget(content);
     auto* overlay = dynamic_cast<Overlay*>(content);
     view.onRefresh([target, overlay, title] {
@@ -316,8 +316,9 @@ QWidget* section(ViewCore& view, std::function<std::string()> title, std::functi
         if (overlay)
             overlay->setSubject(name);
     });
+    auto* heading = sectionHeading(view, std::move(title), std::move(icon));
     return stack(Qt::Vertical, {.spacing = Size::gapHeading},
-                 {sectionHeading(view, std::move(title), std::move(icon)), content});
+                 {trailing ? row({heading, trailing}) : heading, content});
 }
 
 QWidget* overlay(QWidget* panel, QWidget* button) {

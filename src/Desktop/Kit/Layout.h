@@ -88,8 +88,9 @@ QWidget* rigidHeight(QWidget* widget);
 /// labels while the screen is narrow.
 QWidget* screen(QWidget* header, std::initializer_list<Item> items);
 
+/// A heading above `content`, with `trailing` at its right end where there is one.
 QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
-                 QWidget* content);
+                 QWidget* content, QWidget* trailing = nullptr);
 
 /// `button` laid over the top right corner of `panel`.
 QWidget* overlay(QWidget* panel, QWidget* button);
