@@ -143,8 +143,8 @@ struct ImageConverterView {
 
     std::optional<StatusBadge> savedBadge() const;
 
-    /// What this computer lacks to write files of the format, such as "needs libheif-plugin-x265"; empty where
-    /// it can.
+    /// What this computer lacks to write files of the format, such as "needs libheif-plugin-x265"; empty
+    /// where it can.
     std::string missingEncoder(ImageFormat format) const;
 
     bool showsQuality() const { return supportsQuality(targetFormat); }
