@@ -58,9 +58,9 @@ bool isPossible(const Header& header) {
     case Compression::none:
         return std::ranges::count(std::to_array({1, 4, 8, 16, 24, 32}), header.bitsPerPixel) == 1;
     case Compression::runLength8:
-        return header.bitsPerPixel == 8 && !header.isTopDown;
+        return header.bitsPerPixel == 8;
     case Compression::runLength4:
-        return header.bitsPerPixel == 4 && !header.isTopDown;
+        return header.bitsPerPixel == 4;
     case Compression::masks:
     case Compression::alphaMasks:
         return header.bitsPerPixel == 16 || header.bitsPerPixel == 32;
@@ -91,18 +91,22 @@ std::optional<std::size_t> readMasks(Header& header, std::string_view informatio
     return isInHeader ? 0 : 4 * count;
 }
 
-/// The palette behind the header, as far as the file has it.
-bool readPalette(Header& header, std::string_view information, std::size_t headerBytes, std::size_t offset) {
+/// The palette behind the header, which ends where the pixels begin at `end`. One of OS/2 states no length
+/// and may be shorter than the pixels have values.
+bool readPalette(Header& header, std::string_view information, std::size_t headerBytes, std::size_t offset,
+                 std::size_t end) {
     if (header.bitsPerPixel > 8)
-        return true;
+        return offset <= end;
     header.paletteEntryBytes = headerBytes == os2HeaderBytes ? 3 : 4;
     const std::size_t most = std::size_t(1) << header.bitsPerPixel;
     const std::size_t stated = headerBytes == os2HeaderBytes ? 0 : number(information, 32);
     const auto count = stated == 0 ? most : std::min(most, stated);
-    const auto size = count * static_cast<std::size_t>(header.paletteEntryBytes);
-    if (information.size() < offset + size)
+    const auto entryBytes = static_cast<std::size_t>(header.paletteEntryBytes);
+    const auto room = offset < end ? (end - offset) / entryBytes : 0;
+    const bool mayBeShorter = headerBytes == os2HeaderBytes && room > 0;
+    if (room < count && !mayBeShorter)
         return false;
-    header.palette = information.substr(offset, size);
+    header.palette = information.substr(offset, std::min(count, room) * entryBytes);
     return true;
 }
 
@@ -152,13 +156,14 @@ std::optional<Header> readHeader(std::string_view bytes) {
     if (!isPossible(header) || (headerBytes == os2SecondHeaderBytes &&
                                 header.compression == Compression::masks)) // there it means another
         return std::nullopt;
-    const auto maskBytes = readMasks(header, information, headerBytes);
-    if (!maskBytes || !readPalette(header, information, headerBytes, headerBytes + *maskBytes))
-        return std::nullopt;
-    readColorProfile(header, information, headerBytes);
     const std::size_t start = number(bytes, 10);
     if (start < fileHeaderBytes + headerBytes || start > bytes.size())
         return std::nullopt;
+    const auto maskBytes = readMasks(header, information, headerBytes);
+    if (!maskBytes ||
+        !readPalette(header, information, headerBytes, headerBytes + *maskBytes, start - fileHeaderBytes))
+        return std::nullopt;
+    readColorProfile(header, information, headerBytes);
     header.pixels = bytes.substr(start);
     return header;
 }

@@ -46,6 +46,39 @@ bool isPlain(VipsInterpretation interpretation) {
            interpretation == VIPS_INTERPRETATION_RGB || interpretation == VIPS_INTERPRETATION_MULTIBAND;
 }
 
+/// Gray or RGB of whole numbers that are signed or have 32 bits, as the upper 16 bits of their range.
+VImage withUpperBits(const VImage& image) {
+    constexpr double range16 = 65536, range32 = range16 * range16;
+    const auto scaled = [&](double lowest, double range) {
+        return ((image - lowest) * (range16 / range)).cast(VIPS_FORMAT_USHORT);
+    };
+    switch (image.format()) {
+    case VIPS_FORMAT_CHAR:
+        return scaled(-128, 256);
+    case VIPS_FORMAT_SHORT:
+        return scaled(-range16 / 2, range16);
+    case VIPS_FORMAT_INT:
+        return scaled(-range32 / 2, range32);
+    default:
+        return scaled(0, range32);
+    }
+}
+
+/// Gray or RGB of numbers with a fraction, which go from 0 to 1 and are amounts of light.
+VImage fromLight(const VImage& image) {
+    const bool isGray = image.bands() < 3;
+    const auto light = image.cast(VIPS_FORMAT_FLOAT);
+    const auto first = light.extract_band(0);
+    const auto colors = isGray ? VImage::bandjoin({first, first, first})
+                               : light.extract_band(0, VImage::option()->set("n", 3));
+    const auto shown = colors.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_scRGB))
+                           .colourspace(VIPS_INTERPRETATION_sRGB);
+    const auto result = isGray ? shown.extract_band(0) : shown;
+    if (!image.has_alpha())
+        return result;
+    return result.bandjoin((light.extract_band(isGray ? 1 : 3) * 255).rint().cast(VIPS_FORMAT_UCHAR));
+}
+
 /// Goes by the profile in `image`, or, without one that can be used, by what such colours usually are.
 VImage throughProfile(const VImage& image) {
     return image.icc_transform(
@@ -65,9 +98,12 @@ VImage inKnownColors(const VImage& image) {
         if (profileModel(known) != "CMYK")
             known = withoutProfile(known);
         known = withoutProfile(throughProfile(known));
-    } else if (!hasKnownSamples(known) || !isPlain(known.interpretation())) {
+    } else if (!isPlain(known.interpretation()) && known.interpretation() != VIPS_INTERPRETATION_scRGB) {
         known = withoutProfile(
             known.colourspace(known.bands() < 3 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB));
+    } else if (!hasKnownSamples(known)) {
+        const bool isWhole = vips_band_format_isint(known.format()) != 0;
+        known = withoutProfile(isWhole ? withUpperBits(known) : fromLight(known));
     }
     const bool isGray = known.interpretation() == VIPS_INTERPRETATION_B_W ||
                         known.interpretation() == VIPS_INTERPRETATION_GREY16 || known.bands() < 3;

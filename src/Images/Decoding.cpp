@@ -1,6 +1,8 @@
 #include "Images/Bitmap.h"
 #include "Images/Colors.h"
 #include "Images/HEIC.h"
+#include "Images/JPEG.h"
+#include "Images/Resolution.h"
 #include "Images/Vips.h"
 
 #include <algorithm>
@@ -17,30 +19,28 @@ namespace {
 struct Loader {
     ImageFormat format;
     VImage (*load)(VipsBlob*, vips::VOption*);
-    /// What makes it refuse a file. Damaged JPEG data are no more than a warning; in the others, warnings are
-    /// about what does not touch the picture, such as tags that nobody knows.
-    VipsFailOn failOn;
 };
 
 constexpr auto loaders = std::to_array<Loader>({
-    {ImageFormat::png, VImage::pngload_buffer, VIPS_FAIL_ON_ERROR},
-    {ImageFormat::jpeg, VImage::jpegload_buffer, VIPS_FAIL_ON_WARNING},
-    {ImageFormat::tiff, VImage::tiffload_buffer, VIPS_FAIL_ON_ERROR},
-    {ImageFormat::gif, VImage::gifload_buffer, VIPS_FAIL_ON_ERROR},
+    {ImageFormat::png, VImage::pngload_buffer},
+    {ImageFormat::jpeg, VImage::jpegload_buffer},
+    {ImageFormat::tiff, VImage::tiffload_buffer},
+    {ImageFormat::gif, VImage::gifload_buffer},
 });
 
-/// The picture in the file, of which no more than the head has been read. `bytes` must outlive it.
-VImage open(std::string_view bytes, ImageFormat format) {
+/// The picture in the file, of which no more than the head has been read. `bytes` must outlive it. `failOn`
+/// is what makes it refuse the file, at the latest when its pixels are computed.
+VImage open(std::string_view bytes, ImageFormat format, VipsFailOn failOn = VIPS_FAIL_ON_ERROR) {
     const auto& loader = *std::ranges::find(loaders, format, &Loader::format);
     auto* blob = vips_blob_new(nullptr, bytes.data(), bytes.size());
     try {
         auto image = loader.load(
-            blob, VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", loader.failOn));
+            blob, VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", failOn));
         vips_area_unref(VIPS_AREA(blob));
         // One thread: with several, the library may overlook that one of them came to the end of a file that
         // has been cut off. They would have to wait for each other anyway, as a file is read from front to
         // back.
-        image = image.copy();
+        image = withStatedResolution(image, bytes, format);
         image.set(VIPS_META_CONCURRENCY, 1);
         return image;
     } catch (const vips::VError&) {
@@ -61,6 +61,18 @@ Image upright(const VImage& image, const std::stop_token& stop) {
     return computed(picture.autorot(), stop);
 }
 
+/// The picture in a JPEG file. Where data of it are missing, the library does no more than warn, as it does
+/// about much that does not touch the picture; then another look has to tell.
+Image readJPEG(std::string_view bytes, const std::stop_token& stop) {
+    try {
+        return upright(open(bytes, ImageFormat::jpeg, VIPS_FAIL_ON_WARNING), stop);
+    } catch (const vips::VError&) {
+        if (!JPEG::isWhole(bytes, stop))
+            throw;
+    }
+    return upright(open(bytes, ImageFormat::jpeg, VIPS_FAIL_ON_NONE), stop);
+}
+
 std::optional<ImageInfo> bitmapInfo(std::string_view bytes) {
     const auto header = Bitmap::readHeader(bytes);
     if (!header)
@@ -69,7 +81,7 @@ std::optional<ImageInfo> bitmapInfo(std::string_view bytes) {
                      .height = header->height,
                      .colorSpace = header->isGray() ? "Gray" : "RGB",
                      .hasAlpha = header->hasAlpha(),
-                     .dpi = static_cast<int>(header->horizontalDPI)};
+                     .dpi = static_cast<int>(std::lround(header->horizontalDPI))};
 }
 
 std::optional<ImageInfo> libraryInfo(std::string_view bytes, ImageFormat format) {
@@ -80,7 +92,8 @@ std::optional<ImageInfo> libraryInfo(std::string_view bytes, ImageFormat format)
                            .height = image.height(),
                            .colorSpace = colorModel(image),
                            .hasAlpha = image.has_alpha(),
-                           .dpi = static_cast<int>(std::lround(dotsPerInch(image.xres())))};
+                           .dpi = static_cast<int>(std::lround(dotsPerInch(image.xres()))),
+                           .pictureCount = vips_image_get_n_pages(image.get_image())};
             if (vips_image_get_orientation_swap(image.get_image()) != 0) {
                 std::swap(info.width, info.height);
                 info.dpi = static_cast<int>(std::lround(dotsPerInch(image.yres())));
@@ -158,7 +171,7 @@ std::expected<Image, ConversionError> decode(std::string_view bytes, const std::
         const auto image = open(bytes, *format);
         if (!isWithinLimits(image.width(), image.height(), bytesPerPixel(image)))
             return std::unexpected(ConversionError::invalidImage);
-        return upright(image, stop);
+        return *format == ImageFormat::jpeg ? readJPEG(bytes, stop) : upright(image, stop);
     });
 }
 

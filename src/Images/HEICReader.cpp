@@ -110,8 +110,11 @@ std::optional<ImageInfo> readInfo(std::string_view bytes) {
     const File file(bytes);
     if (!file.isReadable())
         return std::nullopt;
-    return ImageInfo{
-        .width = file.width, .height = file.height, .colorSpace = "RGB", .hasAlpha = file.hasAlpha};
+    return ImageInfo{.width = file.width,
+                     .height = file.height,
+                     .colorSpace = "RGB",
+                     .hasAlpha = file.hasAlpha,
+                     .pictureCount = heif_context_get_number_of_top_level_images(file.context.get())};
 }
 
 std::expected<Image, ConversionError> read(std::string_view bytes) {

@@ -58,8 +58,8 @@ vips::VImage vipsImage(const Image& image) {
                                                  image.channels, format)
                        .copy(vips::VImage::option()
                                  ->set("interpretation", interpretation(image))
-                                 ->set("xres", image.horizontalDPI / millimetresPerInch)
-                                 ->set("yres", image.verticalDPI / millimetresPerInch));
+                                 ->set("xres", dotsPerMillimetre(image.horizontalDPI))
+                                 ->set("yres", dotsPerMillimetre(image.verticalDPI)));
     picture.set(VIPS_META_RESOLUTION_UNIT, "in");
     if (!image.colorProfile.empty())
         vips_image_set_blob_copy(picture.get_image(), VIPS_META_ICC_NAME, image.colorProfile.data(),
@@ -95,7 +95,11 @@ Image computed(const vips::VImage& image, const std::stop_token& stop) {
 
 double dotsPerInch(double dotsPerMillimetre) {
     const double resolution = dotsPerMillimetre * millimetresPerInch;
-    return dotsPerMillimetre != 1 && isPossibleDPI(resolution) ? resolution : defaultDPI;
+    return isPossibleDPI(resolution) ? resolution : defaultDPI;
+}
+
+double dotsPerMillimetre(double dotsPerInch) {
+    return dotsPerInch / millimetresPerInch;
 }
 
 std::int64_t bytesPerPixel(const vips::VImage& image) {

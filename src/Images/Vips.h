@@ -24,9 +24,11 @@ vips::VImage vipsImage(Image&&) = delete;
 /// that fails, or where it is asked to stop before it is done.
 Image computed(const vips::VImage& image, const std::stop_token& stop = {});
 
-/// The resolution in dots per inch, from the library's dots per millimetre: where a file states none it
-/// says 1.
+/// The resolution in dots per inch, from the library's dots per millimetre.
 double dotsPerInch(double dotsPerMillimetre);
+
+/// The same the other way round.
+double dotsPerMillimetre(double dotsPerInch);
 
 /// How much memory a pixel of `image` takes.
 std::int64_t bytesPerPixel(const vips::VImage& image);

@@ -139,6 +139,7 @@ struct ImageInfo {
     std::string colorSpace = "Unknown"; ///< "RGB", "Gray", "CMYK" or "Unknown"
     bool hasAlpha = false;
     int dpi = defaultDPI; ///< horizontally
+    int pictureCount = 1; ///< how many the file holds: frames of an animation, pages
 
     bool operator==(const ImageInfo&) const = default;
 };
@@ -197,7 +198,8 @@ std::optional<ImageFormat> formatOf(std::string_view bytes);
 /// Asked to stop, it fails as soon as it can.
 std::expected<Image, ConversionError> decode(std::string_view bytes, const std::stop_token& stop);
 
-/// Facts about the picture in a file's bytes, found without decoding it; none where they cannot be read.
+/// Facts about the first picture in a file's bytes, found without decoding it; none where they cannot be
+/// read.
 std::optional<ImageInfo> getImageInfo(std::string_view bytes);
 
 /// The bytes of a file in the format. `quality` is from 0 to 1, and ignored unless the format

@@ -83,13 +83,17 @@ public:
     virtual std::expected<void, std::string> write(const std::string& path, std::string_view bytes) = 0;
 };
 
-/// The kind of files that a panel offers.
+/// The kind of files that a panel offers. Extensions are without the dot; their case does not matter.
 struct FileKind {
     std::string name{};
-    std::vector<std::string> extensions{}; ///< without the dot; the first is given to a name that has none
+    std::vector<std::string> extensions{};      ///< the first is given to a name that has none of them
+    std::vector<std::string> otherExtensions{}; ///< of other kinds, which the first takes the place of
 
     bool operator==(const FileKind&) const = default;
 };
+
+/// `path`, with an extension of the kind.
+std::string withExtension(std::string path, const FileKind& kind);
 
 /// The desktop's panels to choose a file with. They come back at once; `chosen` runs later, with the path, on
 /// the thread of the user interface, and not at all if the user changes his mind.
@@ -99,9 +103,11 @@ public:
 
     virtual ~FilePanels() = default;
 
+    /// Offers files of the kind, and, if the user wants so, all others.
     virtual void open(const FileKind& kind, Chosen chosen) = 0;
 
-    /// Asks where to save, proposing a name, and before another file is replaced.
+    /// Asks where to save, proposing a name, and before another file is replaced. The path that is chosen has
+    /// an extension of the kind.
     virtual void save(const FileKind& kind, const std::string& proposedName, Chosen chosen) = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "Desktop/Kit/RowList.h"
 #include "Desktop/Kit/TextArea.h"
+#include "support/Pictures.h"
 #include "support/Scenes.h"
 #include "support/WindowTest.h"
 
@@ -295,6 +296,23 @@ TEST_F(KeyboardTest, TheFocusOfWhatGoesStaysNearIt) {
     settle();
     ASSERT_TRUE(window.focusWidget());
     EXPECT_TRUE(window.focusWidget()->isVisible()) << "though the rows are others";
+}
+
+TEST_F(KeyboardTest, AKeyThatOpenedAPictureDoesNotRemoveIt) {
+    fakes.files.contents["/picture.png"] =
+        (*ImageModule::load())
+            ->convert(support::plainPicture({8, 6}, {1, 2, 3}), ImageFormat::png, 1)
+            .value();
+    open(Tool::imageConverter);
+    press(Qt::Key_Return);
+    fakes.panels.choose("/picture.png");
+    fakes.background.runAll();
+    settle();
+    EXPECT_EQ(focus(), "Format");
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focus(), "Remove") << "the Tab key stops there as ever";
+    press(Qt::Key_Return);
+    EXPECT_EQ(focus(), "Choose File");
 }
 
 TEST_F(KeyboardTest, AButtonThatIsBusyGetsTheFocusBack) {

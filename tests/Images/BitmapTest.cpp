@@ -98,6 +98,11 @@ TEST(Bitmap, ReadsEveryVariant) {
                                     bytesOf({0, 0, 255, 9, 255, 0, 0, 9, 255, 0, 0, 9, 0, 0, 255, 9}))},
         {"runs of 8 bits", file(information({.compression = 1, .colors = 2}), redAndBlue,
                                 bytesOf({1, 1, 1, 0, 0, 0, 1, 0, 1, 1, 0, 1}))},
+        {"runs from the top down", file(information({.height = -2, .compression = 1, .colors = 2}),
+                                        redAndBlue, bytesOf({1, 0, 1, 1, 0, 0, 1, 1, 1, 0, 0, 1}))},
+        {"OS/2 with a short palette",
+         file(little(12) + little(2, 2) + little(2, 2) + little(1, 2) + little(8, 2),
+              bytesOf({0, 0, 255, 255, 0, 0}), bytesOf({1, 0, 0, 0, 0, 1, 0, 0}))},
         {"runs without their end", file(information({.compression = 1, .colors = 2}), redAndBlue,
                                         bytesOf({1, 1, 1, 0, 0, 0, 1, 0, 1, 1}))},
         {"runs that skip", file(information({.compression = 1, .colors = 2}), redAndBlue,
@@ -164,6 +169,14 @@ TEST(Bitmap, RefusesWhatIsNotWhole) {
          file(information({.compression = 1, .colors = 2}), redAndBlue, bytesOf({0, 2, 0, 9, 0, 1}))},
         {"a header of no known size", file(information({.colors = 2}, 41), redAndBlue, pixels)},
         {"pixels inside the header", std::string(good).replace(10, 4, little(20))},
+        {"pixels inside the palette", std::string(good).replace(10, 4, little(14 + 40 + 4))},
+        {"pixels inside a palette of no stated size",
+         file(information({}), std::string(1024 - 4, '\0'), std::string(100, '\0'))},
+        {"pixels inside the masks",
+         std::string(file(information({.bits = 16, .compression = 3}), std::string(12, '\x1f'), pixels))
+             .replace(10, 4, little(14 + 40 + 8))},
+        {"pixels at the start of an OS/2 palette",
+         file(little(12) + little(2, 2) + little(2, 2) + little(1, 2) + little(8, 2), "", pixels)},
         {"pixels beyond the end", std::string(good).replace(10, 4, little(999'999))},
     };
     EXPECT_NO_THROW(readFile(good));

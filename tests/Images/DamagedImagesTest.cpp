@@ -4,6 +4,7 @@
 
 #include "Images/HEICStructure.h"
 #include "support/DamagedImage.h"
+#include "support/ImageFiles.h"
 #include "support/Pictures.h"
 
 #include <gtest/gtest.h>
@@ -23,13 +24,6 @@ namespace {
 
 using namespace ImageConverter;
 using namespace support;
-
-std::string bigEndian(std::uint32_t value) {
-    std::string bytes;
-    for (const int shift : {24, 16, 8, 0})
-        bytes += static_cast<char>(value >> shift);
-    return bytes;
-}
 
 class DamagedImagesTest : public ::testing::TestWithParam<ImageFormat> {
 protected:
@@ -69,18 +63,6 @@ std::string testName(const ::testing::TestParamInfo<ImageFormat>& format) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AllFormats, DamagedImagesTest, ::testing::ValuesIn(allCases<ImageFormat>), testName);
-
-/// A chunk of a PNG file, with its checksum (ISO/IEC 15948, annex D).
-std::string chunk(const std::string& typeAndContent) {
-    std::uint32_t checksum = 0xFFFFFFFF;
-    for (const char byte : typeAndContent) {
-        checksum ^= static_cast<unsigned char>(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            checksum = checksum & 1 ? 0xEDB88320 ^ (checksum >> 1) : checksum >> 1;
-    }
-    return bigEndian(static_cast<std::uint32_t>(typeAndContent.size() - 4)) + typeAndContent +
-           bigEndian(~checksum);
-}
 
 TEST(ImageLimits, ATooLargePictureIsRefusedBeforeItTakesMemory) {
     using namespace std::string_literals;

@@ -113,34 +113,6 @@ TEST_F(ImageFilesTest, TellGrayAlphaAndCMYK) {
     EXPECT_EQ(getImageInfo(libraryFile(lab, ".tif"))->colorSpace, "Unknown");
 }
 
-TEST_F(ImageFilesTest, AnAbsentResolutionIs72) {
-    const auto source = distinctPicture({9, 9});
-    auto jpeg = convert(source, ImageFormat::jpeg, 0.9).value();
-    const auto units = jpeg.find("JFIF") + 7;
-    const auto exif = jpeg.find("Exif");
-    jpeg[units] = 0; // no unit: the density is only the aspect ratio of a pixel
-    if (exif != std::string::npos)
-        jpeg.replace(exif, 4, "None");
-    EXPECT_EQ(getImageInfo(jpeg)->dpi, 72);
-    EXPECT_NEAR(decoded(jpeg).horizontalDPI, 72, 0.1);
-    auto png = convert(source, ImageFormat::png, 0.9).value();
-    const auto chunk = png.find("pHYs") - 4;
-    png.erase(chunk, 4 + 4 + 9 + 4);
-    EXPECT_EQ(getImageInfo(png)->dpi, 72);
-    EXPECT_NEAR(decoded(png).horizontalDPI, 72, 0.1);
-}
-
-TEST_F(ImageFilesTest, KeepTheResolution) {
-    auto source = distinctPicture({9, 9});
-    source.horizontalDPI = 300;
-    source.verticalDPI = 150;
-    for (const auto format : {ImageFormat::png, ImageFormat::jpeg, ImageFormat::tiff, ImageFormat::bmp}) {
-        const auto image = throughFile(source, format);
-        EXPECT_NEAR(image.horizontalDPI, 300, 0.1) << rawValue(format);
-        EXPECT_NEAR(image.verticalDPI, 150, 0.1) << rawValue(format);
-    }
-}
-
 RC_GTEST_PROP(ImageFiles, LosslessFormatsAreTheIdentity, ()) {
     const ImageSize size{*rc::gen::inRange(1, 50), *rc::gen::inRange(1, 50)};
     const int channels = *rc::gen::inRange(1, 5);
@@ -281,6 +253,71 @@ TEST_F(ImageFilesTest, UnusualTIFFsAreRead) {
     EXPECT_LE(largestDifference(decoded(libraryFile(picture.colourspace(VIPS_INTERPRETATION_scRGB), ".tif")),
                                 source),
               2);
+}
+
+TEST_F(ImageFilesTest, OfSeveralPicturesTheFirstIsRead) {
+    const auto first = plainPicture({8, 6}, {255, 0, 0});
+    const auto second = plainPicture({8, 6}, {0, 0, 255});
+    auto both = vipsImage(first).join(vipsImage(second), VIPS_DIRECTION_VERTICAL);
+    both.set(VIPS_META_PAGE_HEIGHT, 6);
+    for (const auto* suffix : {".gif", ".tif"}) {
+        const auto file = libraryFile(both, suffix);
+        EXPECT_EQ(getImageInfo(file)->pictureCount, 2) << suffix;
+        EXPECT_EQ(getImageInfo(file)->height, 6) << suffix;
+        EXPECT_EQ(sampleAt(decoded(file), 4, 5, 0), 255) << suffix;
+    }
+    for (const auto format : allCases<ImageFormat>)
+        EXPECT_EQ(getImageInfo(convert(first, format, 1).value())->pictureCount, 1) << rawValue(format);
+}
+
+VImage asGray(const VImage& image) {
+    return image.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+}
+
+VImage asColor(const VImage& image) {
+    const bool isLight = vips_band_format_isfloat(image.format()) != 0;
+    return image.copy(VImage::option()->set("interpretation",
+                                            isLight ? VIPS_INTERPRETATION_scRGB : VIPS_INTERPRETATION_sRGB));
+}
+
+TEST_F(ImageFilesTest, TIFFsWithOtherSamplesAreRead) {
+    struct Row {
+        std::string_view name;
+        VipsBandFormat format;
+        double black;
+        double white;
+    };
+
+    const Row rows[] = {
+        {"8 bits with a sign", VIPS_FORMAT_CHAR, -128, 127},
+        {"16 bits with a sign", VIPS_FORMAT_SHORT, -32768, 32767},
+        {"32 bits", VIPS_FORMAT_UINT, 0, 4294967295.0},
+        {"32 bits with a sign", VIPS_FORMAT_INT, -2147483648.0, 2147483647.0},
+        {"light", VIPS_FORMAT_FLOAT, 0, 1},
+        {"light brighter than white", VIPS_FORMAT_FLOAT, -3, 7},
+    };
+    for (const auto& row : rows) {
+        for (const int bands : {1, 3}) {
+            auto picture = VImage::black(8, 4).linear(0, row.black);
+            picture = picture.insert(VImage::black(4, 4).linear(0, row.white), 4, 0).cast(row.format);
+            picture = bands == 1 ? asGray(picture) : asColor(VImage::bandjoin({picture, picture, picture}));
+            const auto image = decoded(libraryFile(picture, ".tif"));
+            ASSERT_EQ(image.channels, bands) << row.name;
+            const int most = image.bytesPerSample == 2 ? 65535 : 255;
+            EXPECT_EQ(sampleAt(image, 1, 1, 0), 0) << row.name << ' ' << bands;
+            EXPECT_NEAR(sampleAt(image, 6, 1, bands - 1), most, most / 256) << row.name << ' ' << bands;
+        }
+    }
+}
+
+TEST_F(ImageFilesTest, HalfTheLightIsBrighterThanHalfTheNumber) {
+    for (const int bands : {1, 2, 3, 4}) {
+        const std::vector<double> half(static_cast<std::size_t>(bands), 0.5);
+        const auto light = VImage::black(4, 4).cast(VIPS_FORMAT_FLOAT).new_from_image(half);
+        const auto image = decoded(libraryFile(bands < 3 ? asGray(light) : asColor(light), ".tif"));
+        ASSERT_EQ(image.channels, bands);
+        EXPECT_NEAR(sampleAt(image, 1, 1, 0), 188, 1) << bands;
+    }
 }
 
 TEST_F(ImageFilesTest, OnlyTheSixFormatsAreRead) {

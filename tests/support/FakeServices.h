@@ -142,7 +142,9 @@ public:
     void save(const FileKind& offered, const std::string& name, Chosen chosen) override {
         kind = offered;
         proposedName = name;
-        choose = std::move(chosen);
+        choose = [offered, chosen = std::move(chosen)](std::string path) {
+            chosen(withExtension(std::move(path), offered));
+        };
     }
 };
 

@@ -4,6 +4,7 @@
 #include "Images/Vips.h"
 #include "Utilities/ImageConverter.h"
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 
@@ -30,6 +31,25 @@ inline std::string libraryFile(const vips::VImage& image, const char* suffix) {
     std::string file(static_cast<const char*>(data), size);
     g_free(data);
     return file;
+}
+
+inline std::string bigEndian(std::uint32_t value) {
+    std::string bytes;
+    for (const int shift : {24, 16, 8, 0})
+        bytes += static_cast<char>(value >> shift);
+    return bytes;
+}
+
+/// A chunk of a PNG file, with its checksum (ISO/IEC 15948, annex D).
+inline std::string chunk(const std::string& typeAndContent) {
+    std::uint32_t checksum = 0xFFFFFFFF;
+    for (const char byte : typeAndContent) {
+        checksum ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            checksum = checksum & 1 ? 0xEDB88320 ^ (checksum >> 1) : checksum >> 1;
+    }
+    return bigEndian(static_cast<std::uint32_t>(typeAndContent.size() - 4)) + typeAndContent +
+           bigEndian(~checksum);
 }
 
 } // namespace korvane::support

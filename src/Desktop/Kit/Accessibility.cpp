@@ -107,6 +107,11 @@ void setAccessibleName(QWidget& widget, const QString& name) {
         widget.setAccessibleName(name);
 }
 
+void setAccessibleDescription(QWidget& widget, const std::string& description) {
+    if (const auto text = qString(description); text != widget.accessibleDescription())
+        widget.setAccessibleDescription(text);
+}
+
 void announce(const QWidget& source, const QString& text) {
     announcerOf(source.window())->say(text);
 }

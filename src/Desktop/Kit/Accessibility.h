@@ -32,6 +32,9 @@ void installAccessibility();
 /// that is the name already.
 void setAccessibleName(QWidget& widget, const QString& name);
 
+/// The same for its description, what there is to say beside the name.
+void setAccessibleDescription(QWidget& widget, const std::string& description);
+
 /// Has assistive technology read out `text`, which has appeared somewhere in the window of `source`. It stays
 /// to be asked for by assistive technology for a few seconds.
 void announce(const QWidget& source, const QString& text);

@@ -171,14 +171,15 @@ private:
     QWidget* m_button;
 };
 
-/// Moves the focus, where `hidden` has it, to the first control of `shown`. The toolkit would move it
-/// anywhere.
+/// Moves the focus, where `hidden` has it, to the first control of `shown` that may have it. The toolkit
+/// would move it anywhere.
 void handFocusOver(QWidget* hidden, QWidget* shown) {
     const auto* focused = hidden->window()->focusWidget();
     if (!focused || !hidden->isAncestorOf(focused))
         return;
-    if (const auto stops = tabStops(*shown); !stops.empty())
-        stops.front()->setFocus();
+    const auto stops = tabStops(*shown);
+    if (const auto successor = std::ranges::find_if(stops, isSuccessor); successor != stops.end())
+        (*successor)->setFocus();
 }
 
 } // namespace
@@ -343,7 +344,7 @@ QWidget* rigidHeight(QWidget* widget) {
 }
 
 QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
-                 QWidget* content) {
+                 QWidget* content, QWidget* trailing) {
     auto* target = focusTarget(content);
     auto* overlay = dynamic_cast<Overlay*>(content);
     view.onRefresh([target, overlay, title] {
@@ -352,8 +353,9 @@ QWidget* section(ViewCore& view, std::function<std::string()> title, std::functi
         if (overlay)
             overlay->setSubject(name);
     });
+    auto* heading = sectionHeading(view, std::move(title), std::move(icon));
     return stack(Qt::Vertical, {.spacing = Size::gapHeading},
-                 {sectionHeading(view, std::move(title), std::move(icon)), content});
+                 {trailing ? row({heading, trailing}) : heading, content});
 }
 
 QWidget* overlay(QWidget* panel, QWidget* button) {

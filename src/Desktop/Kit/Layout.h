@@ -99,8 +99,9 @@ QWidget* screen(QWidget* header, std::initializer_list<Item> items);
 /// Scrolls the screen around `widget` so far that it is seen, once the layout has room for what it shows now.
 void bringIntoView(QWidget* widget);
 
+/// A heading above `content`, with `trailing` at its right end where there is one.
 QWidget* section(ViewCore& view, std::function<std::string()> title, std::function<std::string()> icon,
-                 QWidget* content);
+                 QWidget* content, QWidget* trailing = nullptr);
 
 /// `button` laid over the top right corner of `panel`.
 QWidget* overlay(QWidget* panel, QWidget* button);

@@ -17,6 +17,7 @@ namespace korvane {
 namespace {
 
 constexpr char neverFirstProperty[] = "korvaneNeverFirst";
+constexpr char neverSuccessorProperty[] = "korvaneNeverSuccessor";
 
 /// Whether `control` takes the text which a tool works on. A text that is only shown is none.
 bool takesText(const QWidget* control) {
@@ -80,6 +81,15 @@ QWidget* previousStop(const std::vector<QWidget*>& order, const QWidget* control
     const auto place = std::make_reverse_iterator(std::ranges::find(order, control));
     const auto found = std::find_if(place, order.rend(), isTabStop);
     return found == order.rend() ? nullptr : *found;
+}
+
+bool isSuccessor(const QWidget* widget) {
+    return !widget->property(neverSuccessorProperty).toBool();
+}
+
+QWidget* neverSucceeding(QWidget* control) {
+    control->setProperty(neverSuccessorProperty, true);
+    return control;
 }
 
 QWidget* firstControl(QWidget& screen) {

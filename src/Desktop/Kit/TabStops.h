@@ -23,6 +23,13 @@ std::vector<QWidget*> tabStops(QWidget& part);
 QWidget* nextStop(const std::vector<QWidget*>& order, const QWidget* control);
 QWidget* previousStop(const std::vector<QWidget*>& order, const QWidget* control);
 
+/// Whether `widget` may have the focus that another control has lost. A button that takes back what has just
+/// been done may not: a key that was meant for the control before would press it.
+bool isSuccessor(const QWidget* widget);
+
+/// Makes `control` one that is no successor; returns it.
+QWidget* neverSucceeding(QWidget* control);
+
 /// The control that has the focus in a fresh screen: what the user types into, else the action that the tool
 /// is there for, else the first one; none where there is no stop.
 QWidget* firstControl(QWidget& screen);

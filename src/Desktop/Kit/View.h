@@ -229,8 +229,9 @@ public:
 
     /// A titled section. The content takes the section's title as its accessible name.
     template <typename Title, typename Icon = std::string>
-    QWidget* section(Title title, Icon icon, QWidget* content) {
-        return korvane::section(*this, reading<std::string>(title), reading<std::string>(icon), content);
+    QWidget* section(Title title, Icon icon, QWidget* content, QWidget* trailing = nullptr) {
+        return korvane::section(*this, reading<std::string>(title), reading<std::string>(icon), content,
+                                trailing);
     }
 
     /// A badge while `reader` reads an `std::optional<StatusBadge>` that holds one.
@@ -276,6 +277,13 @@ public:
     template <typename Text>
     QWidget* announcing(Text text, QWidget* widget) {
         announceChanges(*this, *widget, reading<std::string>(text));
+        return widget;
+    }
+
+    /// `widget`; what `text` reads is its description for assistive technology.
+    template <typename Text>
+    QWidget* described(Text text, QWidget* widget) {
+        onRefresh([widget, read = reading<std::string>(text)] { setAccessibleDescription(*widget, read()); });
         return widget;
     }
 

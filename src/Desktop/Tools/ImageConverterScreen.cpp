@@ -6,6 +6,7 @@
 #include "Desktop/Kit/MenuPicker.h"
 #include "Desktop/Kit/Screen.h"
 #include "Desktop/Kit/SecondaryButton.h"
+#include "Desktop/Kit/TabStops.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/ImageConverterView.h"
 
@@ -27,6 +28,7 @@ constexpr int percentWidth = 34;
 constexpr int sizeFieldWidth = 80;
 constexpr int rotationWidth = 82;
 constexpr int flipWidth = 110;
+constexpr int noteGlyph = 12;
 
 /// `widget` in the middle, below some room of its own.
 QWidget* centred(QWidget* widget, int room = 0) {
@@ -57,7 +59,7 @@ QWidget* loadedSource(Screen& view) {
          .radius = Size::radiusMedium},
         {overlay(imageView(view, {.name = "Source Image",
                                   .image = view.reading<std::optional<Image>>(&State::sourcePreview)}),
-                 view.quietButton("Remove", "trash", &State::remove, {.isOverlay = true}))});
+                 neverSucceeding(view.quietButton("Remove", "trash", &State::remove, {.isOverlay = true})))});
 }
 
 QWidget* factsOfImage(Screen& view) {
@@ -80,7 +82,8 @@ QWidget* source(Screen& view) {
               {dropTarget({.setTargeted = setTargeted, .drop = drop},
                           withHeight(sourceHeight,
                                      view.either(&State::hasSource, loadedSource(view), emptySource(view)))),
-               view.when(&State::hasSource, factsOfImage(view)), stretch()}));
+               view.when(&State::hasSource, factsOfImage(view)),
+               view.when(&State::isFirstOfMany, view.caption(&State::firstOfManyText)), stretch()}));
 }
 
 QWidget* quality(Screen& view) {
@@ -122,31 +125,43 @@ QWidget* transform(Screen& view) {
                 menuPicker(view, "Flip", &State::flipDirection, &State::setFlipDirection, flipWidth)});
 }
 
+QWidget* unappliedNote(Screen& view) {
+    return stack(
+        Qt::Horizontal, {.spacing = Size::gapBadge},
+        {stretch(), new GlyphLabel(icon(Status::warning), noteGlyph, PaletteColor::orange),
+         view.announcing(&State::unappliedChangesText,
+                         view.label(&State::unappliedChangesText, TextStyle::quiet, PaletteColor::orange)),
+         stretch()});
+}
+
 QWidget* actions(Screen& view) {
     auto* apply = view.actionButton("Apply Transforms", "wand.and.stars", PaletteColor::cyan,
                                     &State::applyTransforms, &State::cannotApply);
-    return stack(Qt::Vertical, {},
-                 {withHeight(Size::actionHeight, growing(apply)),
-                  stack(Qt::Horizontal, {.equalShares = true},
-                        {secondaryButton(view, {.title = "Save As...",
-                                                .icon = "square.and.arrow.down",
-                                                .isProminent = true,
-                                                .isDisabled = view.reading<bool>(&State::cannotSave),
-                                                .action = view.performing(&State::saveImage)}),
-                         secondaryButton(view, {.title = "Reset",
-                                                .icon = "arrow.counterclockwise",
-                                                .action = view.performing(&State::reset)})}),
-                  view.when(&State::isLoading, busyLabel("Loading…")),
-                  view.when(&State::isApplying, busyLabel("Applying…")),
-                  view.when(&State::isSaving, busyLabel("Saving…"))});
+    return stack(
+        Qt::Vertical, {},
+        {withHeight(Size::actionHeight, stack(Qt::Horizontal, {.equalShares = true},
+                                              {growing(view.described(&State::unappliedChangesText, apply)),
+                                               view.when(&State::hasUnappliedChanges, unappliedNote(view))})),
+         stack(Qt::Horizontal, {.equalShares = true},
+               {secondaryButton(view, {.title = "Save As...",
+                                       .icon = "square.and.arrow.down",
+                                       .isProminent = true,
+                                       .isDisabled = view.reading<bool>(&State::cannotSave),
+                                       .action = view.performing(&State::saveImage)}),
+                secondaryButton(view, {.title = "Reset",
+                                       .icon = "arrow.counterclockwise",
+                                       .action = view.performing(&State::reset)})}),
+         view.when(&State::isLoading, busyLabel("Loading…")),
+         view.when(&State::isApplying, busyLabel("Applying…")),
+         view.when(&State::isSaving, busyLabel("Saving…"))});
 }
 
 QWidget* options(Screen& view) {
-    return withWidth(optionsWidth,
-                     stack(Qt::Vertical, {.spacing = Size::gapSectionWide},
-                           {view.section("Output Format", "", outputFormat(view)),
-                            view.section("Resize", "", resize(view)),
-                            view.section("Transform", "", transform(view)), actions(view), stretch()}));
+    return withWidth(optionsWidth, stack(Qt::Vertical, {.spacing = Size::gapSectionWide},
+                                         {view.section("Output Format", "", outputFormat(view)),
+                                          view.section("Resize", "", resize(view)),
+                                          view.section("Transform", "", transform(view)), actions(view),
+                                          view.statusBadge(&State::savedBadge), stretch()}));
 }
 
 QWidget* processed(Screen& view) {
@@ -156,7 +171,8 @@ QWidget* processed(Screen& view) {
                                                              .image = view.reading<std::optional<Image>>(
                                                                  &State::processedPreview),
                                                              .hasCheckerboard = true}),
-                                            imagePlaceholder("Apply transformations to see preview"))));
+                                            imagePlaceholder("Apply transformations to see preview"))),
+                        view.caption(&State::processedDimensionsText));
 }
 
 QWidget* body(Screen& view) {

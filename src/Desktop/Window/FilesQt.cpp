@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QSaveFile>
 
 namespace korvane {
@@ -16,10 +17,12 @@ std::unexpected<std::string> failure(const QFileDevice& file) {
     return std::unexpected(utf8String(file.errorString()));
 }
 
-/// A panel over the window in use; it goes when it is closed.
+/// A panel over the window in use; it goes when it is closed. Its filter tells the kind without the long list
+/// of extensions.
 QFileDialog& newPanel(const FileKind& kind) {
     auto* panel = new QFileDialog(QApplication::activeWindow());
     panel->setAttribute(Qt::WA_DeleteOnClose);
+    panel->setOption(QFileDialog::HideNameFilterDetails);
     QStringList patterns;
     for (const auto& extension : kind.extensions)
         patterns << QStringLiteral("*.") + qString(extension)
@@ -68,6 +71,7 @@ std::expected<void, std::string> ServicesQt::FilesQt::write(const std::string& p
 void ServicesQt::FilePanelsQt::open(const FileKind& kind, Chosen chosen) {
     auto& panel = newPanel(kind);
     panel.setFileMode(QFileDialog::ExistingFile);
+    panel.setNameFilters(panel.nameFilters() << QStringLiteral("All files (*)"));
     show(panel, std::move(chosen));
 }
 
@@ -76,7 +80,31 @@ void ServicesQt::FilePanelsQt::save(const FileKind& kind, const std::string& pro
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setDefaultSuffix(qString(kind.extensions.front()));
     panel.selectFile(qString(proposedName));
-    show(panel, std::move(chosen));
+    show(panel, [this, kind, chosen = std::move(chosen)](const std::string& path) {
+        const auto named = withExtension(path, kind);
+        if (named == path || !QFileInfo::exists(qString(named)))
+            chosen(named);
+        else
+            confirmReplacing(named, kind, chosen);
+    });
+}
+
+/// The panel has asked only about the name as it was typed.
+void ServicesQt::FilePanelsQt::confirmReplacing(const std::string& path, const FileKind& kind,
+                                                const Chosen& chosen) {
+    const QFileInfo file(qString(path));
+    auto* question = new QMessageBox(
+        QMessageBox::Warning, QStringLiteral("Save As"),
+        QStringLiteral("\u201c%1\u201d already exists. Do you want to replace it?").arg(file.fileName()),
+        QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(question, &QMessageBox::finished, question, [this, path, kind, chosen](int answer) {
+        if (answer == QMessageBox::Yes)
+            chosen(path);
+        else
+            save(kind, path, chosen);
+    });
+    question->open();
 }
 
 } // namespace korvane

@@ -11,7 +11,8 @@ bool FocusKeeper::handOn(QWidget* lost, QWidget* part) {
     QWidget* heir = nullptr;
     for (auto* around = lost; !heir && around != part;) {
         around = around->parentWidget();
-        const auto order = readingOrder(*around);
+        auto order = readingOrder(*around);
+        std::erase_if(order, [&](const QWidget* widget) { return widget != lost && !isSuccessor(widget); });
         heir = nextStop(order, lost);
         heir = heir ? heir : previousStop(order, lost);
     }

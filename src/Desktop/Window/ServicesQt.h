@@ -58,6 +58,9 @@ private:
     public:
         void open(const FileKind& kind, Chosen chosen) override;
         void save(const FileKind& kind, const std::string& proposedName, Chosen chosen) override;
+
+    private:
+        void confirmReplacing(const std::string& path, const FileKind& kind, const Chosen& chosen);
     };
 
     class ImagesQt final : public Images {

@@ -15,27 +15,29 @@ namespace {
 
 using LocalContext = Context<ImageConverterView>;
 
-FileKind anyImage() {
-    return {.name = "Images",
-            .extensions = {"png", "jpg", "jpeg", "tiff", "tif", "gif", "bmp", "heic", "heif"}};
+/// The extensions that files of the format have, the usual one first.
+std::vector<std::string> extensions(ImageFormat format) {
+    std::vector<std::string> result{std::string(fileExtension(format))};
+    if (format == ImageFormat::jpeg)
+        result.emplace_back("jpeg");
+    if (format == ImageFormat::tiff)
+        result.emplace_back("tif");
+    if (format == ImageFormat::heic)
+        result.emplace_back("heif");
+    return result;
 }
 
-FileKind kindOf(ImageFormat format) {
-    FileKind kind{.name = std::string(description(format)),
-                  .extensions = {std::string(fileExtension(format))}};
-    if (format == ImageFormat::jpeg)
-        kind.extensions.emplace_back("jpeg");
-    if (format == ImageFormat::tiff)
-        kind.extensions.emplace_back("tif");
+FileKind anyImage() {
+    FileKind kind{.name = "Images"};
+    for (const auto format : allCases<ImageFormat>)
+        std::ranges::copy(extensions(format), std::back_inserter(kind.extensions));
     return kind;
 }
 
-/// `path`, with the format's extension where the name has none.
-std::string withExtension(std::string path, ImageFormat format) {
-    const auto name = std::string_view(path).substr(path.rfind('/') + 1);
-    if (!name.contains('.'))
-        path += fmt::format(".{}", fileExtension(format));
-    return path;
+FileKind kindOf(ImageFormat format) {
+    return {.name = std::string(description(format)),
+            .extensions = extensions(format),
+            .otherExtensions = anyImage().extensions};
 }
 
 /// The text in units of a thousand, with as many digits as tell it apart.
@@ -54,6 +56,10 @@ std::string byteCountText(std::int64_t bytes) {
 /// What a codec that this computer lacks takes, which is a Debian package where one is known.
 std::string codecNeed(std::string_view package) {
     return package.empty() ? "codec missing" : fmt::format("needs {}", package);
+}
+
+std::string sizeText(int width, int height) {
+    return fmt::format("{} × {}", width, height);
 }
 
 /// What a transform makes of `image`, which stays as it is where the transform fails.
@@ -152,39 +158,70 @@ void ImageConverterView::finishLoading(LoadResult result) {
     imageInfo = std::move(result->info);
 }
 
+ImageConverterView::Transforms ImageConverterView::transforms() const {
+    Transforms chosen{.rotation = rotation, .flipDirection = flipDirection};
+    if (resizeWidth >= 1 && resizeHeight >= 1)
+        chosen.resizing = {.to = {resizeWidth, resizeHeight}, .maintainAspectRatio = maintainAspectRatio};
+    return chosen;
+}
+
+std::optional<ImageConverterView::Processed>
+ImageConverterView::transformed(Image image, const Transforms& transforms, const ImageEngine& engine) {
+    if (transforms.rotation != Rotation::none)
+        image = kept(image, engine.rotate(image, transforms.rotation));
+    if (transforms.flipDirection != FlipDirection::none)
+        image = kept(image, engine.flip(image, transforms.flipDirection));
+    if (const auto& resizing = transforms.resizing)
+        image = kept(image, engine.resize(image, resizing->to, resizing->maintainAspectRatio));
+    auto preview = engine.preview(image, previewSide);
+    if (!preview)
+        return std::nullopt;
+    return Processed{std::move(image), *std::move(preview)};
+}
+
 void ImageConverterView::applyTransforms(const LocalContext& context) {
     if (!sourceImage)
         return;
     errorMessage.reset();
+    savedMessage.reset();
     const auto engine = context.services.images.engine();
     if (!engine) {
         errorMessage = engine.error();
         return;
     }
+    applied = transforms();
     runInBackground(
         context, *this, &ImageConverterView::applying,
-        [&operations = **engine, image = *sourceImage, rotation = rotation, direction = flipDirection,
-         size = ImageSize{resizeWidth, resizeHeight},
-         maintain = maintainAspectRatio](const std::stop_token&) mutable -> std::optional<Processed> {
-            if (rotation != Rotation::none)
-                image = kept(image, operations.rotate(image, rotation));
-            if (direction != FlipDirection::none)
-                image = kept(image, operations.flip(image, direction));
-            if (size.width >= 1 && size.height >= 1)
-                image = kept(image, operations.resize(image, size, maintain));
-            auto preview = operations.preview(image, previewSide);
-            if (!preview)
-                return std::nullopt;
-            return Processed{std::move(image), *std::move(preview)};
+        [&operations = **engine, image = *sourceImage, chosen = *applied](const std::stop_token&) mutable {
+            return transformed(std::move(image), chosen, operations);
         },
-        &ImageConverterView::finishApplying);
+        [context](ImageConverterView& state, std::optional<Processed> result) {
+            state.finishApplying(std::move(result), context);
+        });
 }
 
-void ImageConverterView::finishApplying(std::optional<Processed> result) {
-    if (!result) // there is no memory even for a small picture
-        return;
-    processedImage = std::move(result->image);
-    processedPreview = std::move(result->preview);
+void ImageConverterView::finishApplying(std::optional<Processed> result, const LocalContext& context) {
+    if (result) { // else there is no memory even for a small picture
+        processedImage = std::move(result->image);
+        processedPreview = std::move(result->preview);
+    }
+    if (const auto destination = std::exchange(savesAfterApplying, std::nullopt))
+        save(*destination, context);
+}
+
+bool ImageConverterView::hasUnappliedChanges() const {
+    if (!sourceImage)
+        return false;
+    const auto chosen = transforms();
+    if (applied)
+        return chosen != *applied;
+    const ImageSize sourceSize{sourceImage->width, sourceImage->height};
+    const bool keepsSize = !chosen.resizing || chosen.resizing->to == sourceSize;
+    return chosen.rotation != Rotation::none || chosen.flipDirection != FlipDirection::none || !keepsSize;
+}
+
+std::string ImageConverterView::unappliedChangesText() const {
+    return hasUnappliedChanges() ? "Changes not applied" : "";
 }
 
 void ImageConverterView::saveImage(const LocalContext& context) {
@@ -193,31 +230,57 @@ void ImageConverterView::saveImage(const LocalContext& context) {
     context.services.panels.save(
         kindOf(targetFormat), fmt::format("converted.{}", fileExtension(targetFormat)),
         [context, format = targetFormat](const std::string& path) {
-            context.update([&](ImageConverterView& state) { state.save(path, format, context); });
+            context.update([&](ImageConverterView& state) { state.save({path, format}, context); });
         });
 }
 
-void ImageConverterView::save(const std::string& path, ImageFormat format, const LocalContext& context) {
+void ImageConverterView::save(const Destination& destination, const LocalContext& context) {
+    if (applying)
+        savesAfterApplying = destination;
     if (cannotSave())
         return;
     errorMessage.reset();
-    using Result = std::expected<void, std::string>;
+    savedMessage.reset();
+    using Result = std::expected<std::size_t, std::string>;
     runInBackground(
         context, *this, &ImageConverterView::saving,
-        [image = processedImage.value_or(*sourceImage), quality = quality, format,
-         path = withExtension(path, format), &services = context.services](const std::stop_token&) -> Result {
+        [image = processedImage.value_or(*sourceImage), quality = quality, destination,
+         &services = context.services](const std::stop_token&) -> Result {
             const auto engine = services.images.engine();
             if (!engine)
                 return std::unexpected(engine.error());
-            const auto bytes = (*engine)->convert(image, format, quality);
+            const auto bytes = (*engine)->convert(image, destination.format, quality);
             if (!bytes)
                 return std::unexpected(std::string(errorDescription(bytes.error())));
-            return services.files.write(path, *bytes);
+            const auto written = services.files.write(destination.path, *bytes);
+            if (!written)
+                return std::unexpected(written.error());
+            return bytes->size();
         },
-        [](ImageConverterView& state, const Result& result) {
-            if (!result)
+        [path = destination.path, context](ImageConverterView& state, const Result& result) {
+            if (result)
+                state.finishSaving(path, *result, context);
+            else
                 state.errorMessage = fmt::format("Failed to save: {}", result.error());
         });
+}
+
+void ImageConverterView::finishSaving(const std::string& path, std::size_t size,
+                                      const LocalContext& context) {
+    const auto name = std::string_view(path).substr(path.rfind('/') + 1);
+    savedMessage = std::make_shared<const std::string>(
+        fmt::format("Saved {} ({})", name, byteCountText(static_cast<std::int64_t>(size))));
+    context.services.timers.after(savedDuration,
+                                  [update = context.update, shown = std::weak_ptr(savedMessage)] {
+                                      update([&](ImageConverterView& state) {
+                                          if (state.savedMessage == shown.lock())
+                                              state.savedMessage.reset();
+                                      });
+                                  });
+}
+
+std::optional<StatusBadge> ImageConverterView::savedBadge() const {
+    return savedMessage ? std::optional(StatusBadge{Status::success, *savedMessage}) : std::nullopt;
 }
 
 void ImageConverterView::remove() {
@@ -246,7 +309,7 @@ std::string ImageConverterView::qualityText() const {
 }
 
 std::string ImageConverterView::dimensionsText() const {
-    return imageInfo ? fmt::format("{} × {}", imageInfo->width, imageInfo->height) : std::string();
+    return imageInfo ? sizeText(imageInfo->width, imageInfo->height) : std::string();
 }
 
 std::string ImageConverterView::formatText() const {
@@ -267,6 +330,15 @@ std::string ImageConverterView::alphaText() const {
 
 std::string ImageConverterView::resolutionText() const {
     return imageInfo ? fmt::format("{}", imageInfo->dpi) : std::string();
+}
+
+std::string ImageConverterView::firstOfManyText() const {
+    return isFirstOfMany() ? fmt::format("The first of {} pictures in the file", imageInfo->pictureCount)
+                           : std::string();
+}
+
+std::string ImageConverterView::processedDimensionsText() const {
+    return processedImage ? sizeText(processedImage->width, processedImage->height) : std::string();
 }
 
 } // namespace korvane

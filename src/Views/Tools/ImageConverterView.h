@@ -5,10 +5,13 @@
 
 #include "Utilities/ImageConverter.h"
 #include "Views/Background.h"
+#include "Views/Components/StatusBadge.h"
 #include "Views/Services.h"
 
+#include <chrono>
 #include <cstddef>
 #include <expected>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +25,30 @@ struct DroppedItems {
 };
 
 struct ImageConverterView {
+    /// What is made of the source: it is turned, mirrored and resized, in this order.
+    struct Transforms {
+        struct Resizing {
+            ImageSize to{}; ///< at least one pixel
+            bool maintainAspectRatio = true;
+
+            bool operator==(const Resizing&) const = default;
+        };
+
+        Rotation rotation = Rotation::none;
+        FlipDirection flipDirection = FlipDirection::none;
+        std::optional<Resizing> resizing{}; ///< none: the size stays
+
+        bool operator==(const Transforms&) const = default;
+    };
+
+    /// Where to save.
+    struct Destination {
+        std::string path{};
+        ImageFormat format = ImageFormat::png;
+
+        bool operator==(const Destination&) const = default;
+    };
+
     std::optional<Image> sourceImage{};
     std::optional<std::string> sourceData{}; ///< the file that `sourceImage` was decoded from
     std::optional<Image> processedImage{};
@@ -39,9 +66,18 @@ struct ImageConverterView {
 
     std::optional<Image> sourcePreview{};    ///< `sourceImage` in the size and colours of the screen
     std::optional<Image> processedPreview{}; ///< the same of `processedImage`
+    std::optional<Transforms> applied{};     ///< of `processedImage`, or of what is being made
+    /// What to say of the last saving. Whoever remembers the pointer can tell it from a later one.
+    std::shared_ptr<const std::string> savedMessage{};
     std::optional<BackgroundTask> loading{};
     std::optional<BackgroundTask> applying{};
     std::optional<BackgroundTask> saving{};
+
+    /// Chosen while the picture that is to be saved was being made.
+    std::optional<Destination> savesAfterApplying{};
+
+    /// How long it is said that a file has been saved.
+    static constexpr std::chrono::seconds savedDuration{6};
 
     /// A larger file is not read: it holds more than the largest picture.
     static constexpr std::size_t maximumFileBytes = ImageConverter::maximumBytes;
@@ -63,22 +99,21 @@ struct ImageConverterView {
     /// Loads the picture in a file's bytes. Until it is there, and if it cannot be, the one before stays.
     void loadImage(std::string data, const Context<ImageConverterView>& context);
 
-    void setTargetFormat(ImageFormat format) { targetFormat = format; }
+    void setTargetFormat(ImageFormat format) { change(targetFormat, format); }
 
-    void setQuality(double value) { quality = value; }
+    void setQuality(double value) { change(quality, value); }
 
-    void setRotation(Rotation value) { rotation = value; }
+    void setRotation(Rotation value) { change(rotation, value); }
 
-    void setFlipDirection(FlipDirection value) { flipDirection = value; }
+    void setFlipDirection(FlipDirection value) { change(flipDirection, value); }
 
-    void setResizeWidth(int value) { resizeWidth = value; }
+    void setResizeWidth(int value) { change(resizeWidth, value); }
 
-    void setResizeHeight(int value) { resizeHeight = value; }
+    void setResizeHeight(int value) { change(resizeHeight, value); }
 
-    void setMaintainAspectRatio(bool maintain) { maintainAspectRatio = maintain; }
+    void setMaintainAspectRatio(bool maintain) { change(maintainAspectRatio, maintain); }
 
-    /// Makes `processedImage` of the source: turns, mirrors and resizes it, in this order. A step that fails
-    /// is left out.
+    /// Makes `processedImage` of the source. A transform that fails is left out.
     void applyTransforms(const Context<ImageConverterView>& context);
 
     /// Saves the processed picture, or the source while there is none, where the user chooses. What has begun
@@ -97,10 +132,19 @@ struct ImageConverterView {
 
     bool cannotApply() const { return !sourceImage; }
 
-    bool cannotSave() const { return !sourceImage || saving; }
+    /// Also while the picture that would be saved is being made.
+    bool cannotSave() const { return !sourceImage || applying || saving; }
 
-    /// What this computer lacks to write files of the format, such as "needs libheif-plugin-x265"; empty where
-    /// it can.
+    /// Whether the transforms that are chosen are others than those of the picture that would be saved.
+    bool hasUnappliedChanges() const;
+
+    /// What `hasUnappliedChanges` means for the user; empty where it is false.
+    std::string unappliedChangesText() const;
+
+    std::optional<StatusBadge> savedBadge() const;
+
+    /// What this computer lacks to write files of the format, such as "needs libheif-plugin-x265"; empty
+    /// where it can.
     std::string missingEncoder(ImageFormat format) const;
 
     bool showsQuality() const { return supportsQuality(targetFormat); }
@@ -116,6 +160,14 @@ struct ImageConverterView {
     std::string colorSpaceText() const;
     std::string alphaText() const;
     std::string resolutionText() const;
+
+    /// That only one of the pictures in the file is read; empty where there are no others.
+    std::string firstOfManyText() const;
+
+    bool isFirstOfMany() const { return imageInfo && imageInfo->pictureCount > 1; }
+
+    /// The size of `processedImage`; empty without it.
+    std::string processedDimensionsText() const;
 
     bool isLoading() const { return loading.has_value(); }
 
@@ -138,6 +190,14 @@ private:
         Image preview{};
     };
 
+    template <typename T>
+    void change(T& field, T value) {
+        field = value;
+        savedMessage.reset();
+    }
+
+    Transforms transforms() const;
+
     using LoadResult = std::expected<Loaded, std::string>;
 
     static LoadResult load(std::string data, Images& images, const std::stop_token& stop);
@@ -145,8 +205,11 @@ private:
                                 const std::stop_token& stop);
     void loadInBackground(DroppedItems items, const Context<ImageConverterView>& context);
     void finishLoading(LoadResult result);
-    void finishApplying(std::optional<Processed> result);
-    void save(const std::string& path, ImageFormat format, const Context<ImageConverterView>& context);
+    static std::optional<Processed> transformed(Image image, const Transforms& transforms,
+                                                const ImageEngine& engine);
+    void finishApplying(std::optional<Processed> result, const Context<ImageConverterView>& context);
+    void save(const Destination& destination, const Context<ImageConverterView>& context);
+    void finishSaving(const std::string& path, std::size_t size, const Context<ImageConverterView>& context);
 };
 
 } // namespace korvane

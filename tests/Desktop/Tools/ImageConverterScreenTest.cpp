@@ -168,6 +168,53 @@ TEST_F(ImageConverterScreenTest, SaysWhatFails) {
     EXPECT_EQ(screen.text("Error"), "Failed to save: No space left on device");
 }
 
+TEST_F(ImageConverterScreenTest, SaysWhatIsNotApplied) {
+    load();
+    auto& apply = screen.button("Apply Transforms");
+    EXPECT_FALSE(screen.shows("Changes not applied"));
+    EXPECT_EQ(apply.accessibleDescription(), "");
+    screen.enter("Width", "20");
+    EXPECT_TRUE(screen.shows("Changes not applied"));
+    EXPECT_EQ(apply.accessibleDescription(), "Changes not applied");
+    screen.press("Apply Transforms");
+    EXPECT_FALSE(screen.shows("Changes not applied"));
+    EXPECT_FALSE(screen.button("Save As...").isEnabled()) << "the picture is being made";
+    fakes.background.runAll();
+    EXPECT_TRUE(screen.button("Save As...").isEnabled());
+    EXPECT_TRUE(screen.shows("20 × 15"));
+    screen.picker("Flip").setCurrentIndex(1);
+    EXPECT_TRUE(screen.shows("Changes not applied"));
+    screen.press("Reset");
+    EXPECT_FALSE(screen.shows("Changes not applied"));
+    EXPECT_FALSE(screen.shows("20 × 15"));
+}
+
+TEST_F(ImageConverterScreenTest, SaysWhatHasBeenSaved) {
+    load();
+    screen.press("Save As...");
+    fakes.panels.choose("/out/photo.png");
+    fakes.background.runAll();
+    const auto message = "Saved photo.png (" +
+                         std::to_string((fakes.files.contents["/out/photo.png"].size() + 500) / 1000) +
+                         " KB)";
+    EXPECT_TRUE(screen.shows(message)) << message;
+    screen.picker("Format").setCurrentIndex(1);
+    EXPECT_FALSE(screen.shows(message));
+}
+
+TEST_F(ImageConverterScreenTest, SaysThatAFileHoldsMorePictures) {
+    load();
+    EXPECT_FALSE(screen.shows("The first of 2 pictures in the file"));
+    const std::string frame("\x2c\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0", 15);
+    fakes.files.contents["/moving.gif"] =
+        std::string("GIF89a\x01\0\x01\0\x80\0\0\0\0\0\xff\xff\xff", 19) + frame + frame + ";";
+    screen.press("Remove");
+    screen.press("Choose File");
+    fakes.panels.choose("/moving.gif");
+    fakes.background.runAll();
+    EXPECT_TRUE(screen.shows("The first of 2 pictures in the file"));
+}
+
 TEST_F(ImageConverterScreenTest, TakesWhatIsDropped) {
     fakes.files.contents["/tmp/Über uns.png"] = engine().convert(picture, ImageFormat::png, 1).value();
     QMimeData data;

@@ -4,11 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QTemporaryDir>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -95,6 +100,76 @@ TEST_F(FilesTest, AMissingOrForbiddenFolderIsAnError) {
     std::filesystem::permissions(folder.path().toStdString(), std::filesystem::perms::owner_read);
     EXPECT_FALSE(files.write(path("picture"), "bytes"));
     std::filesystem::permissions(folder.path().toStdString(), std::filesystem::perms::owner_all);
+}
+
+/// The window of that kind that is open, or none.
+template <typename Window>
+Window* openWindow() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (auto* window : QApplication::topLevelWidgets()) {
+        if (auto* found = qobject_cast<Window*>(window); found && found->isVisible())
+            return found;
+    }
+    return nullptr;
+}
+
+/// Types a path into the panel that is open, and confirms it.
+void confirm(const std::string& path) {
+    auto* panel = openWindow<QFileDialog>();
+    ASSERT_TRUE(panel);
+    panel->selectFile(QString::fromStdString(path));
+    static_cast<QDialog*>(panel)->accept();
+}
+
+struct PanelsTest : FilesTest {
+    std::string chosen{};
+    FilePanels& panels = real.services().panels;
+
+    void ask() {
+        panels.save({.name = "JPEG image", .extensions = {"jpg", "jpeg"}, .otherExtensions = {"png"}},
+                    path("converted.jpg"), [this](std::string path) { chosen = std::move(path); });
+    }
+
+    static void answer(QMessageBox::StandardButton button) {
+        auto* question = openWindow<QMessageBox>();
+        ASSERT_TRUE(question);
+        question->button(button)->click();
+    }
+};
+
+TEST_F(PanelsTest, APathThatIsChosenHasAnExtensionOfTheKind) {
+    for (const auto& [typed, expected] : {std::pair{"photo.jpeg", "photo.jpeg"},
+                                          {"wrong.png", "wrong.jpg"},
+                                          {"photo v1.2", "photo v1.2.jpg"},
+                                          {"photo", "photo.jpg"}}) {
+        ask();
+        confirm(path(typed));
+        EXPECT_EQ(chosen, path(expected)) << typed;
+        EXPECT_FALSE(openWindow<QMessageBox>()) << typed;
+    }
+}
+
+TEST_F(PanelsTest, AsksBeforeAFileIsReplacedWhoseNameWasNotTyped) {
+    files.write(path("photo.jpg"), "old");
+    ask();
+    confirm(path("photo.png"));
+    EXPECT_EQ(chosen, "") << "not before the question is answered";
+    answer(QMessageBox::No);
+    EXPECT_EQ(chosen, "");
+    confirm(path("photo.png")); // the panel has come back
+    answer(QMessageBox::Yes);
+    EXPECT_EQ(chosen, path("photo.jpg"));
+    EXPECT_FALSE(openWindow<QFileDialog>());
+}
+
+TEST_F(PanelsTest, OffersAllFilesToo) {
+    panels.open({.name = "Images", .extensions = {"png"}},
+                [this](std::string path) { chosen = std::move(path); });
+    auto* panel = openWindow<QFileDialog>();
+    ASSERT_TRUE(panel);
+    EXPECT_EQ(panel->nameFilters(), QStringList({"Images (*.png *.PNG)", "All files (*)"}));
+    EXPECT_EQ(panel->selectedNameFilter(), "Images") << "without the long list";
+    panel->close();
 }
 
 } // namespace

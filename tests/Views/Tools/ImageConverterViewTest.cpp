@@ -1,47 +1,9 @@
-#include "Views/Tools/ImageConverterView.h"
-
-#include "support/FakeServices.h"
-#include "support/Pictures.h"
-
-#include <gtest/gtest.h>
+#include "support/ImageConverterViewTest.h"
 
 namespace korvane {
 namespace {
 
 using support::haveSamePixels;
-
-const ImageEngine& engine() {
-    return **ImageModule::load();
-}
-
-class ImageConverterViewTest : public ::testing::Test {
-protected:
-    FakeServices fakes{};
-    std::optional<ImageConverterView> state{ImageConverterView{}};
-    Context<ImageConverterView> context{fakes.services,
-                                        [this](const std::function<void(ImageConverterView&)>& change) {
-                                            if (state)
-                                                change(*state);
-                                        }};
-    Image picture = support::distinctPicture({40, 30});
-    std::string file = engine().convert(picture, ImageFormat::png, 1).value();
-
-    void load() {
-        state->loadImage(file, context);
-        fakes.background.runAll();
-    }
-
-    void apply() {
-        state->applyTransforms(context);
-        fakes.background.runAll();
-    }
-
-    void saveAs(const std::string& path) {
-        state->saveImage(context);
-        fakes.panels.choose(path);
-        fakes.background.runAll();
-    }
-};
 
 TEST_F(ImageConverterViewTest, StartsWithoutAPicture) {
     state->appear(context);
@@ -69,13 +31,12 @@ TEST_F(ImageConverterViewTest, AMissingEncoderIsNamed) {
 }
 
 TEST_F(ImageConverterViewTest, AMissingDecoderIsNamed) {
-    file = engine().convert(picture, ImageFormat::heic, 1).value();
+    file = imageEngine().convert(picture, ImageFormat::heic, 1).value();
     fakes.images.removeHEICCodecs();
     load();
     EXPECT_FALSE(state->hasSource());
-    EXPECT_EQ(
-        state->errorMessage,
-        "Failed to load image: HEIC cannot be read on this computer (needs libheif-plugin-libde265)");
+    EXPECT_EQ(state->errorMessage,
+              "Failed to load image: HEIC cannot be read on this computer (needs libheif-plugin-libde265)");
 }
 
 TEST_F(ImageConverterViewTest, LoadingShowsThePictureAndItsFacts) {
@@ -151,7 +112,7 @@ TEST_F(ImageConverterViewTest, OfSeveralFilesTheFirstImageIsLoaded) {
     fakes.files.contents["/notes.txt"] = "notes";
     fakes.files.contents["/Übersicht 1.png"] = file;
     fakes.files.contents["/other.png"] =
-        engine().convert(support::distinctPicture({9, 9}), ImageFormat::png, 1).value();
+        imageEngine().convert(support::distinctPicture({9, 9}), ImageFormat::png, 1).value();
     state->setDropTargeted(true);
     state->handleDrop({.files = {"/gone.png", "/notes.txt", "/Übersicht 1.png", "/other.png"}}, context);
     EXPECT_FALSE(state->isDropTargeted);
@@ -172,7 +133,7 @@ TEST_F(ImageConverterViewTest, TheBytesOfAPictureCanBeDropped) {
 
 TEST_F(ImageConverterViewTest, OnlyTheLastOfTwoLoadingsCounts) {
     state->loadImage(file, context);
-    state->loadImage(engine().convert(support::distinctPicture({9, 8}), ImageFormat::gif, 1).value(),
+    state->loadImage(imageEngine().convert(support::distinctPicture({9, 8}), ImageFormat::gif, 1).value(),
                      context);
     fakes.background.runAll();
     EXPECT_EQ(state->dimensionsText(), "9 × 8");
@@ -209,9 +170,9 @@ TEST_F(ImageConverterViewTest, TransformsAreAppliedInTheirOrder) {
     state->applyTransforms(context);
     EXPECT_TRUE(state->isApplying());
     fakes.background.runAll();
-    auto expected = engine().rotate(picture, Rotation::degrees90).value();
-    expected = engine().flip(expected, FlipDirection::horizontal).value();
-    expected = engine().resize(expected, {12, 11}, false).value();
+    auto expected = imageEngine().rotate(picture, Rotation::degrees90).value();
+    expected = imageEngine().flip(expected, FlipDirection::horizontal).value();
+    expected = imageEngine().resize(expected, {12, 11}, false).value();
     ASSERT_TRUE(state->hasProcessed());
     EXPECT_TRUE(haveSamePixels(*state->processedImage, expected));
     EXPECT_TRUE(haveSamePixels(*state->sourceImage, picture)) << "the source stays";
@@ -238,7 +199,7 @@ TEST_F(ImageConverterViewTest, ATransformThatFailsIsLeftOut) {
     apply();
     ASSERT_TRUE(state->hasProcessed());
     EXPECT_TRUE(
-        haveSamePixels(*state->processedImage, engine().rotate(picture, Rotation::degrees180).value()));
+        haveSamePixels(*state->processedImage, imageEngine().rotate(picture, Rotation::degrees180).value()));
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
@@ -252,80 +213,14 @@ TEST_F(ImageConverterViewTest, ApplyingForgetsTheMessageAndNeedsAPicture) {
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
-TEST_F(ImageConverterViewTest, ProposesANameForEachFormat) {
+TEST_F(ImageConverterViewTest, SaysThatAFileHoldsMorePictures) {
+    EXPECT_FALSE(state->isFirstOfMany());
     load();
-    for (const auto& [format, name] : {std::pair{ImageFormat::png, "converted.png"},
-                                       {ImageFormat::jpeg, "converted.jpg"},
-                                       {ImageFormat::tiff, "converted.tiff"},
-                                       {ImageFormat::gif, "converted.gif"},
-                                       {ImageFormat::bmp, "converted.bmp"},
-                                       {ImageFormat::heic, "converted.heic"}}) {
-        state->setTargetFormat(format);
-        state->saveImage(context);
-        EXPECT_EQ(fakes.panels.proposedName, name);
-        EXPECT_EQ(fakes.panels.kind.extensions.front(), fileExtension(format));
-    }
-}
-
-TEST_F(ImageConverterViewTest, SavesTheProcessedPictureOrElseTheSource) {
-    load();
-    saveAs("/source.png");
-    EXPECT_TRUE(haveSamePixels(engine().decode(fakes.files.contents["/source.png"], {}).value(), picture));
-    state->setRotation(Rotation::degrees90);
-    apply();
-    saveAs("/turned.png");
-    EXPECT_TRUE(haveSamePixels(engine().decode(fakes.files.contents["/turned.png"], {}).value(),
-                               *state->processedImage));
-    EXPECT_EQ(state->errorMessage, std::nullopt);
-}
-
-TEST_F(ImageConverterViewTest, SavesInTheFormatAndQualityThatAreChosen) {
-    load();
-    state->setTargetFormat(ImageFormat::jpeg);
-    saveAs("/good.jpg");
-    state->setQuality(0.1);
-    saveAs("/small.jpg");
-    EXPECT_EQ(engine().formatOf(fakes.files.contents["/good.jpg"]), ImageFormat::jpeg);
-    EXPECT_LT(fakes.files.contents["/small.jpg"].size(), fakes.files.contents["/good.jpg"].size());
-}
-
-TEST_F(ImageConverterViewTest, ANameWithoutAnExtensionGetsOne) {
-    load();
-    state->setTargetFormat(ImageFormat::jpeg);
-    for (const auto& [chosen, written] : {std::pair{"/folder.old/picture", "/folder.old/picture.jpg"},
-                                          {"/picture.jpeg", "/picture.jpeg"},
-                                          {"/picture.v2", "/picture.v2"}}) {
-        saveAs(chosen);
-        EXPECT_TRUE(fakes.files.contents.contains(written)) << chosen;
-    }
-}
-
-TEST_F(ImageConverterViewTest, SaysWhyAFileCannotBeSaved) {
-    load();
-    for (const auto* reason : {"No space left on device", "Permission denied"}) {
-        fakes.files.writeFailure = reason;
-        saveAs("/converted.png");
-        EXPECT_EQ(state->errorMessage, std::string("Failed to save: ") + reason);
-    }
-    fakes.files.writeFailure.reset();
-    saveAs("/converted.png");
-    EXPECT_EQ(state->errorMessage, std::nullopt);
-    state->sourceImage = Image{};
-    saveAs("/nothing.png");
-    EXPECT_EQ(state->errorMessage, "Failed to save: Invalid or corrupted image");
-}
-
-TEST_F(ImageConverterViewTest, WhatIsBeingSavedIsSaved) {
-    load();
-    state->saveImage(context);
-    fakes.panels.choose("/converted.png");
-    EXPECT_TRUE(state->isSaving());
-    EXPECT_TRUE(state->cannotSave());
-    state->reset();
-    EXPECT_TRUE(state->saving);
-    fakes.background.runAll();
-    EXPECT_TRUE(fakes.files.contents.contains("/converted.png"));
-    EXPECT_EQ(*state, ImageConverterView{});
+    EXPECT_FALSE(state->isFirstOfMany());
+    EXPECT_EQ(state->firstOfManyText(), "");
+    state->imageInfo->pictureCount = 12;
+    EXPECT_TRUE(state->isFirstOfMany());
+    EXPECT_EQ(state->firstOfManyText(), "The first of 12 pictures in the file");
 }
 
 TEST_F(ImageConverterViewTest, AChoiceInAPanelMayComeTooLate) {

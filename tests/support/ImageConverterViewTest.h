@@ -1,0 +1,49 @@
+/// What the tests of the image screen's state share: a state, its services, and a picture to work on.
+#pragma once
+
+#include "Views/Tools/ImageConverterView.h"
+
+#include "support/FakeServices.h"
+#include "support/Pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace korvane {
+
+inline const ImageEngine& imageEngine() {
+    return **ImageModule::load();
+}
+
+struct ImageConverterViewTest : ::testing::Test {
+    FakeServices fakes{};
+    std::optional<ImageConverterView> state{ImageConverterView{}};
+    Context<ImageConverterView> context{fakes.services,
+                                        [this](const std::function<void(ImageConverterView&)>& change) {
+                                            if (state)
+                                                change(*state);
+                                        }};
+    Image picture = support::distinctPicture({40, 30});
+    std::string file = imageEngine().convert(picture, ImageFormat::png, 1).value();
+
+    void load() {
+        state->loadImage(file, context);
+        fakes.background.runAll();
+    }
+
+    void apply() {
+        state->applyTransforms(context);
+        fakes.background.runAll();
+    }
+
+    void saveAs(const std::string& path) {
+        state->saveImage(context);
+        fakes.panels.choose(path);
+        fakes.background.runAll();
+    }
+};
+
+} // namespace korvane
