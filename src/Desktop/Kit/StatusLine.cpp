@@ -1,8 +1,8 @@
 #include "Desktop/Kit/StatusLine.h"
 
-#include "Desktop/Kit/Accessibility.h"
 #include "Desktop/Kit/Labels.h"
 #include "Desktop/Kit/Layout.h"
+#include "Desktop/Kit/Messages.h"
 #include "Desktop/Kit/Theme.h"
 #include "Desktop/Kit/ViewCore.h"
 
