@@ -165,7 +165,8 @@ public:
     /// Takes the codecs of HEIC away.
     void removeHEICCodecs() {
         changed = **ImageModule::load();
-        changed->canDecode = changed->canEncode = [](ImageFormat format) { return format != ImageFormat::heic; };
+        changed->canDecode =
+            changed->canEncode = [](ImageFormat format) { return format != ImageFormat::heic; };
     }
 };
 

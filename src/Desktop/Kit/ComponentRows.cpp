@@ -24,10 +24,12 @@ namespace {
 /// The most that names take of a row's width, in percent, when they are long.
 constexpr int namesShare = 40;
 
-Label* nameLabel(const ComponentRow& row, ComponentLook look) {
-    return look == ComponentLook::chip
-               ? new Label(row.label, TextStyle::subheadline, Role::secondary)
-               : new Label(shortenedLine(row.label), TextStyle::codeSmall, Role::secondary);
+/// The name of a row, which is shortened where its column is narrow.
+QWidget* nameCell(const ComponentRow& row, ComponentLook look) {
+    auto* name = look == ComponentLook::chip
+                     ? new Label(row.label, TextStyle::subheadline, Role::secondary)
+                     : new Label(shortenedLine(row.label), TextStyle::codeSmall, Role::secondary);
+    return stack(Qt::Horizontal, {.spacing = 0}, {name});
 }
 
 QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
@@ -45,7 +47,7 @@ QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
                                              {value}));
 }
 
-QWidget* rowWidget(ViewCore& view, Label* name, const ComponentRow& row, ComponentLook look) {
+QWidget* rowWidget(ViewCore& view, QWidget* name, const ComponentRow& row, ComponentLook look) {
     const bool isPlain = look == ComponentLook::plain;
     auto* copy = copyButton(view, [value = row.value.value_or("")] { return value; },
                             {.look = {.showLabel = isPlain, .dropsLabel = isPlain, .subject = row.label}});
@@ -66,7 +68,7 @@ public:
         m_rows = std::move(rows);
         removeAll();
         for (std::size_t i = 0; i < std::min(m_rows.size(), mostComponentRows); ++i) {
-            m_names.push_back(nameLabel(m_rows[i], m_look));
+            m_names.push_back(nameCell(m_rows[i], m_look));
             layout()->addWidget(rowWidget(m_view, m_names.back(), m_rows[i], m_look));
         }
         alignNames();
@@ -106,7 +108,7 @@ private:
     ViewCore& m_view;
     ComponentLook m_look;
     std::vector<ComponentRow> m_rows;
-    std::vector<Label*> m_names;
+    std::vector<QWidget*> m_names;
 };
 
 } // namespace

@@ -40,7 +40,8 @@ public:
         m_menu->setAttribute(Qt::WA_DeleteOnClose);
         m_menu->setMinimumWidth(width());
         for (int index = 0; index < count(); ++index) {
-            auto* choice = m_menu->addAction(entryText(index), this, [this, index] { setCurrentIndex(index); });
+            auto* choice =
+                m_menu->addAction(entryText(index), this, [this, index] { setCurrentIndex(index); });
             choice->setEnabled(obstacle(index).isEmpty());
             if (index == currentIndex())
                 m_menu->setActiveAction(choice);

@@ -115,9 +115,10 @@ QFont applicationFont() {
 
 QFont font(TextStyle style, int percent) {
     const auto& facts = factsOf(style);
-    auto font = facts.isCode ? withDefaultFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont),
-                                                 QStringLiteral("monospace"), QStringLiteral("JetBrains Mono"))
-                             : QApplication::font();
+    auto font = facts.isCode
+                    ? withDefaultFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont),
+                                        QStringLiteral("monospace"), QStringLiteral("JetBrains Mono"))
+                    : QApplication::font();
     font.setPixelSize(zoomed(facts.size, percent));
     font.setWeight(facts.weight);
     if (facts.letterSpacing > 0)

@@ -44,7 +44,8 @@ void forgetWhatDialogsRemember() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
-/// Whether the desktop is KDE without its platform theme for Qt 6, as in Debian 12, whose KDE is built on Qt 5.
+/// Whether the desktop is KDE without its platform theme for Qt 6, as in Debian 12, whose KDE is built on
+/// Qt 5.
 bool isKDEWithoutTheme() {
     const auto theme = QLibraryInfo::path(QLibraryInfo::PluginsPath) +
                        QStringLiteral("/platformthemes/KDEPlasmaPlatformTheme6.so");

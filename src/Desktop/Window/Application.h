@@ -8,8 +8,8 @@ class QApplication;
 
 namespace korvane {
 
-/// The application object, set up. File panels are the desktop's: where its platform theme for Qt is missing, the
-/// desktop portal shows them.
+/// The application object, set up. File panels are the desktop's: where its platform theme for Qt is missing,
+/// the desktop portal shows them.
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv);
 
 /// Sets up an application object that exists already. There must be no window yet.

@@ -22,14 +22,13 @@ std::unexpected<std::string> failure(const QFileDevice& file) {
 QFileDialog& newPanel(const FileKind& kind) {
     auto* panel = new QFileDialog(QApplication::activeWindow());
     panel->setAttribute(Qt::WA_DeleteOnClose);
-    panel->setOption(QFileDialog::HideNameFilterDetails);
     QStringList patterns;
     for (const auto& extension : kind.extensions)
         patterns << QStringLiteral("*.") + qString(extension)
                  << QStringLiteral("*.") + qString(extension).toUpper();
     panel->setNameFilter(qString(kind.name) + QStringLiteral(" (") + patterns.join(' ') +
                          QStringLiteral(")"));
-    panel->setOption(QFileDialog::HideNameFilterDetails); // more than the panel has room for
+    panel->setOption(QFileDialog::HideNameFilterDetails);
     return *panel;
 }
 

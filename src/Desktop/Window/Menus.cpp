@@ -74,7 +74,7 @@ QAction* addLabel(QMenu* menu, std::string_view text) {
 }
 
 void addFileMenu(QMenuBar* bar, QWidget* window, Services& services) {
-    auto* menu = bar->addMenu(QMenuBar::tr("&File"));
+    auto* menu = addMenu(bar, QMenuBar::tr("&File"));
     menu->setSeparatorsCollapsible(false); // the group of the tools begins with one
     menu->addSeparator();
     addLabel(menu, MenuTexts::tools)->setFont(Theme::font(Theme::TextStyle::caption));
@@ -91,7 +91,7 @@ void addFileMenu(QMenuBar* bar, QWidget* window, Services& services) {
 }
 
 void addEditMenu(QMenuBar* bar, QWidget* window) {
-    auto* menu = bar->addMenu(QMenuBar::tr("&Edit"));
+    auto* menu = addMenu(bar, QMenuBar::tr("&Edit"));
     // The menu bar takes the focus when it is used by keyboard, so the control that had it is remembered.
     auto control = std::make_shared<QPointer<QWidget>>();
     QObject::connect(qApp, &QApplication::focusChanged, menu, [control, window](QWidget*, QWidget* now) {
@@ -117,7 +117,7 @@ void addEditMenu(QMenuBar* bar, QWidget* window) {
 }
 
 void addHelpMenu(QMenuBar* bar) {
-    auto* menu = bar->addMenu(QMenuBar::tr("&Help"));
+    auto* menu = addMenu(bar, QMenuBar::tr("&Help"));
     menu->addAction(qString(MenuTexts::help));
     menu->addSeparator();
     addLabel(menu, MenuTexts::version);

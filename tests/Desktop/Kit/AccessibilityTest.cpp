@@ -148,7 +148,7 @@ TEST(AccessibilityTest, AnAnnouncementGoesAfterAWhile) {
     window.show();
     announce(window, "one");
     announce(window, "two");
-    EXPECT_EQ(announcement(window), "two");
+    EXPECT_EQ(ScreenDriver(window).announcement(), "two");
     auto* expiry = window.findChild<QTimer*>();
     ASSERT_TRUE(expiry && expiry->isActive());
     expiry->setInterval(0); // as if the time were over
@@ -156,7 +156,7 @@ TEST(AccessibilityTest, AnAnnouncementGoesAfterAWhile) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(interfaceOf(window).childCount(), 0);
     announce(window, "three");
-    EXPECT_EQ(announcement(window), "three");
+    EXPECT_EQ(ScreenDriver(window).announcement(), "three");
 }
 
 struct Level {
