@@ -1,5 +1,7 @@
 #include "Utilities/RegularExpression.h"
 
+#include "support/Searches.h"
+
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -13,38 +15,7 @@ namespace {
 using RegularExpression::Budget;
 using RegularExpression::Findings;
 using RegularExpression::Interruption;
-
-std::shared_ptr<const std::string> shared(std::string text) {
-    return std::make_shared<const std::string>(std::move(text));
-}
-
-Findings search(std::string_view pattern, std::string text, bool isCaseSensitive = true,
-                const Budget& budget = {.time = std::chrono::hours(1)}) {
-    auto findings = RegularExpression::search(pattern, isCaseSensitive, shared(std::move(text)), budget);
-    if (findings)
-        return std::move(*findings);
-    ADD_FAILURE() << pattern << ": " << findings.error().errorDescription();
-    return {.text = shared({})};
-}
-
-/// The message about a pattern; empty if nothing is wrong with it.
-std::string errorOf(std::string_view pattern, bool isCaseSensitive = true) {
-    const auto findings = RegularExpression::search(pattern, isCaseSensitive, shared("abc"), {});
-    return findings ? std::string() : findings.error().errorDescription();
-}
-
-/// Each piece as its place and text, a group with its number in front: "0-2 ab" or "$1 0-1 a".
-std::vector<std::string> described(const Findings& findings) {
-    std::vector<std::string> pieces;
-    for (std::size_t index = 0; index < findings.matchCount(); ++index) {
-        for (const auto& piece : findings.match(index)) {
-            const auto place =
-                fmt::format("{}-{} {}", piece.range.start, piece.range.end, piece.range.of(*findings.text));
-            pieces.push_back(piece.group == 0 ? place : fmt::format("${} {}", piece.group, place));
-        }
-    }
-    return pieces;
-}
+using namespace support;
 
 struct SearchRow {
     std::string_view name;
@@ -152,65 +123,6 @@ TEST(RegularExpression, RefusesPatternsThatAreTooBigToPrepare) {
     EXPECT_EQ(errorOf(std::string(RegularExpression::maximumPatternSize, 'a')), "");
     EXPECT_EQ(errorOf(std::string(1000, '(')), "Nesting too deep at character 101.");
     EXPECT_EQ(errorOf(std::string(1000, '[')), "Nesting too deep at character 100.");
-}
-
-struct ReplacementRow {
-    std::string_view name;
-    std::string_view pattern;
-    std::string text;
-    std::string_view replacement;
-    std::string_view expected;
-};
-
-class RegularExpressionReplacement : public testing::TestWithParam<ReplacementRow> {};
-
-TEST_P(RegularExpressionReplacement, Replaces) {
-    const auto& row = GetParam();
-    EXPECT_EQ(RegularExpression::replacingMatches(search(row.pattern, row.text), row.replacement),
-              row.expected);
-}
-
-constexpr auto tenGroups = "(a)(b)(c)(d)(e)(f)(g)(h)(i)(j)";
-
-const ReplacementRow replacementRows[] = {
-    {"SwapsGroups", R"((\w+)-(\w+))", "a-b c-d", "$2 $1", "b a d c"},
-    {"WholeMatch", "b", "abc", "<$0>", "a<b>c"},
-    {"NoMatch", "x", "abc", "y", "abc"},
-    {"Deletes", "b", "abc", "", "ac"},
-    {"BackslashDigitIsTheDigit", "(b)", "abc", R"(\1)", "a1c"},
-    {"BackslashDollarIsTheDollar", "(b)", "abc", R"(\$1)", "a$1c"},
-    {"BackslashBackslash", "(b)", "abc", R"(\\$1)", "a\\bc"},
-    {"BackslashLetterIsTheLetter", "b", "abc", R"(\n\u0041)", "anu0041c"},
-    {"BackslashBeforeAPair", "b", "abc", "\\😀", "a😀c"},
-    {"BackslashAtTheEnd", "b", "abc", "x\\", "axc"},
-    {"DollarAtTheEnd", "b", "abc", "x$", "ax$c"},
-    {"DollarBeforeALetter", "(?<n>b)", "abc", "${n}$n", "a${n}$nc"},
-    {"DollarDollarDigit", "(b)", "abc", "$$1", "a$bc"},
-    {"DollarBeforeAnotherScriptsDigit", "(b)", "abc", "$\u0661", "a$\u0661c"},
-    {"AbsentGroupIsEmpty", "(a)|(b)", "ab", "[$1|$2]", "[a|][|b]"},
-    {"UnknownGroupIsEmpty", "(b)", "abc", "[$2]", "a[]c"},
-    {"UnknownGroupTakesOneDigit", "(b)", "abc", "[$23]", "a[3]c"},
-    {"AsManyDigitsAsTheHighestNumber", "(b)", "abc", "$12", "ab2c"},
-    {"TwoDigits", tenGroups, "abcdefghij", "$10$1$02$100-$1a", "jabj0-aa"},
-    {"UnknownGroupTakesTwoDigits", tenGroups, "abcdefghij", "[$11][$99][$110]", "[][][0]"},
-    {"LeadingZero", "(b)", "abc", "$01", "ab1c"},
-    {"LeadingZeroWithoutGroup", "b", "abc", "$01", "ab1c"},
-    {"ManyDigits", "(b)", "abc", "$99999999999999999999", "a9999999999999999999c"},
-    {"ZeroLength", "x*", "ab", "-", "-a-b-"},
-    {"BeyondASCII", "😀", "a😀é", "[$0]", "a[😀]é"},
-    {"GroupBesideTheMatch", "a(?=(b))", "ab", "$1", "bb"},
-};
-
-INSTANTIATE_TEST_SUITE_P(Rows, RegularExpressionReplacement, testing::ValuesIn(replacementRows),
-                         [](const auto& test) { return std::string(test.param.name); });
-
-TEST(RegularExpression, MakesNoTextBeyondAllBounds) {
-    const auto findings = search("[^x]+", std::string(1 << 20, 'a'));
-    std::string replacement;
-    for (int copies = 0; copies < 127; ++copies)
-        replacement += "$0";
-    EXPECT_EQ(RegularExpression::replacingMatches(findings, replacement)->size(), 127U << 20);
-    EXPECT_FALSE(RegularExpression::replacingMatches(findings, replacement + "$0$0"));
 }
 
 /// So few steps that a hostile pattern ends at once, on any machine.
