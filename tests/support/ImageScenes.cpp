@@ -46,17 +46,31 @@ void hold(const ScreenDriver& screen) {
     }
 }
 
+/// A photograph that is turned and mirrored, and is to become a JPEG file.
+void showPhotograph(const ScreenDriver& screen, FakeServices& fakes) {
+    load(screen, fakes, support::photograph({1920, 1280}), ImageFormat::jpeg);
+    choose(screen, "Format", 1);
+    choose(screen, "Rotation", 1);
+    choose(screen, "Flip", 1);
+    apply(screen, fakes);
+}
+
 } // namespace
 
 std::vector<Scene> imageScenes() {
     return {
-        {"image", Tool::imageConverter,
+        {"image", Tool::imageConverter, showPhotograph},
+        {"image-saved", Tool::imageConverter,
          [](const ScreenDriver& screen, FakeServices& fakes) {
-             load(screen, fakes, support::photograph({1920, 1280}), ImageFormat::jpeg);
-             choose(screen, "Format", 1);
-             choose(screen, "Rotation", 1);
-             choose(screen, "Flip", 1);
-             apply(screen, fakes);
+             showPhotograph(screen, fakes);
+             screen.press("Save As...");
+             fakes.panels.choose("/converted.jpg");
+             fakes.background.runAll();
+         }},
+        {"image-stale", Tool::imageConverter,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             showPhotograph(screen, fakes);
+             choose(screen, "Rotation", 2);
          }},
         {"image-empty", Tool::imageConverter},
         {"image-error", Tool::imageConverter,
