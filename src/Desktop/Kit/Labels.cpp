@@ -101,18 +101,25 @@ void Label::setInk(Theme::Ink ink) {
     update();
 }
 
+void Label::setLineCount(int lines) {
+    m_lineCount = lines;
+    updateGeometry();
+}
+
 QSize Label::sizeHint() const {
-    return {QFontMetrics(Theme::font(m_style)).horizontalAdvance(text()) + 1, Theme::lineHeight(m_style)};
+    return {QFontMetrics(Theme::font(m_style)).horizontalAdvance(text()) + 1,
+            m_lineCount * Theme::lineHeight(m_style)};
 }
 
 QSize Label::minimumSizeHint() const {
-    return {0, Theme::lineHeight(m_style)};
+    return {0, m_lineCount * Theme::lineHeight(m_style)};
 }
 
 QWidget* label(ViewCore& view, std::function<std::string()> text, TextStyle style, Theme::Ink ink,
                LabelOptions options) {
     auto* line = new Label({}, style, ink);
     line->setAlignment(options.alignment | Qt::AlignVCenter);
+    line->setLineCount(options.lineCount);
     if (options.width > 0)
         line->setFixedWidth(Theme::px(options.width));
     if (!options.asWideAs.empty())
@@ -142,8 +149,9 @@ void Label::paintEvent(QPaintEvent*) {
     painter.setFont(font);
     painter.setPen(Theme::color(m_ink));
     QTextOption option((alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
-    option.setWrapMode(QTextOption::NoWrap);
-    painter.drawText(rect(), QFontMetrics(font).elidedText(text(), Qt::ElideRight, width()), option);
+    option.setWrapMode(m_lineCount > 1 ? QTextOption::WordWrap : QTextOption::NoWrap);
+    const auto shown = QFontMetrics(font).elidedText(text(), Qt::ElideRight, m_lineCount * width());
+    painter.drawText(rect(), shown, option);
 }
 
 void Label::resizeEvent(QResizeEvent* event) {

@@ -25,6 +25,9 @@ public:
     void display(std::string_view text);
     void setInk(Theme::Ink ink);
 
+    /// Takes the height of so many lines, over which the text is wrapped before it is shortened.
+    void setLineCount(int lines);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -35,6 +38,7 @@ protected:
 private:
     Theme::TextStyle m_style;
     Theme::Ink m_ink;
+    int m_lineCount = 1;
 };
 
 /// A glyph that stands for nothing by itself, painted in a role's colour, a named colour, or the brand's
@@ -101,6 +105,7 @@ struct LabelOptions {
     int width = 0; ///< in pixels at a 13-pixel body text; 0: as wide as the text, or less where room is short
     Qt::Alignment alignment = Qt::AlignLeft;
     std::string_view asWideAs{}; ///< a text whose width it has instead, such as the widest in a column
+    int lineCount = 1;           ///< over how many lines the text may be wrapped
 };
 
 /// A line of text.

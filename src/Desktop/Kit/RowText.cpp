@@ -108,8 +108,8 @@ public:
         const Line line(*this);
         const auto last = unitsOf(m_text, to - m_start);
         for (auto unit = unitsOf(m_text, from - m_start); unit < last; ++unit) {
-            const auto [left, right] = std::minmax(line->cursorToX(unit, QTextLine::Leading),
-                                                   line->cursorToX(unit, QTextLine::Trailing));
+            const auto [left, right] = std::minmax(
+                {line->cursorToX(unit, QTextLine::Leading), line->cursorToX(unit, QTextLine::Trailing)});
             visit(m_left + left, m_left + right);
         }
     }

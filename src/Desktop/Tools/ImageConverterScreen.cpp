@@ -126,12 +126,12 @@ QWidget* transform(Screen& view) {
 }
 
 QWidget* unappliedNote(Screen& view) {
-    return stack(
-        Qt::Horizontal, {.spacing = Size::gapBadge},
-        {stretch(), new GlyphLabel(icon(Status::warning), noteGlyph, PaletteColor::orange),
-         view.announcing(&State::unappliedChangesText,
-                         view.label(&State::unappliedChangesText, TextStyle::quiet, PaletteColor::orange)),
-         stretch()});
+    return stack(Qt::Horizontal, {.spacing = Size::gapBadge},
+                 {stretch(), new GlyphLabel(icon(Status::warning), noteGlyph, PaletteColor::orange),
+                  view.announcing(&State::unappliedChangesText,
+                                  view.label(&State::unappliedChangesText, TextStyle::quiet,
+                                             PaletteColor::orange, {.lineCount = 2})),
+                  stretch()});
 }
 
 QWidget* actions(Screen& view) {

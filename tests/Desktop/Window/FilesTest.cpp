@@ -168,7 +168,7 @@ TEST_F(PanelsTest, OffersAllFilesToo) {
     auto* panel = openWindow<QFileDialog>();
     ASSERT_TRUE(panel);
     EXPECT_EQ(panel->nameFilters(), QStringList({"Images (*.png *.PNG)", "All files (*)"}));
-    EXPECT_EQ(panel->selectedNameFilter(), "Images") << "without the long list";
+    EXPECT_TRUE(panel->testOption(QFileDialog::HideNameFilterDetails)) << "without the long list";
     panel->close();
 }
 

@@ -353,18 +353,6 @@ TEST_F(RegexTesterViewTest, OnlyTheMessageOfAnErrorIsAnnounced) {
     EXPECT_EQ(state->announcedMessage(), "Enter a pattern and test string");
 }
 
-TEST_F(RegexTesterViewTest, APatternThatTakesTooLongToCompileIsStopped) {
-    std::string pattern;
-    for (int count = 0; count < 5000; ++count)
-        pattern += "[\\x{0}-\\x{10FFFF}]";
-    state->setCaseSensitive(false, context);
-    search(pattern, "text");
-    EXPECT_TRUE(isPending());
-    fakes.background.runAll();
-    EXPECT_EQ(state->errorMessage, "Matching stopped: the pattern takes too long to compile");
-    EXPECT_EQ(state->matchesPanel(), Panel::stopped);
-}
-
 TEST_F(RegexTesterViewTest, APatternThatIsSlowToPrepareGoesToTheBackground) {
     search(R"([\p{L}][\p{L}][\p{L}])", "abc");
     EXPECT_TRUE(isPending());
