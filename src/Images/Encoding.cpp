@@ -2,6 +2,7 @@
 #include "Images/ByteTarget.h"
 #include "Images/Colors.h"
 #include "Images/HEIC.h"
+#include "Images/Resolution.h"
 #include "Images/Vips.h"
 
 #include <algorithm>
@@ -71,7 +72,10 @@ std::string written(const VImage& image, ImageFormat format, double quality) {
     case ImageFormat::heic:
         break; // not the library's
     }
-    return bytes.take();
+    auto file = bytes.take();
+    if (format == ImageFormat::png)
+        mendResolutionInPNG(file, image.yres());
+    return file;
 }
 
 /// `image` in the form that the encoders know which are not the library's: 8 bits, no alpha beside gray, and

@@ -2,9 +2,12 @@
 
 #include "Images/Vips.h"
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+
+#include <zlib.h>
 
 using vips::VImage;
 
@@ -25,25 +28,37 @@ std::uint32_t bigEndian(std::string_view bytes) {
     return value;
 }
 
-/// What a PNG file states: a chunk "pHYs" before the pixels, whose unit is 1, the metre (ISO/IEC 15948,
-/// section 11.3.5.3). The library prefers what Exif data say, if there are any.
-std::optional<Resolution> resolutionInPNG(std::string_view bytes) {
-    constexpr std::size_t signatureBytes = 8, typeOffset = 4, contentOffset = 8, checksumBytes = 4;
-    constexpr std::size_t verticalOffset = 4, unitOffset = 8, resolutionBytes = 9;
-    for (auto rest = bytes.substr(signatureBytes); rest.size() >= contentOffset + checksumBytes;) {
-        const std::size_t size = bigEndian(rest);
-        const auto type = rest.substr(typeOffset, 4);
-        rest.remove_prefix(contentOffset);
-        if (type == "IDAT" || size > rest.size() - checksumBytes)
+void writeBigEndian(std::uint32_t value, char* bytes) {
+    for (const int shift : {24, 16, 8, 0})
+        *bytes++ = static_cast<char>(value >> shift);
+}
+
+/// Where in a PNG file the content of the chunk "pHYs" begins, which is before the pixels (ISO/IEC 15948,
+/// section 11.3.5.3): dots per unit horizontally and vertically, with 32 bits each, and the unit.
+std::optional<std::size_t> resolutionChunk(std::string_view bytes) {
+    constexpr std::size_t signatureBytes = 8, typeOffset = 4, headBytes = 8, checksumBytes = 4;
+    constexpr std::size_t contentBytes = 9;
+    for (std::size_t start = signatureBytes; start + headBytes + checksumBytes <= bytes.size();) {
+        const std::size_t size = bigEndian(bytes.substr(start));
+        const auto type = bytes.substr(start + typeOffset, 4);
+        if (type == "IDAT" || size > bytes.size() - start - headBytes - checksumBytes)
             return std::nullopt;
-        if (type == "pHYs") {
-            if (size != resolutionBytes || rest[unitOffset] != 1)
-                return std::nullopt;
-            return Resolution{bigEndian(rest) / 1000.0, bigEndian(rest.substr(verticalOffset)) / 1000.0};
-        }
-        rest.remove_prefix(size + checksumBytes);
+        if (type == "pHYs")
+            return size == contentBytes ? std::optional(start + headBytes) : std::nullopt;
+        start += headBytes + size + checksumBytes;
     }
     return std::nullopt;
+}
+
+constexpr std::size_t verticalOffset = 4, unitOffset = 8; // in the chunk's content
+
+/// What a PNG file states, in metres. The library prefers what Exif data say, if there are any.
+std::optional<Resolution> resolutionInPNG(std::string_view bytes) {
+    const auto chunk = resolutionChunk(bytes);
+    if (!chunk || bytes[*chunk + unitOffset] != 1)
+        return std::nullopt;
+    return Resolution{bigEndian(bytes.substr(*chunk)) / 1000.0,
+                      bigEndian(bytes.substr(*chunk + verticalOffset)) / 1000.0};
 }
 
 std::optional<Resolution> statedResolution(const VImage& image, std::string_view bytes, ImageFormat format) {
@@ -64,6 +79,19 @@ VImage withStatedResolution(const VImage& image, std::string_view bytes, ImageFo
     return image.copy(VImage::option()
                           ->set("xres", known(&Resolution::horizontal))
                           ->set("yres", known(&Resolution::vertical)));
+}
+
+void mendResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre) {
+    const auto chunk = resolutionChunk(bytes);
+    if (!chunk)
+        return;
+    constexpr std::size_t typeBytes = 4, contentBytes = 9;
+    char* content = bytes.data() + *chunk;
+    writeBigEndian(static_cast<std::uint32_t>(std::lround(verticalDotsPerMillimetre * 1000)),
+                   content + verticalOffset);
+    const auto* checked = reinterpret_cast<const unsigned char*>(content - typeBytes);
+    writeBigEndian(static_cast<std::uint32_t>(crc32(0, checked, typeBytes + contentBytes)),
+                   content + contentBytes);
 }
 
 } // namespace korvane

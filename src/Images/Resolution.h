@@ -4,6 +4,7 @@
 
 #include "Utilities/ImageConverter.h"
 
+#include <string>
 #include <string_view>
 
 #include <vips/vips8>
@@ -13,5 +14,8 @@ namespace korvane {
 /// `image`, which has been read from a file of the format, with the resolution that the file states, or else
 /// with the default one.
 vips::VImage withStatedResolution(const vips::VImage& image, std::string_view bytes, ImageFormat format);
+
+/// Writes the vertical resolution of a PNG file anew, which libvips 8.16 takes from the horizontal one.
+void mendResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre);
 
 } // namespace korvane

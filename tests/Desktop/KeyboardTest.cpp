@@ -237,6 +237,15 @@ TEST_F(KeyboardTest, F10OpensTheMenusAndEscapeGoesBack) {
     EXPECT_EQ(window.view().state().selectedTool, Tool::base64);
 }
 
+TEST_F(KeyboardTest, ShiftF10OpensTheMenuOfAControl) {
+    screen.editor("Input").setFocus();
+    press(Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->title(), "") << "not one of the menu bar";
+    menu->close();
+}
+
 TEST_F(KeyboardTest, TheShortcutsWorkAlsoFromTheMenuBar) {
     auto* bar = window.findChild<QMenuBar*>();
     for (const auto& [key, tool] : {std::pair(Qt::Key_2, Tool::base64), {Qt::Key_0, Tool::textDiff}}) {

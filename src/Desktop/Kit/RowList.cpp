@@ -219,7 +219,7 @@ void RowList::mousePressEvent(QMouseEvent* event) {
     if (!hasTexts() || m_model->rowCount() == 0)
         return;
     if (event->button() != Qt::LeftButton) {
-        if (m_selection.isEmpty()) // else a menu is to copy what is selected
+        if (m_selection.in(indexAt(position).row()).isEmpty()) // else a menu is to copy what is selected
             m_selection.moveTo(placeAt(position));
         return;
     }

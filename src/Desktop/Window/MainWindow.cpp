@@ -91,6 +91,7 @@ void MainWindow::addShortcuts() {
     }
     keyboardShortcut(this, QKeySequence::Find, [this] { m_sidebar->setFocus(Qt::ShortcutFocusReason); });
     keyboardShortcut(this, Qt::Key_F10, [this] { openFirstMenu(m_menus); });
+    keyboardShortcut(this, Qt::SHIFT | Qt::Key_F10, [this] { openContextMenu(focusWidget()); });
     // Out of any control, also one that has a use for the Tab key.
     keyboardShortcut(this, Qt::CTRL | Qt::Key_Tab, [this] { moveFocus(true); });
     keyboardShortcut(this, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [this] { moveFocus(false); });

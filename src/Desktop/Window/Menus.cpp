@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -125,6 +126,14 @@ void addHelpMenu(QMenuBar* bar) {
 }
 
 } // namespace
+
+void openContextMenu(QWidget* control) {
+    if (!control)
+        return;
+    const auto place = control->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, control->mapToGlobal(place));
+    QApplication::sendEvent(control, &event);
+}
 
 void openFirstMenu(QMenuBar* bar) {
     bar->setActiveAction(bar->actions().front());

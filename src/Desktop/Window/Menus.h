@@ -6,6 +6,9 @@ class QWidget;
 
 namespace korvane {
 
+/// Opens the menu of `control`, if it has one, as the menu key does.
+void openContextMenu(QWidget* control);
+
 struct Services;
 
 /// The menu bar of `window`. The items of the tools show their shortcuts but do not answer to them.

@@ -49,11 +49,12 @@ public:
 
     void refresh() {
         auto tools = m_view.state().sidebar.filteredTools();
+        const auto selected = m_view.state().selectedTool;
         if (tools != m_tools) {
             m_tools = std::move(tools);
             m_list->reload();
+            m_list->setCurrentRow(rowOf(selected)); // scrolls to it
         }
-        const auto selected = m_view.state().selectedTool;
         if (selected == m_selected)
             return;
         m_previous = std::exchange(m_selected, selected);

@@ -258,6 +258,16 @@ TEST_F(HistoryPanelTest, ForgetsTheSelectionWhenTheRowsMove) {
     EXPECT_TRUE(list().selection().isEmpty());
 }
 
+TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowThatItIsOpenedOn) {
+    add(3);
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_EQ(list().selection().text(), "3");
+    const ContextMenu menu(list(), list().visualRect(list().model()->index(1, 0)).center());
+    menu.choose("Copy");
+    EXPECT_EQ(fakes.clipboard.content, "2");
+}
+
 TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowOrWhatIsSelected) {
     add(3);
     const auto place = list().visualRect(list().model()->index(1, 0)).center();
