@@ -193,19 +193,19 @@ void drawWithMarks(QPainter& painter, QPointF place, const QString& text, const 
 double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
                    const QColor& color, const std::optional<QColor>& marks) {
     const QFontMetricsF metrics(font);
-    const auto [from, to] = visiblePart(painter, rect);
+    const auto visible = visiblePart(painter, rect);
     const auto baseline = rect.top() + (rect.height() + metrics.ascent() - metrics.descent()) / 2;
     painter.setFont(font);
     painter.setPen(color);
     double width = 0;
-    eachPiece(text, font, [&, from = from, to = to](const Piece& piece) {
+    eachPiece(text, font, [&](const Piece& piece) {
         const QPointF place(rect.left() + piece.left(), baseline);
         width = piece.right();
-        if (width >= from && marks)
+        if (width >= visible.first && marks)
             drawWithMarks(painter, place, qString(piece.text()), color, *marks);
-        else if (width >= from)
+        else if (width >= visible.first)
             painter.drawText(place, onOneLine(piece.text()));
-        return width < to; // nothing is drawn, nor follows, beyond the right edge
+        return width < visible.second; // nothing is drawn, nor follows, beyond the right edge
     });
     return width;
 }
