@@ -73,7 +73,7 @@ VImage fromLight(const VImage& image) {
                                : light.extract_band(0, VImage::option()->set("n", 3));
     const auto shown = colors.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_scRGB))
                            .colourspace(VIPS_INTERPRETATION_sRGB);
-    const auto result = isGray ? shown.extract_band(0) : shown;
+    auto result = isGray ? shown.extract_band(0) : shown;
     if (!image.has_alpha())
         return result;
     return result.bandjoin((light.extract_band(isGray ? 1 : 3) * 255).rint().cast(VIPS_FORMAT_UCHAR));
