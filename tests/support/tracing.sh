@@ -20,11 +20,25 @@ become_traced_alone() {
     become_traced "$folder/calls" "${@:2}"
 }
 
+# Prints a trace with each call on one line: strace breaks a call in two where another thread comes between.
+whole_calls() {
+    awk '/ <unfinished \.\.\.>$/ { sub(/ <unfinished \.\.\.>$/, ""); begun[$1] = $0; next }
+        / <\.\.\. [a-z0-9_]+ resumed>/ && $1 in begun {
+            rest = $0
+            sub(/^.* resumed>/, "", rest)
+            print begun[$1] rest
+            delete begun[$1]
+            next
+        }
+        { print }
+        END { for (process in begun) print begun[process] }' "$1"
+}
+
 # Prints the calls of a trace by which files were changed, or could have been, outside of the folder given. What
 # fails changes nothing, and /dev/null keeps nothing.
 changes_outside() {
     local calls=$1 saved=$2
-    grep -E '^[0-9]+ +(mk|rename|link|symlink|unlink|rmdir|truncate|creat)|O_(WRONLY|RDWR|CREAT|TRUNC)' "$calls" |
+    whole_calls "$calls" | grep -E '^[0-9]+ +(mk|rename|link|symlink|unlink|rmdir|truncate|creat)|O_(WRONLY|RDWR|CREAT|TRUNC)' |
         grep -vE ' = -1 E[A-Z]+ |"/dev/null"' | grep -vF -e "\"$saved/" -e "\"$saved\"" || true
 }
 
