@@ -1,5 +1,5 @@
 #include "DiffTexts.h"
-#include "Utilities/DiffEngine.h"
+#include "Utilities/Diff/DiffEngine.h"
 
 #include <benchmark/benchmark.h>
 

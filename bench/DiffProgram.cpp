@@ -3,7 +3,7 @@
 /// `korvane_diff_program generate KIND LEFT RIGHT` writes a pair of texts to compare.
 
 #include "DiffTexts.h"
-#include "Utilities/DiffEngine.h"
+#include "Utilities/Diff/DiffEngine.h"
 
 #include <fmt/format.h>
 

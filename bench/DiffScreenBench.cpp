@@ -1,7 +1,7 @@
 /// How long a person waits for the Text Diff screen with 200,000 lines a side: from the press of the button
 /// until the result is painted, and for each step of scrolling through it.
 
-#include "Desktop/Kit/RowList.h"
+#include "Desktop/Lists/RowList.h"
 #include "Desktop/Tools/Screens.h"
 #include "DiffTexts.h"
 #include "support/FakeServices.h"

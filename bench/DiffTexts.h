@@ -1,7 +1,7 @@
 /// Pairs of texts to compare, the same on every machine: the seed is in the code.
 #pragma once
 
-#include "Utilities/DiffEngine.h"
+#include "Utilities/Diff/DiffEngine.h"
 
 #include <array>
 #include <string_view>

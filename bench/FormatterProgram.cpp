@@ -5,7 +5,7 @@
 #include "MixedDocument.h"
 #include "Utilities/Base64.h"
 #include "Utilities/HashGenerator.h"
-#include "Utilities/JSONFormatter.h"
+#include "Utilities/JSON/JSONFormatter.h"
 
 #include <fcntl.h>
 #include <fmt/format.h>

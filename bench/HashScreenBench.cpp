@@ -1,7 +1,7 @@
 /// How long a person who types into a large text on the hash screen waits for each key, and then for the
 /// digests. Runs without a display.
 
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "MixedDocument.h"
 #include "support/FakeServices.h"

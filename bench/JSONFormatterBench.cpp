@@ -1,7 +1,7 @@
 #include "MixedDocument.h"
-#include "Utilities/JSON.h"
-#include "Utilities/JSONFormatter.h"
-#include "Utilities/Text.h"
+#include "Utilities/JSON/JSON.h"
+#include "Utilities/JSON/JSONFormatter.h"
+#include "Utilities/Text/Text.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,8 +1,8 @@
 /// How long a person waits for the JSON screen with a large document: until the tree of what was pasted is
 /// painted, and for each step of scrolling through it. Runs without a display.
 
-#include "Desktop/Kit/RowList.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Lists/RowList.h"
+#include "Desktop/Look/Theme.h"
 #include "Desktop/Tools/Screens.h"
 #include "MixedDocument.h"
 #include "support/FakeServices.h"

@@ -1,4 +1,4 @@
-#include "Utilities/MarkdownParser.h"
+#include "Utilities/Markdown/MarkdownParser.h"
 
 #include "MarkdownSample.h"
 

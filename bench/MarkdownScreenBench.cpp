@@ -1,7 +1,7 @@
 /// How long a person waits for the Markdown screen with a large text beside its preview: for each letter,
 /// wherever it is typed, until it is painted on both sides.
 
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "MarkdownSample.h"
 #include "support/FakeServices.h"

@@ -1,8 +1,8 @@
 /// How long a person waits for the Regex Tester with a million matches. The search itself goes on in the
 /// background; what is measured here keeps the window from reacting.
 
-#include "Desktop/Kit/MatchList.h"
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Tools/Regex/MatchList.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"

@@ -1,7 +1,7 @@
 /// How long a person waits for the text transformer with a large text: for each key press until the
 /// statistics that follow it are shown. Runs without a display.
 
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "MixedDocument.h"
 #include "support/FakeServices.h"

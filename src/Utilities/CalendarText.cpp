@@ -1,6 +1,6 @@
 #include "Utilities/CalendarText.h"
 
-#include "Utilities/LocaleName.h"
+#include "Utilities/Text/LocaleName.h"
 
 #include <unicode/calendar.h>
 #include <unicode/dtfmtsym.h>

@@ -1,7 +1,7 @@
 #include "Utilities/CompiledPattern.h"
 
-#include "Utilities/InterruptibleText.h"
-#include "Utilities/Text.h"
+#include "Utilities/Text/InterruptibleText.h"
+#include "Utilities/Text/Text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "Utilities/DateText.h"
 
-#include "Utilities/LocaleName.h"
+#include "Utilities/Text/LocaleName.h"
 
 #include <fmt/format.h>
 #include <unicode/datefmt.h>

@@ -1,7 +1,7 @@
 #include "Utilities/LoremIpsumGenerator.h"
 
 #include "Utilities/Random.h"
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #include "Utilities/NumberBaseConverter.h"
 
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 

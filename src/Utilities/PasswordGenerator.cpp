@@ -1,6 +1,6 @@
 #include "Utilities/PasswordGenerator.h"
 
-#include "Utilities/Characters.h"
+#include "Utilities/Text/Characters.h"
 
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>

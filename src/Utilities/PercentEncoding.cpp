@@ -1,6 +1,6 @@
 #include "Utilities/PercentEncoding.h"
 
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 
 #include <algorithm>
 #include <array>

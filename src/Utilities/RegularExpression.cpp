@@ -1,8 +1,8 @@
 #include "Utilities/RegularExpression.h"
 
 #include "Utilities/CompiledPattern.h"
-#include "Utilities/InterruptibleText.h"
-#include "Utilities/UTF16Text.h"
+#include "Utilities/Text/InterruptibleText.h"
+#include "Utilities/Text/UTF16Text.h"
 
 #include <fmt/format.h>
 #include <unicode/regex.h>

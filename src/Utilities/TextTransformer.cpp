@@ -1,9 +1,9 @@
 #include "Utilities/TextTransformer.h"
 
-#include "Utilities/Characters.h"
-#include "Utilities/LetterCase.h"
-#include "Utilities/Text.h"
-#include "Utilities/UTF8.h"
+#include "Utilities/Text/Characters.h"
+#include "Utilities/Text/LetterCase.h"
+#include "Utilities/Text/Text.h"
+#include "Utilities/Text/UTF8.h"
 
 #include <utility>
 

@@ -1,9 +1,9 @@
 #include "Utilities/TextTransformer.h"
 
-#include "Utilities/Collation.h"
-#include "Utilities/Lines.h"
 #include "Utilities/Random.h"
-#include "Utilities/Text.h"
+#include "Utilities/Text/Collation.h"
+#include "Utilities/Text/Lines.h"
+#include "Utilities/Text/Text.h"
 
 #include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>

@@ -1,7 +1,7 @@
 #include "Utilities/TextTransformer.h"
 
-#include "Utilities/Text.h"
-#include "Utilities/UTF8.h"
+#include "Utilities/Text/Text.h"
+#include "Utilities/Text/UTF8.h"
 
 #include <unicode/uchar.h>
 

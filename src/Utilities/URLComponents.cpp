@@ -1,8 +1,8 @@
 #include "Utilities/URLComponents.h"
 
-#include "Utilities/CharacterName.h"
 #include "Utilities/PercentEncoding.h"
-#include "Utilities/Text.h"
+#include "Utilities/Text/CharacterName.h"
+#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 #include <uriparser/Uri.h>

@@ -1,8 +1,8 @@
 /// What holds for every screen alike.
 
-#include "Desktop/Kit/Screen.h"
-#include "Desktop/Kit/TextArea.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Binding/Screen.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Window/MainWindow.h"
 #include "Views/ContentView.h"
@@ -60,17 +60,17 @@ TEST_P(CatalogueTest, ShowsNoWindowOfItsOwnWhileItIsBuilt) {
 
 TEST_P(CatalogueTest, RefreshingPerformsNoOperation) {
     const ScreenDriver screen(*widget);
-    auto* frame = dynamic_cast<ScreenWidget*>(widget.get());
+    auto* frame = dynamic_cast<Screen*>(widget.get());
     ASSERT_NE(frame, nullptr);
     for (const auto* text : {"", "[1]"}) {
         for (auto* button : widget->findChildren<QAbstractButton*>()) {
             fakes.clipboard.content = text;
             button->click();
         }
-        const auto operations = frame->core().operationCount();
-        frame->core().refresh();
-        frame->core().refresh();
-        EXPECT_EQ(frame->core().operationCount(), operations);
+        const auto operations = frame->store().operationCount();
+        frame->store().refresh();
+        frame->store().refresh();
+        EXPECT_EQ(frame->store().operationCount(), operations);
     }
 }
 
@@ -90,8 +90,8 @@ TEST_P(CatalogueTest, GivesEveryControlAName) {
 
 TEST_P(CatalogueTest, TheWheelChangesNothingWithoutTheFocus) {
     const ScreenDriver screen(*widget);
-    auto& frame = dynamic_cast<ScreenWidget&>(*widget);
-    const auto operations = frame.core().operationCount();
+    auto& frame = dynamic_cast<Screen&>(*widget);
+    const auto operations = frame.store().operationCount();
     for (auto* control : widget->findChildren<QWidget*>()) {
         EXPECT_NE(control->focusPolicy(), Qt::WheelFocus) << control->accessibleName().toStdString();
         if (!control->isVisible() || control->hasFocus())
@@ -100,7 +100,7 @@ TEST_P(CatalogueTest, TheWheelChangesNothingWithoutTheFocus) {
         QWheelEvent event(place, control->mapToGlobal(place), {}, {0, QWheelEvent::DefaultDeltasPerStep},
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(control, &event);
-        EXPECT_EQ(frame.core().operationCount(), operations) << control->accessibleName().toStdString();
+        EXPECT_EQ(frame.store().operationCount(), operations) << control->accessibleName().toStdString();
     }
 }
 

@@ -1,10 +1,10 @@
 /// What the design fixes of single screens: title, glyph and colour of the action buttons, and the sizes of
 /// what is not as large as its content.
 
-#include "Desktop/Kit/Buttons.h"
-#include "Desktop/Kit/Strings.h"
-#include "Desktop/Kit/TextArea.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"

@@ -1,7 +1,7 @@
 /// The whole program by keyboard alone: what the keys do that mean the same on every screen.
 
-#include "Desktop/Kit/RowList.h"
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Lists/RowList.h"
+#include "Desktop/Text/TextArea.h"
 #include "support/Pictures.h"
 #include "support/Scenes.h"
 #include "support/WindowTest.h"
@@ -201,7 +201,7 @@ TEST_F(KeyboardTest, FromTheSearchToAToolAndIntoItByKeyboardAlone) {
     QTest::keyClicks(&search(), "base64");
     press(Qt::Key_Down);
     press(Qt::Key_Return);
-    EXPECT_EQ(window.view().state().selectedTool, Tool::base64);
+    EXPECT_EQ(window.store().state<ContentView>().selectedTool, Tool::base64);
     EXPECT_EQ(focus(), "Plain Text");
 }
 
@@ -209,13 +209,13 @@ TEST_F(KeyboardTest, ReturnOpensWhatTheSearchFound) {
     press(Qt::Key_F, Qt::ControlModifier);
     QTest::keyClicks(window.focusWidget(), "hash");
     press(Qt::Key_Return);
-    EXPECT_EQ(window.view().state().selectedTool, Tool::hashGenerator);
+    EXPECT_EQ(window.store().state<ContentView>().selectedTool, Tool::hashGenerator);
     EXPECT_EQ(focus(), "Input Text");
 
     press(Qt::Key_F, Qt::ControlModifier);
     QTest::keyClicks(window.focusWidget(), "no such tool");
     press(Qt::Key_Return);
-    EXPECT_EQ(window.view().state().selectedTool, Tool::hashGenerator);
+    EXPECT_EQ(window.store().state<ContentView>().selectedTool, Tool::hashGenerator);
     EXPECT_EQ(focus(), "Search tools...");
 }
 
@@ -234,7 +234,7 @@ TEST_F(KeyboardTest, F10OpensTheMenusAndEscapeGoesBack) {
     EXPECT_FALSE(QApplication::activePopupWidget());
     EXPECT_EQ(focus(), "Input");
     press(Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(window.view().state().selectedTool, Tool::base64);
+    EXPECT_EQ(window.store().state<ContentView>().selectedTool, Tool::base64);
 }
 
 TEST_F(KeyboardTest, ShiftF10OpensTheMenuOfAControl) {
@@ -252,7 +252,7 @@ TEST_F(KeyboardTest, TheShortcutsWorkAlsoFromTheMenuBar) {
         bar->setFocus(Qt::MenuBarFocusReason);
         ASSERT_EQ(window.focusWidget(), bar);
         press(key, Qt::ControlModifier);
-        EXPECT_EQ(window.view().state().selectedTool, tool);
+        EXPECT_EQ(window.store().state<ContentView>().selectedTool, tool);
     }
     EXPECT_TRUE(fakes.posted.empty()) << "no entry of the menu was chosen";
 }

@@ -1,8 +1,8 @@
 /// The way of the Tab key through the whole window, on every screen and in every state of it that the
 /// pictures show.
 
-#include "Desktop/Kit/FocusRing.h"
-#include "Desktop/Kit/Screen.h"
+#include "Desktop/Binding/Screen.h"
+#include "Desktop/Look/FocusRing.h"
 #include "Desktop/Window/MainWindow.h"
 #include "support/FakeServices.h"
 #include "support/Scenes.h"
@@ -47,14 +47,14 @@ struct Stage {
     MainWindow window{fakes.services};
 
     Stage(const Scene& scene, QSize size) {
-        window.view().perform([&](ContentView& state) { state.selectedTool = scene.tool; });
+        window.store().perform([&](ContentView& state) { state.selectedTool = scene.tool; });
         const ScreenDriver driver(window, size);
         window.activateWindow();
         settle();
         scene.play(driver, fakes);
         settle();
         for (auto* widget : window.findChildren<QWidget*>()) {
-            if (dynamic_cast<ScreenWidget*>(widget))
+            if (dynamic_cast<Screen*>(widget))
                 m_screen = widget;
             else if (widget->accessibleName() == "Search tools...")
                 m_search = widget;
@@ -198,10 +198,10 @@ TEST_P(KeyboardWalkTest, ShortcutsWorkInEveryControl) {
     Stage stage(GetParam(), {1100, 1600});
     for (auto* control : stage.stops()) {
         control->setFocus();
-        const auto before = stage.window.view().operationCount();
+        const auto before = stage.window.store().operationCount();
         if (const auto digit = keyboardShortcut(*GetParam().tool)) {
             QTest::keyClick(control, *digit, Qt::ControlModifier);
-            EXPECT_EQ(stage.window.view().operationCount(), before + 1) << nameOf(control);
+            EXPECT_EQ(stage.window.store().operationCount(), before + 1) << nameOf(control);
         }
         QTest::keySequence(control, QKeySequence::Find);
         EXPECT_TRUE(stage.search().hasFocus()) << nameOf(control);

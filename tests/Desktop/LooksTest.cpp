@@ -1,7 +1,7 @@
 /// What a person would see to be wrong at a glance, on every screen and in every state of it that the
 /// pictures show, with little and with large text: something cut off, squeezed, or laid over something else.
 
-#include "Desktop/Kit/Labels.h"
+#include "Desktop/Controls/Labels.h"
 #include "Desktop/Window/MainWindow.h"
 #include "support/FakeServices.h"
 #include "support/Scenes.h"
@@ -61,7 +61,7 @@ struct LooksTest : testing::TestWithParam<Scene> {
         QApplication::setFont(font);
         FakeServices fakes;
         MainWindow window(fakes.services);
-        window.view().perform([](ContentView& state) { state.selectedTool = GetParam().tool; });
+        window.store().perform([](ContentView& state) { state.selectedTool = GetParam().tool; });
         const ScreenDriver screen(window, size);
         settle();
         GetParam().play(screen, fakes);

@@ -1,6 +1,6 @@
 #include "Utilities/TextTransformer.h"
 
-#include "Utilities/Lines.h"
+#include "Utilities/Text/Lines.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

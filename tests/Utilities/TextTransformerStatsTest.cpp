@@ -1,8 +1,8 @@
 #include "Utilities/TextTransformer.h"
 
-#include "Utilities/Characters.h"
-#include "Utilities/Text.h"
-#include "Utilities/UTF8.h"
+#include "Utilities/Text/Characters.h"
+#include "Utilities/Text/Text.h"
+#include "Utilities/Text/UTF8.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -1,6 +1,6 @@
 #include "Utilities/TextTransformer.h"
 
-#include "Utilities/LetterCase.h"
+#include "Utilities/Text/LetterCase.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

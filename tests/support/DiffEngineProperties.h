@@ -1,8 +1,8 @@
 /// What must be true of every comparison, whatever the texts are. Fuzzing and the tests ask the same.
 #pragma once
 
-#include "Utilities/DiffEngine.h"
-#include "Utilities/Lines.h"
+#include "Utilities/Diff/DiffEngine.h"
+#include "Utilities/Text/Lines.h"
 #include "support/NaiveDiff.h"
 
 #include <string>

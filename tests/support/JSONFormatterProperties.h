@@ -2,7 +2,7 @@
 /// same.
 #pragma once
 
-#include "Utilities/JSONFormatter.h"
+#include "Utilities/JSON/JSONFormatter.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "support/MarkdownReference.h"
 
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 
 #include <unicode/regex.h>
 #include <unicode/unistr.h>

@@ -2,7 +2,7 @@
 /// hand.
 #pragma once
 
-#include "Utilities/MarkdownPatterns.h"
+#include "Utilities/Markdown/MarkdownPatterns.h"
 
 #include <rapidcheck.h>
 

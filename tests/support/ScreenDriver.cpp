@@ -1,8 +1,8 @@
 #include "support/ScreenDriver.h"
 
-#include "Desktop/Kit/RowList.h"
-#include "Desktop/Kit/Strings.h"
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Lists/RowList.h"
+#include "Desktop/Text/TextArea.h"
 
 #include <gtest/gtest.h>
 

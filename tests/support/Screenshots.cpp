@@ -5,7 +5,7 @@
 ///     korvane_screenshots FOLDER WIDTH HEIGHT [POINTS]   all scenes, also the crowded, and the controls;
 ///                                                        POINTS is the size of the body text
 
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Look/Theme.h"
 #include "Desktop/Window/MainWindow.h"
 #include "support/FakeServices.h"
 #include "support/Gallery.h"
@@ -63,7 +63,7 @@ bool draw(const Scene& scene, Theme::Scheme scheme, QSize size, const QString& f
     fakes.clock.moment = std::chrono::system_clock::time_point(std::chrono::seconds(1763735400));
     MainWindow window(fakes.services);
     window.showScheme(scheme);
-    window.view().perform([&](ContentView& state) { state.selectedTool = scene.tool; });
+    window.store().perform([&](ContentView& state) { state.selectedTool = scene.tool; });
     const ScreenDriver screen(window, size);
     window.activateWindow();
     settle();

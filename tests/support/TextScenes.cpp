@@ -1,6 +1,6 @@
 #include "support/Scenes.h"
 
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Text/TextArea.h"
 
 #include <QAbstractButton>
 

@@ -1,7 +1,7 @@
 /// The whole window, with the focus in it, for tests of what the keys do.
 #pragma once
 
-#include "Desktop/Kit/Strings.h"
+#include "Desktop/Binding/Strings.h"
 #include "Desktop/Window/MainWindow.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
@@ -26,7 +26,7 @@ struct WindowTest : testing::Test {
     }
 
     void open(Tool tool) {
-        window.view().perform(&ContentView::select, tool);
+        window.store().perform(&ContentView::select, tool);
         settle();
     }
 

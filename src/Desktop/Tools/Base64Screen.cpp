@@ -1,4 +1,13 @@
-#include "Desktop/Kit/Screen.h"
+#include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Controls/Output.h"
+#include "Desktop/Controls/Section.h"
+#include "Desktop/Controls/SegmentedPicker.h"
+#include "Desktop/Layout/Alternatives.h"
+#include "Desktop/Layout/ScreenLayout.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Text/Editors.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/Base64View.h"
 
@@ -14,27 +23,27 @@ auto ofMode(Fact fact) {
     return [fact](const Base64View& state) { return std::string(factsOf(state.mode).*fact); };
 }
 
-QWidget* body(View<Base64View>& view) {
+QWidget* body(Store& store) {
     return screen(
-        view.header(Tool::base64),
+        store, toolHeader(Tool::base64),
         {
             row({
-                view.segmentedPicker("Mode", &Base64View::mode, &Base64View::setMode, modePickerWidth),
-                view.actionButton(ofMode(&Base64ModeFacts::rawValue), ofMode(&Base64ModeFacts::icon),
-                                  PaletteColor::orange, &Base64View::convert),
+                segmentedPicker(store, "Mode", &Base64View::mode, &Base64View::setMode, modePickerWidth),
+                actionButton(store, ofMode(&Base64ModeFacts::rawValue), ofMode(&Base64ModeFacts::icon),
+                             PaletteColor::orange, &Base64View::convert),
                 stretch(),
-                view.pasteButton(&Base64View::setInputText),
-                view.clearButton(&Base64View::setInputText),
+                pasteButton(store, &Base64View::setInputText),
+                clearButton(store, &Base64View::setInputText),
             }),
-            view.statusBadge(&Base64View::status),
+            statusBadge(store, &Base64View::status),
             columns({
-                view.section(ofMode(&Base64ModeFacts::inputTitle), "arrow.down.doc",
-                             view.codeEditor(&Base64View::inputText, &Base64View::setInputText,
-                                             ofMode(&Base64ModeFacts::inputPlaceholder))),
-                view.section(ofMode(&Base64ModeFacts::outputTitle), "arrow.up.doc",
-                             view.output(&Base64View::outputText, "Output will appear here...")),
+                section(store, ofMode(&Base64ModeFacts::inputTitle), "arrow.down.doc",
+                        codeEditor(store, &Base64View::inputText, &Base64View::setInputText,
+                                   ofMode(&Base64ModeFacts::inputPlaceholder))),
+                section(store, ofMode(&Base64ModeFacts::outputTitle), "arrow.up.doc",
+                        output(store, &Base64View::outputText, "Output will appear here...")),
             }),
-            view.when(&Base64View::hasInput, view.caption(&Base64View::statistics)),
+            when(store, &Base64View::hasInput, caption(store, &Base64View::statistics)),
         });
 }
 

@@ -1,5 +1,12 @@
-#include "Desktop/Kit/Screen.h"
-#include "Desktop/Kit/StatusLine.h"
+#include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Controls/Output.h"
+#include "Desktop/Controls/Section.h"
+#include "Desktop/Controls/StatusLine.h"
+#include "Desktop/Layout/ScreenLayout.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Text/Editors.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/JWTDecoderView.h"
 
@@ -10,33 +17,30 @@ namespace {
 constexpr int tokenHeight = 100;
 
 /// A part of the token as it was decoded.
-QWidget* part(View<JWTDecoderView>& view, std::string title, std::string JWTDecoderView::* text,
-              std::string placeholder) {
-    return view.section(std::move(title), {},
-                        view.output(text, std::move(placeholder), {.lineNumbers = false, .isSmall = true}));
+QWidget* part(Store& store, std::string title, std::string JWTDecoderView::* text, std::string placeholder) {
+    return section(store, std::move(title), "",
+                   output(store, text, std::move(placeholder), {.lineNumbers = false, .isSmall = true}));
 }
 
-QWidget* body(View<JWTDecoderView>& view) {
+QWidget* body(Store& store) {
     return screen(
-        view.header(Tool::jwtDecoder),
+        store, toolHeader(Tool::jwtDecoder),
         {
             row({
-                view.actionButton("Decode", "lock.open", PaletteColor::purple, &JWTDecoderView::decode),
+                actionButton(store, "Decode", "lock.open", PaletteColor::purple, &JWTDecoderView::decode),
                 stretch(),
-                view.pasteButton(&JWTDecoderView::setInputToken),
-                view.clearButton(&JWTDecoderView::setInputToken),
+                pasteButton(store, &JWTDecoderView::setInputToken),
+                clearButton(store, &JWTDecoderView::setInputToken),
             }),
-            statusLine(view, view.reading<std::optional<StatusBadge>>(&JWTDecoderView::status),
-                       view.reading<std::string>(&JWTDecoderView::details)),
-            view.section(
-                "JWT Token", {},
-                withHeight(tokenHeight,
-                           view.codeEditor(&JWTDecoderView::inputToken, &JWTDecoderView::setInputToken,
-                                           "Paste your JWT token here (eyJhbG...)", {.lineNumbers = false}))),
+            statusLine(store, &JWTDecoderView::status, &JWTDecoderView::details),
+            section(store, "JWT Token", "",
+                    withHeight(tokenHeight,
+                               codeEditor(store, &JWTDecoderView::inputToken, &JWTDecoderView::setInputToken,
+                                          "Paste your JWT token here (eyJhbG...)", {.lineNumbers = false}))),
             columns({
-                sharing(3, part(view, "Header", &JWTDecoderView::header, "Decode to see header")),
-                sharing(4, part(view, "Payload", &JWTDecoderView::payload, "Decode to see payload")),
-                sharing(2, part(view, "Signature", &JWTDecoderView::signature, "Decode to see signature")),
+                sharing(3, part(store, "Header", &JWTDecoderView::header, "Decode to see header")),
+                sharing(4, part(store, "Payload", &JWTDecoderView::payload, "Decode to see payload")),
+                sharing(2, part(store, "Signature", &JWTDecoderView::signature, "Decode to see signature")),
             }),
         });
 }

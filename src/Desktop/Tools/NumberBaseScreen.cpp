@@ -1,5 +1,15 @@
-#include "Desktop/Kit/Screen.h"
-#include "Desktop/Kit/ValueRow.h"
+#include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Controls/Section.h"
+#include "Desktop/Controls/SegmentedPicker.h"
+#include "Desktop/Controls/ValueRow.h"
+#include "Desktop/Layout/Alternatives.h"
+#include "Desktop/Layout/Card.h"
+#include "Desktop/Layout/ScreenLayout.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Text/TextField.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/NumberBaseView.h"
 
@@ -17,67 +27,67 @@ constexpr int basePickerWidth = 400;
 constexpr int inputHeight = 40;
 constexpr int inputGap = 10;
 
-QWidget* resultCard(View<NumberBaseView>& view, Base base) {
-    const auto ofCard = [&view, base](auto member) {
-        return view.reading<std::string>([base, member](const NumberBaseView& state) {
+QWidget* resultCard(Store& store, Base base) {
+    const auto ofCard = [base](auto member) {
+        return [base, member](const NumberBaseView& state) {
             return std::invoke(member, state.resultCard(base));
-        });
+        };
     };
-    return valueCard(view, {.title = std::string(label(base)),
-                            .icon = std::string(icon(base)),
-                            .color = factsOf(base).color,
-                            .caption = BaseResultCard{.base = base}.caption(),
-                            .note = ofCard(&BaseResultCard::note),
-                            .value = ofCard(&BaseResultCard::value),
-                            .isOutlined = view.reading<bool>([base](const NumberBaseView& state) {
-                                return state.resultCard(base).isSource;
-                            })});
+    return valueCard(store, {.title = std::string(label(base)),
+                             .icon = std::string(icon(base)),
+                             .color = factsOf(base).color,
+                             .caption = BaseResultCard{.base = base}.caption(),
+                             .note = ofCard(&BaseResultCard::note),
+                             .value = ofCard(&BaseResultCard::value),
+                             .isOutlined = [base](const NumberBaseView& state) {
+                                 return state.resultCard(base).isSource;
+                             }});
 }
 
-QWidget* body(View<NumberBaseView>& view) {
+QWidget* body(Store& store) {
     return screen(
-        view.header(Tool::numberBase),
+        store, toolHeader(Tool::numberBase),
         {
-            view.section(
-                &NumberBaseView::inputTitle, "",
+            section(
+                store, &NumberBaseView::inputTitle, "",
                 stack(Qt::Vertical, {.spacing = inputGap},
                       {
                           wrappingRow({
-                              view.label("Input Base:", TextStyle::caption, Role::secondary,
-                                         {.width = captionWidth}),
-                              view.segmentedPicker("Source Base", &NumberBaseView::sourceBase,
-                                                   &NumberBaseView::setSourceBase, basePickerWidth),
+                              textLabel(store, "Input Base:", TextStyle::caption, Role::secondary,
+                                        {.width = captionWidth}),
+                              segmentedPicker(store, "Source Base", &NumberBaseView::sourceBase,
+                                              &NumberBaseView::setSourceBase, basePickerWidth),
                               stretch(),
                               row({
-                                  view.pushToggle("Group Digits", "", PaletteColor::green,
-                                                  &NumberBaseView::showGrouped,
-                                                  &NumberBaseView::setShowGrouped),
-                                  view.pasteButton(&NumberBaseView::setInputText),
-                                  view.clearButton(&NumberBaseView::setInputText),
+                                  pushToggle(store, "Group Digits", "", PaletteColor::green,
+                                             &NumberBaseView::showGrouped, &NumberBaseView::setShowGrouped),
+                                  pasteButton(store, &NumberBaseView::setInputText),
+                                  clearButton(store, &NumberBaseView::setInputText),
                               }),
                           }),
-                          view.textField(
-                              "Input", &NumberBaseView::inputText, &NumberBaseView::setInputText,
-                              {.changingPlaceholder = view.reading<std::string>(&NumberBaseView::placeholder),
-                               .style = TextStyle::codeValue,
-                               .height = inputHeight,
-                               .leading = view.reading<std::string>(&NumberBaseView::inputPrefix)}),
-                          view.errorMessage(&NumberBaseView::errorMessage),
-                          view.caption("Prefixes: 0b (binary), 0o (octal), 0x (hex)"),
+                          textField(store, "Input", &NumberBaseView::inputText, &NumberBaseView::setInputText,
+                                    {.placeholder = &NumberBaseView::placeholder,
+                                     .style = TextStyle::codeValue,
+                                     .height = inputHeight,
+                                     .leading = &NumberBaseView::inputPrefix}),
+                          errorMessage(store, &NumberBaseView::errorMessage),
+                          caption(store, "Prefixes: 0b (binary), 0o (octal), 0x (hex)"),
                       })),
-            view.section(
-                "Conversions", "arrow.triangle.branch",
-                view.either(
-                    &NumberBaseView::hasResults,
-                    stack(Qt::Vertical, {},
-                          {
-                              grid(2, Size::gapSection,
-                                   {resultCard(view, Base::binary), resultCard(view, Base::octal),
-                                    resultCard(view, Base::decimal), resultCard(view, Base::hexadecimal)}),
-                              stretch(),
-                          }),
-                    growing(card({}, {view.emptyPrompt("number.square",
-                                                       "Enter a number above to see conversions")})))),
+            section(store, "Conversions", "arrow.triangle.branch",
+                    either(store, &NumberBaseView::hasResults,
+                           stack(Qt::Vertical, {},
+                                 {
+                                     grid(2,
+                                          {.columnGap = Size::gapSection,
+                                           .rowGap = Size::gapSection,
+                                           .hasEvenRows = true},
+                                          {resultCard(store, Base::binary), resultCard(store, Base::octal),
+                                           resultCard(store, Base::decimal),
+                                           resultCard(store, Base::hexadecimal)}),
+                                     stretch(),
+                                 }),
+                           growing(card({}, {emptyPrompt(store, "number.square",
+                                                         "Enter a number above to see conversions")})))),
         });
 }
 

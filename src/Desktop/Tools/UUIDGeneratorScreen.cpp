@@ -1,5 +1,15 @@
-#include "Desktop/Kit/HistoryPanel.h"
-#include "Desktop/Kit/Screen.h"
+#include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Controls/Section.h"
+#include "Desktop/Controls/Stepper.h"
+#include "Desktop/Controls/Toggle.h"
+#include "Desktop/Layout/Card.h"
+#include "Desktop/Layout/ScreenLayout.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Lists/HistoryPanel.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Text/SelectableText.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/UUIDGeneratorView.h"
 
@@ -21,37 +31,41 @@ std::vector<HistoryRow> historyRows(const State& state) {
     return rows;
 }
 
-QWidget* body(View<State>& view) {
+QWidget* body(Store& store) {
     return screen(
-        view.header(Tool::uuidGenerator),
+        store, toolHeader(Tool::uuidGenerator),
         {
             card({.padding = {Size::heroPaddingX, Size::heroPaddingY, Size::heroPaddingX, Size::heroPaddingY},
                   .radius = Size::radiusExtraLarge,
                   .tint = PaletteColor::pink},
-                 {view.selectableText("UUID", &State::formattedUUID,
-                                      {.style = TextStyle::hero, .alignment = Qt::AlignHCenter})}),
+                 {selectableText(store, "UUID", &State::formattedUUID,
+                                 {.style = TextStyle::hero, .alignment = Qt::AlignHCenter})}),
             row({
                 stack(Qt::Horizontal, {.spacing = Size::gapSectionWide},
-                      {view.toggle("Uppercase", &State::uppercased, &State::setUppercased,
-                                   {.look = ToggleLook::leadSwitch}),
-                       view.toggle("Hyphens", &State::includeHyphens, &State::setIncludeHyphens,
-                                   {.look = ToggleLook::leadSwitch})}),
+                      {toggle(store, "Uppercase", &State::uppercased, &State::setUppercased,
+                              {.look = ToggleLook::leadSwitch}),
+                       toggle(store, "Hyphens", &State::includeHyphens, &State::setIncludeHyphens,
+                              {.look = ToggleLook::leadSwitch})}),
                 stretch(),
-                view.actionButton("Generate New", "arrow.clockwise", PaletteColor::pink, &State::generateNew),
-                view.copyButton(&State::formattedUUID, {.look = {.subject = "UUID"}}),
+                actionButton(store, "Generate New", "arrow.clockwise", PaletteColor::pink,
+                             &State::generateNew),
+                copyButton(store, &State::formattedUUID, {.look = {.subject = "UUID"}}),
             }),
-            view.section("Bulk Generate", {},
-                         stack(Qt::Horizontal, {.spacing = Size::gapBulk},
-                               {row({view.label("Count:", TextStyle::body, Role::secondary),
-                                     view.stepper("Count", &State::bulkCount, &State::setBulkCount,
-                                                  {.minimum = State::minimumBulkCount,
-                                                   .maximum = State::maximumBulkCount,
-                                                   .width = stepperWidth})}),
-                                view.actionButton(&State::bulkTitle, "plus.square.on.square",
-                                                  PaletteColor::indigo, &State::generateBulk),
-                                stretch()})),
-            historyPanel(view, &State::historyTitle, historyRows, &State::copyAllHistory,
-                         &State::clearHistory, {.prompt = "Generated UUIDs will appear here"}),
+            section(store, "Bulk Generate", "",
+                    stack(Qt::Horizontal, {.spacing = Size::gapBulk},
+                          {row({textLabel(store, "Count:", TextStyle::body, Role::secondary),
+                                stepper(store, "Count", &State::bulkCount, &State::setBulkCount,
+                                        {.minimum = State::minimumBulkCount,
+                                         .maximum = State::maximumBulkCount,
+                                         .width = stepperWidth})}),
+                           actionButton(store, &State::bulkTitle, "plus.square.on.square",
+                                        PaletteColor::indigo, &State::generateBulk),
+                           stretch()})),
+            historyPanel(store, {.title = &State::historyTitle,
+                                 .rows = historyRows,
+                                 .copyAll = &State::copyAllHistory,
+                                 .clear = &State::clearHistory,
+                                 .prompt = "Generated UUIDs will appear here"}),
         });
 }
 

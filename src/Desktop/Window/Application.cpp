@@ -1,7 +1,7 @@
 #include "Desktop/Window/Application.h"
 
-#include "Desktop/Kit/Accessibility.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Access/Accessibility.h"
+#include "Desktop/Look/Theme.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 /// where there is one, from the toolkit's palette otherwise.
 #pragma once
 
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Look/Theme.h"
 
 #include <QDBusMessage>
 #include <QObject>

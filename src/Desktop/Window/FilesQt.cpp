@@ -1,6 +1,6 @@
 #include "Desktop/Window/ServicesQt.h"
 
-#include "Desktop/Kit/Strings.h"
+#include "Desktop/Binding/Strings.h"
 
 #include <QApplication>
 #include <QFile>

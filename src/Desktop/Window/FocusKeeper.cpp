@@ -1,6 +1,6 @@
 #include "Desktop/Window/FocusKeeper.h"
 
-#include "Desktop/Kit/TabStops.h"
+#include "Desktop/Access/TabStops.h"
 
 #include <QEvent>
 

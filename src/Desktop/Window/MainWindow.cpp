@@ -1,11 +1,11 @@
 #include "Desktop/Window/MainWindow.h"
 
-#include "Desktop/Kit/Buttons.h"
-#include "Desktop/Kit/FocusRing.h"
-#include "Desktop/Kit/Strings.h"
-#include "Desktop/Kit/TabStops.h"
-#include "Desktop/Kit/TextZoom.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Access/TabStops.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Look/FocusRing.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Text/TextZoom.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Window/Menus.h"
 #include "Desktop/Window/Shortcuts.h"
@@ -31,13 +31,13 @@
 
 namespace korvane {
 
-MainWindow::MainWindow(Services& services) : m_view(services) {
+MainWindow::MainWindow(Services& services) : m_store(services, ContentView()) {
     setWindowTitle(QStringLiteral("Korvane"));
     setWindowFlag(Qt::FramelessWindowHint);
     new WindowBounds(this);
 
     m_menus = menuBar(this, services);
-    m_sidebar = sidebar(m_view, menuStrip(m_menus), [this] { enterScreen(); });
+    m_sidebar = sidebar(m_store, menuStrip(m_menus), [this] { enterScreen(); });
     m_sidebar->setMinimumWidth(Theme::px(WindowMetrics::sidebarMinimumWidth));
     m_sidebar->setMaximumWidth(Theme::px(WindowMetrics::sidebarMaximumWidth));
     auto* detail = new QWidget;
@@ -68,7 +68,13 @@ MainWindow::MainWindow(Services& services) : m_view(services) {
         if (isInScreen(now))
             m_lastInScreen = now;
     });
-    m_view.onRefresh([this] { showSelectedTool(); });
+    m_store.onRefresh([this] { showSelectedTool(); });
+}
+
+MainWindow::~MainWindow() {
+    m_store.close();
+    delete m_screen; // the controls are destroyed before the state that they read
+    delete m_sidebar;
 }
 
 void MainWindow::showScheme(Theme::Scheme scheme) {
@@ -87,29 +93,29 @@ QAccessibleInterface* MainWindow::newAccessibleInterface() {
 void MainWindow::addShortcuts() {
     for (const auto tool : allCases<Tool>) {
         if (const auto keys = shortcutKeys(tool); !keys.isEmpty())
-            keyboardShortcut(this, keys, [this, tool] { m_view.perform(&ContentView::select, tool); });
+            installShortcut(this, keys, [this, tool] { m_store.perform(&ContentView::select, tool); });
     }
-    keyboardShortcut(this, QKeySequence::Find, [this] { m_sidebar->setFocus(Qt::ShortcutFocusReason); });
-    keyboardShortcut(this, Qt::Key_F10, [this] { openFirstMenu(m_menus); });
-    keyboardShortcut(this, Qt::SHIFT | Qt::Key_F10, [this] { openContextMenu(focusWidget()); });
+    installShortcut(this, QKeySequence::Find, [this] { m_sidebar->setFocus(Qt::ShortcutFocusReason); });
+    installShortcut(this, Qt::Key_F10, [this] { openFirstMenu(m_menus); });
+    installShortcut(this, Qt::SHIFT | Qt::Key_F10, [this] { openContextMenu(focusWidget()); });
     // Out of any control, also one that has a use for the Tab key.
-    keyboardShortcut(this, Qt::CTRL | Qt::Key_Tab, [this] { moveFocus(true); });
-    keyboardShortcut(this, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [this] { moveFocus(false); });
+    installShortcut(this, Qt::CTRL | Qt::Key_Tab, [this] { moveFocus(true); });
+    installShortcut(this, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [this] { moveFocus(false); });
     // The key of the plus sign, with Shift or without.
-    keyboardShortcut(this, Qt::CTRL | Qt::Key_Plus, TextZoom::zoomIn);
-    keyboardShortcut(this, Qt::CTRL | Qt::Key_Equal, TextZoom::zoomIn);
-    keyboardShortcut(this, Qt::CTRL | Qt::Key_Minus, TextZoom::zoomOut);
+    installShortcut(this, Qt::CTRL | Qt::Key_Plus, TextZoom::zoomIn);
+    installShortcut(this, Qt::CTRL | Qt::Key_Equal, TextZoom::zoomIn);
+    installShortcut(this, Qt::CTRL | Qt::Key_Minus, TextZoom::zoomOut);
 }
 
 void MainWindow::showSelectedTool() {
-    const auto tool = m_view.state().selectedTool;
+    const auto tool = m_store.state<ContentView>().selectedTool;
     if (m_screen && tool == m_shownTool)
         return;
     // Whoever worked in the old screen goes on in the new one; whoever is in the sidebar stays there.
     const bool takesFocus = !m_sidebar->isAncestorOf(focusWidget());
     m_shownTool = tool;
     delete m_screen;
-    m_screen = tool ? toolView(*tool, m_view.services()) : welcomeScreen();
+    m_screen = tool ? toolView(*tool, m_store.services()) : welcomeScreen();
     m_detail->addWidget(m_screen, 1);
     m_screen->setAccessibleName(tool ? qString(rawValue(*tool)) : QString());
     m_screen->show();

@@ -1,8 +1,9 @@
 /// The one window: sidebar and detail, without the window system's frame.
 #pragma once
 
-#include "Desktop/Kit/Accessibility.h"
-#include "Desktop/Kit/View.h"
+#include "Desktop/Access/Accessibility.h"
+#include "Desktop/Binding/Store.h"
+#include "Desktop/Look/Theme.h"
 #include "Desktop/Window/FocusKeeper.h"
 #include "Views/ContentView.h"
 
@@ -19,8 +20,12 @@ namespace korvane {
 class MainWindow final : public QWidget, public AccessibleControl {
 public:
     explicit MainWindow(Services& services);
+    ~MainWindow() override;
 
-    View<ContentView>& view() { return m_view; }
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    Store& store() { return m_store; }
 
     /// Shows everything in light or in dark.
     void showScheme(Theme::Scheme scheme);
@@ -40,7 +45,7 @@ private:
     bool isInScreen(const QWidget* control) const;
     bool moveFocus(bool next);
 
-    View<ContentView> m_view;
+    Store m_store;
     QMenuBar* m_menus;
     QWidget* m_sidebar;
     QWidget* m_windowButtons;

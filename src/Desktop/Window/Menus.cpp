@@ -1,8 +1,8 @@
 #include "Desktop/Window/Menus.h"
 
-#include "Desktop/Kit/Editing.h"
-#include "Desktop/Kit/Strings.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Access/Editing.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Look/Theme.h"
 #include "Desktop/Window/Shortcuts.h"
 #include "Views/ContentView.h"
 #include "Views/Services.h"

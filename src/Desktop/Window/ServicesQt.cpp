@@ -1,7 +1,7 @@
 #include "Desktop/Window/ServicesQt.h"
 
-#include "Desktop/Kit/SecretText.h"
-#include "Desktop/Kit/Strings.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Text/SecretText.h"
 
 #include <QClipboard>
 #include <QDesktopServices>

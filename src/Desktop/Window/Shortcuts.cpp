@@ -10,7 +10,7 @@ QKeySequence shortcutKeys(Tool tool) {
     return digit ? QKeySequence(Qt::CTRL | static_cast<Qt::Key>(*digit)) : QKeySequence();
 }
 
-void keyboardShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action) {
+void installShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action) {
     QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window, std::move(action));
 }
 

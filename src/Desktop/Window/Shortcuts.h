@@ -15,6 +15,6 @@ namespace korvane {
 QKeySequence shortcutKeys(Tool tool);
 
 /// Has `keys` run `action` anywhere in `window`, also while an editor has the focus.
-void keyboardShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action);
+void installShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action);
 
 } // namespace korvane

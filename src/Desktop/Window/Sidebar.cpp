@@ -1,13 +1,15 @@
 #include "Desktop/Window/Sidebar.h"
 
-#include "Desktop/Kit/Divider.h"
-#include "Desktop/Kit/Glyph.h"
-#include "Desktop/Kit/OverlayScrollBar.h"
-#include "Desktop/Kit/RowList.h"
-#include "Desktop/Kit/SearchField.h"
-#include "Desktop/Kit/Strings.h"
-#include "Desktop/Kit/Theme.h"
-#include "Desktop/Kit/Transition.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Layout/OverlayScrollBar.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Lists/RowList.h"
+#include "Desktop/Look/Divider.h"
+#include "Desktop/Look/Glyph.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Look/Transition.h"
+#include "Desktop/Window/SearchField.h"
 #include "Desktop/Window/Shortcuts.h"
 
 #include <QFontMetrics>
@@ -30,10 +32,10 @@ namespace {
 /// The list of the tools that the search leaves, and how a row of it looks.
 class ToolList {
 public:
-    ToolList(View<ContentView>& view, std::function<void()> leave)
-        : m_view(view),
+    ToolList(Store& store, std::function<void()> leave)
+        : m_store(store),
           m_leave(std::move(leave)),
-          m_list(new RowList(source())),
+          m_list(std::make_unique<RowList>(source())),
           m_motion(m_list->viewport()) {
         m_list->setAccessibleName(QWidget::tr("Tools"));
         m_list->setFocusPolicy(Qt::TabFocus); // a click selects, and leaves the focus where it was
@@ -45,11 +47,11 @@ public:
         m_list->onKey = [this](QKeyEvent* event) { return handleKey(event); };
     }
 
-    RowList* list() const { return m_list; }
+    RowList* list() const { return m_list.get(); }
 
     void refresh() {
-        auto tools = m_view.state().sidebar.filteredTools();
-        const auto selected = m_view.state().selectedTool;
+        auto tools = m_store.state<ContentView>().sidebar.filteredTools();
+        const auto selected = m_store.state<ContentView>().selectedTool;
         if (tools != m_tools) {
             m_tools = std::move(tools);
             m_list->reload();
@@ -109,7 +111,7 @@ private:
 
     void select(int row) {
         m_isAnimated = true;
-        m_view.perform(&ContentView::select, toolAt(row));
+        m_store.perform(&ContentView::select, toolAt(row));
         m_isAnimated = false;
     }
 
@@ -218,24 +220,30 @@ private:
              description(tool));
     }
 
-    View<ContentView>& m_view;
+    Store& m_store;
     std::function<void()> m_leave;
     std::vector<Tool> m_tools;
     std::optional<Tool> m_selected;
     std::optional<Tool> m_previous;
     bool m_isAnimated = false;
-    RowList* m_list;
+    std::unique_ptr<RowList> m_list; ///< destroyed before what its rows are read from
     Transition m_motion;
 };
 
 /// The column's background and the line at its right edge.
 class SidebarColumn final : public QWidget {
+public:
+    explicit SidebarColumn(std::unique_ptr<ToolList> tools) : m_tools(std::move(tools)) {}
+
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.fillRect(rect(), Theme::color(Role::sidebarBackground));
         painter.fillRect(QRect(width() - 1, 0, 1, height()), Theme::color(Role::sidebarEdge));
     }
+
+private:
+    std::unique_ptr<ToolList> m_tools;
 };
 
 /// A line of a glyph and a text, at the sidebar's text inset.
@@ -249,18 +257,18 @@ QWidget* sidebarLine(int height, int gap, QWidget* glyph, QWidget* text) {
 
 } // namespace
 
-QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip, std::function<void()> leave) {
-    auto tools = std::make_shared<ToolList>(view, leave);
-    auto* column = new SidebarColumn;
+QWidget* sidebar(Store& store, QWidget* menuStrip, std::function<void()> leave) {
+    auto ownedTools = std::make_unique<ToolList>(store, leave);
+    auto* tools = ownedTools.get();
+    auto* column = new SidebarColumn(std::move(ownedTools));
     auto* search =
-        searchField(view, {.placeholder = std::string(ToolSidebarView::searchPlaceholder),
-                           .text = [&view] { return view.state().sidebar.searchText; },
-                           .setText = view.setting<std::string>([](ContentView& state, std::string text) {
-                               state.sidebar.setSearchText(std::move(text));
-                           }),
-                           .leaveDown = [tools] { tools->enter(); },
-                           .submit = [tools] { tools->open(); },
-                           .leave = std::move(leave)});
+        searchField(store, {.placeholder = std::string(ToolSidebarView::searchPlaceholder),
+                            .text = [](const ContentView& state) { return state.sidebar.searchText; },
+                            .setText = [](ContentView& state,
+                                          std::string text) { state.sidebar.setSearchText(std::move(text)); },
+                            .leaveDown = [tools] { tools->enter(); },
+                            .submit = [tools] { tools->open(); },
+                            .leave = std::move(leave)});
     column->setFocusProxy(search);
     constexpr auto inset = Size::sidebarInset;
     fill(column, Qt::Vertical, {.spacing = 0, .padding = {0, 0, 1, 0}},
@@ -280,7 +288,7 @@ QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip, std::function<void
          });
     new OverlayScrollBar(Qt::Vertical, tools->list(), tools->list());
     tools->list()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view.onRefresh([tools] { tools->refresh(); });
+    store.onRefresh([tools] { tools->refresh(); });
     return column;
 }
 

@@ -1,7 +1,7 @@
 /// The sidebar: brand, search, the list of tools and the privacy footer.
 #pragma once
 
-#include "Desktop/Kit/View.h"
+#include "Desktop/Binding/Store.h"
 #include "Views/ContentView.h"
 
 #include <functional>
@@ -12,6 +12,6 @@ namespace korvane {
 
 /// Builds the sidebar on the window's state. `menuStrip` takes its place at the top. The search field takes
 /// the focus for the whole. `leave` is called when the user leaves the sidebar by Escape.
-QWidget* sidebar(View<ContentView>& view, QWidget* menuStrip, std::function<void()> leave);
+QWidget* sidebar(Store& store, QWidget* menuStrip, std::function<void()> leave);
 
 } // namespace korvane

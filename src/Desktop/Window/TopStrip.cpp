@@ -1,8 +1,8 @@
 #include "Desktop/Window/TopStrip.h"
 
-#include "Desktop/Kit/Buttons.h"
-#include "Desktop/Kit/Layout.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Look/Theme.h"
 
 #include <QApplication>
 #include <QMouseEvent>

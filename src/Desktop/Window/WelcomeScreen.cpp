@@ -1,9 +1,9 @@
 #include "Desktop/Window/WelcomeScreen.h"
 
-#include "Desktop/Kit/Labels.h"
-#include "Desktop/Kit/Layout.h"
-#include "Desktop/Kit/Panel.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Look/Surface.h"
+#include "Desktop/Look/Theme.h"
 #include "Views/ContentView.h"
 
 namespace korvane {
@@ -13,10 +13,6 @@ using Theme::Size;
 using Theme::TextStyle;
 
 namespace {
-
-QWidget* centered(QWidget* widget) {
-    return stack(Qt::Horizontal, {.spacing = 0}, {stretch(), widget, stretch()});
-}
 
 /// A tool that is only shown, not to be pressed.
 QWidget* tile(Tool tool) {

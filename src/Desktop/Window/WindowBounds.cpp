@@ -1,6 +1,6 @@
 #include "Desktop/Window/WindowBounds.h"
 
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Look/Theme.h"
 #include "Views/ContentView.h"
 
 #include <QEvent>

@@ -1,6 +1,6 @@
 #include "Desktop/Window/WindowEdges.h"
 
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Look/Theme.h"
 
 #include <QEvent>
 #include <QMouseEvent>

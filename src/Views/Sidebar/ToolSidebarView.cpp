@@ -1,6 +1,6 @@
 #include "Views/Sidebar/ToolSidebarView.h"
 
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 
 #include <algorithm>
 #include <iterator>

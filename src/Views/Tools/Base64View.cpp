@@ -1,7 +1,7 @@
 #include "Views/Tools/Base64View.h"
 
 #include "Utilities/Base64.h"
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #include "Views/Tools/ColorPickerView.h"
 
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 

@@ -3,7 +3,7 @@
 
 #include "Models/Enumeration.h"
 #include "Models/PaletteColor.h"
-#include "Utilities/DiffEngine.h"
+#include "Utilities/Diff/DiffEngine.h"
 
 #include <array>
 #include <optional>

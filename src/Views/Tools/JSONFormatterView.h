@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Models/PaletteColor.h"
-#include "Utilities/JSONFormatter.h"
+#include "Utilities/JSON/JSONFormatter.h"
 #include "Views/Components/StatusBadge.h"
 #include "Views/Tools/JSONTreeNodeView.h"
 

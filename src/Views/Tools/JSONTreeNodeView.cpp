@@ -1,6 +1,6 @@
 #include "Views/Tools/JSONTreeNodeView.h"
 
-#include "Utilities/JSONEscape.h"
+#include "Utilities/JSON/JSONEscape.h"
 
 #include <fmt/format.h>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Models/PaletteColor.h"
-#include "Utilities/JSONFormatter.h"
+#include "Utilities/JSON/JSONFormatter.h"
 
 #include <cstddef>
 #include <optional>

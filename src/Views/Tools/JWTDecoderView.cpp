@@ -2,8 +2,8 @@
 
 #include "Utilities/Base64.h"
 #include "Utilities/DateText.h"
-#include "Utilities/JSON.h"
-#include "Utilities/Text.h"
+#include "Utilities/JSON/JSON.h"
+#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 

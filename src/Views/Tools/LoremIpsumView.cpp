@@ -1,6 +1,6 @@
 #include "Views/Tools/LoremIpsumView.h"
 
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 #include "Views/Components/CopyButton.h"
 
 #include <fmt/format.h>

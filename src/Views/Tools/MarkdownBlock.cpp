@@ -1,7 +1,7 @@
 #include "Views/Tools/MarkdownBlock.h"
 
-#include "Utilities/MarkdownPatterns.h"
-#include "Utilities/Text.h"
+#include "Utilities/Markdown/MarkdownPatterns.h"
+#include "Utilities/Text/Text.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "Views/Tools/MarkdownInline.h"
 
-#include "Utilities/MarkdownPatterns.h"
+#include "Utilities/Markdown/MarkdownPatterns.h"
 
 #include <cstddef>
 #include <cstdint>

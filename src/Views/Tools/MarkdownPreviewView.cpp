@@ -1,8 +1,8 @@
 #include "Views/Tools/MarkdownPreviewView.h"
 
-#include "Utilities/MarkdownParser.h"
-#include "Utilities/MarkdownPatterns.h"
-#include "Utilities/Text.h"
+#include "Utilities/Markdown/MarkdownParser.h"
+#include "Utilities/Markdown/MarkdownPatterns.h"
+#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #include "Views/Tools/PasswordGeneratorView.h"
 
-#include "Utilities/Text.h"
+#include "Utilities/Text/Text.h"
 #include "Views/Components/History.h"
 
 #include <fmt/format.h>

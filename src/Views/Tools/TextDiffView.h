@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Models/Enumeration.h"
-#include "Utilities/DiffEngine.h"
+#include "Utilities/Diff/DiffEngine.h"
 #include "Views/Background.h"
 #include "Views/Components/StatBadge.h"
 

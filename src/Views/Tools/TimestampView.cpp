@@ -1,8 +1,8 @@
 #include "Views/Tools/TimestampView.h"
 
 #include "Utilities/DateText.h"
-#include "Utilities/DoubleText.h"
-#include "Utilities/Text.h"
+#include "Utilities/Text/DoubleText.h"
+#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #include "Desktop/Tools/Screens.h"
 
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Text/TextArea.h"
 
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"

@@ -1,7 +1,7 @@
 #include "Desktop/Tools/Screens.h"
 
-#include "Desktop/Kit/TextArea.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Text/TextArea.h"
 #include "Utilities/DateText.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"

@@ -1,5 +1,5 @@
-#include "Desktop/Kit/RowList.h"
-#include "Desktop/Kit/TextArea.h"
+#include "Desktop/Lists/RowList.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"

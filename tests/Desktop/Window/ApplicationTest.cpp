@@ -1,7 +1,7 @@
 /// The whole program as its user meets it, with the real services. Traced, it shows what the program reaches
 /// for.
 
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Look/Theme.h"
 #include "Desktop/Window/MainWindow.h"
 #include "Desktop/Window/ServicesQt.h"
 #include "support/Pictures.h"
@@ -37,7 +37,7 @@ protected:
     ScreenDriver screen{window, {1100, 750}};
 
     void select(Tool tool) {
-        window.view().perform(&ContentView::select, tool);
+        window.store().perform(&ContentView::select, tool);
         settle();
     }
 
@@ -83,7 +83,7 @@ TEST_F(ApplicationTest, UsesEveryTool) {
         select(tool);
         EXPECT_TRUE(screen.shows(rawValue(tool)));
         pressEverything();
-        EXPECT_EQ(window.view().state().selectedTool, tool);
+        EXPECT_EQ(window.store().state<ContentView>().selectedTool, tool);
     }
 }
 

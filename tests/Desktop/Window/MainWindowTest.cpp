@@ -1,9 +1,9 @@
 #include "Desktop/Window/MainWindow.h"
 
-#include "Desktop/Kit/FocusRing.h"
-#include "Desktop/Kit/RowList.h"
-#include "Desktop/Kit/TextArea.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Lists/RowList.h"
+#include "Desktop/Look/FocusRing.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Window/WindowBounds.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
@@ -35,7 +35,7 @@ struct MainWindowTest : testing::Test {
         settle();
     }
 
-    std::optional<Tool> selectedTool() { return window.view().state().selectedTool; }
+    std::optional<Tool> selectedTool() { return window.store().state<ContentView>().selectedTool; }
 
     QLineEdit& search() { return *window.findChild<QLineEdit*>(); }
 
@@ -93,7 +93,7 @@ TEST_F(MainWindowTest, FitsIntoItsMinimum) {
 }
 
 TEST_F(MainWindowTest, ScrollsSidewaysWhereTheScreenIsTooSmall) {
-    window.view().perform([](ContentView& state) { state.selectedTool = Tool::imageConverter; });
+    window.store().perform([](ContentView& state) { state.selectedTool = Tool::imageConverter; });
     settle();
     const auto* body = window.findChild<QScrollArea*>();
     EXPECT_EQ(body->horizontalScrollBar()->maximum(), 0);
@@ -294,7 +294,7 @@ TEST_F(MainWindowTest, AClickSelects) {
 }
 
 TEST_F(MainWindowTest, WithoutASelectionItWelcomes) {
-    window.view().perform([](ContentView& state) { state.selectedTool.reset(); });
+    window.store().perform([](ContentView& state) { state.selectedTool.reset(); });
     settle();
     EXPECT_TRUE(screen.shows("Select a tool from the sidebar to get started"));
     EXPECT_TRUE(screen.shows("URL Encoder"));
@@ -316,10 +316,10 @@ TEST_F(MainWindowTest, TheWindowButtonsAndADoubleClickWork) {
 }
 
 TEST_F(MainWindowTest, ARefreshPerformsNoOperation) {
-    const auto before = window.view().operationCount();
-    window.view().refresh();
-    window.view().refresh();
-    EXPECT_EQ(window.view().operationCount(), before);
+    const auto before = window.store().operationCount();
+    window.store().refresh();
+    window.store().refresh();
+    EXPECT_EQ(window.store().operationCount(), before);
 }
 
 TEST_F(MainWindowTest, ChangesItsLookWhileItRuns) {

@@ -1,8 +1,8 @@
 #include "Desktop/Window/WelcomeScreen.h"
 
-#include "Desktop/Kit/Labels.h"
-#include "Desktop/Kit/Strings.h"
-#include "Desktop/Kit/Theme.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Look/Theme.h"
 #include "support/ScreenDriver.h"
 
 #include <gtest/gtest.h>

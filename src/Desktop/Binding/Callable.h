@@ -1,0 +1,39 @@
+/// What the type of a callable tells: the state that it reads or changes, which is its first parameter.
+#pragma once
+
+#include <type_traits>
+
+namespace korvane {
+
+template <typename CallOperator>
+struct FirstOfCall {};
+
+template <typename Result, typename Callable, typename First, typename... Rest>
+struct FirstOfCall<Result (Callable::*)(First, Rest...) const> {
+    using Type = std::remove_cvref_t<First>;
+};
+
+/// `Type` is the class of a pointer to a member, or what a function or lambda takes first, without reference
+/// and const. A callable with overloads or templates has none.
+template <typename Callable>
+struct FirstParameter {};
+
+template <typename Member, typename Class>
+struct FirstParameter<Member Class::*> {
+    using Type = Class;
+};
+
+template <typename Result, typename First, typename... Rest>
+struct FirstParameter<Result (*)(First, Rest...)> {
+    using Type = std::remove_cvref_t<First>;
+};
+
+template <typename Callable>
+    requires requires { &Callable::operator(); }
+struct FirstParameter<Callable> : FirstOfCall<decltype(&Callable::operator())> {};
+
+/// The state that a reader or an operation is made for.
+template <typename Callable>
+using StateOf = typename FirstParameter<Callable>::Type;
+
+} // namespace korvane

@@ -1,0 +1,197 @@
+/// The buttons of the kit. All of them are painted here, from the theme, and are real buttons to keyboard and
+/// assistive technology.
+#pragma once
+
+#include "Desktop/Access/Accessibility.h"
+#include "Desktop/Access/AccessibleRows.h"
+#include "Desktop/Binding/Action.h"
+#include "Desktop/Binding/Reader.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Look/Transition.h"
+#include "Models/PaletteColor.h"
+
+#include <QAbstractButton>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class QAccessibleInterface;
+
+namespace korvane {
+
+class WidthClass;
+struct CopyButton;
+
+/// Presses `control` if it is a button and `event` one of the keys that press it beside Space, which the
+/// toolkit knows; returns whether it is. To be called for a key that `control` itself has no use for.
+bool pressByReturn(QWidget* control, const QKeyEvent& event);
+
+/// A button with a glyph and a title; how it looks is its subclass's matter.
+class GlyphButton : public QAbstractButton, public RowPart {
+public:
+    GlyphButton(std::string_view title, std::string_view icon);
+
+    void setTitle(std::string_view title);
+    void setIconName(std::string_view icon);
+
+    const std::string& iconName() const { return m_icon; }
+
+    QSize sizeHint() const override;
+
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+    /// To assistive technology the button is a part of a row of `list`, over which it lies; `row` tells of
+    /// which, or -1.
+    void setRow(AccessibleRows& list, std::function<int()> row);
+
+    QAccessibleInterface* accessibleRow() const override;
+
+protected:
+    /// How glyph and title are set. Sizes are in pixels at a 13-pixel body text.
+    struct Metrics {
+        Theme::TextStyle style;
+        int height;
+        int padding;
+        int glyph;
+        int gap;
+        int radius;
+    };
+
+    void setMetrics(const Metrics& metrics);
+
+    virtual bool showsTitle() const { return true; }
+
+    /// What the button acts on, added to its title for its accessible name.
+    virtual std::string subject() const { return {}; }
+
+    void updateAccessibleName();
+
+    /// Paints the rounded background, with an outline where one is given.
+    void paintBackground(QPainter& painter, const QColor& fill, const QColor& outline = {}) const;
+    void paintContent(QPainter& painter, const QColor& color) const;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+    Metrics m_metrics{};
+    std::string m_icon;
+
+private:
+    AccessibleRows* m_rows = nullptr; ///< its ancestor's, if any
+    std::function<int()> m_row{};
+};
+
+/// The primary action of a screen: white on a filled colour.
+class ActionButton final : public GlyphButton {
+public:
+    ActionButton();
+    void setColor(PaletteColor color);
+
+    PaletteColor color() const { return m_color; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    PaletteColor m_color = PaletteColor::blue;
+};
+
+struct QuietButtonOptions {
+    bool showLabel = true;   ///< without its label it is a small square
+    bool dropsLabel = false; ///< in a narrow screen, where it keeps its height
+    bool isOverlay = false;  ///< lies over text, so it is opaque
+    bool isPlain = false;    ///< no background until the pointer is over it
+    std::string subject{};   ///< what it acts on, where the title alone does not say; for the name only
+};
+
+/// A secondary action, in the secondary colour on a faint background.
+class QuietButton final : public GlyphButton, public Named {
+public:
+    QuietButton(std::string_view title, std::string_view icon, QuietButtonOptions options = {});
+
+    /// Drops the label, or brings it back, of a button whose label may be dropped.
+    void setCompact(bool compact);
+
+    bool isCompact() const { return m_compact; }
+
+    /// Names what it acts on, which may change; see `QuietButtonOptions`.
+    void setName(const std::string& subject) override;
+
+    /// The colour of glyph and title, or none for the secondary colour. Changes are animated.
+    void setHighlight(std::optional<PaletteColor> color);
+
+    QSize sizeHint() const override;
+
+    /// The width of a button with a glyph and this title, which has been dropped or not.
+    static int width(std::string_view title, bool isCompact);
+
+protected:
+    bool showsTitle() const override { return m_options.showLabel && !m_compact; }
+
+    std::string subject() const override { return m_options.subject; }
+
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor background() const;
+
+    QuietButtonOptions m_options;
+    bool m_compact = false;
+    PaletteColor m_highlight = PaletteColor::green;
+    Transition m_highlighted{this};
+};
+
+/// A switch drawn as a push button.
+class PushToggle final : public GlyphButton {
+public:
+    PushToggle(std::string_view title, std::string_view icon, PaletteColor color);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    PaletteColor m_color;
+};
+
+/// The main action of a screen. While `isDisabled` reads true it is gray and does not react; with an empty
+/// name of a glyph the title stands alone.
+QWidget* actionButton(Store& store, const Reader<std::string>& title, const Reader<std::string>& icon,
+                      const Reader<PaletteColor>& color, const Action<>& action,
+                      const Reader<bool>& isDisabled = false);
+
+QWidget* quietButton(Store& store, const Reader<std::string>& title, std::string_view icon,
+                     const Action<>& action, QuietButtonOptions look = {});
+
+/// Sets the text that is on the clipboard.
+QWidget* pasteButton(Store& store, const Action<std::string>& setText,
+                     QuietButtonOptions look = {.dropsLabel = true});
+
+/// Sets an empty text.
+QWidget* clearButton(Store& store, const Action<std::string>& setText);
+
+struct CopyButtonOptions {
+    std::string label = "Copy";
+    std::string_view icon = "doc.on.doc";
+    QuietButtonOptions look{};
+    bool isSecret = false; ///< the text is marked as one that is not to be kept
+};
+
+/// Copies what `text` reads at the time of the press.
+QWidget* copyButton(Store& store, const Reader<std::string>& text, const CopyButtonOptions& options = {});
+
+/// Copies by an operation, where the feedback is kept in the screen's own state.
+QWidget* copyButton(Store& store, const Reader<bool>& copied, const Action<>& copy,
+                    const QuietButtonOptions& look = {});
+
+/// Shows the state of a copy button, and announces that something was copied.
+void display(QuietButton& button, const CopyButton& state);
+
+/// Has `button` drop its label, if it may, while the screen is narrow.
+void followWidth(QuietButton& button, const WidthClass& widthClass);
+
+/// A switch drawn as a push button.
+QWidget* pushToggle(Store& store, std::string_view title, std::string_view icon, PaletteColor color,
+                    const Reader<bool>& isOn, const Action<bool>& setOn);
+
+} // namespace korvane

@@ -1,0 +1,26 @@
+#include "Desktop/Controls/Output.h"
+
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Layout/Alternatives.h"
+#include "Desktop/Layout/Overlay.h"
+
+namespace korvane {
+
+namespace {
+
+/// What a button without a label takes of the text's width, in pixels at a 13-pixel body text.
+constexpr int iconButtonRoom = 40;
+
+} // namespace
+
+QWidget* output(Store& store, const Reader<const std::string&>& text, const Reader<std::string>& placeholder,
+                CodeEditorOptions options) {
+    options.buttonRoom = iconButtonRoom;
+    const auto read = text.of(store);
+    auto* button = copyButton(store, read, {.look = {.showLabel = false, .isOverlay = true}});
+    auto* whole = overlay(textView(store, text, placeholder, options), button);
+    when(store, [read] { return !read().empty(); }, button);
+    return whole;
+}
+
+} // namespace korvane

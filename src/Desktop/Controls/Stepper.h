@@ -1,0 +1,36 @@
+/// A whole number between two bounds with a button for less and one for more. It can be typed as well, and
+/// changed by the arrow keys.
+#pragma once
+
+#include "Desktop/Binding/Action.h"
+#include "Desktop/Binding/Reader.h"
+
+#include <string>
+#include <string_view>
+
+class QWidget;
+
+namespace korvane {
+
+struct StepperOptions {
+    int minimum = 0;
+    int maximum = 100;
+    int step = 1;
+    int width = 120; ///< in pixels at a 13-pixel body text
+};
+
+QWidget* stepper(Store& store, std::string_view name, const Reader<int>& value, const Action<int>& setValue,
+                 const StepperOptions& options = {});
+
+struct StepperLabel {
+    Reader<std::string> text;
+    int width; ///< in pixels at a 13-pixel body text
+};
+
+/// A stepper of which only the two buttons are shown, behind a label with the number. A press on the label
+/// goes to the number, which is then replaced by what is typed.
+QWidget* labelledStepper(Store& store, std::string_view name, const Reader<int>& value,
+                         const Action<int>& setValue, const StepperLabel& label,
+                         const StepperOptions& options = {});
+
+} // namespace korvane

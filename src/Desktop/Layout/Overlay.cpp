@@ -1,0 +1,65 @@
+#include "Desktop/Layout/Overlay.h"
+
+#include "Desktop/Access/Accessibility.h"
+#include "Desktop/Look/Theme.h"
+
+#include <QEvent>
+#include <QWidget>
+
+#include <string>
+
+namespace korvane {
+
+namespace {
+
+constexpr int overlayInset = 8;
+
+class Overlay final : public QWidget, public Named {
+public:
+    Overlay(QWidget* panel, QWidget* button) : m_panel(panel), m_button(button) {
+        setSizePolicy(panel->sizePolicy());
+        setFocusProxy(panel);
+        panel->setParent(this);
+        button->setParent(this);
+    }
+
+    QSize sizeHint() const override { return m_panel->sizeHint(); }
+
+    QSize minimumSizeHint() const override { return m_panel->minimumSizeHint(); }
+
+    void setName(const std::string& name) override {
+        giveName(*m_panel, name);
+        giveName(*m_button, name);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent*) override { place(); }
+
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest) {
+            place();
+            updateGeometry(); // the panel may need another height now
+        }
+        return QWidget::event(event);
+    }
+
+private:
+    void place() {
+        m_panel->setGeometry(rect());
+        const auto size = m_button->sizeHint();
+        const auto inset = Theme::px(overlayInset);
+        m_button->setGeometry(width() - inset - size.width(), inset, size.width(), size.height());
+        m_button->raise();
+    }
+
+    QWidget* m_panel;
+    QWidget* m_button;
+};
+
+} // namespace
+
+QWidget* overlay(QWidget* panel, QWidget* button) {
+    return new Overlay(panel, button);
+}
+
+} // namespace korvane

@@ -1,0 +1,152 @@
+#include "Desktop/Text/Editors.h"
+
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Layout/OverlayScrollBar.h"
+#include "Desktop/Layout/Panel.h"
+#include "Desktop/Text/TextArea.h"
+#include "Desktop/Text/TextZoom.h"
+
+#include <QEvent>
+
+#include <algorithm>
+#include <cstddef>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+
+namespace {
+
+/// A longer text, in bytes, fills a panel up to its maximum height, whatever its lines: it is not laid out to
+/// find its height.
+constexpr std::size_t maxFittedText = 2000;
+
+/// Gives its text area the theme's look, again whenever that changes.
+class EditorPanel final : public Panel {
+public:
+    EditorPanel(TextArea* area, CodeEditorOptions options)
+        : Panel(area), m_area(area), m_options(options), m_height(Theme::px(options.minimumHeight)) {
+        if (m_options.maximumHeight)
+            setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        applyTheme();
+        new OverlayScrollBar(Qt::Vertical, area, this);
+        TextZoom::follow(area, [this] {
+            applyTheme();
+            fitHeight();
+        });
+    }
+
+    void display(const std::string& text) {
+        m_area->setText(text);
+        m_isFitted = text.size() <= maxFittedText;
+        fitHeight();
+    }
+
+    QSize sizeHint() const override { return {Panel::sizeHint().width(), m_height}; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        Panel::resizeEvent(event);
+        fitHeight();
+    }
+
+    void changeEvent(QEvent* event) override {
+        Panel::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
+            applyTheme();
+    }
+
+private:
+    void fitHeight() {
+        if (!m_options.maximumHeight)
+            return;
+        const auto inset = Theme::px(textInset());
+        const auto least = Theme::px(m_options.minimumHeight);
+        const auto most = Theme::px(*m_options.maximumHeight);
+        const auto room = width() - inset - Theme::px(endInset());
+        const auto height =
+            m_isFitted ? m_area->rowCount(room) * TextZoom::lineHeight(textStyle()) + 2 * inset : most;
+        if (const auto fitting = std::clamp(height, least, most); fitting != m_height) {
+            m_height = fitting;
+            updateGeometry();
+        }
+    }
+
+    void applyTheme() {
+        // Insets count from the panel's edge; its outline is outside the text area.
+        const auto inset = textInset() - Size::panelOutline;
+        const auto left = m_options.lineNumbers ? 0 : inset; // the gutter brings its own distance
+        const auto style = textStyle();
+        m_area->setStyle({.font = TextZoom::font(style),
+                          .lineHeight = TextZoom::lineHeight(style),
+                          .text = Theme::color(Role::primary),
+                          .placeholder = Theme::color(m_options.placeholderInk),
+                          .number = Theme::color(Role::placeholder),
+                          .selection = Theme::color(Role::selection),
+                          .inset = Theme::margins(left, inset, endInset() - Size::panelOutline, inset),
+                          .numberGap = Theme::px(Size::gutterPadding)});
+    }
+
+    Theme::TextStyle textStyle() const {
+        if (m_options.isProse)
+            return Theme::TextStyle::prose;
+        return m_options.isSmall ? Theme::TextStyle::codeSmall : Theme::TextStyle::code;
+    }
+
+    int textInset() const {
+        if (m_options.isProse)
+            return Size::proseInset;
+        return m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset;
+    }
+
+    int endInset() const {
+        if (m_options.buttonRoom > 0)
+            return m_options.buttonRoom;
+        return m_options.isProse ? Size::proseInset : Size::editorInsetRight;
+    }
+
+    TextArea* m_area;
+    CodeEditorOptions m_options;
+    int m_height;
+    bool m_isFitted = true;
+};
+
+TextArea* newTextArea(const std::string& text, const CodeEditorOptions& options) {
+    auto* area = new TextArea;
+    area->setLineNumbers(options.lineNumbers);
+    // The text that a screen begins with is no edit: it is shown from its start, and undo does not remove it.
+    area->setReadOnly(true);
+    area->setText(text);
+    return area;
+}
+
+QWidget* editorPanel(Store& store, TextArea* area, std::function<const std::string&()> text,
+                     const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
+    auto* panel = new EditorPanel(area, options);
+    store.onRefresh([panel, area, text = std::move(text), placeholder = placeholder.of(store)] {
+        panel->display(text());
+        area->setPlaceholder(qString(placeholder()));
+    });
+    return panel;
+}
+
+} // namespace
+
+QWidget* codeEditor(Store& store, const Reader<const std::string&>& text, const Action<std::string>& setText,
+                    const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
+    auto read = text.of(store);
+    auto* area = newTextArea(read(), options);
+    area->setReadOnly(false);
+    area->onEdit = setText.on(store);
+    return editorPanel(store, area, std::move(read), placeholder, options);
+}
+
+QWidget* textView(Store& store, const Reader<const std::string&>& text,
+                  const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
+    auto read = text.of(store);
+    auto* area = newTextArea(read(), options);
+    return editorPanel(store, area, std::move(read), placeholder, options);
+}
+
+} // namespace korvane

@@ -1,0 +1,108 @@
+#include "Desktop/Text/SelectableText.h"
+
+#include "Desktop/Binding/Store.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Look/FocusRing.h"
+#include "Desktop/Text/SecretText.h"
+
+#include <QEvent>
+#include <QFocusEvent>
+#include <QTextBlock>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvane {
+
+SelectableText::SelectableText(SelectableTextOptions options) : m_options(std::move(options)) {
+    setReadOnly(true);
+    setFocusPolicy(m_options.isTabStop ? Qt::StrongFocus : Qt::ClickFocus);
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    if (m_options.isTabStop)
+        giveFocusRing(this, this, Theme::Size::radiusBadge);
+    setAlignment(m_options.alignment);
+    setBreaksValuesAnywhere();
+    setPlaceholder(qString(m_options.placeholder));
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    viewport()->setCursor(Qt::IBeamCursor);
+    applyTheme();
+}
+
+void SelectableText::display(const std::string& text) {
+    const auto before = document()->revision();
+    setText(text);
+    if (document()->revision() != before)
+        updateGeometry();
+}
+
+QSize SelectableText::sizeHint() const {
+    const QFontMetricsF metrics(Theme::font(m_options.style));
+    auto widest = metrics.horizontalAdvance(document()->isEmpty() ? placeholderText() : QString());
+    for (auto block = document()->begin(); block.isValid(); block = block.next())
+        widest = std::max(widest, metrics.horizontalAdvance(block.text()));
+    const auto width = static_cast<int>(std::ceil(widest)) + 2;
+    return {width, document()->blockCount() * Theme::lineHeight(m_options.style)};
+}
+
+QSize SelectableText::minimumSizeHint() const {
+    return {0, Theme::lineHeight(m_options.style)};
+}
+
+int SelectableText::heightForWidth(int width) const {
+    return rowCount(width) * Theme::lineHeight(m_options.style);
+}
+
+/// The Tab key selects the whole text, as in a field, ready to be copied.
+void SelectableText::focusInEvent(QFocusEvent* event) {
+    TextArea::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        selectAll();
+}
+
+/// What the Tab key selected goes with it.
+void SelectableText::focusOutEvent(QFocusEvent* event) {
+    TextArea::focusOutEvent(event);
+    if (event->reason() != Qt::TabFocusReason && event->reason() != Qt::BacktabFocusReason)
+        return;
+    auto cursor = textCursor();
+    cursor.clearSelection();
+    setTextCursor(cursor);
+}
+
+void SelectableText::changeEvent(QEvent* event) {
+    TextArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !m_applying)
+        applyTheme();
+}
+
+void SelectableText::wheelEvent(QWheelEvent* event) {
+    event->ignore(); // there is nothing to scroll in here, but perhaps around it
+}
+
+QMimeData* SelectableText::newMimeData(const QString& text) const {
+    return m_options.isSecret ? secretText(text) : TextArea::newMimeData(text);
+}
+
+void SelectableText::applyTheme() {
+    m_applying = true;
+    setStyle({.font = Theme::font(m_options.style),
+              .lineHeight = Theme::lineHeight(m_options.style),
+              .text = Theme::color(m_options.ink),
+              .placeholder = Theme::color(m_options.placeholderInk),
+              .number = {},
+              .selection = Theme::color(Theme::Role::selection)});
+    m_applying = false;
+}
+
+QWidget* selectableText(Store& store, std::string_view name, const Reader<std::string>& text,
+                        SelectableTextOptions options) {
+    auto* widget = new SelectableText(std::move(options));
+    widget->setAccessibleName(qString(name));
+    store.onRefresh([widget, text = text.of(store)] { widget->display(text()); });
+    return widget;
+}
+
+} // namespace korvane

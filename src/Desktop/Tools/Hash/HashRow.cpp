@@ -1,0 +1,98 @@
+#include "Desktop/Tools/Hash/HashRow.h"
+
+#include "Desktop/Access/AccessibleButton.h"
+#include "Desktop/Binding/Store.h"
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Look/FocusRing.h"
+#include "Desktop/Look/Surface.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Tools/Hash/ElidedField.h"
+
+#include <QAbstractButton>
+#include <QGraphicsOpacityEffect>
+#include <QPainter>
+
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+/// The row's surface, in the colour of its algorithm while it is the chosen one.
+class HashRowButton final : public QAbstractButton, public ChoiceButton {
+public:
+    HashRowButton(std::string_view name, PaletteColor color) : m_color(color) {
+        setText(qString(name));
+        setAccessibleName(text());
+        setCheckable(true);
+        setFocusPolicy(Qt::TabFocus);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        giveFocusRing(this, this, Size::radiusMedium);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const auto radius = Theme::px(Size::radiusMedium);
+        if (isChecked())
+            paintSurface(painter, rect(), radius, Theme::withTint(m_color, Theme::Tint::row),
+                         Theme::withTint(m_color, Theme::Tint::outline));
+        else
+            paintSurface(painter, rect(), radius, Qt::transparent, Theme::color(Role::controlFill));
+    }
+
+private:
+    PaletteColor m_color;
+};
+
+/// `label` in the middle of a plate of fixed size, so that those of several rows line up.
+QWidget* lengthPlate(Label* label) {
+    auto* plate = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusBadge);
+    plate->setFixedSize(Theme::px(Size::hashLengthWidth), Theme::px(Size::hashLengthHeight));
+    label->setAlignment(Qt::AlignCenter);
+    fill(plate, Qt::Vertical, {.spacing = 0}, {label});
+    return plate;
+}
+
+} // namespace
+
+QWidget* hashRow(Store& store, HashGenerator::HashAlgorithm algorithm, const Reader<HashResultRow>& row,
+                 const Action<>& select) {
+    const auto read = row.of(store);
+    const std::string name(rawValue(algorithm));
+    auto* button = new HashRowButton(name, color(algorithm));
+    auto* digest = new ElidedField(name, HashResultRow::placeholder);
+    digest->onPress = select.on(store);
+    auto* length = new Label({}, TextStyle::caption, Role::secondary);
+    auto* plate = lengthPlate(length);
+    auto* copy =
+        copyButton(store, [read] { return read().hash; }, {.look = {.showLabel = false, .subject = name}});
+    auto* fading = new QGraphicsOpacityEffect(copy);
+    copy->setGraphicsEffect(fading);
+    constexpr auto padding = Size::hashRowPadding;
+    fill(button, Qt::Horizontal,
+         {.spacing = Size::hashRowGap, .padding = {padding, padding, padding, padding}},
+         {tag(name, color(algorithm)), digest, plate, copy});
+    store.onRefresh([=] {
+        const auto current = read();
+        button->setChecked(current.isSelected);
+        digest->display(current.hash);
+        length->display(current.lengthText());
+        digest->setPlaceholderText(qString(current.prompt()));
+        plate->setVisible(current.showsLength());
+        copy->setEnabled(!current.isComputing); // and is faint then by itself
+        fading->setOpacity(current.hasHash() || current.isComputing ? 1 : Theme::idleOpacity);
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button, select.on(store));
+    return button;
+}
+
+} // namespace korvane

@@ -1,0 +1,48 @@
+/// A choice of one among a few, which drop down as a menu.
+#pragma once
+
+#include "Desktop/Binding/Action.h"
+#include "Desktop/Binding/Reader.h"
+#include "Models/Enumeration.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QWidget;
+
+namespace korvane {
+
+/// Why each choice cannot be made at the moment, shown beside it; empty where it can.
+using Obstacles = std::vector<std::string>;
+
+/// `name` is the accessible name, `width` in pixels at a 13-pixel body text. Without `obstacles`, all choices
+/// can always be made.
+QWidget* menuPicker(Store& store, std::string_view name, const std::vector<std::string>& titles,
+                    const Reader<std::size_t>& chosen, const Action<std::size_t>& choose, int width,
+                    const std::optional<Reader<Obstacles>>& obstacles);
+
+/// A picker over all cases of the enumeration that `read` reads, with their titles. `obstacle`, where there
+/// is one, reads from the state what keeps a case from being chosen.
+template <typename State, typename E, typename Set>
+QWidget* menuPicker(Store& store, std::string_view name, E State::* read, const Set& set, int width,
+                    std::string (State::*obstacle)(E) const = nullptr) {
+    std::vector<std::string> titles;
+    for (const auto value : allCases<E>)
+        titles.emplace_back(title(value));
+    const auto chosen = [read](const State& state) { return static_cast<std::size_t>(state.*read); };
+    const auto choose = [set = Action<E>(set).on(store)](std::size_t index) { set(allCases<E>[index]); };
+    std::optional<Reader<Obstacles>> obstacles;
+    if (obstacle)
+        obstacles = [obstacle](const State& state) {
+            Obstacles all;
+            for (const auto value : allCases<E>)
+                all.push_back((state.*obstacle)(value));
+            return all;
+        };
+    return menuPicker(store, name, titles, chosen, choose, width, obstacles);
+}
+
+} // namespace korvane

@@ -1,0 +1,13 @@
+/// A small counter on a card of its own, for a row of them.
+#pragma once
+
+#include "Desktop/Binding/Reader.h"
+#include "Views/Components/StatPill.h"
+
+class QWidget;
+
+namespace korvane {
+
+QWidget* statPill(Store& store, const Reader<StatPill>& pill);
+
+} // namespace korvane

@@ -1,0 +1,133 @@
+#include "Desktop/Tools/Markdown/MarkdownRow.h"
+
+#include "Views/Tools/MarkdownBlock.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+namespace korvane {
+
+namespace {
+
+using namespace MarkdownBlocks;
+using Kind = MarkdownRow::Kind;
+
+/// The length of the part of `text`, which is longer than `room`, that goes into a row with that much room.
+/// It is 0 where not even a character fits in.
+std::size_t cut(std::string_view text, std::size_t room) {
+    constexpr std::size_t longestCharacter = 4;
+    const auto space = text.substr(0, room).rfind(' ');
+    if (space != std::string_view::npos && space >= room / 2)
+        return space + 1;
+    for (auto length = room; length + longestCharacter > room; --length) {
+        const bool isInsideCharacter = (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80;
+        if (!isInsideCharacter)
+            return length;
+    }
+    return room; // it is no text
+}
+
+/// The runs in groups of at most `longestRow` bytes each; at least one group.
+std::vector<std::vector<InlineRun>> pieces(std::vector<InlineRun> runs) {
+    std::vector<std::vector<InlineRun>> groups(1);
+    auto room = longestRow;
+    for (auto& run : runs) {
+        const auto text = std::exchange(run.text, {});
+        for (std::string_view rest = text; !rest.empty();) {
+            const auto length = rest.size() > room ? cut(rest, room) : rest.size();
+            if (length > 0) {
+                groups.back().push_back(run);
+                groups.back().back().text = rest.substr(0, length);
+            }
+            rest.remove_prefix(length);
+            room -= length;
+            if (!rest.empty()) {
+                groups.emplace_back();
+                room = longestRow;
+            }
+        }
+    }
+    return groups;
+}
+
+std::vector<InlineRun> plain(std::string_view text) {
+    if (text.empty())
+        return {};
+    return {{.text = std::string(text)}};
+}
+
+/// Collects the rows of blocks.
+class Rows {
+public:
+    void add(const MarkdownBlock& block) {
+        const auto first = m_rows.size();
+        std::visit([this](const auto& alternative) { addRows(alternative); }, block);
+        m_rows[first].beginsBlock = true;
+        m_rows.back().endsBlock = true;
+    }
+
+    std::vector<MarkdownRow> take() { return std::move(m_rows); }
+
+private:
+    void addRows(const Header& block) {
+        add({.kind = Kind::header, .number = block.level}, plain(block.text));
+    }
+
+    void addRows(const Paragraph& block) { add({.kind = Kind::paragraph}, renderInline(block.text)); }
+
+    void addRows(const CodeBlock& block) {
+        if (!block.language.empty())
+            add({.kind = Kind::language}, plain(block.language));
+        addLines({.kind = Kind::code}, block.code, plain);
+    }
+
+    void addRows(const Blockquote& block) { addLines({.kind = Kind::quote}, block.text, renderInline); }
+
+    void addRows(const UnorderedList& block) {
+        for (const auto& item : block.items)
+            add({.kind = Kind::unorderedItem}, renderInline(item));
+    }
+
+    void addRows(const OrderedList& block) {
+        const auto digits = static_cast<int>(std::to_string(block.items.size()).size());
+        for (int number = 0; const auto& item : block.items)
+            add({.kind = Kind::orderedItem, .number = ++number, .digits = digits}, renderInline(item));
+    }
+
+    void addRows(const HorizontalRule&) { add({.kind = Kind::rule}, {}); }
+
+    /// Adds a row for each line of `text`.
+    void addLines(const MarkdownRow& row, std::string_view text,
+                  std::vector<InlineRun> (*style)(std::string_view)) {
+        for (auto end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+            add(row, style(text.substr(0, end)));
+            text.remove_prefix(end + 1);
+        }
+        add(row, style(text));
+    }
+
+    void add(MarkdownRow row, std::vector<InlineRun> runs) {
+        for (auto& piece : pieces(std::move(runs))) {
+            if (!m_rows.empty())
+                row.above = m_rows.back().kind;
+            row.runs = std::move(piece);
+            m_rows.push_back(row);
+            row.continuesText = true;
+        }
+    }
+
+    std::vector<MarkdownRow> m_rows;
+};
+
+} // namespace
+
+std::vector<MarkdownRow> markdownRows(std::string_view markdown) {
+    Rows rows;
+    for (const auto& block : parseBlocks(markdown))
+        rows.add(block);
+    return rows.take();
+}
+
+} // namespace korvane

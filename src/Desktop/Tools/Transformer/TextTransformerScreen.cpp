@@ -1,0 +1,106 @@
+#include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Controls/Output.h"
+#include "Desktop/Controls/Section.h"
+#include "Desktop/Controls/SegmentedPicker.h"
+#include "Desktop/Layout/Alternatives.h"
+#include "Desktop/Layout/Card.h"
+#include "Desktop/Layout/ScreenLayout.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Look/Theme.h"
+#include "Desktop/Text/Editors.h"
+#include "Desktop/Tools/Screens.h"
+#include "Desktop/Tools/Transformer/StatCard.h"
+#include "Desktop/Tools/Transformer/TransformButton.h"
+#include "Views/Tools/TextTransformerView.h"
+
+namespace korvane {
+
+namespace {
+
+using Theme::Size;
+
+constexpr int modePickerWidth = 360;
+constexpr int statisticsHeight = 196; // two rows of cards; the prompt leaves the editor the same size
+
+/// Reads whether `tab` is selected.
+auto isSelected(TransformTab tab) {
+    return [tab](const TextTransformerView& state) { return state.selectedTab == tab; };
+}
+
+/// Reads one of the facts of the selected tab.
+template <typename Fact>
+auto ofTab(Fact fact) {
+    return [fact](const TextTransformerView& state) { return std::string(factsOf(state.selectedTab).*fact); };
+}
+
+/// Reads one of the statistics of the input.
+template <typename Count>
+auto counting(Count count) {
+    return
+        [count](const TextTransformerView& state) { return std::to_string(state.inputStats.stats().*count); };
+}
+
+QWidget* cards(Store& store) {
+    return grid(
+        3, {.columnGap = Size::statCardGap, .rowGap = Size::statCardGap, .hasEvenRows = true},
+        {
+            statCard(store, "Characters", counting(&TextStats::characters), "character", PaletteColor::blue),
+            statCard(store, "Characters (no spaces)", counting(&TextStats::charactersNoSpaces), "character",
+                     PaletteColor::cyan),
+            statCard(store, "Words", counting(&TextStats::words), "text.word.spacing", PaletteColor::green),
+            statCard(store, "Lines", counting(&TextStats::lines), "text.alignleft", PaletteColor::orange),
+            statCard(store, "Paragraphs", counting(&TextStats::paragraphs), "paragraphsign",
+                     PaletteColor::purple),
+            statCard(store, "Sentences", counting(&TextStats::sentences), "text.bubble", PaletteColor::pink),
+        });
+}
+
+QWidget* prompt(Store& store) {
+    return card({}, {emptyPrompt(store, "chart.bar.doc.horizontal", "Enter text above to see statistics")});
+}
+
+QWidget* body(Store& store) {
+    return screen(
+        store, toolHeader(Tool::textTransformer),
+        {
+            row({
+                segmentedPicker(store, "Mode", &TextTransformerView::selectedTab,
+                                &TextTransformerView::setSelectedTab, modePickerWidth),
+                stretch(),
+                pasteButton(store, &TextTransformerView::setInputText),
+                clearButton(store, &TextTransformerView::setInputText),
+            }),
+            when(store, isSelected(TransformTab::caseTransform),
+                 section(store, "Select Transformation", "",
+                         transformButtons(store, &TextTransformerView::selectedCaseTransform,
+                                          &TextTransformerView::selectCaseTransform))),
+            when(store, isSelected(TransformTab::lineOperations),
+                 section(store, "Select Operation", "",
+                         transformButtons(store, &TextTransformerView::selectedLineOperation,
+                                          &TextTransformerView::selectLineOperation))),
+            columns({
+                section(store, ofTab(&TransformTabFacts::inputTitle), ofTab(&TransformTabFacts::inputIcon),
+                        codeEditor(store, &TextTransformerView::inputText, &TextTransformerView::setInputText,
+                                   ofTab(&TransformTabFacts::inputPlaceholder))),
+                when(store, &TextTransformerView::showsOutput,
+                     section(store, "Output", "arrow.up.doc",
+                             output(store, &TextTransformerView::outputText,
+                                    ofTab(&TransformTabFacts::outputPlaceholder)))),
+            }),
+            when(store, &TextTransformerView::showsFooter, caption(store, &TextTransformerView::footer)),
+            when(store, isSelected(TransformTab::statistics),
+                 section(store, "Text Statistics", "",
+                         either(store, &TextTransformerView::hasInput, rigidHeight(cards(store)),
+                                withHeight(statisticsHeight, prompt(store))))),
+        });
+}
+
+} // namespace
+
+QWidget* textTransformerScreen(Services& services) {
+    return makeScreen<TextTransformerView>(services, body);
+}
+
+} // namespace korvane

@@ -1,0 +1,123 @@
+#include "Desktop/Tools/URL/ComponentRows.h"
+
+#include "Desktop/Binding/Store.h"
+#include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Labels.h"
+#include "Desktop/Layout/Card.h"
+#include "Desktop/Layout/Stack.h"
+#include "Desktop/Lists/RowText.h"
+#include "Desktop/Look/Theme.h"
+
+#include <QLayout>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace korvane {
+
+using Theme::Role;
+using Theme::Size;
+using Theme::TextStyle;
+
+namespace {
+
+/// The most that names take of a row's width, in percent, when they are long.
+constexpr int namesShare = 40;
+
+/// The name of a row, which is shortened where its column is narrow.
+QWidget* nameCell(const ComponentRow& row, ComponentLook look) {
+    auto* name = look == ComponentLook::chip
+                     ? new Label(row.label, TextStyle::subheadline, Role::secondary)
+                     : new Label(shortenedLine(row.label), TextStyle::codeSmall, Role::secondary);
+    return stack(Qt::Horizontal, {.spacing = 0}, {name});
+}
+
+QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
+    if (row.value && row.value->empty())
+        return new Label("(empty)", TextStyle::subheadline, Role::secondary);
+    auto* value = new Label(shortenedLine(row.value.value_or("")), TextStyle::codeSmall, row.color);
+    if (!row.value || look == ComponentLook::plain)
+        return value;
+    const QMargins padding(Size::chipPaddingX, 0, Size::chipPaddingX, 0);
+    return withHeight(Size::chipHeight, card({.orientation = Qt::Horizontal,
+                                              .padding = padding,
+                                              .radius = Size::radiusBadge,
+                                              .hasOutline = false,
+                                              .tint = row.color},
+                                             {value}));
+}
+
+QWidget* rowWidget(Store& store, QWidget* name, const ComponentRow& row, ComponentLook look) {
+    const bool isPlain = look == ComponentLook::plain;
+    auto* copy = copyButton(store, [value = row.value.value_or("")] { return value; },
+                            {.look = {.showLabel = isPlain, .dropsLabel = isPlain, .subject = row.label}});
+    return withHeight(Size::componentRow, stack(Qt::Horizontal, {.spacing = Size::componentGap},
+                                                {name, valueLabel(row, look), stretch(), copy}));
+}
+
+/// Makes its rows anew whenever they are others.
+class ComponentRows final : public QWidget {
+public:
+    ComponentRows(Store& store, ComponentLook look) : m_store(store), m_look(look) {
+        fill(this, Qt::Vertical, {.spacing = 0}, {});
+    }
+
+    void display(std::vector<ComponentRow> rows) {
+        if (rows == m_rows)
+            return;
+        m_rows = std::move(rows);
+        removeAll();
+        for (std::size_t i = 0; i < std::min(m_rows.size(), mostComponentRows); ++i) {
+            m_names.push_back(nameCell(m_rows[i], m_look));
+            layout()->addWidget(rowWidget(m_store, m_names.back(), m_rows[i], m_look));
+        }
+        alignNames();
+        if (m_rows.size() > mostComponentRows)
+            layout()->addWidget(
+                new Label("and " + std::to_string(m_rows.size() - mostComponentRows) + " more",
+                          TextStyle::subheadline, Role::secondary));
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        alignNames();
+    }
+
+private:
+    /// Gives all names the width of the longest, so that the values line up, unless it takes too much.
+    void alignNames() {
+        const int least = Theme::px(Size::componentLabel);
+        int widest = least;
+        for (const auto* name : m_names)
+            widest = std::max(widest, name->sizeHint().width());
+        const int width = std::min(widest, std::max(least, this->width() * namesShare / 100));
+        for (auto* name : m_names)
+            name->setFixedWidth(width);
+    }
+
+    /// They are hidden first, so that the focus goes over to a neighbour if one of them has it.
+    void removeAll() {
+        m_names.clear();
+        const auto old = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        for (auto* row : old)
+            row->hide();
+        qDeleteAll(old);
+    }
+
+    Store& m_store;
+    ComponentLook m_look;
+    std::vector<ComponentRow> m_rows;
+    std::vector<QWidget*> m_names;
+};
+
+} // namespace
+
+QWidget* componentRows(Store& store, const Reader<std::vector<ComponentRow>>& rows, ComponentLook look) {
+    auto* list = new ComponentRows(store, look);
+    store.onRefresh([list, read = rows.of(store)] { list->display(read()); });
+    return list;
+}
+
+} // namespace korvane

@@ -1,0 +1,114 @@
+#include "Utilities/Text/Collation.h"
+
+#include <unicode/coll.h>
+#include <unicode/locid.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+
+namespace korvane {
+
+namespace {
+
+/// The locale of a system without one sorts by code, which puts all capitals first. People do not.
+icu::Locale collationLocale() {
+    const auto& user = icu::Locale::getDefault();
+    return std::string_view(user.getVariant()) == "POSIX" ? icu::Locale::getRoot() : user;
+}
+
+std::unique_ptr<icu::Collator> caseInsensitiveCollator() {
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(collationLocale(), status));
+    if (!collator)
+        return nullptr;
+    collator->setStrength(icu::Collator::SECONDARY);
+    collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
+    return collator;
+}
+
+/// One text's place among the others. The first bytes of its key, read as a number, decide nearly always.
+struct Place {
+    std::uint64_t prefix;
+    std::size_t key; // where the key begins
+    std::size_t index;
+};
+
+/// The sort keys of texts, one behind the other. The only zero byte of a key is its last.
+class SortKeys {
+public:
+    SortKeys() : m_collator(caseInsensitiveCollator()) {}
+
+    Place append(std::string_view text, std::size_t index) {
+        const auto start = m_bytes.size();
+        if (m_collator)
+            appendKey(text);
+        else // ICU is without its rules; what remains is the order of the code points
+            m_bytes.append(text.substr(0, text.find('\0'))).push_back('\0');
+        return {.prefix = prefix(start), .key = start, .index = index};
+    }
+
+    int compare(const Place& a, const Place& b) const {
+        if (a.prefix != b.prefix)
+            return a.prefix < b.prefix ? -1 : 1;
+        return std::strcmp(m_bytes.data() + a.key, m_bytes.data() + b.key);
+    }
+
+private:
+    void appendKey(std::string_view text) {
+        constexpr std::size_t overhead = 16; // what a key has besides about two bytes a character
+        const auto start = m_bytes.size();
+        m_text = icu::UnicodeString::fromUTF8(
+            icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
+        m_bytes.resize(start + 2 * text.size() + overhead);
+        auto length = writeKey(start);
+        if (start + length > m_bytes.size()) {
+            m_bytes.resize(start + length);
+            length = writeKey(start);
+        }
+        m_bytes.resize(start + length);
+    }
+
+    /// Writes the key as far as there is room, and returns its whole length.
+    std::size_t writeKey(std::size_t start) {
+        const auto room = static_cast<std::int32_t>(m_bytes.size() - start);
+        auto* bytes = reinterpret_cast<std::uint8_t*>(m_bytes.data() + start);
+        return static_cast<std::size_t>(m_collator->getSortKey(m_text, bytes, room));
+    }
+
+    std::uint64_t prefix(std::size_t start) const {
+        std::uint64_t bytes = 0;
+        for (std::size_t i = 0; i < sizeof bytes; ++i) {
+            const auto at = start + i;
+            bytes = bytes << 8 | (at < m_bytes.size() ? static_cast<unsigned char>(m_bytes[at]) : 0);
+        }
+        return bytes;
+    }
+
+    std::unique_ptr<icu::Collator> m_collator;
+    icu::UnicodeString m_text;
+    std::string m_bytes;
+};
+
+} // namespace
+
+std::vector<std::size_t> localizedCaseInsensitiveOrder(std::span<const std::string_view> texts,
+                                                       SortOrder order) {
+    SortKeys keys;
+    std::vector<Place> places;
+    places.reserve(texts.size());
+    for (const auto text : texts)
+        places.push_back(keys.append(text, places.size()));
+    std::ranges::sort(places, [&](const Place& a, const Place& b) {
+        const auto compared = order == SortOrder::ascending ? keys.compare(a, b) : keys.compare(b, a);
+        return compared != 0 ? compared < 0 : a.index < b.index;
+    });
+    std::vector<std::size_t> indices(places.size());
+    std::ranges::transform(places, indices.begin(), &Place::index);
+    return indices;
+}
+
+} // namespace korvane

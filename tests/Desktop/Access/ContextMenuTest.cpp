@@ -1,0 +1,128 @@
+/// The menus of texts that can only be read: what they offer, and what they copy without a selection.
+
+#include "Desktop/Access/ContextMenu.h"
+
+#include "Desktop/Text/SelectableText.h"
+#include "Desktop/Tools/Hash/ElidedField.h"
+#include "Desktop/Tools/Markdown/MarkdownBrowser.h"
+#include "support/ContextMenus.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QtTest/QTest>
+
+#include <string>
+
+namespace korvane {
+namespace {
+
+std::string copied() {
+    return QApplication::clipboard()->text().toStdString();
+}
+
+/// What is the same for every text that can be read: `select` selects its second word, of two.
+template <typename Select>
+void expectReadingMenu(QWidget& text, Select select, const std::string& whole = "two words") {
+    text.resize(300, 100);
+    text.show();
+    QApplication::clipboard()->setText("before");
+    {
+        const ContextMenu menu(text);
+        EXPECT_EQ(menu.items(), "Copy; Select All; ");
+        menu.choose("Copy");
+        EXPECT_EQ(copied(), whole) << "the whole";
+    }
+    QApplication::clipboard()->setText("before");
+    QTest::keySequence(&text, QKeySequence::Copy);
+    EXPECT_EQ(copied(), whole) << "by key as well";
+    select();
+    const ContextMenu menu(text);
+    menu.choose("Copy");
+    EXPECT_EQ(copied(), "words");
+    menu.choose("Select All");
+    menu.choose("Copy");
+    EXPECT_EQ(copied(), whole);
+}
+
+void expectDisabledMenu(QWidget& text) {
+    QApplication::clipboard()->setText("before");
+    {
+        const ContextMenu menu(text);
+        EXPECT_EQ(menu.items(), "(Copy); (Select All); ");
+    }
+    QTest::keySequence(&text, QKeySequence::Copy);
+    EXPECT_EQ(copied(), "before") << "nothing to copy leaves the clipboard alone";
+}
+
+TEST(ContextMenuTest, AnOutputOffersItsWholeText) {
+    TextArea area;
+    area.setReadOnly(true);
+    expectDisabledMenu(area);
+    area.setText("two words");
+    expectReadingMenu(area, [&] {
+        QTest::keyClick(&area, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClick(&area, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+    });
+}
+
+TEST(ContextMenuTest, AnEditorKeepsItsOwnMenu) {
+    TextArea area;
+    area.setText("text");
+    QApplication::clipboard()->setText("before");
+    const ContextMenu menu(area);
+    EXPECT_NE(menu.items().find("Paste"), std::string::npos);
+    QTest::keySequence(&area, QKeySequence::Copy);
+    EXPECT_EQ(copied(), "before") << "in a text that is being edited, Copy copies what is selected";
+}
+
+TEST(ContextMenuTest, AValueOffersItsWholeText) {
+    SelectableText value({});
+    expectDisabledMenu(value);
+    value.display("two words");
+    expectReadingMenu(value, [&] {
+        auto cursor = value.textCursor();
+        cursor.movePosition(QTextCursor::End);
+        cursor.movePosition(QTextCursor::PreviousWord, QTextCursor::KeepAnchor);
+        value.setTextCursor(cursor);
+    });
+}
+
+TEST(ContextMenuTest, ASecretIsCopiedAsOne) {
+    SelectableText value({.isSecret = true});
+    value.display("secret");
+    const ContextMenu menu(value);
+    menu.choose("Copy");
+    EXPECT_EQ(copied(), "secret");
+    EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasFormat("x-kde-passwordManagerHint"));
+}
+
+TEST(ContextMenuTest, AnElidedFieldOffersItsWholeText) {
+    ElidedField field("Name", "");
+    expectDisabledMenu(field);
+    field.display("two words");
+    expectReadingMenu(field, [&] { field.setSelection(4, 5); });
+}
+
+TEST(ContextMenuTest, APreviewOffersItsWholeTextAndItsLinks) {
+    std::string markdown;
+    MarkdownBrowser browser([&]() -> const std::string& { return markdown; });
+    browser.show();
+    expectDisabledMenu(browser);
+    markdown = "two [words](https://example.org/)";
+    browser.refresh();
+    expectReadingMenu(
+        browser, [&] { browser.setTextCursor(browser.document()->find("words")); }, "two words\n");
+    auto cursor = browser.document()->find("words");
+    cursor.setPosition(cursor.selectionStart());
+    const auto place = browser.cursorRect(cursor).center() + QPoint(3, 0);
+    const ContextMenu menu(browser, place);
+    EXPECT_EQ(menu.items(), "Copy; Select All; Copy Link Location; ");
+    menu.choose("Copy Link Location");
+    EXPECT_EQ(copied(), "https://example.org/");
+}
+
+} // namespace
+} // namespace korvane

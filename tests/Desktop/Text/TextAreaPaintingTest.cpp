@@ -1,0 +1,193 @@
+#include "Desktop/Text/TextAreaSubject.h"
+#include "Utilities/Text/Text.h"
+
+#include <QInputMethodEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvane {
+namespace {
+
+using TextAreaPaintingTest = TextAreaTest;
+
+struct NumberRow {
+    std::string_view name;
+    std::string_view text;
+    std::vector<std::size_t> numbers;
+};
+
+TEST_F(TextAreaPaintingTest, NumbersLinesAsTheyAreCounted) {
+    const NumberRow rows[] = {
+        {"nothing", "", {1}},
+        {"two lines, each ended", "a\nb\n", {1, 2, 3}},
+        {"CR LF counts twice", "a\r\nb\r\n", {1, 3, 5}},
+        {"CR LF made of two breaks", "a\n\rb", {1, 2, 3}},
+        {"every newline", "a\vb\fc\u0085d\u2028e\u2029f\rg", {1, 2, 3, 4, 5, 6, 7}},
+        {"noncharacters end no line", "a\uFDD0b\nc", {1, 2}},
+        {"a long line is one line", "0123456789abcdefghij\nb", {1, 2}},
+    };
+    for (const auto& row : rows) {
+        Subject subject;
+        subject.area.setLineNumbers(true);
+        subject.area.setText(row.text);
+        EXPECT_EQ(subject.numbers(), row.numbers) << row.name;
+        EXPECT_EQ(subject.numbers().back(), lineCount(row.text)) << row.name;
+    }
+}
+
+TEST_F(TextAreaPaintingTest, EachNumberStandsBesideItsLine) {
+    Subject subject(longestPieceOfLine, 200);
+    subject.area.setLineNumbers(true);
+    const std::string longLine(60, 'w');
+    subject.area.setText("a\n" + longLine + "\n👍漢\n" + longLine + "\nlast");
+    subject.press(Qt::Key_Home, Qt::ControlModifier);
+    for (const int top : {0, 1, 2, 3}) {
+        subject.area.verticalScrollBar()->setValue(top);
+        const int y = subject.area.viewport()->y();
+        std::size_t shown = 0;
+        for (auto block = subject.area.document()->begin(); block.isValid(); block = block.next()) {
+            auto cursor = QTextCursor(block);
+            const auto rect = subject.area.cursorRect(cursor);
+            const int row = static_cast<int>(std::floor(rect.center().y() / double(lineHeight)));
+            if (row < 0 || row * lineHeight >= subject.area.viewport()->height())
+                continue;
+            const auto numbers = subject.area.visibleNumbers();
+            ASSERT_LT(shown, numbers.size());
+            EXPECT_EQ(numbers[shown].number, static_cast<std::size_t>(block.blockNumber()) + 1);
+            EXPECT_EQ(numbers[shown].place.top(), y + row * lineHeight);
+            EXPECT_EQ(numbers[shown].place.height(), lineHeight);
+            ++shown;
+        }
+        EXPECT_EQ(shown, subject.area.visibleNumbers().size());
+    }
+}
+
+TEST_F(TextAreaPaintingTest, TheNumbersHaveTheRoomTheyNeed) {
+    Subject subject;
+    subject.area.setLineNumbers(true);
+    const QFontMetrics metrics(subject.area.font());
+    const auto room = [&](int digits) { return metrics.horizontalAdvance(QString(digits, u'0')) + 16; };
+    EXPECT_NEAR(subject.area.viewport()->x(), room(2), 2);
+    subject.area.setText(std::string(99, '\n'));
+    EXPECT_NEAR(subject.area.viewport()->x(), room(3), 2);
+    subject.area.setText(std::string(9999, '\n'));
+    EXPECT_NEAR(subject.area.viewport()->x(), room(5), 2);
+    for (const auto& [number, place] : subject.area.visibleNumbers())
+        EXPECT_GE(place.width(), metrics.horizontalAdvance(QString::number(number)));
+    subject.area.setText("");
+    EXPECT_NEAR(subject.area.viewport()->x(), room(2), 2);
+    subject.area.setLineNumbers(false);
+    EXPECT_EQ(subject.area.viewport()->x(), 0);
+    EXPECT_TRUE(subject.area.visibleNumbers().empty());
+}
+
+TEST_F(TextAreaPaintingTest, EveryRowHasTheSameHeight) {
+    Subject subject(longestPieceOfLine);
+    subject.area.setText("a\n👍漢字\nשלום\n\nb");
+    subject.press(Qt::Key_Home, Qt::ControlModifier);
+    auto block = subject.area.document()->begin();
+    for (int row = 0; block.isValid(); ++row, block = block.next())
+        EXPECT_EQ(subject.area.cursorRect(QTextCursor(block)).center().y() / lineHeight, row);
+}
+
+TEST_F(TextAreaPaintingTest, AClickAnywhereInARowMeetsItsCharacters) {
+    Subject subject(longestPieceOfLine);
+    subject.area.setText("first\nsecond\nthird");
+    const auto x = subject.area.cursorRect(QTextCursor(subject.area.document()->findBlockByNumber(1))).x();
+    const auto width = QFontMetrics(subject.area.font()).horizontalAdvance(u'0');
+    for (int y = lineHeight; y < 2 * lineHeight; ++y) {
+        QTest::mouseClick(subject.area.viewport(), Qt::LeftButton, {}, QPoint(x + 3 * width, y));
+        EXPECT_EQ(subject.area.textCursor().position(), 9) << y;
+    }
+}
+
+TEST_F(TextAreaPaintingTest, AResizeKeepsTheFirstVisibleLine) {
+    Subject subject(longestPieceOfLine, 400);
+    std::string text;
+    for (int line = 0; line < 200; ++line)
+        text +=
+            "some words that have to be wrapped when the control is narrow " + std::to_string(line) + "\n";
+    subject.area.setText(text);
+    subject.area.verticalScrollBar()->setValue(100);
+    const auto first = subject.area.cursorForPosition({0, 2}).block().blockNumber();
+    ASSERT_GT(first, 10);
+    for (const int width : {200, 300, 150, 700, 400}) {
+        subject.area.resize(width, 300);
+        EXPECT_EQ(subject.area.cursorForPosition({0, 2}).block().blockNumber(), first) << width;
+    }
+}
+
+TEST_F(TextAreaPaintingTest, AShorterTextShortensTheScrollRange) {
+    for (const bool readOnly : {false, true}) {
+        Subject subject(longestPieceOfLine, 200);
+        subject.area.setReadOnly(readOnly);
+        subject.area.setText(std::string(5000, 'w'));
+        auto& bar = *subject.area.verticalScrollBar();
+        ASSERT_GT(bar.maximum(), 50);
+        bar.setValue(bar.maximum());
+        subject.area.setText("xy");
+        EXPECT_EQ(bar.maximum(), 0) << readOnly;
+        EXPECT_EQ(bar.value(), 0) << readOnly;
+    }
+}
+
+TEST_F(TextAreaPaintingTest, ThePlaceholderStandsWhereTheTextWould) {
+    for (const bool numbers : {false, true}) {
+        Subject subject(longestPieceOfLine);
+        subject.area.setLineNumbers(numbers);
+        const auto empty = subject.picture();
+        subject.area.setPlaceholder(QStringLiteral("Hold the place"));
+        const auto placeholder = subject.picture();
+        EXPECT_NE(placeholder, empty);
+        subject.area.setText("Hold the place");
+        EXPECT_EQ(subject.picture(), placeholder);
+    }
+}
+
+TEST_F(TextAreaPaintingTest, APreeditTextHidesThePlaceholder) {
+    Subject subject;
+    QInputMethodEvent composing(QStringLiteral("x"), {});
+    QApplication::sendEvent(&subject.area, &composing);
+    const auto without = subject.picture();
+    subject.area.setPlaceholder(QStringLiteral("Hold the place"));
+    EXPECT_EQ(subject.picture(), without);
+}
+
+TEST_F(TextAreaPaintingTest, TheCaretIsSeenInAFocusedTextEvenIfItIsReadOnly) {
+    for (const bool readOnly : {false, true}) {
+        Subject subject;
+        subject.area.setReadOnly(readOnly);
+        const auto caretHeight = [&] {
+            const auto picture = subject.picture();
+            int height = 0;
+            for (int y = 8; y < 8 + lineHeight; ++y)
+                height += picture.pixelColor(8, y) == QColor(Qt::black) ? 1 : 0;
+            return height;
+        };
+        EXPECT_EQ(caretHeight(), 0);
+        QApplication::setActiveWindow(&subject.area);
+        subject.area.setFocus();
+        const auto fontHeight = std::lround(QFontMetricsF(subject.area.font()).height());
+        EXPECT_EQ(caretHeight(), std::min<long>(fontHeight, lineHeight));
+    }
+}
+
+TEST_F(TextAreaPaintingTest, TheSelectionHasNoGaps) {
+    Subject subject(longestPieceOfLine, 200);
+    subject.area.setText("a\n\nwords that go on in the next row, and in another\nlast");
+    subject.area.selectAll();
+    const auto picture = subject.picture();
+    const int rows = subject.area.document()->lineCount();
+    ASSERT_GT(rows, 5);
+    // Just inside the right end of the lines, down to the last row, which ends earlier.
+    const int right = subject.area.width() - 41;
+    for (int y = 8; y < 8 + (rows - 1) * lineHeight; ++y)
+        EXPECT_EQ(picture.pixelColor(right, y), QColor(Qt::green)) << y;
+    EXPECT_NE(picture.pixelColor(right, 8 + (rows - 1) * lineHeight), QColor(Qt::green));
+    EXPECT_NE(picture.pixelColor(right + 1, 8), QColor(Qt::green));
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,98 @@
+/// What the tests of the text area share: a shown control that counts what it reports, and a fixture in which
+/// every warning of the toolkit is a failure.
+#pragma once
+
+#include "Desktop/Text/TextArea.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QImage>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace korvane {
+
+inline constexpr int lineHeight = 21;
+
+/// A shown text area that counts what it reports. Its pieces are short unless told otherwise, so that seams
+/// are everywhere.
+struct Subject {
+    explicit Subject(int longestPiece = 8, int width = 400) : area(nullptr, longestPiece) {
+        area.setStyle({.font = QFont(QStringLiteral("monospace")),
+                       .lineHeight = lineHeight,
+                       .text = Qt::black,
+                       .placeholder = Qt::black,
+                       .number = Qt::gray,
+                       .selection = Qt::green,
+                       .inset = {8, 8, 40, 8}});
+        area.resize(width, 300);
+        area.show();
+        area.onEdit = [this](const std::string& text) {
+            ++edits;
+            reported = text;
+        };
+    }
+
+    void select(int from, int to) {
+        auto cursor = area.textCursor();
+        cursor.setPosition(from);
+        cursor.setPosition(to, QTextCursor::KeepAnchor);
+        area.setTextCursor(cursor);
+    }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&area, key, modifiers);
+    }
+
+    void type(const QString& text) {
+        QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, text);
+        QApplication::sendEvent(&area, &event);
+    }
+
+    void paste(std::string_view text) {
+        QApplication::clipboard()->setText(toolkitString(text));
+        area.paste();
+    }
+
+    /// The toolkit's conversion swallows a byte-order mark, but only at the start.
+    static QString toolkitString(std::string_view text) {
+        return QString::fromStdString("x" + std::string(text)).sliced(1);
+    }
+
+    std::string copied() {
+        area.selectAll();
+        area.copy();
+        return QApplication::clipboard()->text().toStdString();
+    }
+
+    std::vector<std::size_t> numbers() const {
+        std::vector<std::size_t> values;
+        for (const auto& visible : area.visibleNumbers())
+            values.push_back(visible.number);
+        return values;
+    }
+
+    QImage picture() { return area.grab().toImage(); }
+
+    TextArea area;
+    int edits = 0;
+    std::string reported{};
+};
+
+inline void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtDebugMsg || type == QtInfoMsg)
+        return;
+    ADD_FAILURE() << message.toStdString();
+}
+
+class TextAreaTest : public testing::Test {
+protected:
+    void SetUp() override { m_before = qInstallMessageHandler(failOnWarning); }
+
+    void TearDown() override { qInstallMessageHandler(m_before); }
+
+private:
+    QtMessageHandler m_before = nullptr;
+};
+
+} // namespace korvane

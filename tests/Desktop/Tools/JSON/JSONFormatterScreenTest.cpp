@@ -1,0 +1,204 @@
+#include "Desktop/Tools/Screens.h"
+
+#include "Desktop/Binding/Strings.h"
+#include "Desktop/Lists/RowList.h"
+#include "Desktop/Text/TextArea.h"
+#include "support/ContextMenus.h"
+#include "support/FakeServices.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QScrollBar>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <memory>
+
+namespace korvane {
+namespace {
+
+struct JSONFormatterScreenTest : testing::Test {
+    FakeServices fakes{};
+    std::unique_ptr<QWidget> widget{jsonFormatterScreen(fakes.services)};
+    ScreenDriver screen{*widget};
+
+    std::vector<std::string> rows() const {
+        std::vector<std::string> names;
+        const auto* model = screen.list("Tree View").model();
+        for (int row = 0; row < model->rowCount(); ++row)
+            names.push_back(utf8String(model->index(row, 0).data(Qt::AccessibleTextRole).toString()));
+        return names;
+    }
+
+    void key(Qt::Key key) const { QTest::keyClick(&screen.list("Tree View"), key); }
+};
+
+TEST_F(JSONFormatterScreenTest, PrettifiesWhatIsPastedAndCopiesIt) {
+    EXPECT_EQ(screen.placeholder("Input"), "Paste your JSON here...");
+    EXPECT_EQ(screen.placeholder("Output"), "Formatted output will appear here...");
+    fakes.clipboard.content = R"({"b":1,"a":[]})";
+    screen.press("Paste");
+    screen.press("Prettify");
+    EXPECT_EQ(screen.text("Output"), "{\n  \"a\" : [],\n  \"b\" : 1\n}");
+    EXPECT_TRUE(screen.shows("Valid JSON"));
+    screen.press("Copy Output");
+    EXPECT_EQ(fakes.clipboard.content, screen.text("Output"));
+    screen.press("Minify");
+    EXPECT_EQ(screen.text("Output"), R"({"a":[],"b":1})");
+    screen.press("Validate");
+    EXPECT_EQ(screen.text("Output"), "");
+    EXPECT_FALSE(screen.hasButton("Copied! Output"));
+    EXPECT_EQ(screen.text("Input"), R"({"b":1,"a":[]})");
+}
+
+TEST_F(JSONFormatterScreenTest, ShowsWhatIsWrong) {
+    screen.press("Prettify");
+    EXPECT_TRUE(screen.shows("Input is empty"));
+    screen.type("Input", "[1,]");
+    screen.press("Validate");
+    EXPECT_FALSE(screen.shows("Valid JSON"));
+    EXPECT_FALSE(screen.shows("Input is empty"));
+    EXPECT_TRUE(std::ranges::any_of(screen.labels(), [](const std::string& label) {
+        return label.starts_with("Invalid JSON: ") && label.find("line 1, column 4") != std::string::npos;
+    })) << testing::PrintToString(screen.labels());
+}
+
+TEST_F(JSONFormatterScreenTest, ShowsTheTreeOfWhatIsTyped) {
+    screen.press("Tree View");
+    EXPECT_FALSE(screen.hasEditor("Output"));
+    EXPECT_FALSE(screen.hasList("Tree View"));
+    screen.type("Input", R"({"b":[true],"a":"x"})");
+    EXPECT_EQ(rows(), (std::vector<std::string>{"root {2}", "a \"x\"", "b [1]", "[0] true"}));
+    screen.type("Input", ",");
+    EXPECT_FALSE(screen.hasList("Tree View"));
+    screen.press("Tree View");
+    EXPECT_TRUE(screen.hasEditor("Output"));
+}
+
+TEST_F(JSONFormatterScreenTest, FoldsRowsByPointer) {
+    screen.press("Tree View");
+    screen.type("Input", "[[1],2]");
+    auto& list = screen.list("Tree View");
+    const auto row = list.visualRect(list.model()->index(1, 0));
+    const auto beside = row.topLeft() + QPoint(row.width() / 2, row.height() / 2);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, beside);
+    EXPECT_EQ(rows().size(), 4U) << "only the chevron folds";
+    const auto chevron = row.topLeft() + QPoint(36, 10); // one level in: 8 + 20, and the middle of 16
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, chevron);
+    EXPECT_EQ(rows(), (std::vector<std::string>{"root [2]", "[0] [1]", "[1] 2"}));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, chevron);
+    EXPECT_EQ(rows().size(), 4U);
+}
+
+TEST_F(JSONFormatterScreenTest, FoldsRowsByKeyboard) {
+    screen.press("Tree View");
+    screen.type("Input", "[[1],2]");
+    auto& list = screen.list("Tree View");
+    list.setCurrentRow(2);
+    key(Qt::Key_Left); // a scalar: to its parent
+    EXPECT_EQ(list.currentRow(), 1);
+    key(Qt::Key_Left);
+    EXPECT_EQ(rows().size(), 3U);
+    key(Qt::Key_Right);
+    EXPECT_EQ(rows().size(), 4U);
+    key(Qt::Key_Right);
+    EXPECT_EQ(list.currentRow(), 2);
+    key(Qt::Key_Home);
+    key(Qt::Key_Space);
+    EXPECT_EQ(rows(), std::vector<std::string>{"root [2]"});
+    key(Qt::Key_Return);
+    EXPECT_EQ(rows().size(), 4U);
+}
+
+TEST_F(JSONFormatterScreenTest, CopiesWhatARowHasByMenuAndKey) {
+    screen.press("Tree View");
+    screen.type("Input", R"({"power":{"source":"a\nb","kw":[42.5]}})");
+    auto& list = screen.list("Tree View");
+    const auto row = [&](std::string_view name) {
+        const auto names = rows();
+        return static_cast<int>(std::ranges::find(names, name) - names.begin());
+    };
+    const auto placeOf = [&](int number) { return list.visualRect(list.model()->index(number, 0)).center(); };
+    const auto source = row("source \"a\nb\"");
+    {
+        const ContextMenu menu(list, placeOf(source));
+        EXPECT_EQ(menu.items(), "Copy Value; Copy Key; Copy Path; ");
+        menu.choose("Copy Value");
+        EXPECT_EQ(fakes.clipboard.content, "a\nb");
+        menu.choose("Copy Key");
+        EXPECT_EQ(fakes.clipboard.content, "source");
+        menu.choose("Copy Path");
+        EXPECT_EQ(fakes.clipboard.content, "$.power.source");
+    }
+    list.setCurrentRow(row("[0] 42.5"));
+    EXPECT_EQ(ContextMenu(list).items(), "Copy Value; (Copy Key); Copy Path; ");
+    QTest::keySequence(&list, QKeySequence::Copy);
+    EXPECT_EQ(fakes.clipboard.content, "42.5");
+    QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(fakes.clipboard.content, "$.power.kw[0]");
+    list.setCurrentRow(0);
+    EXPECT_EQ(ContextMenu(list).items(), "Copy Value; (Copy Key); Copy Path; ");
+}
+
+TEST_F(JSONFormatterScreenTest, AKeyOpensTheMenuBelowTheNameOfTheRow) {
+    screen.press("Tree View");
+    screen.type("Input", "[[1],2]");
+    auto& list = screen.list("Tree View");
+    list.setCurrentRow(2);
+    const auto corner = list.visualRect(list.model()->index(2, 0)).bottomLeft();
+    const auto place = list.viewport()->mapFromGlobal(ContextMenu(list).place());
+    EXPECT_EQ(place.y(), corner.y() + 1);
+    EXPECT_GT(place.x(), corner.x() + 40) << "two levels in";
+}
+
+TEST_F(JSONFormatterScreenTest, ALongValueIsReachedByScrollingSideways) {
+    screen.press("Tree View");
+    for (const std::size_t length : {std::size_t{500}, std::size_t{500'000}}) {
+        fakes.clipboard.content = "[\"" + std::string(length, 'x') + "\"]";
+        screen.press("Paste");
+        auto* bar = screen.list("Tree View").horizontalScrollBar();
+        const auto start = screen.list("Tree View").grab().toImage();
+        EXPECT_GT(bar->maximum(), static_cast<int>(length) * 5);
+        bar->setValue(bar->maximum());
+        EXPECT_NE(screen.list("Tree View").grab().toImage(), start);
+        auto& list = screen.list("Tree View");
+        const QPoint atTheEnd(list.viewport()->width() - 10,
+                              list.visualRect(list.model()->index(1, 0)).center().y());
+        const auto unmarked = list.grab().toImage();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, atTheEnd);
+        EXPECT_EQ(list.currentRow(), 1);
+        EXPECT_NE(list.grab().toImage(), unmarked) << "the row is marked along its whole width";
+        bar->setValue(0);
+        list.setCurrentRow(0);
+    }
+}
+
+TEST_F(JSONFormatterScreenTest, SurvivesWhateverIsPasted) {
+    const std::string texts[] = {
+        std::string(100'000, '['),         std::string("[\0]", 3),          "\xff\xfe", "\"\\ud800\"",
+        std::string(2'000'000, ' ') + "1", "{\"a\":1e99999999999999999999}"};
+    screen.press("Tree View");
+    for (const auto& text : texts) {
+        fakes.clipboard.content = text;
+        screen.press("Paste");
+        for (const auto button : {"Prettify", "Minify", "Validate"})
+            screen.press(button);
+        EXPECT_EQ(screen.text("Input"), text);
+    }
+}
+
+TEST_F(JSONFormatterScreenTest, WarnsOfDuplicateNamesBesideTheVerdict) {
+    constexpr auto warning = R"(Duplicate name "a": only its last value counts)";
+    screen.type("Input", R"({"a":1,"a":2})");
+    screen.press("Validate");
+    EXPECT_TRUE(screen.shows("Valid JSON"));
+    EXPECT_TRUE(screen.shows(warning));
+    EXPECT_EQ(screen.announcement(), std::string("Valid JSON, ") + warning);
+    screen.type("Input", "[]");
+    EXPECT_FALSE(screen.shows("Valid JSON"));
+    EXPECT_FALSE(screen.shows(warning));
+}
+
+} // namespace
+} // namespace korvane
