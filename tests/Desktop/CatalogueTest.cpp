@@ -5,6 +5,7 @@
 #include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Window/MainWindow.h"
+#include "Desktop/Window/TopStrip.h"
 #include "Views/ContentView.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
@@ -106,7 +107,7 @@ TEST_P(CatalogueTest, TheWheelChangesNothingWithoutTheFocus) {
 
 TEST_P(CatalogueTest, FitsTheSmallestWindow) {
     const auto width = WindowMetrics::minimumWidth - WindowMetrics::sidebarMaximumWidth;
-    const QSize detail(Theme::px(width), Theme::px(WindowMetrics::minimumHeight - Theme::Size::stripHeight));
+    const QSize detail(Theme::px(width), Theme::px(WindowMetrics::minimumHeight - stripHeight));
     const ScreenDriver screen(*widget, detail);
     EXPECT_EQ(widget->size(), detail);
     for (auto* control : widget->findChildren<QAbstractButton*>()) {

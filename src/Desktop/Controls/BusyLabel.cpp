@@ -12,15 +12,17 @@
 
 namespace korvane {
 
-using Theme::Size;
-
 namespace {
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int busyRing = 14;
+constexpr int busyRingWidth = 2;
 
 class BusyRing final : public QWidget {
 public:
     /// `text` is what it shows beside it.
     explicit BusyRing(std::string_view text) : m_text(qString(text)) {
-        setFixedSize(Theme::px(Size::busyRing), Theme::px(Size::busyRing));
+        setFixedSize(Theme::px(busyRing), Theme::px(busyRing));
     }
 
 protected:
@@ -39,7 +41,7 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const double width = Theme::px(Size::busyRingWidth);
+        const double width = Theme::px(busyRingWidth);
         const auto circle = QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2);
         painter.setPen(QPen(Theme::color(Theme::Role::controlHover), width));
         painter.drawEllipse(circle);

@@ -22,6 +22,15 @@ namespace korvane {
 using Theme::Role;
 using Theme::Size;
 
+namespace {
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int gapQuiet = 4;
+constexpr int quietPadding = 10;
+constexpr int iconButton = 24;
+
+} // namespace
+
 bool pressByReturn(QWidget* control, const QKeyEvent& event) {
     auto* button = qobject_cast<QAbstractButton*>(control);
     const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -150,10 +159,10 @@ QuietButton::QuietButton(std::string_view title, std::string_view icon, QuietBut
     : GlyphButton({}, icon), m_options(std::move(options)) {
     setTitle(title);
     setMetrics({.style = Theme::TextStyle::quiet,
-                .height = m_options.showLabel ? Size::quietHeight : Size::iconButton,
-                .padding = Size::quietPadding,
+                .height = m_options.showLabel ? Size::quietHeight : iconButton,
+                .padding = quietPadding,
                 .glyph = Size::quietGlyph,
-                .gap = Size::gapQuiet,
+                .gap = gapQuiet,
                 .radius = Size::radiusSmall});
     if (!m_options.showLabel)
         setToolTip(text());
@@ -181,7 +190,7 @@ void QuietButton::setHighlight(std::optional<PaletteColor> color) {
 QSize QuietButton::sizeHint() const {
     if (showsTitle())
         return GlyphButton::sizeHint();
-    const auto side = Theme::px(m_options.showLabel ? Size::quietCompact : Size::iconButton);
+    const auto side = Theme::px(m_options.showLabel ? Size::quietCompact : iconButton);
     return {side, side};
 }
 
@@ -189,7 +198,7 @@ int QuietButton::width(std::string_view title, bool isCompact) {
     if (isCompact)
         return Theme::px(Size::quietCompact);
     const auto text = QFontMetrics(Theme::font(Theme::TextStyle::quiet)).horizontalAdvance(qString(title));
-    return 2 * Theme::px(Size::quietPadding) + Theme::px(Size::quietGlyph) + Theme::px(Size::gapQuiet) + text;
+    return 2 * Theme::px(quietPadding) + Theme::px(Size::quietGlyph) + Theme::px(gapQuiet) + text;
 }
 
 QColor QuietButton::background() const {
@@ -222,7 +231,7 @@ PushToggle::PushToggle(std::string_view title, std::string_view icon, PaletteCol
     setCheckable(true);
     setMetrics({.style = Theme::TextStyle::quiet,
                 .height = Size::quietHeight,
-                .padding = Size::quietPadding,
+                .padding = quietPadding,
                 .glyph = Size::quietGlyph,
                 .gap = Size::gapBadge,
                 .radius = Size::radiusSmall});

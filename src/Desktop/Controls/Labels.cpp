@@ -24,11 +24,23 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int headerTile = 44;
+constexpr int headerGlyph = 21;
+constexpr int tagWidth = 70;
+constexpr int tagHeight = 28;
+constexpr int tagSmallHeight = 24;
+constexpr int promptGlyph = 28;
+constexpr int badgePaddingX = 12;
+constexpr int badgePaddingY = 8;
+constexpr int badgeGlyph = 14;
+constexpr int badgeLine = 16;
+
 /// The tile at the left of a screen's header.
 class HeaderTile final : public QWidget {
 public:
     explicit HeaderTile(Tool tool) : m_tool(tool) {
-        setFixedSize(Theme::px(Size::headerTile), Theme::px(Size::headerTile));
+        setFixedSize(Theme::px(headerTile), Theme::px(headerTile));
     }
 
 protected:
@@ -43,7 +55,7 @@ protected:
         painter.setBrush(gradient);
         const auto radius = Theme::px(Size::radiusExtraLarge);
         painter.drawRoundedRect(rect(), radius, radius);
-        const auto glyph = Theme::px(Size::headerGlyph);
+        const auto glyph = Theme::px(headerGlyph);
         const auto inset = (width() - glyph) / 2.0;
         Glyph::paint(painter, icon(m_tool), QRectF(inset, inset, glyph, glyph), Theme::hue(color));
     }
@@ -56,7 +68,7 @@ class Tag final : public QLabel {
 public:
     Tag(std::string_view title, PaletteColor color, bool isSmall) : m_color(color), m_isSmall(isSmall) {
         setText(qString(title));
-        setFixedSize(Theme::px(Size::tagWidth), Theme::px(isSmall ? Size::tagSmallHeight : Size::tagHeight));
+        setFixedSize(Theme::px(tagWidth), Theme::px(isSmall ? tagSmallHeight : tagHeight));
     }
 
 protected:
@@ -136,7 +148,7 @@ QWidget* emptyPrompt(Store& store, std::string_view icon, const Reader<std::stri
     constexpr double glyphOpacity = 0.6;
     auto* message = textLabel(store, text, style, Role::secondary);
     return stack(Qt::Vertical, {},
-                 {stretch(), centered(new GlyphLabel(icon, Size::promptGlyph, Role::secondary, glyphOpacity)),
+                 {stretch(), centered(new GlyphLabel(icon, promptGlyph, Role::secondary, glyphOpacity)),
                   centered(message), stretch()});
 }
 
@@ -203,20 +215,20 @@ void StatusBadgeLabel::display(const StatusBadge& badge) {
 }
 
 int StatusBadgeLabel::textLeft() const {
-    return Theme::px(Size::badgePaddingX) + Theme::px(Size::badgeGlyph) + Theme::px(Size::gapBadge);
+    return Theme::px(badgePaddingX) + Theme::px(badgeGlyph) + Theme::px(Size::gapBadge);
 }
 
 QRect StatusBadgeLabel::textRect(int width) const {
     const QFontMetrics metrics(Theme::font(TextStyle::body));
-    const QRect room(textLeft(), Theme::px(Size::badgePaddingY),
-                     std::max(1, width - textLeft() - Theme::px(Size::badgePaddingX)), QWIDGETSIZE_MAX);
+    const QRect room(textLeft(), Theme::px(badgePaddingY),
+                     std::max(1, width - textLeft() - Theme::px(badgePaddingX)), QWIDGETSIZE_MAX);
     return metrics.boundingRect(room, wrapping(*this, width) | Qt::AlignLeft, text());
 }
 
 QSize StatusBadgeLabel::sizeHint() const {
     const auto width = QFontMetrics(Theme::font(TextStyle::body)).horizontalAdvance(text());
-    return {textLeft() + width + Theme::px(Size::badgePaddingX) + 1,
-            Theme::px(Size::badgeLine) + 2 * Theme::px(Size::badgePaddingY)};
+    return {textLeft() + width + Theme::px(badgePaddingX) + 1,
+            Theme::px(badgeLine) + 2 * Theme::px(badgePaddingY)};
 }
 
 QSize StatusBadgeLabel::minimumSizeHint() const {
@@ -224,7 +236,7 @@ QSize StatusBadgeLabel::minimumSizeHint() const {
 }
 
 int StatusBadgeLabel::heightForWidth(int width) const {
-    return std::max(sizeHint().height(), textRect(width).height() + 2 * Theme::px(Size::badgePaddingY));
+    return std::max(sizeHint().height(), textRect(width).height() + 2 * Theme::px(badgePaddingY));
 }
 
 void StatusBadgeLabel::paintEvent(QPaintEvent*) {
@@ -234,14 +246,14 @@ void StatusBadgeLabel::paintEvent(QPaintEvent*) {
     painter.setBrush(Theme::withTint(color(m_badge.status), Theme::Tint::row));
     const auto radius = Theme::px(Size::radiusMedium);
     painter.drawRoundedRect(rect(), radius, radius);
-    const auto glyph = Theme::px(Size::badgeGlyph);
-    const auto lineCenter = Theme::px(Size::badgePaddingY) + Theme::px(Size::badgeLine) / 2.0;
+    const auto glyph = Theme::px(badgeGlyph);
+    const auto lineCenter = Theme::px(badgePaddingY) + Theme::px(badgeLine) / 2.0;
     Glyph::paint(painter, icon(m_badge.status),
-                 QRectF(Theme::px(Size::badgePaddingX), lineCenter - glyph / 2.0, glyph, glyph),
+                 QRectF(Theme::px(badgePaddingX), lineCenter - glyph / 2.0, glyph, glyph),
                  Theme::hue(color(m_badge.status)));
     painter.setFont(Theme::font(TextStyle::body));
     painter.setPen(Theme::color(Role::primary));
-    const QRect area(textLeft(), 0, width() - textLeft() - Theme::px(Size::badgePaddingX), height());
+    const QRect area(textLeft(), 0, width() - textLeft() - Theme::px(badgePaddingX), height());
     painter.drawText(area, wrapping(*this, width()) | Qt::AlignVCenter | Qt::AlignLeft, text());
 }
 

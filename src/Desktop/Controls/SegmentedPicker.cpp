@@ -25,6 +25,12 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int segmentedHeight = 32;
+constexpr int segmentedInset = 2;
+constexpr int segmentGap = 5;
+constexpr int segmentPadding = 10;
+
 class Segment final : public QRadioButton {
 public:
     /// `padding` is what is kept free on either side of the title.
@@ -87,9 +93,7 @@ protected:
     }
 
 private:
-    int iconWidth() const {
-        return m_icon.empty() ? 0 : Theme::px(Size::quietGlyph) + Theme::px(Size::segmentGap);
-    }
+    int iconWidth() const { return m_icon.empty() ? 0 : Theme::px(Size::quietGlyph) + Theme::px(segmentGap); }
 
     std::string m_icon;
     int m_padding;
@@ -113,8 +117,8 @@ QWidget* segmentedPicker(Store& store, std::string_view name, const Segments& se
     auto* track = new Track;
     track->setAccessibleName(qString(name));
     track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // however much its segments would grow
-    track->setFixedHeight(Theme::px(Size::segmentedHeight));
-    constexpr auto inset = Size::segmentedInset;
+    track->setFixedHeight(Theme::px(segmentedHeight));
+    constexpr auto inset = segmentedInset;
     fill(track, Qt::Horizontal, {.spacing = 0, .padding = {inset, inset, inset, inset}}, {});
     auto* layout = static_cast<QBoxLayout*>(track->layout());
     const bool isEven = look == SegmentLook::even;
@@ -122,7 +126,7 @@ QWidget* segmentedPicker(Store& store, std::string_view name, const Segments& se
         const auto position = static_cast<std::size_t>(index);
         auto* segment = new Segment(segments.titles[position],
                                     segments.icons.empty() ? std::string() : segments.icons[position],
-                                    isEven && width > 0 ? 0 : Size::segmentPadding);
+                                    isEven && width > 0 ? 0 : segmentPadding);
         layout->addWidget(segment, isEven ? 1 : 0);
         giveFocusRing(segment, track, Size::radiusMedium);
         QObject::connect(segment, &QRadioButton::toggled, segment,

@@ -27,6 +27,10 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int sliderTrack = 4;
+constexpr int sliderMinimumWidth = 60;
+
 /// Into how many positions a continuous slider is divided: finer than any screen.
 constexpr int finePositions = 10'000;
 
@@ -55,7 +59,7 @@ public:
         : QSlider(Qt::Horizontal), m_options(options), m_set(std::move(set)) {
         setMaximum(options.isContinuous ? finePositions : stepAt(options.maximum) - stepAt(options.minimum));
         setFocusPolicy(Qt::TabFocus);
-        setMinimumWidth(Theme::px(Size::sliderMinimumWidth));
+        setMinimumWidth(Theme::px(sliderMinimumWidth));
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         giveFocusRing(this, this, Size::sliderHeight / 2);
         connect(this, &QSlider::valueChanged, this, [this] { m_set(chosenValue()); });
@@ -96,7 +100,7 @@ protected:
         const auto knob = Theme::px(Size::sliderKnob);
         const auto left =
             QStyle::sliderPositionFromValue(0, maximum(), sliderPosition(), width() - knob, isRightToLeft());
-        const auto thickness = Theme::px(Size::sliderTrack);
+        const auto thickness = Theme::px(sliderTrack);
         const auto radius = Theme::px(Size::radiusBar);
         QRect track(0, (height() - thickness) / 2, width(), thickness);
         paintSurface(painter, track, radius, Theme::color(Role::sliderTrack));

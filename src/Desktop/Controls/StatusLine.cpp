@@ -13,6 +13,9 @@ namespace korvane {
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int statusGap = 12;
+
 std::string messageOf(const std::optional<StatusBadge>& badge) {
     return badge ? badge->message : std::string();
 }
@@ -33,7 +36,7 @@ QWidget* statusLine(Store& store, const Reader<std::optional<StatusBadge>>& badg
                     const Reader<std::string>& details) {
     auto* label = new StatusBadgeLabel;
     auto* text = new Label({}, Theme::TextStyle::body, Theme::Role::secondary);
-    auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::statusGap}, {rigid(label), text, stretch()});
+    auto* line = stack(Qt::Horizontal, {.spacing = statusGap}, {rigid(label), text, stretch()});
     const auto badgeOf = badge.of(store);
     const auto detailsOf = details.of(store);
     reportMessages(store, *line, [=] { return joined(messageOf(badgeOf()), detailsOf()); });

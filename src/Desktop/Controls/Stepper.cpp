@@ -29,6 +29,11 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int stepperHeight = 28;
+constexpr int stepperButton = 28;
+constexpr int stepperGlyph = 11;
+
 /// Puts the buttons of a spin box at its two ends.
 class StepperStyle final : public QProxyStyle {
 public:
@@ -39,7 +44,7 @@ public:
         if (control != CC_SpinBox)
             return QProxyStyle::subControlRect(control, option, part, widget);
         const auto whole = option->rect;
-        const auto button = std::min(Theme::px(Size::stepperButton), whole.width() / 2);
+        const auto button = std::min(Theme::px(stepperButton), whole.width() / 2);
         switch (part) {
         case SC_SpinBoxDown:
             return {whole.left(), whole.top(), button, whole.height()};
@@ -84,7 +89,7 @@ public:
         setAlignment(Qt::AlignCenter);
         setGroupSeparatorShown(false);
         setMouseTracking(true);
-        setFixedSize(Theme::px(options.width), Theme::px(Size::stepperHeight));
+        setFixedSize(Theme::px(options.width), Theme::px(stepperHeight));
         setFocusPolicy(Qt::StrongFocus);
         neverBeginWith(this);
         giveFocusRing(this, this, Size::radiusSmall);
@@ -137,7 +142,7 @@ private:
         if (isHovered)
             paintSurface(painter, area.adjusted(1, 1, -1, -1), Theme::px(Size::radiusSmall) - 1,
                          Theme::color(Role::controlFill));
-        const auto size = Theme::px(Size::stepperGlyph);
+        const auto size = Theme::px(stepperGlyph);
         QRectF place(0, 0, size, size);
         place.moveCenter(QRectF(area).center());
         const auto ink = isHovered ? Role::primary : (canStep ? Role::secondary : Role::placeholder);

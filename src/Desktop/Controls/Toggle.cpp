@@ -21,6 +21,15 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int switchWidth = 34;
+constexpr int switchHeight = 20;
+constexpr int switchKnob = 16;
+constexpr int switchInset = 2;
+constexpr int checkbox = 16;
+constexpr int checkboxTick = 10;
+constexpr int optionRow = 28;
+
 class Toggle final : public QCheckBox {
 public:
     Toggle(std::string_view title, ToggleOptions options) : m_options(options) {
@@ -42,7 +51,7 @@ public:
         const bool isRow = m_options.look == ToggleLook::trailSwitch;
         const auto gap = Theme::px(isRow ? Size::optionGap : Size::gapControl);
         const auto title = QFontMetrics(Theme::font(TextStyle::body)).horizontalAdvance(text()) + 1;
-        const auto height = isRow ? Theme::px(Size::optionRow)
+        const auto height = isRow ? Theme::px(optionRow)
                                   : std::max(Theme::lineHeight(TextStyle::body), indicatorSize().height());
         return {indicatorSize().width() + gap + title, height};
     }
@@ -73,16 +82,16 @@ protected:
 private:
     QSize indicatorSize() const {
         if (m_options.look == ToggleLook::checkbox)
-            return {Theme::px(Size::checkbox), Theme::px(Size::checkbox)};
-        return {Theme::px(Size::switchWidth), Theme::px(Size::switchHeight)};
+            return {Theme::px(checkbox), Theme::px(checkbox)};
+        return {Theme::px(switchWidth), Theme::px(switchHeight)};
     }
 
     void paintSwitch(QPainter& painter, const QRect& track) const {
         const auto progress = m_shownOn.progress();
         auto fill = Theme::mixed(Theme::color(Role::switchOff), Theme::color(Role::accent), progress);
         paintSurface(painter, track, track.height() / 2.0, fill);
-        const double inset = Theme::px(Size::switchInset);
-        const double knob = Theme::px(Size::switchKnob);
+        const double inset = Theme::px(switchInset);
+        const double knob = Theme::px(switchKnob);
         const double travel = track.width() - knob - 2 * inset;
         painter.setBrush(Theme::color(Role::knob));
         painter.drawEllipse(
@@ -98,7 +107,7 @@ private:
             return;
         }
         paintSurface(painter, box, radius, Theme::color(Role::accent));
-        const auto tick = Theme::px(Size::checkboxTick);
+        const auto tick = Theme::px(checkboxTick);
         const auto inset = (box.width() - tick) / 2.0;
         Glyph::paint(painter, "checkmark", QRectF(box.left() + inset, box.top() + inset, tick, tick),
                      Theme::color(Role::onAccent));

@@ -28,17 +28,4 @@ QWidget* valueRow(Store& store, const ValueRowParts& parts);
 /// A card with `rows` and a line between each two.
 QWidget* dividedRows(const std::vector<QWidget*>& rows);
 
-struct ValueCardParts {
-    std::string title;
-    std::string icon;
-    PaletteColor color; ///< of the glyph and of the outline
-    std::string caption;
-    Reader<std::string> note; ///< beside the title
-    Reader<std::string> value;
-    Reader<bool> isOutlined;
-};
-
-/// A value that can be selected and copied, below its title.
-QWidget* valueCard(Store& store, const ValueCardParts& parts);
-
 } // namespace korvane

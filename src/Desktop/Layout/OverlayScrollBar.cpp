@@ -16,6 +16,16 @@ namespace korvane {
 
 using Theme::Size;
 
+namespace {
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int scrollWidth = 5;
+constexpr int scrollWidthHover = 7;
+constexpr int scrollInset = 2;
+constexpr int scrollThumbMinimum = 32;
+
+} // namespace
+
 OverlayScrollBar::OverlayScrollBar(Qt::Orientation orientation, QAbstractScrollArea* area, QWidget* host)
     : QWidget(host), m_host(host) {
     if (orientation == Qt::Vertical) {
@@ -42,7 +52,7 @@ void OverlayScrollBar::follow() {
 }
 
 void OverlayScrollBar::place() {
-    const auto thickness = Theme::px(Size::scrollWidthHover) + 2 * Theme::px(Size::scrollInset);
+    const auto thickness = Theme::px(scrollWidthHover) + 2 * Theme::px(scrollInset);
     const auto area = m_host->rect();
     setGeometry(isVertical() ? QRect(area.right() + 1 - thickness, 0, thickness, area.height())
                              : QRect(0, area.bottom() + 1 - thickness, area.width() - thickness, thickness));
@@ -66,7 +76,7 @@ bool OverlayScrollBar::isActive() const {
 }
 
 double OverlayScrollBar::length() const {
-    return (isVertical() ? height() : width()) - 2.0 * Theme::px(Size::scrollEndInset);
+    return (isVertical() ? height() : width()) - 2.0 * Theme::px(scrollEndInset);
 }
 
 double OverlayScrollBar::along(const QPointF& point) const {
@@ -76,12 +86,12 @@ double OverlayScrollBar::along(const QPointF& point) const {
 QRectF OverlayScrollBar::thumb() const {
     const double range = m_driven->maximum() - m_driven->minimum();
     const double page = m_driven->pageStep();
-    const double size = std::min(
-        length(), std::max<double>(Theme::px(Size::scrollThumbMinimum), length() * page / (range + page)));
+    const double size =
+        std::min(length(), std::max<double>(Theme::px(scrollThumbMinimum), length() * page / (range + page)));
     const double share = range > 0 ? (m_driven->value() - m_driven->minimum()) / range : 0;
-    const double start = Theme::px(Size::scrollEndInset) + (length() - size) * share;
-    const double thickness = Theme::px(isActive() ? Size::scrollWidthHover : Size::scrollWidth);
-    const double side = (isVertical() ? width() : height()) - Theme::px(Size::scrollInset) - thickness;
+    const double start = Theme::px(scrollEndInset) + (length() - size) * share;
+    const double thickness = Theme::px(isActive() ? scrollWidthHover : scrollWidth);
+    const double side = (isVertical() ? width() : height()) - Theme::px(scrollInset) - thickness;
     return isVertical() ? QRectF(side, start, thickness, size) : QRectF(start, side, size, thickness);
 }
 
@@ -113,7 +123,7 @@ void OverlayScrollBar::mouseMoveEvent(QMouseEvent* event) {
     const auto bar = thumb();
     const auto room = length() - std::max(bar.width(), bar.height());
     if (room > 0) {
-        const auto start = along(event->position()) - m_grabbedAt - Theme::px(Size::scrollEndInset);
+        const auto start = along(event->position()) - m_grabbedAt - Theme::px(scrollEndInset);
         const auto range = m_driven->maximum() - m_driven->minimum();
         const auto share = std::clamp(start / room, 0.0, 1.0);
         m_driven->setValue(m_driven->minimum() + static_cast<int>(std::lround(share * range)));

@@ -10,6 +10,9 @@ class QScrollBar;
 
 namespace korvane {
 
+/// What a bar keeps free at its ends, in pixels at a 13-pixel body text.
+inline constexpr int scrollEndInset = 3;
+
 class OverlayScrollBar final : public QWidget {
 public:
     /// Lays a bar over `area`, at the right edge of `host` (or the bottom one for a horizontal bar), and

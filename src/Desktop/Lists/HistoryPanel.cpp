@@ -39,6 +39,17 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int historyHeader = 40;
+constexpr int historyHeaderLeft = 12;
+constexpr int historyHeaderRight = 8;
+constexpr int historyPadding = 8;
+constexpr int historyRow = 36;
+constexpr int historyRowPadding = 10;
+constexpr int historyButtonInset = 4;
+constexpr int historyDot = 8;
+constexpr int historyGap = 12;
+
 using Moment = std::chrono::system_clock::time_point;
 
 /// The times of day of rows. Neighbours are mostly of the same minute, and it takes the calendar's rules and
@@ -138,9 +149,9 @@ private:
                 .textLeft = [this](int row) { return static_cast<int>(textCorner(rowAt(row)).x()); },
                 .button = [this](int row) { return buttonOf(row); },
                 .toolTip = [this](int row) { return toolTip(rowAt(row)); },
-                .height = Theme::px(Size::historyRow) + Theme::px(Size::gapList),
+                .height = Theme::px(historyRow) + Theme::px(Size::gapList),
                 .rowHeight = [this](int row) { return rowHeight(rowAt(row)); },
-                .topPadding = Theme::px(Size::historyPadding)};
+                .topPadding = Theme::px(historyPadding)};
     }
 
     /// As in a list, not as in a text: a value is one of many.
@@ -170,7 +181,7 @@ private:
             clipboard.setText(text);
     }
 
-    static int padding() { return Theme::px(Size::historyPadding - Size::panelOutline); }
+    static int padding() { return Theme::px(historyPadding - Size::panelOutline); }
 
     const HistoryRow& rowAt(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
 
@@ -260,22 +271,22 @@ private:
         int stripWidth = 0;
         for (const auto& [button, top] : places)
             stripWidth = std::max(stripWidth, button->sizeHint().width());
-        const auto right = width() - padding() - Theme::px(Size::historyButtonInset);
+        const auto right = width() - padding() - Theme::px(historyButtonInset);
         const auto rows = m_list->viewport()->geometry();
         m_buttonStrip->setGeometry(right - stripWidth, rows.top(), stripWidth, rows.height());
         for (const auto& [button, top] : places) {
             const auto size = button->sizeHint();
-            const auto inset = (Theme::px(Size::historyRow) - size.height()) / 2;
+            const auto inset = (Theme::px(historyRow) - size.height()) / 2;
             button->setGeometry(QRect(QPoint(stripWidth - size.width(), top + inset), size));
         }
     }
 
     /// Where the text of a row begins.
     QPointF textCorner(const HistoryRow& row) const {
-        const auto dot = row.dot ? Theme::px(Size::historyDot) + gap(row) : 0;
+        const auto dot = row.dot ? Theme::px(historyDot) + gap(row) : 0;
         const auto lineHeight = Theme::lineHeight(TextStyle::codeSmall);
-        return {static_cast<double>(padding() + Theme::px(Size::historyRowPadding) + dot),
-                (Theme::px(Size::historyRow) - lineHeight) / 2.0};
+        return {static_cast<double>(padding() + Theme::px(historyRowPadding) + dot),
+                (Theme::px(historyRow) - lineHeight) / 2.0};
     }
 
     /// The text of a row in the room that time and button leave it, however wide the button becomes when it
@@ -283,15 +294,15 @@ private:
     RowParagraph paragraph(const HistoryRow& row) const {
         const auto timeWidth =
             QFontMetrics(Theme::font(TextStyle::caption)).horizontalAdvance(m_times.of(row.time));
-        const auto right = width() - padding() - Theme::px(Size::historyButtonInset) - m_buttonRoom -
-                           timeWidth - 2 * gap(row);
+        const auto right =
+            width() - padding() - Theme::px(historyButtonInset) - m_buttonRoom - timeWidth - 2 * gap(row);
         const auto room = std::max(right - textCorner(row).x(), 1.0);
         return {row.text, Theme::font(TextStyle::codeSmall), room, Theme::lineHeight(TextStyle::codeSmall)};
     }
 
     int rowHeight(const HistoryRow& row) const {
         const auto lines = paragraph(row).height() - Theme::lineHeight(TextStyle::codeSmall);
-        return Theme::px(Size::historyRow) + lines + Theme::px(Size::gapList);
+        return Theme::px(historyRow) + lines + Theme::px(Size::gapList);
     }
 
     void paint(QPainter& painter, const QRect& area, const HistoryRow& row, const RowState& state) {
@@ -310,10 +321,10 @@ private:
         else if (state.isCurrent || state.isHovered)
             fill(Role::rowHover);
 
-        const QRectF firstLine(rect.topLeft(), QSizeF(rect.width(), Theme::px(Size::historyRow)));
+        const QRectF firstLine(rect.topLeft(), QSizeF(rect.width(), Theme::px(historyRow)));
         const auto corner = area.topLeft() + textCorner(row);
         if (row.dot) {
-            const auto side = Theme::px(Size::historyDot);
+            const auto side = Theme::px(historyDot);
             painter.setBrush(Theme::hue(*row.dot));
             painter.drawEllipse(
                 QRectF(corner.x() - gap(row) - side, firstLine.center().y() - side / 2.0, side, side));
@@ -332,7 +343,7 @@ private:
         const auto& text = m_times.of(row.time);
         const auto button = m_buttons.find(keyOf(row));
         const auto buttonWidth = button == m_buttons.end() ? 0 : button->second->width();
-        const auto right = rect.right() - Theme::px(Size::historyButtonInset) - buttonWidth - gap(row);
+        const auto right = rect.right() - Theme::px(historyButtonInset) - buttonWidth - gap(row);
         const auto left = right - QFontMetrics(font).horizontalAdvance(text);
         painter.setFont(font);
         painter.setPen(Theme::color(state.isCurrent ? Role::primary : Role::secondary));
@@ -343,7 +354,7 @@ private:
     /// The room that the widest button needs.
     int buttonRoom() const { return QuietButton::width("Copied!", m_store.widthClass().isNarrow()); }
 
-    static int gap(const HistoryRow& row) { return Theme::px(row.dot ? Size::gapControl : Size::historyGap); }
+    static int gap(const HistoryRow& row) { return Theme::px(row.dot ? Size::gapControl : historyGap); }
 
     Store& m_store;
     bool m_isSecret;
@@ -360,18 +371,17 @@ private:
 QWidget* historyPanel(Store& store, const HistoryPanelParts& parts) {
     const QuietButtonOptions plain{.isPlain = true};
     constexpr auto outline = Size::panelOutline; // around the content, and counted with it
-    auto* header =
-        stack(Qt::Horizontal,
-              {.spacing = Size::gapList,
-               .padding = {Size::historyHeaderLeft - outline, 0, Size::historyHeaderRight - outline, 0}},
-              {textLabel(store, parts.title, TextStyle::headline), stretch(),
-               quietButton(store, "Copy All", "doc.on.doc", parts.copyAll, plain),
-               quietButton(store, "Clear", "trash", parts.clear, plain)});
+    auto* header = stack(Qt::Horizontal,
+                         {.spacing = Size::gapList,
+                          .padding = {historyHeaderLeft - outline, 0, historyHeaderRight - outline, 0}},
+                         {textLabel(store, parts.title, TextStyle::headline), stretch(),
+                          quietButton(store, "Copy All", "doc.on.doc", parts.copyAll, plain),
+                          quietButton(store, "Clear", "trash", parts.clear, plain)});
     auto* list = new HistoryList(store, "History", parts.isSecret);
     store.onRefresh([list, rows = parts.rows.of(store)] { list->display(rows()); });
     auto* prompt = emptyPrompt(store, "clock.badge.questionmark", parts.prompt, TextStyle::subheadline);
     auto* content = stack(Qt::Vertical, {.spacing = 0},
-                          {withHeight(Size::historyHeader - outline, header), new Divider,
+                          {withHeight(historyHeader - outline, header), new Divider,
                            growing(either(store, [list] { return !list->isEmpty(); }, list, prompt))});
     content->setFocusProxy(list);
     return new Panel(content);

@@ -6,7 +6,12 @@
 
 namespace korvane {
 
-using Theme::Size;
+namespace {
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int checkerCell = 10;
+
+} // namespace
 
 void paintSurface(QPainter& painter, const QRect& area, double radius, const QColor& fill,
                   const QColor& outline) {
@@ -22,7 +27,7 @@ void paintSurface(QPainter& painter, const QRect& area, double radius, const QCo
 }
 
 void paintCheckerboard(QPainter& painter, const QRect& area) {
-    const auto cell = Theme::px(Size::checkerCell);
+    const auto cell = Theme::px(checkerCell);
     for (int row = 0; row * cell < area.height(); ++row) {
         for (int column = 0; column * cell < area.width(); ++column) {
             const bool isEven = (row + column) % 2 == 0;

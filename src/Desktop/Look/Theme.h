@@ -1,6 +1,6 @@
-/// Everything about looks: colours in light and dark, sizes, radii, gaps and fonts. No other file of the
-/// program holds a literal colour, size or style sheet. Sizes are pixels for a 13-pixel body text and grow
-/// with the desktop's font; colours follow the desktop's scheme, also while the program runs.
+/// What all looks share: colours in light and dark, fonts, radii, gaps, and sizes that more than one file
+/// uses. No other file holds a literal colour, font size or style sheet. Sizes are pixels for a 13-pixel body
+/// text and grow with the desktop's font; colours follow the desktop's scheme, also while the program runs.
 #pragma once
 
 #include "Models/PaletteColor.h"
@@ -125,99 +125,45 @@ enum class TextStyle {
 
 /// Distances and sizes by name, in pixels at a 13-pixel body text; `px` scales them.
 struct Size {
-    static constexpr int radiusBadge = 4, radiusSmall = 6, radiusMedium = 8, radiusLarge = 10,
-                         radiusExtraLarge = 12;
-    static constexpr int screenPadding = 24, headerTop = 4, headerBottom = 16, bodyTop = 4;
-    static constexpr int gapHeader = 12, gapSection = 16, gapHeading = 8, gapControl = 8, gapList = 4,
-                         gapBadge = 6, gapQuiet = 4;
-    static constexpr int stripHeight = 36, stripMenuHeight = 24, stripMenuPadding = 8, windowButton = 28,
-                         windowButtonGap = 4;
-    static constexpr int windowGlyphMinimise = 13, windowGlyphMaximise = 11, windowGlyphClose = 12;
-    static constexpr int windowGrip = 5;
-    static constexpr int sidebarInset = 8, sidebarTextInset = 18, brandHeight = 46, brandGlyph = 18,
-                         brandGap = 8, sidebarRow = 48, sidebarRowPadding = 10, sidebarIconBox = 32,
-                         sidebarGlyph = 15, sidebarTextGap = 12, shortcutPaddingX = 6, shortcutPaddingY = 2,
-                         searchHeight = 32, searchGlyph = 13, searchGap = 8, searchTop = 8, searchBottom = 4,
-                         footerHeight = 37, footerGlyph = 13;
-    static constexpr int headerTile = 44, headerGlyph = 21;
-    static constexpr int actionHeight = 32, actionPadding = 16, actionGlyph = 14;
-    static constexpr int quietHeight = 28, quietPadding = 10, quietGlyph = 12, quietCompact = 28,
-                         iconButton = 24;
-    static constexpr int segmentedHeight = 32, segmentedInset = 2, segmentGap = 5, segmentPadding = 10;
-    static constexpr int fieldHeight = 32, fieldPadding = 10, fieldGap = 6;
-    static constexpr int switchWidth = 34, switchHeight = 20, switchKnob = 16, switchInset = 2;
-    static constexpr int checkbox = 16, checkboxTick = 10, optionRow = 28, optionGap = 12;
-    static constexpr int sliderTrack = 4, sliderKnob = 16, sliderHeight = 20, sliderMinimumWidth = 60,
-                         radiusBar = 2;
-    static constexpr int stepperHeight = 28, stepperButton = 28, stepperGlyph = 11;
-    static constexpr int tagWidth = 70, tagHeight = 28, tagSmallHeight = 24;
+    static constexpr int radiusBadge = 4;
+    static constexpr int radiusSmall = 6;
+    static constexpr int radiusMedium = 8;
+    static constexpr int radiusLarge = 10;
+    static constexpr int radiusExtraLarge = 12;
+    static constexpr int screenPadding = 24;
+    static constexpr int gapHeader = 12;
+    static constexpr int gapSection = 16;
+    static constexpr int gapHeading = 8;
+    static constexpr int gapControl = 8;
+    static constexpr int gapList = 4;
+    static constexpr int gapBadge = 6;
+    static constexpr int stripMenuPadding = 8;
+    static constexpr int actionHeight = 32;
+    static constexpr int actionPadding = 16;
+    static constexpr int actionGlyph = 14;
+    static constexpr int quietHeight = 28;
+    static constexpr int quietGlyph = 12;
+    static constexpr int quietCompact = 28;
+    static constexpr int fieldPadding = 10;
+    static constexpr int optionGap = 12;
+    static constexpr int sliderKnob = 16;
+    static constexpr int sliderHeight = 20;
+    static constexpr int radiusBar = 2;
     static constexpr int cardPadding = 12;
-    static constexpr int hashRowPadding = 12, hashRowGap = 12, hashLengthWidth = 62, hashLengthHeight = 21;
-    static constexpr int componentRow = 36, componentLabel = 88, componentGap = 12, chipPaddingX = 6,
-                         chipHeight = 22, componentsPadding = 6, componentsGapTop = 6,
-                         componentsGapBottom = 10;
-    static constexpr int statusGap = 12;
-    static constexpr int promptGlyph = 28;
-    static constexpr int diffTitlePaddingX = 12, diffTitlePaddingY = 8, diffRow = 20, diffPaddingY = 4,
-                         diffNumber = 40, diffNumberGap = 8, diffPrefix = 16, diffPaddingRight = 8;
-    static constexpr int statBadgeDot = 8, statBadgePaddingX = 10, statBadgePaddingY = 6;
-    static constexpr int busyRing = 14, busyRingWidth = 2;
-    static constexpr int gapGroup = 16, gapSectionWide = 20, gapBulk = 24;
-    static constexpr int badgePaddingX = 12, badgePaddingY = 8, badgeGlyph = 14, badgeLine = 16;
-    static constexpr int headingGlyph = 12;
-    static constexpr int statGlyph = 16, statPaddingX = 16, statPaddingY = 12, statGap = 6, statCardGap = 10;
-    static constexpr int tileHeight = 52, tilePadding = 10, tileGlyph = 15, tileGap = 4, tileColumnGap = 10,
-                         tileRowGap = 8;
-    static constexpr int gutterPadding = 8, editorInset = 8, editorInsetRight = 12, simpleEditorInset = 12,
-                         overlayInset = 8, overlayReserve = 40, overlayReserveLabelled = 92,
-                         editorMinimumHeight = 120;
-    static constexpr int scrollWidth = 5, scrollWidthHover = 7, scrollInset = 2, scrollThumbMinimum = 32,
-                         scrollEndInset = 3;
+    static constexpr int gapGroup = 16;
+    static constexpr int gapSectionWide = 20;
+    static constexpr int gapBulk = 24;
+    static constexpr int editorMinimumHeight = 120;
     static constexpr int panelOutline = 1;
     static constexpr int focusWidth = 2;
-    static constexpr int treeRow = 20, treeIndent = 20, treeChevronBox = 16, treeChevron = 10, treeGlyph = 11,
-                         treeValueGap = 8, treeGap = 4, treePaddingX = 8, treePaddingY = 10;
-    static constexpr int historyHeader = 40, historyHeaderLeft = 12, historyHeaderRight = 8,
-                         historyPadding = 8, historyRow = 36, historyRowPadding = 10, historyButtonInset = 4,
-                         historyDot = 8, historyGap = 12;
-    static constexpr int strengthWidth = 100, strengthHeight = 6, strengthGap = 4;
-    static constexpr int heroPaddingX = 16, heroPaddingY = 20, proseInset = 16, pillWidth = 84,
-                         pillPadding = 8;
-    static constexpr int menuPickerHeight = 28, menuPickerLeft = 10, menuPickerRight = 8,
-                         menuPickerGlyph = 11;
-    static constexpr int dropGlyph = 40, dropPadding = 16, imageMinimum = 150, secondaryGlyph = 13;
-    static constexpr int calendarDayWidth = 28, calendarDayHeight = 24, calendarHeading = 20, calendarGap = 2;
-    static constexpr int timeFieldHeight = 28, timeFieldLeft = 10, timeFieldRight = 6, timeFieldGap = 4,
-                         timeFieldGlyph = 11;
-    static constexpr int valueCardGap = 10, valueCardGlyph = 16, valueCardTextTop = 3, valueRowsEdge = 2;
-    static constexpr int swatchHeight = 150, checkerCell = 10;
-    static constexpr int colorWellWidth = 44, colorWellHeight = 28, colorWellInset = 4, colorWellRadius = 3;
-    static constexpr int prosePadding = 16, proseGap = 10, proseItemGap = 4, proseHeader2Gap = 18,
-                         proseHeader3Gap = 16, proseBullet = 18, proseNumber = 22, proseMarkerGap = 8,
-                         proseCodePadding = 12, proseLanguageGap = 4, proseQuoteBar = 3, proseQuoteInset = 15,
-                         proseQuotePadding = 2, proseChipPadding = 5, proseChipHeight = 18;
-    static constexpr int matchRow = 32, matchListPadding = 8, matchCountInset = 2, matchCountBottom = 4,
-                         matchCardPadding = 2, matchCardLeft = 10, matchCardRight = 4, matchHeading = 64,
-                         matchIndent = 16, matchListMinimum = 180;
-    static constexpr int resultMinimum = 66, resultMaximum = 192, resultReserve = 84;
-    static constexpr int referenceGlyph = 13, referenceColumnGap = 12, referenceRowGap = 8;
-    static constexpr int compactWidth = 640;
-    static constexpr int welcomeGlyph = 64, welcomeTitleTop = 20, welcomeMessageTop = 8, welcomeTilesTop = 32,
-                         welcomeTile = 112, welcomeTileGap = 16, welcomeTilePadding = 16,
-                         welcomeTileGlyph = 20, welcomeBottom = 36;
-    static constexpr int menuRow = 26, menuPadding = 10, menuInset = 5, menuMinimumWidth = 160,
-                         menuShortcutGap = 24, menuTick = 12, menuTickGap = 8, menuCaptionPadding = 4,
-                         menuChevron = 10;
+    static constexpr int heroPaddingX = 16;
+    static constexpr int heroPaddingY = 20;
+    static constexpr int menuRow = 26;
+    static constexpr int menuInset = 5;
+    static constexpr int menuShortcutGap = 24;
+    static constexpr int menuTick = 12;
+    static constexpr int menuTickGap = 8;
 };
-
-/// The opacity of the glyph in a place to drop something on.
-inline constexpr double dropGlyphOpacity = 0.8;
-
-/// The length of the dashes around a place to drop something on, and of the gaps, in widths of the line.
-inline constexpr double dropDash = 2.5;
-
-/// The width of an outline that marks one card among several, in pixels.
-inline constexpr double strongOutline = 1.5;
 
 /// How long a change of state takes to show, in milliseconds.
 inline constexpr int motion = 200;

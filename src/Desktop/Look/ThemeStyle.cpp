@@ -16,6 +16,13 @@ namespace korvane::Theme {
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int stripMenuHeight = 24;
+constexpr int menuPadding = 10;
+constexpr int menuMinimumWidth = 160;
+constexpr int menuCaptionPadding = 4;
+constexpr int menuChevron = 10;
+
 constexpr int textFlags = Qt::TextSingleLine | Qt::TextHideMnemonic | Qt::AlignVCenter;
 
 /// Whether the item is a heading of those below it, which has a smaller font than they have.
@@ -25,20 +32,19 @@ bool isCaption(const QStyleOptionMenuItem& item) {
 
 /// From the side of the item to its title.
 int titleInset(const QStyleOptionMenuItem& item) {
-    return px(Size::menuPadding) +
-           (item.menuHasCheckableItems ? px(Size::menuTick) + px(Size::menuTickGap) : 0);
+    return px(menuPadding) + (item.menuHasCheckableItems ? px(Size::menuTick) + px(Size::menuTickGap) : 0);
 }
 
 /// What the item needs beside its title and the keys, for which the menu itself keeps room.
 QSize menuItemSize(const QStyleOptionMenuItem& item, int titleWidth) {
     if (item.menuItemType == QStyleOptionMenuItem::Separator)
-        return {px(Size::menuMinimumWidth), 1 + 2 * px(Size::menuInset)};
+        return {px(menuMinimumWidth), 1 + 2 * px(Size::menuInset)};
     const bool hasMore = item.text.contains('\t') || item.menuItemType == QStyleOptionMenuItem::SubMenu;
     const int width =
-        titleInset(item) + titleWidth + (hasMore ? px(Size::menuShortcutGap) : 0) + px(Size::menuPadding);
-    const int height = isCaption(item) ? lineHeight(TextStyle::caption) + 2 * px(Size::menuCaptionPadding)
-                                       : px(Size::menuRow);
-    return {std::max(width, px(Size::menuMinimumWidth)), height};
+        titleInset(item) + titleWidth + (hasMore ? px(Size::menuShortcutGap) : 0) + px(menuPadding);
+    const int height =
+        isCaption(item) ? lineHeight(TextStyle::caption) + 2 * px(menuCaptionPadding) : px(Size::menuRow);
+    return {std::max(width, px(menuMinimumWidth)), height};
 }
 
 void paintGlyph(QPainter& painter, const char* name, double left, const QRect& row, int size,
@@ -47,7 +53,7 @@ void paintGlyph(QPainter& painter, const char* name, double left, const QRect& r
 }
 
 void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& item) {
-    const auto padding = px(Size::menuPadding);
+    const auto padding = px(menuPadding);
     const auto content = item.rect.adjusted(padding, 0, -padding, 0);
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
         painter.fillRect(QRect(content.left(), content.center().y(), content.width(), 1),
@@ -63,7 +69,7 @@ void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     if (item.checked)
         paintGlyph(painter, "checkmark", content.left(), item.rect, px(Size::menuTick), ink);
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
-        const auto size = px(Size::menuChevron);
+        const auto size = px(menuChevron);
         paintGlyph(painter, "chevron.right", content.right() + 1 - size, item.rect, size, quiet);
     }
     const auto texts = item.text.split('\t');
@@ -169,7 +175,7 @@ public:
         if (type == CT_MenuItem && item)
             return menuItemSize(*item, size.width());
         if (type == CT_MenuBarItem)
-            return {size.width() + 2 * px(Size::stripMenuPadding), px(Size::stripMenuHeight)};
+            return {size.width() + 2 * px(Size::stripMenuPadding), px(stripMenuHeight)};
         return QProxyStyle::sizeFromContents(type, option, size, widget);
     }
 

@@ -18,6 +18,13 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int gutterPadding = 8;
+constexpr int editorInset = 8;
+constexpr int editorInsetRight = 12;
+constexpr int simpleEditorInset = 12;
+constexpr int proseInset = 16;
+
 /// A longer text, in bytes, fills a panel up to its maximum height, whatever its lines: it is not laid out to
 /// find its height.
 constexpr std::size_t maxFittedText = 2000;
@@ -85,7 +92,7 @@ private:
                           .number = Theme::color(Role::placeholder),
                           .selection = Theme::color(Role::selection),
                           .inset = Theme::margins(left, inset, endInset() - Size::panelOutline, inset),
-                          .numberGap = Theme::px(Size::gutterPadding)});
+                          .numberGap = Theme::px(gutterPadding)});
     }
 
     Theme::TextStyle textStyle() const {
@@ -96,14 +103,14 @@ private:
 
     int textInset() const {
         if (m_options.isProse)
-            return Size::proseInset;
-        return m_options.lineNumbers ? Size::editorInset : Size::simpleEditorInset;
+            return proseInset;
+        return m_options.lineNumbers ? editorInset : simpleEditorInset;
     }
 
     int endInset() const {
         if (m_options.buttonRoom > 0)
             return m_options.buttonRoom;
-        return m_options.isProse ? Size::proseInset : Size::editorInsetRight;
+        return m_options.isProse ? proseInset : editorInsetRight;
     }
 
     TextArea* m_area;

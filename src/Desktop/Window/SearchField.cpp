@@ -20,6 +20,11 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int searchHeight = 32;
+constexpr int searchGlyph = 13;
+constexpr int searchGap = 8;
+
 class Field final : public LineEdit {
 public:
     Field(std::function<void()> leaveDown, std::function<void()> leave)
@@ -51,9 +56,9 @@ public:
     ClearFieldButton() : GlyphButton("Clear search", "xmark.circle.fill") {
         setToolTip(text());
         setMetrics({.style = Theme::TextStyle::quiet,
-                    .height = Size::searchGlyph,
+                    .height = searchGlyph,
                     .padding = 0,
-                    .glyph = Size::searchGlyph,
+                    .glyph = searchGlyph,
                     .gap = 0,
                     .radius = Size::radiusSmall});
     }
@@ -81,11 +86,11 @@ QWidget* searchField(Store& store, const SearchFieldParts& parts) {
         field->setFocus();
     });
     auto* background = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusMedium);
-    background->setFixedHeight(Theme::px(Size::searchHeight));
+    background->setFixedHeight(Theme::px(searchHeight));
     background->setFocusProxy(field);
-    constexpr auto padding = Size::searchGap;
-    fill(background, Qt::Horizontal, {.spacing = Size::searchGap, .padding = {padding, 0, padding, 0}},
-         {new GlyphLabel("magnifyingglass", Size::searchGlyph, Role::secondary), field, clear});
+    constexpr auto padding = searchGap;
+    fill(background, Qt::Horizontal, {.spacing = searchGap, .padding = {padding, 0, padding, 0}},
+         {new GlyphLabel("magnifyingglass", searchGlyph, Role::secondary), field, clear});
     giveFocusRing(field, background, Size::radiusMedium);
     store.onRefresh([field, clear, read = parts.text.of(store)] {
         const auto text = read();

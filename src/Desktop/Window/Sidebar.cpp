@@ -29,6 +29,23 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int sidebarInset = 8;
+constexpr int brandHeight = 46;
+constexpr int brandGlyph = 18;
+constexpr int brandGap = 8;
+constexpr int sidebarRow = 48;
+constexpr int sidebarRowPadding = 10;
+constexpr int sidebarIconBox = 32;
+constexpr int sidebarGlyph = 15;
+constexpr int sidebarTextGap = 12;
+constexpr int shortcutPaddingX = 6;
+constexpr int shortcutPaddingY = 2;
+constexpr int searchTop = 8;
+constexpr int searchBottom = 4;
+constexpr int footerHeight = 37;
+constexpr int footerGlyph = 13;
+
 /// The list of the tools that the search leaves, and how a row of it looks.
 class ToolList {
 public:
@@ -91,7 +108,7 @@ private:
                                 RowState state) { paint(painter, rect, toolAt(row), state); },
                 .isChosen = [this](int row) { return toolAt(row) == m_selected; },
                 .toolTip = [this](int row) { return toolTip(toolAt(row)); },
-                .height = Theme::px(Size::sidebarRow) + Theme::px(Size::gapList),
+                .height = Theme::px(sidebarRow) + Theme::px(Size::gapList),
                 .topPadding = Theme::px(Size::gapList)};
     }
 
@@ -134,18 +151,17 @@ private:
     }
 
     void paint(QPainter& painter, const QRect& cell, Tool tool, RowState state) const {
-        const auto inset = Theme::px(Size::sidebarInset);
-        const QRect row(cell.left() + inset, cell.top(), cell.width() - 2 * inset,
-                        Theme::px(Size::sidebarRow));
+        const auto inset = Theme::px(sidebarInset);
+        const QRect row(cell.left() + inset, cell.top(), cell.width() - 2 * inset, Theme::px(sidebarRow));
         const auto selection = selectionOf(tool);
         painter.setRenderHint(QPainter::Antialiasing);
         paintBackground(painter, row, tool, selection, state);
-        const auto padding = Theme::px(Size::sidebarRowPadding);
-        const auto boxSize = Theme::px(Size::sidebarIconBox);
+        const auto padding = Theme::px(sidebarRowPadding);
+        const auto boxSize = Theme::px(sidebarIconBox);
         const QRect box(row.left() + padding, row.top() + (row.height() - boxSize) / 2, boxSize, boxSize);
         paintIconBox(painter, box, tool, selection);
         const auto right = row.right() + 1 - padding - paintBadge(painter, row, tool);
-        const auto left = box.right() + 1 + Theme::px(Size::sidebarTextGap);
+        const auto left = box.right() + 1 + Theme::px(sidebarTextGap);
         paintTexts(painter, QRect(left, row.top(), right - left, row.height()), tool, selection);
     }
 
@@ -174,7 +190,7 @@ private:
                                       Theme::withTint(color, Theme::Tint::iconBox), selection));
         const auto radius = Theme::px(Size::radiusMedium);
         painter.drawRoundedRect(box, radius, radius);
-        const auto glyph = Theme::px(Size::sidebarGlyph);
+        const auto glyph = Theme::px(sidebarGlyph);
         const QRectF place(box.left() + (box.width() - glyph) / 2.0, box.top() + (box.height() - glyph) / 2.0,
                            glyph, glyph);
         Glyph::paint(painter, icon(tool), place,
@@ -187,9 +203,9 @@ private:
         if (text.isEmpty())
             return 0;
         const auto font = Theme::font(TextStyle::caption);
-        const auto width = QFontMetrics(font).horizontalAdvance(text) + 2 * Theme::px(Size::shortcutPaddingX);
-        const auto height = Theme::lineHeight(TextStyle::caption) + 2 * Theme::px(Size::shortcutPaddingY);
-        const QRect badge(row.right() + 1 - Theme::px(Size::sidebarRowPadding) - width,
+        const auto width = QFontMetrics(font).horizontalAdvance(text) + 2 * Theme::px(shortcutPaddingX);
+        const auto height = Theme::lineHeight(TextStyle::caption) + 2 * Theme::px(shortcutPaddingY);
+        const QRect badge(row.right() + 1 - Theme::px(sidebarRowPadding) - width,
                           row.top() + (row.height() - height) / 2, width, height);
         const auto radius = Theme::px(Size::radiusBadge);
         painter.setPen(Qt::NoPen);
@@ -198,7 +214,7 @@ private:
         painter.setFont(font);
         painter.setPen(Theme::color(Role::shortcut));
         painter.drawText(badge, Qt::AlignCenter, text);
-        return width + Theme::px(Size::sidebarTextGap);
+        return width + Theme::px(sidebarTextGap);
     }
 
     static void paintTexts(QPainter& painter, const QRect& area, Tool tool, double selection) {
@@ -248,7 +264,7 @@ private:
 
 /// A line of a glyph and a text, at the sidebar's text inset.
 QWidget* sidebarLine(int height, int gap, QWidget* glyph, QWidget* text) {
-    constexpr auto inset = Size::sidebarTextInset;
+    constexpr auto inset = sidebarTextInset;
     auto* line =
         stack(Qt::Horizontal, {.spacing = gap, .padding = {inset, 0, inset, 0}}, {glyph, text, stretch()});
     line->setFixedHeight(Theme::px(height));
@@ -270,22 +286,22 @@ QWidget* sidebar(Store& store, QWidget* menuStrip, std::function<void()> leave) 
                             .submit = [tools] { tools->open(); },
                             .leave = std::move(leave)});
     column->setFocusProxy(search);
-    constexpr auto inset = Size::sidebarInset;
-    fill(column, Qt::Vertical, {.spacing = 0, .padding = {0, 0, 1, 0}},
-         {
-             menuStrip,
-             sidebarLine(Size::brandHeight, Size::brandGap,
-                         new GlyphLabel(ToolSidebarView::icon, Size::brandGlyph, GlyphLabel::Brand{}),
-                         new Label(ToolSidebarView::title, TextStyle::headline)),
-             new Divider,
-             stack(Qt::Vertical,
-                   {.spacing = 0, .padding = {inset, Size::searchTop, inset, Size::searchBottom}}, {search}),
-             tools->list(),
-             new Divider,
-             sidebarLine(Size::footerHeight, Size::brandGap,
-                         new GlyphLabel(ToolSidebarView::footerIcon, Size::footerGlyph, PaletteColor::green),
-                         new Label(ToolSidebarView::footer, TextStyle::caption, Role::secondary)),
-         });
+    constexpr auto inset = sidebarInset;
+    fill(
+        column, Qt::Vertical, {.spacing = 0, .padding = {0, 0, 1, 0}},
+        {
+            menuStrip,
+            sidebarLine(brandHeight, brandGap,
+                        new GlyphLabel(ToolSidebarView::icon, brandGlyph, GlyphLabel::Brand{}),
+                        new Label(ToolSidebarView::title, TextStyle::headline)),
+            new Divider,
+            stack(Qt::Vertical, {.spacing = 0, .padding = {inset, searchTop, inset, searchBottom}}, {search}),
+            tools->list(),
+            new Divider,
+            sidebarLine(footerHeight, brandGap,
+                        new GlyphLabel(ToolSidebarView::footerIcon, footerGlyph, PaletteColor::green),
+                        new Label(ToolSidebarView::footer, TextStyle::caption, Role::secondary)),
+        });
     new OverlayScrollBar(Qt::Vertical, tools->list(), tools->list());
     tools->list()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     store.onRefresh([tools] { tools->refresh(); });

@@ -1,4 +1,5 @@
 #include "Desktop/Window/TopStrip.h"
+#include "Desktop/Window/Sidebar.h"
 
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Layout/Stack.h"
@@ -19,6 +20,13 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int windowButtonSize = 28;
+constexpr int windowButtonGap = 4;
+constexpr int windowGlyphMinimise = 13;
+constexpr int windowGlyphMaximise = 11;
+constexpr int windowGlyphClose = 12;
+
 /// One of the three buttons at the window's corner. Its glyph is asked for whenever it is painted.
 class WindowButton final : public GlyphButton {
 public:
@@ -26,12 +34,12 @@ public:
         : GlyphButton(name, glyph()), m_glyph(std::move(glyph)) {
         setToolTip(text());
         setMetrics({.style = Theme::TextStyle::quiet,
-                    .height = Size::windowButton,
-                    .padding = (Size::windowButton - glyphSize) / 2,
+                    .height = windowButtonSize,
+                    .padding = (windowButtonSize - glyphSize) / 2,
                     .glyph = glyphSize,
                     .gap = 0,
                     .radius = Size::radiusMedium});
-        setFixedSize(Theme::px(Size::windowButton), Theme::px(Size::windowButton));
+        setFixedSize(Theme::px(windowButtonSize), Theme::px(windowButtonSize));
     }
 
 protected:
@@ -59,7 +67,7 @@ QWidget* windowButton(std::string_view name, std::function<std::string_view()> g
 } // namespace
 
 TopStrip::TopStrip() {
-    setFixedHeight(Theme::px(Size::stripHeight));
+    setFixedHeight(Theme::px(stripHeight));
 }
 
 void TopStrip::mousePressEvent(QMouseEvent* event) {
@@ -85,7 +93,7 @@ void TopStrip::mouseDoubleClickEvent(QMouseEvent* event) {
 QWidget* menuStrip(QWidget* menuBar) {
     auto* strip = new TopStrip;
     fill(strip, Qt::Horizontal,
-         {.spacing = 0, .padding = {Size::sidebarTextInset - Size::stripMenuPadding, 0, 0, 0}},
+         {.spacing = 0, .padding = {sidebarTextInset - Size::stripMenuPadding, 0, 0, 0}},
          {menuBar, stretch()});
     return strip;
 }
@@ -93,19 +101,17 @@ QWidget* menuStrip(QWidget* menuBar) {
 QWidget* windowButtonStrip(QWidget* window) {
     auto* strip = new TopStrip;
     fill(
-        strip, Qt::Horizontal,
-        {.spacing = Size::windowButtonGap, .padding = {0, 0, Size::windowButtonGap, 0}},
+        strip, Qt::Horizontal, {.spacing = windowButtonGap, .padding = {0, 0, windowButtonGap, 0}},
         {
             stretch(),
             windowButton(
-                "Minimize", [] { return "window.minimise"; }, Size::windowGlyphMinimise,
+                "Minimize", [] { return "window.minimise"; }, windowGlyphMinimise,
                 [window] { window->showMinimized(); }),
             windowButton(
                 "Maximize", [window] { return window->isMaximized() ? "window.restore" : "window.maximise"; },
-                Size::windowGlyphMaximise, [window] { toggleMaximized(window); }),
+                windowGlyphMaximise, [window] { toggleMaximized(window); }),
             windowButton(
-                "Close", [] { return "window.close"; }, Size::windowGlyphClose,
-                [window] { window->close(); }),
+                "Close", [] { return "window.close"; }, windowGlyphClose, [window] { window->close(); }),
         });
     return strip;
 }

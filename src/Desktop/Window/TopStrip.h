@@ -6,6 +6,9 @@
 
 namespace korvane {
 
+/// The height of the strip, in pixels at a 13-pixel body text.
+inline constexpr int stripHeight = 36;
+
 /// A stretch of the strip around `content`, at its left or right end.
 class TopStrip final : public QWidget {
 public:

@@ -14,6 +14,9 @@ namespace korvane {
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int windowGrip = 5;
+
 /// An invisible strip or corner that hands a press on to the window system.
 class Grip final : public QWidget {
 public:
@@ -103,7 +106,7 @@ void WindowEdges::place() {
     m_outline->raise();
     for (auto* grip : m_grips) {
         const auto edges = static_cast<Grip*>(grip)->edges();
-        grip->setGeometry(gripRect(edges, m_window->rect(), Theme::px(Theme::Size::windowGrip)));
+        grip->setGeometry(gripRect(edges, m_window->rect(), Theme::px(windowGrip)));
         grip->setVisible(isFree);
         grip->raise();
     }

@@ -3,10 +3,10 @@
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Slider.h"
 #include "Desktop/Controls/Stepper.h"
+#include "Desktop/Controls/TextField.h"
 #include "Desktop/Controls/Toggle.h"
 #include "Desktop/Layout/Stack.h"
 #include "Desktop/Text/SelectableText.h"
-#include "Desktop/Text/TextField.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 

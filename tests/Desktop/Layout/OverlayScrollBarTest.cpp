@@ -39,7 +39,7 @@ struct OverlayScrollBarTest : testing::Test {
     /// How far the thumb is along its way, from 0 to 1.
     double share() const {
         const auto thumb = bar().thumb();
-        const auto inset = Theme::px(Theme::Size::scrollEndInset);
+        const auto inset = Theme::px(scrollEndInset);
         return (thumb.top() - inset) / (bar().height() - 2 * inset - thumb.height());
     }
 };

@@ -23,6 +23,13 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int swatchHeight = 150;
+constexpr int colorWellWidth = 44;
+constexpr int colorWellHeight = 28;
+constexpr int colorWellInset = 4;
+constexpr int colorWellRadius = 3;
+
 /// Black stands for a colour that is not in sRGB, as in the texts.
 QColor qColor(const Color& color) {
     const auto shown = color.sRGB().value_or(Color());
@@ -44,7 +51,7 @@ public:
         setToolTip(text());
         setFocusPolicy(Qt::TabFocus);
         setAttribute(Qt::WA_Hover);
-        setFixedSize(Theme::px(Size::colorWellWidth), Theme::px(Size::colorWellHeight));
+        setFixedSize(Theme::px(colorWellWidth), Theme::px(colorWellHeight));
         giveFocusRing(this, this, Size::radiusSmall);
         connect(this, &QAbstractButton::clicked, this, [this] { openDialog(); });
     }
@@ -71,8 +78,8 @@ protected:
                                          : Role::controlFill;
         paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::color(fill),
                      Theme::color(Role::outline));
-        const auto inset = Theme::px(Size::colorWellInset);
-        paintSurface(painter, rect().adjusted(inset, inset, -inset, -inset), Theme::px(Size::colorWellRadius),
+        const auto inset = Theme::px(colorWellInset);
+        paintSurface(painter, rect().adjusted(inset, inset, -inset, -inset), Theme::px(colorWellRadius),
                      qColor(m_color));
     }
 
@@ -108,7 +115,7 @@ class Swatch final : public QWidget, public AccessibleControl {
 public:
     explicit Swatch(std::string_view label) {
         setAccessibleName(qString(label));
-        setFixedHeight(Theme::px(Size::swatchHeight));
+        setFixedHeight(Theme::px(swatchHeight));
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     }
 

@@ -35,6 +35,16 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int diffTitlePaddingX = 12;
+constexpr int diffTitlePaddingY = 8;
+constexpr int diffRow = 20;
+constexpr int diffPaddingY = 4;
+constexpr int diffNumber = 40;
+constexpr int diffNumberGap = 8;
+constexpr int diffPrefix = 16;
+constexpr int diffPaddingRight = 8;
+
 using Lines = std::vector<DiffLine>;
 
 /// A list of lines below its title.
@@ -50,14 +60,14 @@ public:
         m_list->setAccessibleName(qString(title));
         TextZoom::follow(m_list.get(), [this] {
             m_width = -1;
-            m_list->setRowHeight(TextZoom::px(Size::diffRow));
+            m_list->setRowHeight(TextZoom::px(diffRow));
         });
         m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
         setFocusProxy(m_list.get());
         giveFocusRing(m_list.get(), this, Size::radiusMedium);
         auto* place = stack(Qt::Vertical, {.spacing = 0}, {m_list.get()});
-        constexpr auto x = Size::diffTitlePaddingX;
-        constexpr auto y = Size::diffTitlePaddingY;
+        constexpr auto x = diffTitlePaddingX;
+        constexpr auto y = diffTitlePaddingY;
         fill(this, Qt::Vertical, {.spacing = 0},
              {stack(Qt::Vertical, {.padding = {x - edge(), y - Size::panelOutline, x, y}},
                     {new Label(title, TextStyle::quietStrong)}),
@@ -67,7 +77,7 @@ public:
     }
 
     static int titleHeight() {
-        return Theme::lineHeight(TextStyle::quietStrong) + 2 * Theme::px(Size::diffTitlePaddingY) -
+        return Theme::lineHeight(TextStyle::quietStrong) + 2 * Theme::px(diffTitlePaddingY) -
                Theme::px(Size::panelOutline);
     }
 
@@ -101,8 +111,8 @@ private:
             .commands = commands(),
             .textLeft = [this](int) { return contentLeft(); },
             .width = [this] { return width(); },
-            .height = TextZoom::px(Size::diffRow),
-            .topPadding = Theme::px(Size::diffPaddingY)};
+            .height = TextZoom::px(diffRow),
+            .topPadding = Theme::px(diffPaddingY)};
     }
 
     int count() const { return m_result ? static_cast<int>((m_result->*m_lines).size()) : 0; }
@@ -121,7 +131,7 @@ private:
 
     QRect caret(const DiffLine& line, std::size_t offset) const {
         const auto x = rowTextX(line.content, offset, TextZoom::font(TextStyle::codeSmall));
-        return {contentLeft() + static_cast<int>(std::min(x, widestText)), 0, 1, TextZoom::px(Size::diffRow)};
+        return {contentLeft() + static_cast<int>(std::min(x, widestText)), 0, 1, TextZoom::px(diffRow)};
     }
 
     std::vector<RowCommand> commands() {
@@ -150,14 +160,13 @@ private:
         const auto highest = stats.unchanged + std::max(stats.added, stats.removed);
         const auto digits =
             QFontMetrics(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance(QString::number(highest));
-        return std::max(TextZoom::px(Size::diffNumber) - Theme::px(edge()),
-                        digits + Theme::px(Size::diffNumberGap));
+        return std::max(TextZoom::px(diffNumber) - Theme::px(edge()), digits + Theme::px(diffNumberGap));
     }
 
     /// Where the content of a line begins.
     int contentLeft() const {
-        return numberWidth() + Theme::px(Size::diffNumberGap) +
-               (m_options.showsPrefixes ? TextZoom::px(Size::diffPrefix) : 0);
+        return numberWidth() + Theme::px(diffNumberGap) +
+               (m_options.showsPrefixes ? TextZoom::px(diffPrefix) : 0);
     }
 
     /// The room that the longest line needs.
@@ -171,7 +180,7 @@ private:
         }
         const auto column = QFontMetricsF(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance('0');
         const auto widest = std::min(std::ceil(static_cast<double>(columns) * column), widestText);
-        m_width = contentLeft() + static_cast<int>(widest) + Theme::px(Size::diffPaddingRight);
+        m_width = contentLeft() + static_cast<int>(widest) + Theme::px(diffPaddingRight);
         return m_width;
     }
 
@@ -199,8 +208,8 @@ private:
         font.setBold(true);
         painter.setFont(font);
         painter.setPen(color && !state.isCurrent ? Theme::textTone(*color) : Theme::color(Role::primary));
-        place.setLeft(place.right() + 1 + Theme::px(Size::diffNumberGap));
-        place.setWidth(TextZoom::px(Size::diffPrefix));
+        place.setLeft(place.right() + 1 + Theme::px(diffNumberGap));
+        place.setWidth(TextZoom::px(diffPrefix));
         painter.drawText(place, Qt::AlignCenter, qString(shown.prefix()));
     }
 

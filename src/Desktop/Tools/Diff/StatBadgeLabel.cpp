@@ -19,6 +19,11 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int statBadgeDot = 8;
+constexpr int statBadgePaddingX = 10;
+constexpr int statBadgePaddingY = 6;
+
 class StatBadgeLabel final : public QLabel {
 public:
     StatBadgeLabel() { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
@@ -33,8 +38,8 @@ public:
 
     QSize sizeHint() const override {
         return {textLeft() + QFontMetrics(Theme::font(TextStyle::quiet)).horizontalAdvance(text()) + 1 +
-                    Theme::px(Size::statBadgePaddingX),
-                Theme::lineHeight(TextStyle::quiet) + 2 * Theme::px(Size::statBadgePaddingY)};
+                    Theme::px(statBadgePaddingX),
+                Theme::lineHeight(TextStyle::quiet) + 2 * Theme::px(statBadgePaddingY)};
     }
 
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -45,9 +50,9 @@ protected:
         const auto fill = m_badge.color ? Theme::withTint(*m_badge.color, Theme::Tint::badge)
                                         : Theme::color(Role::plainBadgeFill);
         paintSurface(painter, rect(), Theme::px(Size::radiusSmall), fill);
-        const auto dot = Theme::px(Size::statBadgeDot);
+        const auto dot = Theme::px(statBadgeDot);
         painter.setBrush(m_badge.color ? Theme::hue(*m_badge.color) : Theme::color(Role::secondary));
-        painter.drawEllipse(QRectF(Theme::px(Size::statBadgePaddingX), (height() - dot) / 2.0, dot, dot));
+        painter.drawEllipse(QRectF(Theme::px(statBadgePaddingX), (height() - dot) / 2.0, dot, dot));
         painter.setFont(Theme::font(TextStyle::quiet));
         painter.setPen(Theme::color(Role::secondary));
         painter.drawText(rect().adjusted(textLeft(), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
@@ -55,7 +60,7 @@ protected:
 
 private:
     static int textLeft() {
-        return Theme::px(Size::statBadgePaddingX) + Theme::px(Size::statBadgeDot) + Theme::px(Size::gapBadge);
+        return Theme::px(statBadgePaddingX) + Theme::px(statBadgeDot) + Theme::px(Size::gapBadge);
     }
 
     StatBadge m_badge;

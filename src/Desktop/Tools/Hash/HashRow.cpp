@@ -26,6 +26,12 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int hashRowPadding = 12;
+constexpr int hashRowGap = 12;
+constexpr int hashLengthWidth = 62;
+constexpr int hashLengthHeight = 21;
+
 /// The row's surface, in the colour of its algorithm while it is the chosen one.
 class HashRowButton final : public QAbstractButton, public ChoiceButton {
 public:
@@ -56,7 +62,7 @@ private:
 /// `label` in the middle of a plate of fixed size, so that those of several rows line up.
 QWidget* lengthPlate(Label* label) {
     auto* plate = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusBadge);
-    plate->setFixedSize(Theme::px(Size::hashLengthWidth), Theme::px(Size::hashLengthHeight));
+    plate->setFixedSize(Theme::px(hashLengthWidth), Theme::px(hashLengthHeight));
     label->setAlignment(Qt::AlignCenter);
     fill(plate, Qt::Vertical, {.spacing = 0}, {label});
     return plate;
@@ -77,9 +83,8 @@ QWidget* hashRow(Store& store, HashGenerator::HashAlgorithm algorithm, const Rea
         copyButton(store, [read] { return read().hash; }, {.look = {.showLabel = false, .subject = name}});
     auto* fading = new QGraphicsOpacityEffect(copy);
     copy->setGraphicsEffect(fading);
-    constexpr auto padding = Size::hashRowPadding;
-    fill(button, Qt::Horizontal,
-         {.spacing = Size::hashRowGap, .padding = {padding, padding, padding, padding}},
+    constexpr auto padding = hashRowPadding;
+    fill(button, Qt::Horizontal, {.spacing = hashRowGap, .padding = {padding, padding, padding, padding}},
          {tag(name, color(algorithm)), digest, plate, copy});
     store.onRefresh([=] {
         const auto current = read();

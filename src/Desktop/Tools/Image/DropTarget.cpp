@@ -20,6 +20,9 @@ using Theme::Size;
 
 namespace {
 
+/// The length of the dashes around a place to drop something on, and of the gaps, in widths of the line.
+constexpr double dropDash = 2.5;
+
 /// Whether the drag holds what `droppedItems` finds, told without fetching it from the other program.
 bool canBeDropped(const QMimeData& data) {
     for (const auto& url : data.urls()) {
@@ -89,7 +92,7 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setBrush(Theme::color(m_isTargeted ? Role::dropFill : Role::panelFill));
         QPen pen(Theme::color(m_isTargeted ? Role::accent : Role::outlineStrong), 1);
-        pen.setDashPattern({Theme::dropDash, Theme::dropDash});
+        pen.setDashPattern({dropDash, dropDash});
         painter.setPen(pen);
         constexpr double inset = 0.5;
         const auto radius = Theme::px(Size::radiusExtraLarge);

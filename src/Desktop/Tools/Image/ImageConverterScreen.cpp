@@ -25,6 +25,12 @@ namespace korvane {
 
 namespace {
 
+/// The opacity of the glyph in a place to drop something on.
+constexpr double dropGlyphOpacity = 0.8;
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int dropGlyphSize = 40;
+
 using Theme::Role;
 using Theme::Size;
 using Theme::TextStyle;
@@ -41,7 +47,7 @@ constexpr int flipWidth = 110;
 constexpr int noteGlyph = 12;
 
 QWidget* dropGlyph(Role color) {
-    return centered(new GlyphLabel("photo.badge.plus", Size::dropGlyph, color, Theme::dropGlyphOpacity));
+    return centered(new GlyphLabel("photo.badge.plus", dropGlyphSize, color, dropGlyphOpacity));
 }
 
 QWidget* emptySource(Store& store) {

@@ -21,6 +21,9 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int imageMinimum = 150;
+
 /// `image` as the toolkit sees it. The samples are not copied: `image` must outlive the result.
 QImage qImage(const Image& image) {
     return {reinterpret_cast<const uchar*>(image.samples.get()), image.width, image.height,
@@ -35,9 +38,7 @@ public:
 
     QSize sizeHint() const override { return minimumSizeHint(); }
 
-    QSize minimumSizeHint() const override {
-        return {Theme::px(Size::imageMinimum), Theme::px(Size::imageMinimum)};
-    }
+    QSize minimumSizeHint() const override { return {Theme::px(imageMinimum), Theme::px(imageMinimum)}; }
 
     void display(const std::optional<Image>& image) {
         if (image == m_image)
@@ -99,7 +100,7 @@ QWidget* picturePlaceholder(std::string_view text) {
     auto* panel = new Panel(
         stack(Qt::Vertical, {},
               {stretch(), centered(new Label(text, Theme::TextStyle::body, Role::secondary)), stretch()}));
-    panel->setMinimumHeight(Theme::px(Size::imageMinimum));
+    panel->setMinimumHeight(Theme::px(imageMinimum));
     return panel;
 }
 

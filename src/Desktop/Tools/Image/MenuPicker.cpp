@@ -23,11 +23,17 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int menuPickerHeight = 28;
+constexpr int menuPickerLeft = 10;
+constexpr int menuPickerRight = 8;
+constexpr int menuPickerGlyph = 11;
+
 /// A combo box to keyboard and assistive technology, whose list is one of the window's menus.
 class MenuPicker final : public QComboBox, public AccessibleRows {
 public:
     explicit MenuPicker(int width) {
-        setFixedSize(Theme::px(width), Theme::px(Size::menuPickerHeight));
+        setFixedSize(Theme::px(width), Theme::px(menuPickerHeight));
         setFocusPolicy(Qt::TabFocus);
         setAttribute(Qt::WA_Hover);
         giveFocusRing(this, this, Size::radiusSmall);
@@ -107,13 +113,13 @@ protected:
                                          : Role::controlFill;
         paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::color(fill),
                      Theme::color(Role::outline));
-        const auto glyph = Theme::px(Size::menuPickerGlyph);
-        const auto right = width() - Theme::px(Size::menuPickerRight);
+        const auto glyph = Theme::px(menuPickerGlyph);
+        const auto right = width() - Theme::px(menuPickerRight);
         Glyph::paint(painter, "menu.chevrons", QRectF(right - glyph, (height() - glyph) / 2.0, glyph, glyph),
                      Theme::color(Role::secondary));
         painter.setFont(Theme::font(Theme::TextStyle::body));
         painter.setPen(Theme::color(Role::primary));
-        const auto left = Theme::px(Size::menuPickerLeft);
+        const auto left = Theme::px(menuPickerLeft);
         painter.drawText(QRect(left, 0, right - glyph - left, height()), Qt::AlignVCenter | Qt::AlignLeft,
                          currentText());
     }

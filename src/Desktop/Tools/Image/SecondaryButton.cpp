@@ -13,6 +13,9 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int secondaryGlyph = 13;
+
 class SecondaryButton final : public GlyphButton {
 public:
     SecondaryButton(std::string_view title, std::string_view icon, bool isProminent)
@@ -20,7 +23,7 @@ public:
         setMetrics({.style = m_isProminent ? Theme::TextStyle::button : Theme::TextStyle::bodyMedium,
                     .height = Size::actionHeight,
                     .padding = Size::actionPadding,
-                    .glyph = m_isProminent ? Size::actionGlyph : Size::secondaryGlyph,
+                    .glyph = m_isProminent ? Size::actionGlyph : secondaryGlyph,
                     .gap = Size::gapBadge,
                     .radius = Size::radiusMedium});
         setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -31,6 +31,17 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int treeRow = 20;
+constexpr int treeIndent = 20;
+constexpr int treeChevronBox = 16;
+constexpr int treeChevron = 10;
+constexpr int treeGlyph = 11;
+constexpr int treeValueGap = 8;
+constexpr int treeGap = 4;
+constexpr int treePaddingX = 8;
+constexpr int treePaddingY = 10;
+
 /// Draws the rows, folds them by pointer and keyboard, and knows how wide they are.
 class TreeController {
 public:
@@ -83,7 +94,7 @@ private:
             .isExpanded = [this](int row) { return isExpanded(m_rows.at(static_cast<std::size_t>(row))); },
             .width = [this] { return width(); },
             .height = rowHeight(),
-            .topPadding = Theme::px(Size::treePaddingY - Size::panelOutline)};
+            .topPadding = Theme::px(treePaddingY - Size::panelOutline)};
     }
 
     std::vector<RowCommand> commands() {
@@ -101,7 +112,7 @@ private:
         announce(*m_list, QWidget::tr("Copied"));
     }
 
-    static int rowHeight() { return TextZoom::px(Size::treeRow) + TextZoom::px(Size::treeGap); }
+    static int rowHeight() { return TextZoom::px(treeRow) + TextZoom::px(treeGap); }
 
     static std::optional<bool> isExpanded(const TreeRow& row) {
         return row.hasChildren ? std::optional(row.isExpanded) : std::nullopt;
@@ -117,21 +128,21 @@ private:
     }
 
     static QRectF chevronBox(const TreeRow& row, const QRect& rect) {
-        const auto left = rect.left() + Theme::px(Size::treePaddingX - Size::panelOutline) +
-                          row.depth * TextZoom::px(Size::treeIndent);
+        const auto left =
+            rect.left() + Theme::px(treePaddingX - Size::panelOutline) + row.depth * TextZoom::px(treeIndent);
         return {static_cast<double>(left), static_cast<double>(rect.top()),
-                static_cast<double>(TextZoom::px(Size::treeChevronBox)),
-                static_cast<double>(TextZoom::px(Size::treeRow))};
+                static_cast<double>(TextZoom::px(treeChevronBox)),
+                static_cast<double>(TextZoom::px(treeRow))};
     }
 
     /// Where a row's glyph begins, behind which its texts are.
     static int textLeft(const TreeRow& row) {
-        return static_cast<int>(chevronBox(row, {}).right()) + TextZoom::px(Size::treeGap);
+        return static_cast<int>(chevronBox(row, {}).right()) + TextZoom::px(treeGap);
     }
 
     void paint(QPainter& painter, const QRect& rect, int number, RowState state) {
         const auto row = m_rows.at(static_cast<std::size_t>(number));
-        const auto height = TextZoom::px(Size::treeRow);
+        const auto height = TextZoom::px(treeRow);
         painter.setRenderHint(QPainter::Antialiasing);
         if (state.isCurrent || state.isHovered) {
             painter.setPen(Qt::NoPen);
@@ -143,8 +154,8 @@ private:
         auto box = chevronBox(row, rect);
         if (row.hasChildren)
             paintChevron(painter, box, row.isExpanded, number);
-        const auto gap = TextZoom::px(Size::treeGap);
-        const auto glyph = TextZoom::px(Size::treeGlyph);
+        const auto gap = TextZoom::px(treeGap);
+        const auto glyph = TextZoom::px(treeGlyph);
         double x = box.right() + gap;
         Glyph::paint(painter, row.icon, QRectF(x, rect.top() + (height - glyph) / 2.0, glyph, glyph),
                      Theme::hue(row.color));
@@ -156,7 +167,7 @@ private:
         const auto primary = Theme::color(Role::primary);
         draw(row.key, TextStyle::codeMedium, primary);
         if (!row.value.empty()) {
-            x += TextZoom::px(Size::treeValueGap);
+            x += TextZoom::px(treeValueGap);
             draw(row.value, TextStyle::code, state.isCurrent ? primary : Theme::textTone(row.color));
         }
         if (!row.count.empty()) {
@@ -167,7 +178,7 @@ private:
     }
 
     void paintChevron(QPainter& painter, const QRectF& box, bool isExpanded, int number) const {
-        const auto size = TextZoom::px(Size::treeChevron);
+        const auto size = TextZoom::px(treeChevron);
         const QRectF glyph(-size / 2.0, -size / 2.0, size, size);
         painter.save();
         painter.translate(box.center());
@@ -237,12 +248,12 @@ private:
         for (std::size_t number = 0; number < m_rows.count; ++number) {
             const auto row = m_rows.at(number);
             const auto columns = columnCount(row.key) + columnCount(row.value) + row.count.size();
-            widest = std::max(widest, static_cast<double>(columns) * column +
-                                          row.depth * TextZoom::px(Size::treeIndent));
+            widest = std::max(widest,
+                              static_cast<double>(columns) * column + row.depth * TextZoom::px(treeIndent));
         }
-        m_width = static_cast<int>(std::ceil(widest)) + TextZoom::px(Size::treeChevronBox) +
-                  TextZoom::px(Size::treeGlyph) + TextZoom::px(Size::treeValueGap) +
-                  3 * TextZoom::px(Size::treeGap) + 2 * Theme::px(Size::treePaddingX);
+        m_width = static_cast<int>(std::ceil(widest)) + TextZoom::px(treeChevronBox) +
+                  TextZoom::px(treeGlyph) + TextZoom::px(treeValueGap) + 3 * TextZoom::px(treeGap) +
+                  2 * Theme::px(treePaddingX);
         return m_width;
     }
 

@@ -15,6 +15,14 @@ using Theme::Role;
 using Theme::Size;
 using Theme::TextStyle;
 
+namespace {
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int pillWidth = 84;
+constexpr int pillPadding = 8;
+
+} // namespace
+
 QWidget* statPill(Store& store, const Reader<StatPill>& pill) {
     auto* value = new Label({}, TextStyle::pill);
     auto* title = new Label({}, TextStyle::caption, Role::secondary);
@@ -27,9 +35,8 @@ QWidget* statPill(Store& store, const Reader<StatPill>& pill) {
         title->display(current.label);
     });
     auto* card = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusMedium);
-    fill(card, Qt::Vertical, {.spacing = 0, .padding = {0, Size::pillPadding, 0, Size::pillPadding}},
-         {value, title});
-    return withWidth(Size::pillWidth, card);
+    fill(card, Qt::Vertical, {.spacing = 0, .padding = {0, pillPadding, 0, pillPadding}}, {value, title});
+    return withWidth(pillWidth, card);
 }
 
 } // namespace korvane

@@ -1,4 +1,5 @@
 #include "Desktop/Tools/Markdown/MarkdownBrowser.h"
+#include "Desktop/Tools/Markdown/MarkdownDocument.h"
 
 #include "Desktop/Access/ContextMenu.h"
 #include "Desktop/Binding/Store.h"
@@ -33,6 +34,11 @@ using Theme::Size;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int proseMarkerGap = 8;
+constexpr int proseQuoteBar = 3;
+constexpr int proseChipHeight = 18;
+
 using Kind = MarkdownRow::Kind;
 
 /// Fills `area`, a part of a rounded rectangle that goes on above or below where it is not rounded there.
@@ -58,8 +64,8 @@ void paintMarker(QPainter& painter, const QTextBlock& block, QPointF origin, con
 
 /// Lays a chip behind the characters of `block` from `start` to `end`, one on each line.
 void paintChip(QPainter& painter, const QTextBlock& block, QPointF origin, int start, int end) {
-    const auto padding = Theme::px(Size::proseChipPadding);
-    const auto height = TextZoom::px(Size::proseChipHeight);
+    const auto padding = Theme::px(proseChipPadding);
+    const auto height = TextZoom::px(proseChipHeight);
     const auto& layout = *block.layout();
     for (int i = 0; i < layout.lineCount(); ++i) {
         const auto line = layout.lineAt(i);
@@ -194,7 +200,7 @@ void MarkdownBrowser::paintBehind(QPainter& painter, const QTextBlock& block, co
         fillRounded(painter, area, row.beginsBlock, row.endsBlock);
         return;
     case Kind::quote:
-        painter.fillRect(QRectF(area.left(), area.top(), Theme::px(Size::proseQuoteBar), area.height()),
+        painter.fillRect(QRectF(area.left(), area.top(), Theme::px(proseQuoteBar), area.height()),
                          Theme::color(Role::outlineStrong));
         break;
     case Kind::rule:
@@ -205,7 +211,7 @@ void MarkdownBrowser::paintBehind(QPainter& painter, const QTextBlock& block, co
         if (!row.continuesText) {
             const auto marker =
                 row.kind == Kind::orderedItem ? QString::number(row.number) + u'.' : QStringLiteral("•");
-            paintMarker(painter, block, origin, marker, textLeft - Theme::px(Size::proseMarkerGap));
+            paintMarker(painter, block, origin, marker, textLeft - Theme::px(proseMarkerGap));
         }
         break;
     case Kind::header:

@@ -22,12 +22,24 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int prosePadding = 16;
+constexpr int proseGap = 10;
+constexpr int proseItemGap = 4;
+constexpr int proseHeader2Gap = 18;
+constexpr int proseHeader3Gap = 16;
+constexpr int proseBullet = 18;
+constexpr int proseNumber = 22;
+constexpr int proseLanguageGap = 4;
+constexpr int proseQuoteInset = 15;
+constexpr int proseQuotePadding = 2;
+
 using Kind = MarkdownRow::Kind;
 
 constexpr int inlineCodeProperty = QTextFormat::UserProperty;
 
 /// Around all rows. It counts from the panel's edge, whose outline is outside the document.
-constexpr int margin = Size::prosePadding - Size::panelOutline;
+constexpr int margin = prosePadding - Size::panelOutline;
 
 struct Common {
     std::size_t prefix;
@@ -70,9 +82,9 @@ int unscaledBoxPadding(Kind kind) {
     switch (kind) {
     case Kind::language:
     case Kind::code:
-        return Size::proseCodePadding;
+        return proseCodePadding;
     case Kind::quote:
-        return Size::proseQuotePadding;
+        return proseQuotePadding;
     case Kind::header:
     case Kind::paragraph:
     case Kind::unorderedItem:
@@ -86,8 +98,8 @@ int unscaledBoxPadding(Kind kind) {
 /// The distance between a block and the one above it.
 int blockGap(const MarkdownRow& row) {
     if (row.kind != Kind::header || row.number == 1)
-        return Size::proseGap;
-    return row.number == 2 ? Size::proseHeader2Gap : Size::proseHeader3Gap;
+        return proseGap;
+    return row.number == 2 ? proseHeader2Gap : proseHeader3Gap;
 }
 
 /// The distance from the text of the row above to the row's own. (The first block of a document has none.)
@@ -97,8 +109,8 @@ int topMargin(const MarkdownRow& row) {
     if (row.beginsBlock)
         return unscaledBoxPadding(*row.above) + blockGap(row) + unscaledBoxPadding(row.kind);
     if (row.above == Kind::language)
-        return Size::proseLanguageGap;
-    return row.kind == Kind::unorderedItem || row.kind == Kind::orderedItem ? Size::proseItemGap : 0;
+        return proseLanguageGap;
+    return row.kind == Kind::unorderedItem || row.kind == Kind::orderedItem ? proseItemGap : 0;
 }
 
 /// The distance from the text to the end of the row. (Of it and the next row's top margin only the larger one
@@ -106,24 +118,24 @@ int topMargin(const MarkdownRow& row) {
 int bottomMargin(const MarkdownRow& row) {
     if (row.endsBlock)
         return unscaledBoxPadding(row.kind);
-    return row.kind == Kind::language ? Size::proseLanguageGap : 0;
+    return row.kind == Kind::language ? proseLanguageGap : 0;
 }
 
 /// The width of the number of an item, and of as many digits as the highest number of its list has.
 int numberIndent(const MarkdownRow& row) {
     const auto widthOfDigit = QFontMetricsF(TextZoom::font(TextStyle::document)).horizontalAdvance(u'0');
-    return TextZoom::px(Size::proseNumber) + static_cast<int>((row.digits - 1) * widthOfDigit);
+    return TextZoom::px(proseNumber) + static_cast<int>((row.digits - 1) * widthOfDigit);
 }
 
 int leftMargin(const MarkdownRow& row) {
     switch (row.kind) {
     case Kind::language:
     case Kind::code:
-        return Theme::px(Size::proseCodePadding);
+        return Theme::px(proseCodePadding);
     case Kind::quote:
-        return Theme::px(Size::proseQuoteInset);
+        return Theme::px(proseQuoteInset);
     case Kind::unorderedItem:
-        return TextZoom::px(Size::proseBullet);
+        return TextZoom::px(proseBullet);
     case Kind::orderedItem:
         return numberIndent(row);
     case Kind::header:
@@ -140,11 +152,11 @@ QTextBlockFormat blockFormat(const MarkdownRow& row) {
     format.setBottomMargin(TextZoom::px(bottomMargin(row)));
     format.setLeftMargin(leftMargin(row));
     if (row.kind == Kind::language || row.kind == Kind::code)
-        format.setRightMargin(Theme::px(Size::proseCodePadding));
+        format.setRightMargin(Theme::px(proseCodePadding));
     format.setLineHeight(row.kind == Kind::rule ? 1 : TextZoom::lineHeight(textStyle(row)),
                          QTextBlockFormat::FixedHeight);
     if (!row.runs.empty() && row.runs.front().isCode)
-        format.setTextIndent(Theme::px(Size::proseChipPadding));
+        format.setTextIndent(Theme::px(proseChipPadding));
     return format;
 }
 
@@ -201,7 +213,7 @@ void insertRuns(QTextCursor& cursor, const MarkdownRow& row, const QTextCharForm
         const bool beginsChip = run + 1 < row.runs.size() && row.runs[run + 1].isCode;
         const bool hasGap = row.runs[run].isCode || beginsChip;
         insertSpaced(cursor, textOf(row.runs[run]), charFormat(rowFormat, row.runs[run]),
-                     hasGap ? Theme::px(Size::proseChipPadding) : 0);
+                     hasGap ? Theme::px(proseChipPadding) : 0);
     }
 }
 

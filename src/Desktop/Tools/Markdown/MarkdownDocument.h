@@ -15,6 +15,12 @@
 
 namespace korvane {
 
+/// The padding of code within a line, in pixels at a 13-pixel body text.
+inline constexpr int proseChipPadding = 5;
+
+/// The padding of a block of code, in pixels at a 13-pixel body text.
+inline constexpr int proseCodePadding = 12;
+
 /// The font of a header of `level`, from 1 to 6: the higher the level, the smaller.
 QFont headerFont(int level);
 

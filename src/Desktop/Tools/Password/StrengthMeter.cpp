@@ -16,9 +16,14 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int strengthWidth = 100;
+constexpr int strengthHeight = 6;
+constexpr int strengthGap = 4;
+
 class StrengthBars final : public QWidget {
 public:
-    StrengthBars() { setFixedSize(Theme::px(Size::strengthWidth), Theme::px(Size::strengthHeight)); }
+    StrengthBars() { setFixedSize(Theme::px(strengthWidth), Theme::px(strengthHeight)); }
 
     void display(PasswordStrength strength) {
         if (strength == m_strength)
@@ -30,7 +35,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         constexpr auto& steps = allCases<PasswordStrength>;
-        const auto gap = Theme::px(Size::strengthGap);
+        const auto gap = Theme::px(strengthGap);
         const auto radius = Theme::px(Size::radiusBar);
         const auto barWidth =
             (width() - gap * static_cast<double>(steps.size() - 1)) / static_cast<double>(steps.size());

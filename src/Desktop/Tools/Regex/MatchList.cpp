@@ -1,4 +1,5 @@
 #include "Desktop/Tools/Regex/MatchList.h"
+#include "Desktop/Tools/Regex/MatchRow.h"
 
 #include "Desktop/Access/ContextMenu.h"
 #include "Desktop/Binding/Store.h"
@@ -30,33 +31,40 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int matchRow = 32;
+constexpr int matchListPadding = 8;
+constexpr int matchCountInset = 2;
+constexpr int matchCountBottom = 4;
+constexpr int matchCardPadding = 2;
+constexpr int matchHeading = 64;
+constexpr int matchListMinimum = 180;
+
 class MatchPanel final : public Panel {
 public:
     explicit MatchPanel(MatchList* list) : Panel(list) { new OverlayScrollBar(Qt::Vertical, list, this); }
 
-    QSize sizeHint() const override {
-        return {Theme::px(Size::matchListMinimum), Theme::px(Size::matchListMinimum)};
-    }
+    QSize sizeHint() const override { return {Theme::px(matchListMinimum), Theme::px(matchListMinimum)}; }
 };
 
 /// From the list's edges; the panel's outline is outside it.
 int listPadding() {
-    return Theme::px(Size::matchListPadding) - Size::panelOutline;
+    return Theme::px(matchListPadding) - Size::panelOutline;
 }
 
 int countTop() {
-    return listPadding() + Theme::px(Size::matchCountInset);
+    return listPadding() + Theme::px(matchCountInset);
 }
 
 int firstCardTop() {
     return countTop() + Theme::lineHeight(TextStyle::subheadline) +
-           Theme::px(Size::matchCountBottom + Size::gapList);
+           Theme::px(matchCountBottom + Size::gapList);
 }
 
 /// What a card takes beside its lines: the room above the first and below the last, and the gap to the next
 /// card.
 int cardExtra() {
-    return Theme::px(2 * Size::matchCardPadding + Size::gapList);
+    return Theme::px(2 * matchCardPadding + Size::gapList);
 }
 
 } // namespace
@@ -86,14 +94,14 @@ void MatchList::display(const RegexMatches& matches, std::string_view count) {
 // collects keep them within an int.
 
 int MatchList::cardTop(std::size_t match) const {
-    return firstCardTop() + static_cast<int>(m_matches.firstLine(match)) * Theme::px(Size::matchRow) +
+    return firstCardTop() + static_cast<int>(m_matches.firstLine(match)) * Theme::px(matchRow) +
            static_cast<int>(match) * cardExtra();
 }
 
 int MatchList::lineTop(std::size_t line) const {
     const auto match = m_matches.line(line).match;
-    return cardTop(match) + Theme::px(Size::matchCardPadding) +
-           static_cast<int>(line - m_matches.firstLine(match)) * Theme::px(Size::matchRow);
+    return cardTop(match) + Theme::px(matchCardPadding) +
+           static_cast<int>(line - m_matches.firstLine(match)) * Theme::px(matchRow);
 }
 
 std::size_t MatchList::matchAt(int y) const {
@@ -107,13 +115,12 @@ std::size_t MatchList::lineAt(int y) const {
     const auto match = matchAt(y);
     const auto first = m_matches.firstLine(match);
     const auto count = m_matches.firstLine(match + 1) - first;
-    const auto above =
-        std::max(y - cardTop(match) - Theme::px(Size::matchCardPadding), 0) / Theme::px(Size::matchRow);
+    const auto above = std::max(y - cardTop(match) - Theme::px(matchCardPadding), 0) / Theme::px(matchRow);
     return first + std::min(static_cast<std::size_t>(above), count - 1);
 }
 
 std::size_t MatchList::linesOfPage() const {
-    return static_cast<std::size_t>(std::max(viewport()->height() / Theme::px(Size::matchRow), 1));
+    return static_cast<std::size_t>(std::max(viewport()->height() / Theme::px(matchRow), 1));
 }
 
 int MatchList::scrollOffset() const {
@@ -122,7 +129,7 @@ int MatchList::scrollOffset() const {
 
 void MatchList::layOut() {
     const auto content = cardTop(m_matches.size()) - Theme::px(Size::gapList) + listPadding();
-    verticalScrollBar()->setSingleStep(Theme::px(Size::matchRow));
+    verticalScrollBar()->setSingleStep(Theme::px(matchRow));
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(content - viewport()->height(), 0));
     placeRows();
@@ -131,7 +138,7 @@ void MatchList::layOut() {
 
 void MatchList::placeRows() {
     const auto padding = listPadding();
-    const auto inset = padding + Theme::px(Size::matchCountInset);
+    const auto inset = padding + Theme::px(matchCountInset);
     m_count->setGeometry(inset, countTop() - scrollOffset(), viewport()->width() - 2 * inset,
                          Theme::lineHeight(TextStyle::subheadline));
     const bool isEmpty = m_matches.empty();
@@ -141,13 +148,13 @@ void MatchList::placeRows() {
         addRow();
     const QFontMetrics metrics(Theme::font(TextStyle::subheadlineStrong));
     const auto widest = qString(RegexMatchLine{.match = m_matches.size()}.heading());
-    const auto headingWidth = std::max(Theme::px(Size::matchHeading), metrics.horizontalAdvance(widest));
+    const auto headingWidth = std::max(Theme::px(matchHeading), metrics.horizontalAdvance(widest));
     std::vector<bool> isShown(m_rows.size());
     for (auto line = first; line < end; ++line) {
         auto* row = m_rows[line % m_rows.size()];
         isShown[line % m_rows.size()] = true;
         row->setGeometry(padding, lineTop(line) - scrollOffset(), viewport()->width() - 2 * padding,
-                         Theme::px(Size::matchRow));
+                         Theme::px(matchRow));
         showLine(*row, line, headingWidth);
     }
     for (std::size_t index = 0; index < m_rows.size(); ++index)
@@ -174,9 +181,9 @@ void MatchList::setCurrentLine(std::size_t line) {
     if (m_matches.empty())
         return;
     m_current = std::min(line, m_matches.lineCount() - 1);
-    const auto margin = Theme::px(Size::matchCardPadding) + listPadding();
+    const auto margin = Theme::px(matchCardPadding) + listPadding();
     const auto top = m_current == 0 ? 0 : lineTop(m_current) - margin; // the count comes with the first line
-    const auto bottom = lineTop(m_current) + Theme::px(Size::matchRow) + margin;
+    const auto bottom = lineTop(m_current) + Theme::px(matchRow) + margin;
     if (top < scrollOffset())
         verticalScrollBar()->setValue(top);
     else if (bottom > scrollOffset() + viewport()->height())
@@ -221,7 +228,7 @@ int MatchList::accessibleCurrentRow() const {
 QRect MatchList::accessibleRowPlace(int row) const {
     const QPoint corner(listPadding(), lineTop(static_cast<std::size_t>(row)) - scrollOffset());
     return {viewport()->mapToGlobal(corner),
-            QSize(viewport()->width() - 2 * listPadding(), Theme::px(Size::matchRow))};
+            QSize(viewport()->width() - 2 * listPadding(), Theme::px(matchRow))};
 }
 
 int MatchList::accessibleRowAt(QPoint position) const {
@@ -312,7 +319,7 @@ void MatchList::contextMenuEvent(QContextMenuEvent* event) {
     const auto place = accessibleRowPlace(static_cast<int>(m_current));
     showContextMenu(*this,
                     event->reason() == QContextMenuEvent::Keyboard
-                        ? place.bottomLeft() + QPoint(Theme::px(Size::matchCardLeft), 1)
+                        ? place.bottomLeft() + QPoint(Theme::px(matchCardLeft), 1)
                         : event->globalPos(),
                     {{.title = tr("&Copy"), .keys = QKeySequence::Copy, .run = [this] { copy(m_current); }}});
 }
@@ -343,7 +350,7 @@ QWidget* matchList(Store& store, const Reader<RegexMatches>& matches, const Read
 
 QWidget* matchPrompt(std::initializer_list<Item> prompts) {
     auto* panel = growing(card({}, prompts));
-    panel->setMinimumHeight(Theme::px(Size::matchListMinimum));
+    panel->setMinimumHeight(Theme::px(matchListMinimum));
     return panel;
 }
 

@@ -21,6 +21,10 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int matchCardRight = 4;
+constexpr int matchIndent = 16;
+
 /// How much of a long text a tool tip or a name shows, in bytes.
 constexpr std::size_t toolTipLength = 2000;
 constexpr std::size_t nameLength = 200;
@@ -40,8 +44,7 @@ QString startOf(std::string_view text, std::size_t length) {
 MatchRow::MatchRow(std::function<void(std::size_t)> copy)
     : m_copy(new QuietButton({}, {}, {.dropsLabel = true})) {
     m_copy->setFocusPolicy(Qt::NoFocus); // there may be thousands; the list copies by keyboard
-    fill(this, Qt::Horizontal, {.spacing = 0, .padding = {0, 0, Size::matchCardRight, 0}},
-         {stretch(), m_copy});
+    fill(this, Qt::Horizontal, {.spacing = 0, .padding = {0, 0, matchCardRight, 0}}, {stretch(), m_copy});
     QObject::connect(m_copy, &QAbstractButton::clicked, this,
                      [this, copy = std::move(copy)] { copy(m_number); });
 }
@@ -71,8 +74,8 @@ void MatchRow::paintEvent(QPaintEvent*) {
     if (m_isCurrent)
         paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::color(Role::controlHover));
     const bool isGroup = m_line.group.has_value();
-    const auto left = Theme::px(Size::matchCardLeft);
-    const auto indent = isGroup ? Theme::px(Size::matchIndent) : 0;
+    const auto left = Theme::px(matchCardLeft);
+    const auto indent = isGroup ? Theme::px(matchIndent) : 0;
     painter.setFont(Theme::font(isGroup ? TextStyle::subheadline : TextStyle::subheadlineStrong));
     const auto primary = Theme::color(Role::primary);
     const auto tone = [&](PaletteColor color) { return m_isCurrent ? primary : Theme::textTone(color); };

@@ -11,6 +11,9 @@
 
 namespace korvane {
 
+/// The inset of a row in its card, in pixels at a 13-pixel body text.
+inline constexpr int matchCardLeft = 10;
+
 /// The list makes only as many of these as are visible, and has each show one line after another.
 class MatchRow final : public QWidget {
 public:

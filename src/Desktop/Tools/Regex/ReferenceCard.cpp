@@ -12,6 +12,15 @@ using Theme::Role;
 using Theme::Size;
 using Theme::TextStyle;
 
+namespace {
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int referenceGlyph = 13;
+constexpr int referenceColumnGap = 12;
+constexpr int referenceRowGap = 8;
+
+} // namespace
+
 QWidget* referenceCard(std::string_view title, std::string_view icon, int columnCount,
                        std::span<const RegexCheatItem> items) {
     std::vector<QWidget*> cells;
@@ -21,11 +30,10 @@ QWidget* referenceCard(std::string_view title, std::string_view icon, int column
                                new Label(description, TextStyle::caption, Role::secondary)}));
         cells.back()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // no column is wider
     }
-    auto* heading = stack(
-        Qt::Horizontal, {.spacing = Size::gapBadge},
-        {new GlyphLabel(icon, Size::referenceGlyph, Role::secondary), new Label(title, TextStyle::headline)});
-    auto* table =
-        grid(columnCount, {.columnGap = Size::referenceColumnGap, .rowGap = Size::referenceRowGap}, cells);
+    auto* heading =
+        stack(Qt::Horizontal, {.spacing = Size::gapBadge},
+              {new GlyphLabel(icon, referenceGlyph, Role::secondary), new Label(title, TextStyle::headline)});
+    auto* table = grid(columnCount, {.columnGap = referenceColumnGap, .rowGap = referenceRowGap}, cells);
     auto* surface = card({}, {heading, table});
     surface->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return surface;

@@ -24,6 +24,12 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int calendarDayWidth = 28;
+constexpr int calendarDayHeight = 24;
+constexpr int calendarHeading = 20;
+constexpr int calendarGap = 2;
+
 std::chrono::sys_days chronoDay(QDate date) {
     constexpr qint64 julianDayOf1970 = 2440588;
     return std::chrono::sys_days(std::chrono::days(date.toJulianDay() - julianDayOf1970));
@@ -40,7 +46,7 @@ QDate firstInGrid(QDate month) {
 class DayButton final : public QAbstractButton, public ChoiceButton {
 public:
     explicit DayButton(MonthGrid* grid) : m_grid(grid) {
-        setFixedSize(Theme::px(Size::calendarDayWidth), Theme::px(Size::calendarDayHeight));
+        setFixedSize(Theme::px(calendarDayWidth), Theme::px(calendarDayHeight));
         setFocusPolicy(Qt::NoFocus);
         setCheckable(true);
         setAttribute(Qt::WA_Hover);
@@ -104,13 +110,13 @@ MonthGrid::MonthGrid(PaletteColor color, std::function<void(QDate)> choose)
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins({});
     layout->setHorizontalSpacing(0);
-    layout->setVerticalSpacing(Theme::px(Size::calendarGap));
+    layout->setVerticalSpacing(Theme::px(calendarGap));
     const auto names = CalendarText::weekdays();
     for (int column = 0; column < daysAWeek; ++column) {
         auto* name =
             new Label(names[static_cast<std::size_t>(column)], TextStyle::subheadline, Role::secondary);
         name->setAlignment(Qt::AlignCenter);
-        name->setFixedHeight(Theme::px(Size::calendarHeading));
+        name->setFixedHeight(Theme::px(calendarHeading));
         layout->addWidget(name, 0, column);
         layout->setColumnStretch(column, 1);
     }

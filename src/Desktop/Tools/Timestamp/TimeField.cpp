@@ -27,6 +27,13 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int timeFieldHeight = 28;
+constexpr int timeFieldLeft = 10;
+constexpr int timeFieldRight = 6;
+constexpr int timeFieldGap = 4;
+constexpr int timeFieldGlyph = 11;
+
 QTime wholeMinute(QTime time) {
     return {time.hour(), time.minute()};
 }
@@ -89,7 +96,7 @@ private:
 class Chevrons final : public QWidget {
 public:
     explicit Chevrons(QTimeEdit* edit) : m_edit(edit) {
-        setFixedSize(Theme::px(Size::timeFieldGlyph), Theme::px(Size::timeFieldHeight));
+        setFixedSize(Theme::px(timeFieldGlyph), Theme::px(timeFieldHeight));
     }
 
 protected:
@@ -114,12 +121,11 @@ TimeField::TimeField(std::string_view name, std::function<void(QTime)> set) : m_
     m_edit->setAccessibleName(qString(name));
     neverBeginWith(m_edit);
     setFocusProxy(m_edit);
-    setFixedHeight(Theme::px(Size::timeFieldHeight));
+    setFixedHeight(Theme::px(timeFieldHeight));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* chevrons = new Chevrons(m_edit);
     chevrons->setAttribute(Qt::WA_Hover);
-    fill(this, Qt::Horizontal,
-         {.spacing = Size::timeFieldGap, .padding = {Size::timeFieldLeft, 0, Size::timeFieldRight, 0}},
+    fill(this, Qt::Horizontal, {.spacing = timeFieldGap, .padding = {timeFieldLeft, 0, timeFieldRight, 0}},
          {m_edit, chevrons});
     giveFocusRing(m_edit, this, Size::radiusSmall);
     connect(m_edit, &QTimeEdit::timeChanged, this,

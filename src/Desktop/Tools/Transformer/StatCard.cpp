@@ -10,14 +10,23 @@ namespace korvane {
 using Theme::Size;
 using Theme::TextStyle;
 
+namespace {
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int statGlyph = 16;
+constexpr int statPaddingX = 16;
+constexpr int statPaddingY = 12;
+constexpr int statGap = 6;
+
+} // namespace
+
 QWidget* statCard(Store& store, std::string_view title, const Reader<std::string>& value,
                   std::string_view icon, PaletteColor color) {
     auto* card = new Surface([color] { return Theme::withTint(color, Theme::Tint::row); }, Size::radiusLarge);
     fill(card, Qt::Vertical,
-         {.spacing = 0,
-          .padding = {Size::statPaddingX, Size::statPaddingY, Size::statPaddingX, Size::statPaddingY}},
-         {stack(Qt::Horizontal, {.spacing = 0, .padding = {0, 0, 0, Size::statGap}},
-                {new GlyphLabel(icon, Size::statGlyph, color), stretch()}),
+         {.spacing = 0, .padding = {statPaddingX, statPaddingY, statPaddingX, statPaddingY}},
+         {stack(Qt::Horizontal, {.spacing = 0, .padding = {0, 0, 0, statGap}},
+                {new GlyphLabel(icon, statGlyph, color), stretch()}),
           textLabel(store, value, TextStyle::stat),
           textLabel(store, title, TextStyle::caption, Theme::Role::secondary)});
     return card;

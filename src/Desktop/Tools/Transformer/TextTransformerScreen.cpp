@@ -19,7 +19,8 @@ namespace korvane {
 
 namespace {
 
-using Theme::Size;
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int statCardGap = 10;
 
 constexpr int modePickerWidth = 360;
 constexpr int statisticsHeight = 196; // two rows of cards; the prompt leaves the editor the same size
@@ -44,7 +45,7 @@ auto counting(Count count) {
 
 QWidget* cards(Store& store) {
     return grid(
-        3, {.columnGap = Size::statCardGap, .rowGap = Size::statCardGap, .hasEvenRows = true},
+        3, {.columnGap = statCardGap, .rowGap = statCardGap, .hasEvenRows = true},
         {
             statCard(store, "Characters", counting(&TextStats::characters), "character", PaletteColor::blue),
             statCard(store, "Characters (no spaces)", counting(&TextStats::charactersNoSpaces), "character",

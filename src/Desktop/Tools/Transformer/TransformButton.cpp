@@ -20,6 +20,14 @@ using Theme::Tint;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int tileHeight = 52;
+constexpr int tilePadding = 10;
+constexpr int tileGlyph = 15;
+constexpr int tileGap = 4;
+constexpr int tileColumnGap = 10;
+constexpr int tileRowGap = 8;
+
 constexpr auto chosenColor = PaletteColor::teal;
 constexpr int columnCount = 3;
 constexpr double smallestScale = 0.8; // a title that needs to be smaller yet is shortened instead
@@ -46,10 +54,10 @@ TransformButton::TransformButton(std::string_view title, std::string_view icon) 
     setCheckable(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMetrics({.style = Theme::TextStyle::quiet,
-                .height = Size::tileHeight,
-                .padding = Size::tilePadding,
-                .glyph = Size::tileGlyph,
-                .gap = Size::tileGap,
+                .height = tileHeight,
+                .padding = tilePadding,
+                .glyph = tileGlyph,
+                .gap = tileGap,
                 .radius = Size::radiusMedium});
 }
 
@@ -121,7 +129,7 @@ QWidget* transformButtons(Store& store, const std::vector<TransformButtonParts>&
             [button, isSelected = parts.isSelected.of(store)] { button->setChecked(isSelected()); });
         QObject::connect(button, &QAbstractButton::clicked, button, parts.select.on(store));
     }
-    return grid(columnCount, {.columnGap = Size::tileColumnGap, .rowGap = Size::tileRowGap}, tiles);
+    return grid(columnCount, {.columnGap = tileColumnGap, .rowGap = tileRowGap}, tiles);
 }
 
 } // namespace korvane

@@ -22,6 +22,13 @@ using Theme::TextStyle;
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int componentRow = 36;
+constexpr int componentLabel = 88;
+constexpr int componentGap = 12;
+constexpr int chipPaddingX = 6;
+constexpr int chipHeight = 22;
+
 /// The most that names take of a row's width, in percent, when they are long.
 constexpr int namesShare = 40;
 
@@ -39,21 +46,21 @@ QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
     auto* value = new Label(shortenedLine(row.value.value_or("")), TextStyle::codeSmall, row.color);
     if (!row.value || look == ComponentLook::plain)
         return value;
-    const QMargins padding(Size::chipPaddingX, 0, Size::chipPaddingX, 0);
-    return withHeight(Size::chipHeight, card({.orientation = Qt::Horizontal,
-                                              .padding = padding,
-                                              .radius = Size::radiusBadge,
-                                              .hasOutline = false,
-                                              .tint = row.color},
-                                             {value}));
+    const QMargins padding(chipPaddingX, 0, chipPaddingX, 0);
+    return withHeight(chipHeight, card({.orientation = Qt::Horizontal,
+                                        .padding = padding,
+                                        .radius = Size::radiusBadge,
+                                        .hasOutline = false,
+                                        .tint = row.color},
+                                       {value}));
 }
 
 QWidget* rowWidget(Store& store, QWidget* name, const ComponentRow& row, ComponentLook look) {
     const bool isPlain = look == ComponentLook::plain;
     auto* copy = copyButton(store, [value = row.value.value_or("")] { return value; },
                             {.look = {.showLabel = isPlain, .dropsLabel = isPlain, .subject = row.label}});
-    return withHeight(Size::componentRow, stack(Qt::Horizontal, {.spacing = Size::componentGap},
-                                                {name, valueLabel(row, look), stretch(), copy}));
+    return withHeight(componentRow, stack(Qt::Horizontal, {.spacing = componentGap},
+                                          {name, valueLabel(row, look), stretch(), copy}));
 }
 
 /// Makes its rows anew whenever they are others.
@@ -88,7 +95,7 @@ protected:
 private:
     /// Gives all names the width of the longest, so that the values line up, unless it takes too much.
     void alignNames() {
-        const int least = Theme::px(Size::componentLabel);
+        const int least = Theme::px(componentLabel);
         int widest = least;
         for (const auto* name : m_names)
             widest = std::max(widest, name->sizeHint().width());

@@ -20,6 +20,11 @@ namespace korvane {
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int componentsPadding = 6;
+constexpr int componentsGapTop = 6;
+constexpr int componentsGapBottom = 10;
+
 using Mode = URLEncoderView::Mode;
 using Theme::Size;
 
@@ -48,23 +53,21 @@ QWidget* conversion(Store& store) {
 QWidget* queryParameters(Store& store) {
     auto heading = textLabel(store, std::string(URLComponentsView::queryHeading),
                              Theme::TextStyle::subheadlineStrong, Theme::Role::secondary);
-    return stack(
-        Qt::Vertical, {.spacing = 0, .padding = {0, Size::componentsGapTop, 0, 0}},
-        {
-            new Divider,
-            stack(Qt::Vertical, {.padding = {0, Size::componentsGapBottom, 0, Size::gapList}}, {heading}),
-            componentRows(store, &URLEncoderView::queryRows, ComponentLook::plain),
-        });
+    return stack(Qt::Vertical, {.spacing = 0, .padding = {0, componentsGapTop, 0, 0}},
+                 {
+                     new Divider,
+                     stack(Qt::Vertical, {.padding = {0, componentsGapBottom, 0, Size::gapList}}, {heading}),
+                     componentRows(store, &URLEncoderView::queryRows, ComponentLook::plain),
+                 });
 }
 
 QWidget* components(Store& store) {
-    return card(
-        {.spacing = 0,
-         .padding = {Size::cardPadding, Size::componentsPadding, Size::cardPadding, Size::componentsPadding}},
-        {
-            componentRows(store, &URLEncoderView::componentRows, ComponentLook::chip),
-            when(store, &URLEncoderView::hasQueryItems, queryParameters(store)),
-        });
+    return card({.spacing = 0,
+                 .padding = {Size::cardPadding, componentsPadding, Size::cardPadding, componentsPadding}},
+                {
+                    componentRows(store, &URLEncoderView::componentRows, ComponentLook::chip),
+                    when(store, &URLEncoderView::hasQueryItems, queryParameters(store)),
+                });
 }
 
 QWidget* analysis(Store& store) {

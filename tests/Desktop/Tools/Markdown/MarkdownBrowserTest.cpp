@@ -1,4 +1,5 @@
 #include "Desktop/Tools/Markdown/MarkdownBrowser.h"
+#include "Desktop/Tools/Markdown/MarkdownDocument.h"
 
 #include "Desktop/Look/Theme.h"
 
@@ -116,8 +117,7 @@ TEST_F(MarkdownBrowserTest, PaintsOneBoxBehindAllLinesOfCode) {
     const auto image = browser.grab().toImage();
     const auto margin = static_cast<int>(browser.document()->documentMargin());
     const auto top = margin;
-    const auto height =
-        2 * Theme::px(Theme::Size::proseCodePadding) + 3 * Theme::lineHeight(Theme::TextStyle::codeSmall);
+    const auto height = 2 * Theme::px(proseCodePadding) + 3 * Theme::lineHeight(Theme::TextStyle::codeSmall);
     const auto inside = image.pixelColor(margin + 4, top + height / 2);
     const auto outside = image.pixelColor(margin / 2, top + height / 2);
     EXPECT_NE(inside, outside);

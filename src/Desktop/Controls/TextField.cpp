@@ -1,4 +1,4 @@
-#include "Desktop/Text/TextField.h"
+#include "Desktop/Controls/TextField.h"
 
 #include "Desktop/Access/TabStops.h"
 #include "Desktop/Binding/Store.h"
@@ -16,6 +16,9 @@ using Theme::Role;
 using Theme::Size;
 
 namespace {
+
+// Sizes are in pixels at a 13-pixel body text.
+constexpr int fieldGap = 6;
 
 /// A fixed part of the field, or none.
 QWidget* affix(Store& store, const Reader<std::string>& text, Theme::TextStyle style) {
@@ -59,7 +62,7 @@ QWidget* textField(Store& store, std::string_view name, const Reader<std::string
     auto* field = newField(options, radius);
     field->setFocusProxy(edit);
     fill(field, Qt::Horizontal,
-         {.spacing = Size::fieldGap, .padding = {Size::fieldPadding, 0, Size::fieldPadding, 0}},
+         {.spacing = fieldGap, .padding = {Size::fieldPadding, 0, Size::fieldPadding, 0}},
          {affix(store, options.leading, options.style), edit, affix(store, options.trailing, options.style)});
     giveFocusRing(edit, field, radius);
     return field;
