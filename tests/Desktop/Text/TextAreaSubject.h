@@ -79,20 +79,6 @@ struct Subject {
     std::string reported{};
 };
 
-inline void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtDebugMsg || type == QtInfoMsg)
-        return;
-    ADD_FAILURE() << message.toStdString();
-}
-
-class TextAreaTest : public testing::Test {
-protected:
-    void SetUp() override { m_before = qInstallMessageHandler(failOnWarning); }
-
-    void TearDown() override { qInstallMessageHandler(m_before); }
-
-private:
-    QtMessageHandler m_before = nullptr;
-};
+using TextAreaTest = testing::Test;
 
 } // namespace korvane
