@@ -64,7 +64,7 @@ void getStats(benchmark::State& state, std::string (*make)()) {
 }
 
 /// A key press in the middle of a text of 1 MB.
-void keepUp(benchmark::State& state, std::string (*make)()) {
+void updateRunningStats(benchmark::State& state, std::string (*make)()) {
     const auto text = make().substr(0, 1'000'000);
     auto longer = text;
     longer.insert(text.find(' ', text.size() / 2), "x");
@@ -98,7 +98,7 @@ const int registered = [] {
     for (const auto& [name, make] : texts) {
         benchmark::RegisterBenchmark(("getStats/" + name).c_str(), getStats, make)
             ->Unit(benchmark::kMillisecond);
-        benchmark::RegisterBenchmark(("RunningStats/" + name).c_str(), keepUp, make)
+        benchmark::RegisterBenchmark(("RunningStats/" + name).c_str(), updateRunningStats, make)
             ->Unit(benchmark::kMillisecond);
         for (const auto to : allCases<CaseTransform>) {
             const auto title = "transform/" + std::string(rawValue(to)) + "/" + name;

@@ -33,7 +33,7 @@ std::uint32_t number(std::string_view bytes, std::size_t offset, int count = 4) 
 
 double dotsPerInch(std::uint32_t dotsPerMetre) {
     const auto resolution = std::round(dotsPerMetre / inchesPerMetre * 100) / 100;
-    return isPossibleDPI(resolution) ? resolution : defaultDPI;
+    return isValidDPI(resolution) ? resolution : defaultDPI;
 }
 
 /// The size of the picture, where it is one.
@@ -53,7 +53,7 @@ bool readSize(Header& header, std::string_view information, std::size_t headerBy
 }
 
 /// Whether the compression is one for this number of bits a pixel.
-bool isPossible(const Header& header) {
+bool isValidCompression(const Header& header) {
     switch (header.compression) {
     case Compression::none:
         return std::ranges::count(std::to_array({1, 4, 8, 16, 24, 32}), header.bitsPerPixel) == 1;
@@ -98,9 +98,9 @@ bool readPalette(Header& header, std::string_view information, std::size_t heade
     if (header.bitsPerPixel > 8)
         return offset <= end;
     header.paletteEntryBytes = headerBytes == os2HeaderBytes ? 3 : 4;
-    const std::size_t most = std::size_t(1) << header.bitsPerPixel;
+    const std::size_t maxCount = std::size_t(1) << header.bitsPerPixel;
     const std::size_t stated = headerBytes == os2HeaderBytes ? 0 : number(information, 32);
-    const auto count = stated == 0 ? most : std::min(most, stated);
+    const auto count = stated == 0 ? maxCount : std::min(maxCount, stated);
     const auto entryBytes = static_cast<std::size_t>(header.paletteEntryBytes);
     const auto room = offset < end ? (end - offset) / entryBytes : 0;
     const bool mayBeShorter = headerBytes == os2HeaderBytes && room > 0;
@@ -153,8 +153,8 @@ std::optional<Header> readHeader(std::string_view bytes) {
         header.horizontalDPI = dotsPerInch(number(information, 24));
         header.verticalDPI = dotsPerInch(number(information, 28));
     }
-    if (!isPossible(header) || (headerBytes == os2SecondHeaderBytes &&
-                                header.compression == Compression::masks)) // there it means another
+    if (!isValidCompression(header) || (headerBytes == os2SecondHeaderBytes &&
+                                        header.compression == Compression::masks)) // there it means another
         return std::nullopt;
     const std::size_t start = number(bytes, 10);
     if (start < fileHeaderBytes + headerBytes || start > bytes.size())

@@ -74,17 +74,17 @@ private:
 class Channel {
 public:
     explicit Channel(std::uint32_t mask)
-        : m_mask(mask), m_shift(mask == 0 ? 0 : std::countr_zero(mask)), m_most(mask >> m_shift) {}
+        : m_mask(mask), m_shift(mask == 0 ? 0 : std::countr_zero(mask)), m_maxValue(mask >> m_shift) {}
 
     Byte value(std::uint32_t pixel) const {
         const std::uint64_t bits = (pixel & m_mask) >> m_shift;
-        return m_most == 0 ? Byte(0) : static_cast<Byte>((bits * 255 + m_most / 2) / m_most);
+        return m_maxValue == 0 ? Byte(0) : static_cast<Byte>((bits * 255 + m_maxValue / 2) / m_maxValue);
     }
 
 private:
     std::uint32_t m_mask;
     int m_shift;
-    std::uint64_t m_most;
+    std::uint64_t m_maxValue;
 };
 
 void readIndexedRow(const Header& header, const Palette& palette, const Byte* source, Byte* row) {
@@ -265,8 +265,8 @@ std::optional<Image> read(const Header& header) {
         return std::nullopt;
     const bool hasRuns =
         header.compression == Compression::runLength8 || header.compression == Compression::runLength4;
-    const bool isWhole = hasRuns ? RunLengthReader(header, canvas).read() : readRows(header, canvas);
-    if (!isWhole)
+    const bool isComplete = hasRuns ? RunLengthReader(header, canvas).read() : readRows(header, canvas);
+    if (!isComplete)
         return std::nullopt;
     return canvas.image();
 }

@@ -28,7 +28,7 @@ VImage withoutProfile(const VImage& image) {
     return copy;
 }
 
-bool hasKnownSamples(const VImage& image) {
+bool hasSupportedSamples(const VImage& image) {
     return image.format() == VIPS_FORMAT_UCHAR || image.format() == VIPS_FORMAT_USHORT;
 }
 
@@ -49,8 +49,8 @@ bool isPlain(VipsInterpretation interpretation) {
 /// Gray or RGB of whole numbers that are signed or have 32 bits, as the upper 16 bits of their range.
 VImage withUpperBits(const VImage& image) {
     constexpr double range16 = 65536, range32 = range16 * range16;
-    const auto scaled = [&](double lowest, double range) {
-        return ((image - lowest) * (range16 / range)).cast(VIPS_FORMAT_USHORT);
+    const auto scaled = [&](double minValue, double range) {
+        return ((image - minValue) * (range16 / range)).cast(VIPS_FORMAT_USHORT);
     };
     switch (image.format()) {
     case VIPS_FORMAT_CHAR:
@@ -65,7 +65,7 @@ VImage withUpperBits(const VImage& image) {
 }
 
 /// Gray or RGB of numbers with a fraction, which go from 0 to 1 and are amounts of light.
-VImage fromLight(const VImage& image) {
+VImage fromLinearLight(const VImage& image) {
     const bool isGray = image.bands() < 3;
     const auto light = image.cast(VIPS_FORMAT_FLOAT);
     const auto first = light.extract_band(0);
@@ -80,7 +80,7 @@ VImage fromLight(const VImage& image) {
 }
 
 /// Goes by the profile in `image`, or, without one that can be used, by what such colours usually are.
-VImage throughProfile(const VImage& image) {
+VImage convertedByProfile(const VImage& image) {
     return image.icc_transform(
         "srgb",
         VImage::option()
@@ -92,28 +92,29 @@ VImage throughProfile(const VImage& image) {
 
 } // namespace
 
-VImage inKnownColors(const VImage& image) {
-    auto known = image;
-    if (known.interpretation() == VIPS_INTERPRETATION_CMYK) {
-        if (profileModel(known) != "CMYK")
-            known = withoutProfile(known);
-        known = withoutProfile(throughProfile(known));
-    } else if (!isPlain(known.interpretation()) && known.interpretation() != VIPS_INTERPRETATION_scRGB) {
-        known = withoutProfile(
-            known.colourspace(known.bands() < 3 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB));
-    } else if (!hasKnownSamples(known)) {
-        const bool isWhole = vips_band_format_isint(known.format()) != 0;
-        known = withoutProfile(isWhole ? withUpperBits(known) : fromLight(known));
+VImage inSupportedColors(const VImage& image) {
+    auto converted = image;
+    if (converted.interpretation() == VIPS_INTERPRETATION_CMYK) {
+        if (profileModel(converted) != "CMYK")
+            converted = withoutProfile(converted);
+        converted = withoutProfile(convertedByProfile(converted));
+    } else if (!isPlain(converted.interpretation()) &&
+               converted.interpretation() != VIPS_INTERPRETATION_scRGB) {
+        converted = withoutProfile(converted.colourspace(converted.bands() < 3 ? VIPS_INTERPRETATION_B_W
+                                                                               : VIPS_INTERPRETATION_sRGB));
+    } else if (!hasSupportedSamples(converted)) {
+        const bool isInteger = vips_band_format_isint(converted.format()) != 0;
+        converted = withoutProfile(isInteger ? withUpperBits(converted) : fromLinearLight(converted));
     }
-    const bool isGray = known.interpretation() == VIPS_INTERPRETATION_B_W ||
-                        known.interpretation() == VIPS_INTERPRETATION_GREY16 || known.bands() < 3;
-    const int mostBands = isGray ? 2 : 4;
-    if (known.bands() > mostBands)
-        known = known.extract_band(0, VImage::option()->set("n", mostBands));
-    known = known.copy(VImage::option()->set("interpretation", plainInterpretation(known)));
-    if (profileModel(known) != (isGray ? "GRAY" : "RGB "))
-        known = withoutProfile(known);
-    return known;
+    const bool isGray = converted.interpretation() == VIPS_INTERPRETATION_B_W ||
+                        converted.interpretation() == VIPS_INTERPRETATION_GREY16 || converted.bands() < 3;
+    const int maxBands = isGray ? 2 : 4;
+    if (converted.bands() > maxBands)
+        converted = converted.extract_band(0, VImage::option()->set("n", maxBands));
+    converted = converted.copy(VImage::option()->set("interpretation", plainInterpretation(converted)));
+    if (profileModel(converted) != (isGray ? "GRAY" : "RGB "))
+        converted = withoutProfile(converted);
+    return converted;
 }
 
 const char* colorModel(const VImage& image) {
@@ -135,7 +136,8 @@ const char* colorModel(const VImage& image) {
 
 VImage inSRGB(const VImage& image) {
     const auto model = profileModel(image);
-    return model.empty() || model == "none" ? withoutProfile(image) : withoutProfile(throughProfile(image));
+    return model.empty() || model == "none" ? withoutProfile(image)
+                                            : withoutProfile(convertedByProfile(image));
 }
 
 VImage with8Bits(const VImage& image) {

@@ -7,7 +7,7 @@ namespace korvane {
 
 /// `image`, as it was read from a file, in one of the forms of an `Image`: gray or RGB, with or without
 /// alpha, of 8 or 16 bits. Gray and RGB keep their profile; other colours become sRGB by theirs.
-vips::VImage inKnownColors(const vips::VImage& image);
+vips::VImage inSupportedColors(const vips::VImage& image);
 
 /// The name of the colour model of a picture in a file: "RGB", "Gray", "CMYK" or "Unknown".
 const char* colorModel(const vips::VImage& image);

@@ -51,12 +51,12 @@ VImage open(std::string_view bytes, ImageFormat format, VipsFailOn failOn = VIPS
 
 /// `image` upright. To turn it, all of its pixels must be at hand.
 Image upright(const VImage& image, const std::stop_token& stop) {
-    const auto known = inKnownColors(image);
+    const auto supported = inSupportedColors(image);
     const int orientation = vips_image_get_orientation(image.get_image());
     if (orientation <= 1)
-        return computed(known, stop);
-    const auto lying = computed(known, stop);
-    auto picture = vipsImage(lying);
+        return computed(supported, stop);
+    const auto unrotated = computed(supported, stop);
+    auto picture = vipsImage(unrotated);
     picture.set(VIPS_META_ORIENTATION, orientation);
     return computed(picture.autorot(), stop);
 }
@@ -67,7 +67,7 @@ Image readJPEG(std::string_view bytes, const std::stop_token& stop) {
     try {
         return upright(open(bytes, ImageFormat::jpeg, VIPS_FAIL_ON_WARNING), stop);
     } catch (const vips::VError&) {
-        if (!JPEG::isWhole(bytes, stop))
+        if (!JPEG::isComplete(bytes, stop))
             throw;
     }
     return upright(open(bytes, ImageFormat::jpeg, VIPS_FAIL_ON_NONE), stop);

@@ -30,7 +30,7 @@ bool keepsProfile(ImageFormat format) {
 }
 
 /// `image` as far as the format can hold it.
-VImage fitted(const VImage& image, ImageFormat format) {
+VImage fittedToFormat(const VImage& image, ImageFormat format) {
     auto fit = image;
     if (!keepsProfile(format))
         fit = inSRGB(fit);
@@ -50,7 +50,7 @@ VImage inRGB(const VImage& image) {
 }
 
 /// What the library writes of `image` itself.
-std::string written(const VImage& image, ImageFormat format, double quality) {
+std::string encodedByLibrary(const VImage& image, ImageFormat format, double quality) {
     const auto pixelBytes = std::int64_t(image.width()) * image.height() * bytesPerPixel(image);
     ByteTarget bytes(headroom + static_cast<std::size_t>(pixelBytes));
     const auto target = bytes.target();
@@ -74,7 +74,7 @@ std::string written(const VImage& image, ImageFormat format, double quality) {
     }
     auto file = bytes.take();
     if (format == ImageFormat::png)
-        mendResolutionInPNG(file, image.yres());
+        fixVerticalResolutionInPNG(file, image.yres());
     return file;
 }
 
@@ -85,7 +85,7 @@ Image plainImage(const Image& image, ImageFormat format, bool onlyRGB) {
     const bool hasChannels = onlyRGB ? image.channels >= 3 : image.channels != 2;
     if (hasChannels && image.bytesPerSample == 1 && (image.colorProfile.empty() || keepsProfile(format)))
         return image;
-    const auto picture = fitted(vipsImage(image), format);
+    const auto picture = fittedToFormat(vipsImage(image), format);
     return computed(hasChannels ? picture : inRGB(picture));
 }
 
@@ -98,7 +98,7 @@ std::expected<std::string, ConversionError> createImageData(const Image& image, 
     case ImageFormat::heic:
         return HEIC::write(plainImage(image, format, true), quality);
     default:
-        return written(fitted(vipsImage(image), format), format, quality);
+        return encodedByLibrary(fittedToFormat(vipsImage(image), format), format, quality);
     }
 }
 

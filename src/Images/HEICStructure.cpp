@@ -11,10 +11,10 @@ namespace korvane::HEIC {
 namespace {
 
 /// More than the largest picture has in tiles of 64 by 64 pixels.
-constexpr std::uint64_t mostPictures = 100'000;
+constexpr std::uint64_t maxPictures = 100'000;
 
 /// A grid of turned tiles with transparency has three; nobody needs more than twice that.
-constexpr int deepestNesting = 6;
+constexpr int maxNesting = 6;
 
 /// Takes big-endian numbers off the front of some bytes.
 class Reader {
@@ -104,19 +104,19 @@ Parts readParts(std::string_view bytes) {
     return parts;
 }
 
-/// How many pictures are decoded for `picture`, itself included; more than `mostPictures` if the nesting is
+/// How many pictures are decoded for `picture`, itself included; more than `maxPictures` if the nesting is
 /// too deep.
 std::uint64_t decodedPictures(const Parts& parts, std::uint64_t picture, int nesting,
                               std::map<std::uint64_t, std::uint64_t>& known) {
-    if (nesting > deepestNesting)
-        return mostPictures + 1;
+    if (nesting > maxNesting)
+        return maxPictures + 1;
     if (const auto found = known.find(picture); found != known.end())
         return found->second;
     std::uint64_t count = 1;
     if (const auto found = parts.find(picture); found != parts.end()) {
         for (const auto part : found->second) {
             count += decodedPictures(parts, part, nesting + 1, known);
-            if (count > mostPictures)
+            if (count > maxPictures)
                 return count;
         }
     }
@@ -130,7 +130,7 @@ bool hasFiniteReferences(std::string_view bytes) {
     const auto parts = readParts(bytes);
     std::map<std::uint64_t, std::uint64_t> known;
     for (const auto& [picture, ignored] : parts) {
-        if (decodedPictures(parts, picture, 0, known) > mostPictures)
+        if (decodedPictures(parts, picture, 0, known) > maxPictures)
             return false;
     }
     return true;

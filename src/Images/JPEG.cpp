@@ -14,7 +14,7 @@ namespace korvane::JPEG {
 namespace {
 
 /// A progressive picture comes in about ten scans. In thousands, a small file would keep the decoder busy.
-constexpr int mostScans = 200;
+constexpr int maxScans = 200;
 
 /// Whether the decoder warns that it made up picture data. Its other warnings are about bytes and parameters
 /// that it ignored.
@@ -36,9 +36,9 @@ public:
         m_file.err = jpeg_std_error(&m_errors);
         m_file.client_data = this;
         m_errors.error_exit = [](j_common_ptr file) { of(file).fail(); };
-        m_errors.emit_message = [](j_common_ptr file, int level) { of(file).note(level); };
+        m_errors.emit_message = [](j_common_ptr file, int level) { of(file).recordWarning(level); };
         m_errors.output_message = [](j_common_ptr) {};
-        m_progress.progress_monitor = [](j_common_ptr file) { of(file).goOn(); };
+        m_progress.progress_monitor = [](j_common_ptr file) { of(file).checkProgress(); };
     }
 
     Decoding(const Decoding&) = delete;
@@ -48,7 +48,7 @@ public:
 
     /// Whether nothing of the picture is missing. Nothing in here may have a destructor: a failure leaps over
     /// it.
-    bool isWhole(std::string_view bytes) {
+    bool isComplete(std::string_view bytes) {
         if (setjmp(m_failure) != 0)
             return false;
         jpeg_create_decompress(&m_file);
@@ -74,7 +74,7 @@ private:
 
     [[noreturn]] void fail() { std::longjmp(m_failure, 1); }
 
-    void note(int level) {
+    void recordWarning(int level) {
         constexpr int warning = -1; // what is above is for tracing
         if (level != warning)
             return;
@@ -82,8 +82,8 @@ private:
         m_isCutOff = m_isCutOff || m_errors.msg_code == JWRN_JPEG_EOF;
     }
 
-    void goOn() {
-        if (m_stop.stop_requested() || m_file.input_scan_number > mostScans)
+    void checkProgress() {
+        if (m_stop.stop_requested() || m_file.input_scan_number > maxScans)
             fail();
     }
 
@@ -111,8 +111,8 @@ private:
 
 } // namespace
 
-bool isWhole(std::string_view bytes, const std::stop_token& stop) {
-    return Decoding(stop).isWhole(bytes);
+bool isComplete(std::string_view bytes, const std::stop_token& stop) {
+    return Decoding(stop).isComplete(bytes);
 }
 
 } // namespace korvane::JPEG

@@ -9,6 +9,6 @@ namespace korvane::JPEG {
 /// Whether all data of the picture are there, so that what is unusual about the file is no more than that:
 /// stray bytes between its segments, parameters that decoders ignore, an end without its marker. Decodes the
 /// file, at an eighth of its size. Asked to stop, it answers no.
-bool isWhole(std::string_view bytes, const std::stop_token& stop);
+bool isComplete(std::string_view bytes, const std::stop_token& stop);
 
 } // namespace korvane::JPEG

@@ -81,7 +81,7 @@ VImage withStatedResolution(const VImage& image, std::string_view bytes, ImageFo
                           ->set("yres", known(&Resolution::vertical)));
 }
 
-void mendResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre) {
+void fixVerticalResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre) {
     const auto chunk = resolutionChunk(bytes);
     if (!chunk)
         return;

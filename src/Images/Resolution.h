@@ -16,6 +16,6 @@ namespace korvane {
 vips::VImage withStatedResolution(const vips::VImage& image, std::string_view bytes, ImageFormat format);
 
 /// Writes the vertical resolution of a PNG file anew, which libvips 8.16 takes from the horizontal one.
-void mendResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre);
+void fixVerticalResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre);
 
 } // namespace korvane

@@ -26,7 +26,7 @@ VipsAngle angle(Rotation rotation) {
 }
 
 int wholePixels(double length) {
-    constexpr double most = maximumPixels;
+    constexpr double most = maxPixels;
     return static_cast<int>(std::clamp(std::round(length), 1.0, most));
 }
 
@@ -42,10 +42,10 @@ ImageSize targetSize(const Image& image, ImageSize to, bool maintainAspectRatio)
 /// to do; 0 for never. The filter alone is better and twelve times as fast, but its coefficients are small
 /// whole numbers: where they are many, their errors add up.
 double averagingFrom(const VImage& image, ImageSize size) {
-    constexpr double largestFactor = 8, atOnce = 2, never = 0;
-    const bool isLarge =
-        image.width() > largestFactor * size.width || image.height() > largestFactor * size.height;
-    return isLarge ? atOnce : never;
+    constexpr double maxFilterFactor = 8, atOnce = 2, never = 0;
+    const bool exceedsFilter =
+        image.width() > maxFilterFactor * size.width || image.height() > maxFilterFactor * size.height;
+    return exceedsFilter ? atOnce : never;
 }
 
 /// `image` in another size. Colours are weighted by their alpha, so that what cannot be seen does not shine
@@ -69,11 +69,11 @@ std::expected<Image, ConversionError> rotate(const Image& image, Rotation by) {
     if (by == Rotation::none)
         return image;
     return guarded(ConversionError::conversionFailed, [&]() -> std::expected<Image, ConversionError> {
-        auto turned = computed(vipsImage(image).rot(angle(by)));
-        const bool liesDown = by != Rotation::degrees180;
-        turned.horizontalDPI = liesDown ? image.verticalDPI : image.horizontalDPI;
-        turned.verticalDPI = liesDown ? image.horizontalDPI : image.verticalDPI;
-        return turned;
+        auto rotated = computed(vipsImage(image).rot(angle(by)));
+        const bool swapsAxes = by != Rotation::degrees180;
+        rotated.horizontalDPI = swapsAxes ? image.verticalDPI : image.horizontalDPI;
+        rotated.verticalDPI = swapsAxes ? image.horizontalDPI : image.verticalDPI;
+        return rotated;
     });
 }
 

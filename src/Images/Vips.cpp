@@ -95,7 +95,7 @@ Image computed(const vips::VImage& image, const std::stop_token& stop) {
 
 double dotsPerInch(double dotsPerMillimetre) {
     const double resolution = dotsPerMillimetre * millimetresPerInch;
-    return isPossibleDPI(resolution) ? resolution : defaultDPI;
+    return isValidDPI(resolution) ? resolution : defaultDPI;
 }
 
 double dotsPerMillimetre(double dotsPerInch) {
@@ -108,8 +108,8 @@ std::int64_t bytesPerPixel(const vips::VImage& image) {
 
 bool isWithinLimits(std::int64_t width, std::int64_t height, std::int64_t bytesPerPixel) {
     using namespace ImageConverter;
-    return width > 0 && height > 0 && width <= maximumPixels / height &&
-           width * height <= maximumBytes / bytesPerPixel;
+    return width > 0 && height > 0 && width <= maxPixels / height &&
+           width * height <= maxBytes / bytesPerPixel;
 }
 
 VipsScope::~VipsScope() {

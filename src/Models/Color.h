@@ -14,11 +14,11 @@ struct Color {
     double blue = 0;
 
     /// What stands for 1 where channels are counted from 0 to 255.
-    static constexpr double maximumChannel = 255;
+    static constexpr double maxChannel = 255;
 
     /// The colour of three channels from 0 to 255.
     static constexpr Color fromChannels(double red, double green, double blue) {
-        return {.red = red / maximumChannel, .green = green / maximumChannel, .blue = blue / maximumChannel};
+        return {.red = red / maxChannel, .green = green / maxChannel, .blue = blue / maxChannel};
     }
 
     /// The colour itself, or none if a channel is below 0, above 1 or not a number.

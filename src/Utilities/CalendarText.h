@@ -23,6 +23,6 @@ std::string monthAndYear(std::chrono::year_month month, const std::string& local
 std::string fullDate(std::chrono::year_month_day day, const std::string& locale = {});
 
 /// Whether hours are counted to 12 twice a day.
-bool usesHalfDays(const std::string& locale = {});
+bool usesTwelveHourClock(const std::string& locale = {});
 
 } // namespace korvane::CalendarText

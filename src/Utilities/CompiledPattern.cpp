@@ -13,10 +13,10 @@ namespace korvane::RegularExpression {
 namespace {
 
 /// How many UTF-16 units of a pattern ICU gets at once: room for two or three character sets.
-constexpr std::int64_t smallPieceLength = 32;
+constexpr std::int64_t setPieceLength = 32;
 
 /// Patterns with no more sets than this are compiled in one piece and always to their end, which is near.
-constexpr std::size_t steadySetCount = 4;
+constexpr std::size_t maxUnsplitSetCount = 4;
 
 /// What stands wrong in a pattern, for each error that ICU has for one.
 struct Fault {
@@ -71,37 +71,37 @@ std::optional<std::size_t> positionOf(const UParseError& error, const icu::Unico
 } // namespace
 
 CompiledPattern::CompiledPattern(std::string_view pattern, bool isCaseSensitive,
-                                 const std::function<bool()>& goesOn) {
+                                 const std::function<bool()>& shouldContinue) {
     if (pattern.empty()) { // ICU would find it everywhere
         m_error = PatternError{.fault = "Empty pattern"};
         return;
     }
-    if (pattern.size() > maximumPatternSize) {
+    if (pattern.size() > maxPatternSize) {
         m_error = PatternError{.fault = faultOf(U_REGEX_PATTERN_TOO_BIG)};
         return;
     }
     m_units = icu::UnicodeString::fromUTF8(
         icu::StringPiece(pattern.data(), static_cast<std::int32_t>(pattern.size())));
     const std::uint32_t flags = isCaseSensitive ? 0 : UREGEX_CASE_INSENSITIVE;
-    if (setCount(pattern) > steadySetCount)
-        compile(flags, smallPieceLength, goesOn);
+    if (setCount(pattern) > maxUnsplitSetCount)
+        compile(flags, setPieceLength, shouldContinue);
     else
         compile(flags, m_units.length(), [] { return true; });
 }
 
 void CompiledPattern::compile(std::uint32_t flags, std::int64_t pieceLength,
-                              const std::function<bool()>& goesOn) {
-    bool isCut = false;
+                              const std::function<bool()>& shouldContinue) {
+    bool isInterrupted = false;
     const std::function<bool()> isRead = [&] {
-        isCut = isCut || !goesOn();
-        return !isCut;
+        isInterrupted = isInterrupted || !shouldContinue();
+        return !isInterrupted;
     };
     InterruptibleText text(m_units, isRead,
                            {.pieceLength = pieceLength, .stop = InterruptibleText::Stop::byEndOfText});
     UErrorCode status = U_ZERO_ERROR;
     UParseError error{};
     m_pattern.reset(icu::RegexPattern::compile(text.handle(), flags, error, status));
-    if (isCut)
+    if (isInterrupted)
         return;
     if (U_SUCCESS(status))
         m_matcher.reset(m_pattern->matcher(status));

@@ -44,19 +44,19 @@ class Digest {
 public:
     explicit Digest(HashAlgorithm algorithm) {
         const auto* const implementation = Implementations::of(algorithm);
-        m_works =
+        m_isValid =
             implementation && m_context && EVP_DigestInit_ex2(m_context.get(), implementation, nullptr) == 1;
     }
 
     void update(std::string_view bytes) {
-        m_works = m_works && EVP_DigestUpdate(m_context.get(), bytes.data(), bytes.size()) == 1;
+        m_isValid = m_isValid && EVP_DigestUpdate(m_context.get(), bytes.data(), bytes.size()) == 1;
     }
 
     /// Empty if any step has failed.
     std::string finish() {
         std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};
         unsigned length = 0;
-        if (!m_works || EVP_DigestFinal_ex(m_context.get(), bytes.data(), &length) != 1)
+        if (!m_isValid || EVP_DigestFinal_ex(m_context.get(), bytes.data(), &length) != 1)
             return {};
         return fmt::format("{:02x}", fmt::join(bytes.begin(), bytes.begin() + length, ""));
     }
@@ -67,7 +67,7 @@ private:
     };
 
     std::unique_ptr<EVP_MD_CTX, Deleter> m_context{EVP_MD_CTX_new()};
-    bool m_works = false;
+    bool m_isValid = false;
 };
 
 } // namespace

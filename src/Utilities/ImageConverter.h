@@ -127,7 +127,7 @@ inline constexpr int defaultDPI = 72;
 
 /// Whether a resolution is one that pictures have; what else a file says is as good as nothing, and some
 /// formats could not hold it.
-constexpr bool isPossibleDPI(double dpi) {
+constexpr bool isValidDPI(double dpi) {
     return dpi >= 1 && dpi <= 100'000;
 }
 
@@ -180,8 +180,8 @@ namespace ImageConverter {
 
 /// The largest picture that is decoded or made: beyond it, a file of a few kilobytes could ask for more
 /// memory than the machine has.
-inline constexpr std::int64_t maximumPixels = 300'000'000;
-inline constexpr std::int64_t maximumBytes = std::int64_t(1) << 30;
+inline constexpr std::int64_t maxPixels = 300'000'000;
+inline constexpr std::int64_t maxBytes = std::int64_t(1) << 30;
 
 /// Whether this computer has the codec that reads files of the format, or that writes them. The libraries
 /// underneath load some of their codecs as plug-ins, which may be missing.

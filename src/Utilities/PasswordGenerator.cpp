@@ -28,7 +28,7 @@ constexpr std::array<std::string_view, 12> commonPatterns = {
     "welcome", "monkey", "dragon", "master",   "111",   "000",
 };
 
-/// Stands for a character that is not ASCII where a text is reduced to a byte a character.
+/// Stands for a character that is not ASCII where a text is asciiForm to a byte a character.
 constexpr char notASCII = '\x80';
 
 /// All characters to draw from. All are ASCII, so a byte is a character.
@@ -49,7 +49,7 @@ std::string buildCharacterSet(CharacterOptions options, bool excludeAmbiguous) {
 
 /// The lower-case form of `password` with one byte for each character: its ASCII value, that of the line feed
 /// for CR LF, or `notASCII`.
-std::string reduced(std::string_view password) {
+std::string asciiForm(std::string_view password) {
     std::string lowercased;
     icu::StringByteSink<std::string> sink(&lowercased);
     UErrorCode status = U_ZERO_ERROR;
@@ -77,7 +77,7 @@ bool hasAscendingRun(std::string_view bytes) {
 }
 
 bool hasCommonPattern(std::string_view password) {
-    const auto bytes = reduced(password);
+    const auto bytes = asciiForm(password);
     return std::ranges::any_of(commonPatterns, [&](auto pattern) { return bytes.contains(pattern); }) ||
            hasAscendingRun(bytes);
 }

@@ -12,7 +12,7 @@ namespace korvane {
 
 namespace {
 
-__extension__ using Wide = unsigned __int128;
+__extension__ using UInt128 = unsigned __int128;
 
 /// Random words ahead of need: one system call serves 512 of them, and a call for each would cost a hundred
 /// times as much.
@@ -38,7 +38,7 @@ std::uint32_t drawBelow(std::uint32_t bound, const Next& next) {
     assert(bound > 0);
     const auto surplus = (0 - std::uint64_t{bound}) % bound;
     while (true) {
-        const auto product = Wide{next()} * bound;
+        const auto product = UInt128{next()} * bound;
         if (static_cast<std::uint64_t>(product) >= surplus)
             return static_cast<std::uint32_t>(product >> 64);
     }

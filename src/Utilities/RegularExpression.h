@@ -38,9 +38,9 @@ enum class Interruption {
     patternTookTooLong, ///< it was not even compiled
     tookTooLong,
     tookTooMuchMemory,
-    foundTooMuch,
+    tooManyMatches,
     textIsTooLong,
-    calledOff,
+    cancelled,
 };
 
 /// Bytes of a text, from `start` up to but without `end`. A search takes no text whose positions do not fit.
@@ -90,13 +90,13 @@ inline constexpr std::int32_t stackLimit = 1 << 26;
 
 /// The most pieces that a search collects (200 MB). All of them as rows of a list keep within the coordinates
 /// of a window.
-inline constexpr std::size_t maximumPieces = std::size_t{1} << 24;
+inline constexpr std::size_t maxPieces = std::size_t{1} << 24;
 
 /// The longest pattern in bytes. Its character sets may take up some hundred megabytes of memory.
-inline constexpr std::size_t maximumPatternSize = 100'000;
+inline constexpr std::size_t maxPatternSize = 100'000;
 
 /// The longest text, in bytes, that `replacingMatches` makes.
-inline constexpr std::size_t maximumReplacedSize = std::size_t{1} << 27;
+inline constexpr std::size_t maxReplacedSize = std::size_t{1} << 27;
 
 /// How many character sets `pattern` has, estimated from above. They, more than its length, decide how long
 /// it takes to compile: up to several milliseconds each.
@@ -112,7 +112,7 @@ std::expected<Findings, PatternError> search(std::string_view pattern, bool isCa
 /// The text of `findings` with each match replaced by what `replacement` says: `$` and a number stand for the
 /// group of that number, which has as many digits as there are, but no more than the highest number of a
 /// group; a group that does not exist or took no part is empty. A backslash takes away the meaning of the
-/// character behind it. All else stands for itself. None when the result would exceed `maximumReplacedSize`.
+/// character behind it. All else stands for itself. None when the result would exceed `maxReplacedSize`.
 std::optional<std::string> replacingMatches(const Findings& findings, std::string_view replacement);
 
 struct InterruptionFacts {
@@ -133,10 +133,10 @@ inline constexpr auto facts<RegularExpression::Interruption> =
          "Matching stopped: the pattern takes too long on this text"},
         {RegularExpression::Interruption::tookTooMuchMemory,
          "Matching stopped: the pattern takes too much memory on this text"},
-        {RegularExpression::Interruption::foundTooMuch,
+        {RegularExpression::Interruption::tooManyMatches,
          "Matching stopped: the pattern matches too often in this text"},
         {RegularExpression::Interruption::textIsTooLong, "Matching stopped: the text is too long"},
-        {RegularExpression::Interruption::calledOff, "Matching stopped"},
+        {RegularExpression::Interruption::cancelled, "Matching stopped"},
     });
 
 } // namespace korvane

@@ -16,7 +16,7 @@ bool isSeparator(std::string_view character) {
 }
 
 /// A character is what its first code point is; marks behind it change nothing.
-char32_t leading(std::string_view character) {
+char32_t firstCodePoint(std::string_view character) {
     return decodeAt(character, 0).character;
 }
 
@@ -42,7 +42,7 @@ std::string_view leadingWhiteSpace(std::string_view text) {
     std::size_t length = 0;
     Characters characters(text);
     for (auto character = characters.next(); !character.empty(); character = characters.next()) {
-        if (!isWhitespace(leading(character)) && !isNewline(leading(character)))
+        if (!isWhitespace(firstCodePoint(character)) && !isNewline(firstCodePoint(character)))
             break;
         length += character.size();
     }

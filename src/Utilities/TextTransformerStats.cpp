@@ -40,7 +40,7 @@ Kind kindOf(char32_t character) {
 
 /// Whether white space begins a character of its own behind `previous`: it does not where it ends a CR LF, or
 /// where it is a space and a prefix (such as the Arabic number sign) takes it in.
-bool spaceStandsAlone(char32_t previous, char32_t space) {
+bool spaceStartsCharacter(char32_t previous, char32_t space) {
     constexpr char32_t firstPrefix = 0x600;
     if (previous < firstPrefix)
         return previous != '\r' || space != '\n';
@@ -73,7 +73,7 @@ TextStats sumsOf(std::string_view text) {
         const auto [character, end] = decodeAt(text, offset);
         const auto kind = kindOf(character);
         if (kind.isSpace) {
-            spaces += spaceStandsAlone(previous, character) ? 1 : 0;
+            spaces += spaceStartsCharacter(previous, character) ? 1 : 0;
             sums.lines += kind.isNewline ? 1 : 0;
         } else {
             sums.words += inWord ? 0 : 1;
@@ -110,7 +110,7 @@ TextStats statsOf(TextStats sums, std::string_view text) {
 
 /// Whether there is a boundary between characters at `offset` whatever else the text holds: behind a line
 /// feed, and between ASCII other than CR LF.
-bool isCut(std::string_view text, std::size_t offset) {
+bool isSafeSplit(std::string_view text, std::size_t offset) {
     if (offset == 0 || offset == text.size() || text[offset - 1] == '\n')
         return true;
     const auto around = text.substr(offset - 1, 2);
@@ -123,7 +123,7 @@ std::size_t commonPrefix(std::string_view a, std::string_view b) {
     auto length = static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
     // What decides about a place stands on either side of it.
     length -= length > 0 ? 1 : 0;
-    while (!isCut(a, length))
+    while (!isSafeSplit(a, length))
         --length;
     return length;
 }
@@ -134,7 +134,7 @@ std::size_t commonSuffix(std::string_view a, std::string_view b) {
     auto length = static_cast<std::size_t>(std::ranges::mismatch(reversedA, std::views::reverse(b)).in1 -
                                            reversedA.begin());
     length -= length > 0 ? 1 : 0;
-    while (!isCut(a, a.size() - length))
+    while (!isSafeSplit(a, a.size() - length))
         --length;
     return length;
 }

@@ -67,7 +67,7 @@ std::optional<std::string> hostOf(const UriUriA& parts) {
     return isBracketed ? '[' + *host + ']' : host;
 }
 
-constexpr int highestPort = 65535;
+constexpr int maxPort = 65535;
 
 /// The port, none without one; an error if it is no port's number.
 std::expected<std::optional<int>, std::errc> portOf(const UriUriA& parts) {
@@ -76,7 +76,7 @@ std::expected<std::optional<int>, std::errc> portOf(const UriUriA& parts) {
         return std::nullopt;
     int port = 0;
     const auto error = std::from_chars(digits->data(), digits->data() + digits->size(), port).ec;
-    if (error != std::errc() || port > highestPort)
+    if (error != std::errc() || port > maxPort)
         return std::unexpected(std::errc::result_out_of_range);
     return port;
 }
@@ -113,7 +113,7 @@ std::optional<std::vector<URLQueryItem>> queryItemsOf(const UriUriA& parts) {
 
 /// What stands wrong at `offset`, where the parser stopped. It takes the colon before a port for one behind a
 /// user's name until the authority ends, and reads the whole triplet of a percent-encoding.
-std::size_t faultyOffset(std::string_view url, std::size_t offset) {
+std::size_t errorOffset(std::string_view url, std::size_t offset) {
     const auto percent = url.substr(0, offset).rfind('%');
     if (percent != std::string_view::npos && offset - percent < 3)
         return percent;
@@ -159,12 +159,12 @@ std::expected<URLComponentsBreakdown, ParseError> parse(std::string_view url) {
     const ParsedURL parsed(url);
     if (!parsed.isValid())
         return std::unexpected(
-            errorAt(url, faultyOffset(url, static_cast<std::size_t>(parsed.error() - url.data()))));
+            errorAt(url, errorOffset(url, static_cast<std::size_t>(parsed.error() - url.data()))));
     const auto& parts = parsed.parts();
     const auto port = portOf(parts);
     if (!port)
         return std::unexpected(ParseError{static_cast<std::size_t>(parts.portText.first - url.data()),
-                                          fmt::format("The port is greater than {}", highestPort)});
+                                          fmt::format("The port is greater than {}", maxPort)});
     return URLComponentsBreakdown{.scheme = decodedTextOf(parts.scheme),
                                   .host = hostOf(parts),
                                   .port = *port,

@@ -52,13 +52,13 @@ public:
     std::optional<std::vector<LineIdentity>> walk() {
         const auto snapshots = advanceThroughBand();
         if (!m_stop.stop_requested()) {
-            m_missing = m_length;
+            m_remaining = m_length;
             m_collected.resize(m_length);
             trace(snapshots, m_a.size());
         }
         if (m_stop.stop_requested())
             return std::nullopt;
-        assert(m_missing == 0);
+        assert(m_remaining == 0);
         return std::move(m_collected);
     }
 
@@ -73,12 +73,12 @@ private:
     std::vector<Snapshot> advanceThroughBand() {
         const auto size = m_a.size() + m_b.size();
         const auto difference = std::max(m_a.size(), m_b.size()) - std::min(m_a.size(), m_b.size());
-        for (auto edits = difference + std::max(m_limits.fewestEdits, size / m_limits.editShare);;
+        for (auto edits = difference + std::max(m_limits.minEdits, size / m_limits.editShare);;
              edits *= m_limits.widening) {
-            const auto hoped = edits < size ? (size - edits) / 2 : 0;
-            const auto assumed = std::max(m_length, hoped);
-            m_leftOutOfA = m_a.size() - assumed;
-            m_leftOutOfB = m_b.size() - assumed;
+            const auto expected = edits < size ? (size - edits) / 2 : 0;
+            const auto assumed = std::max(m_length, expected);
+            m_maxOmittedFromA = m_a.size() - assumed;
+            m_maxOmittedFromB = m_b.size() - assumed;
             Row row{.words = std::vector<Word>((m_b.size() + wordBits - 1) / wordBits, ~Word{0})};
             m_column = m_b.size();
             auto snapshots = advance(row, 0, m_a.size());
@@ -92,13 +92,13 @@ private:
     }
 
     std::size_t bandBegin(std::size_t number) const {
-        return (number > m_leftOutOfA ? number - m_leftOutOfA - 1 : 0) / wordBits;
+        return (number > m_maxOmittedFromA ? number - m_maxOmittedFromA - 1 : 0) / wordBits;
     }
 
     /// The words of row `number` that are wanted end here: with the band, or with the column that the walk
     /// has reached, since no cell depends on one to its right.
     std::size_t bandEnd(std::size_t number) const {
-        return (std::min(m_column, number + m_leftOutOfB) - 1) / wordBits + 1;
+        return (std::min(m_column, number + m_maxOmittedFromB) - 1) / wordBits + 1;
     }
 
     /// Takes `row` from number `first` to `last`, and returns what it was on the way, `first` included. It
@@ -157,7 +157,7 @@ private:
     /// Walks up from row `last` to the number of the first snapshot.
     void trace(const std::vector<Snapshot>& snapshots, std::size_t last) {
         for (auto snapshot = snapshots.rbegin(); snapshot != snapshots.rend(); ++snapshot) {
-            if (m_missing == 0 || m_stop.stop_requested())
+            if (m_remaining == 0 || m_stop.stop_requested())
                 return;
             const auto first = snapshot->number;
             auto row = part(snapshot->row, first + 1, last);
@@ -180,11 +180,11 @@ private:
         }
         if (m_stop.stop_requested())
             return;
-        for (auto number = last; number > first && m_missing > 0;) {
+        for (auto number = last; number > first && m_remaining > 0;) {
             const auto bit = m_column - 1;
             const auto word = m_record[(number - first - 1) * width + bit / wordBits - row.firstWord];
             if (m_a[number - 1] == m_b[bit]) {
-                m_collected[--m_missing] = m_b[bit];
+                m_collected[--m_remaining] = m_b[bit];
                 --m_column;
                 --number;
             } else if ((word >> bit % wordBits & 1) != 0) {
@@ -201,12 +201,12 @@ private:
     const std::stop_token& m_stop;
     const TableLimits& m_limits;
 
-    std::size_t m_leftOutOfA = 0; ///< at most, in the present band
-    std::size_t m_leftOutOfB = 0;
+    std::size_t m_maxOmittedFromA = 0; ///< at most, in the present band
+    std::size_t m_maxOmittedFromB = 0;
     std::size_t m_length = 0; ///< of the subsequence, as far as it is known
 
-    std::size_t m_column = 0;  ///< where the walk is
-    std::size_t m_missing = 0; ///< how many elements it has yet to collect
+    std::size_t m_column = 0;    ///< where the walk is
+    std::size_t m_remaining = 0; ///< how many elements it has yet to collect
     std::vector<LineIdentity> m_collected;
     std::vector<Word> m_record;
 };

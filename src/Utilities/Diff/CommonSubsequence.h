@@ -20,7 +20,7 @@ using LineIdentity = std::uint32_t;
 struct TableLimits {
     /// The first attempt allows for this many elements that only one of the lists has, and for one in
     /// `editShare` where that is more. Too few, and the attempt is repeated with `widening` times as many.
-    std::size_t fewestEdits = 4096;
+    std::size_t minEdits = 4096;
     std::size_t editShare = 64;
     std::size_t widening = 4;
 

@@ -20,10 +20,10 @@ namespace korvane::JSON {
 
 /// How many arrays and objects may stand in one another. Nobody writes deeper documents by hand or program,
 /// and the limit lets everything that walks a document recurse without fear for the stack.
-inline constexpr std::size_t maximumDepth = 512;
+inline constexpr std::size_t maxDepth = 512;
 
 /// The longest text that is written. Indenting can make a small hostile text five hundred times as long.
-inline constexpr std::size_t maximumWrittenSize = std::size_t{1} << 30;
+inline constexpr std::size_t maxWrittenSize = std::size_t{1} << 30;
 
 enum class Type : std::uint8_t { null, boolean, number, string, array, object };
 
@@ -76,11 +76,11 @@ private:
     /// In bytes, elements or members.
     std::size_t size() const { return m_facts >> sizeShift; }
 
-    /// How many characters longer a string is written than it is, or `manyEscapes`.
+    /// How many characters longer a string is written than it is, or `uncountedEscapes`.
     std::size_t escapes() const { return m_facts >> escapesShift & 0xFF; }
 
     /// Stands for any number of escapes that the reader did not count.
-    static constexpr std::size_t manyEscapes = 255;
+    static constexpr std::size_t uncountedEscapes = 255;
 
     static constexpr int escapesShift = 8;
     static constexpr int sizeShift = 16; // which leaves as many bits as addresses have
@@ -151,7 +151,7 @@ struct ParseError {
 
 /// Reads `text`, which is UTF-8; a byte-order mark at its start is skipped. A name that occurs more than once
 /// in an object counts where it stands last. Fails at the first thing that RFC 8259 does not allow, at lone
-/// surrogate escapes and above `maximumDepth`; bytes that are not UTF-8 come before any other error. Takes
+/// surrogate escapes and above `maxDepth`; bytes that are not UTF-8 come before any other error. Takes
 /// linear time, but for sorting the members of objects.
 std::expected<Document, ParseError> parse(std::string_view text, ReadingOptions options = {});
 
@@ -169,7 +169,7 @@ struct WriteError {
 
 /// The text of `value`, without a line break at its end. `"`, `\` and `/` are escaped, control characters by
 /// their short forms or `\u00xx`; all else stands as it is. Fails for a lone scalar that the options do not
-/// allow, and where the text would be longer than `maximumWrittenSize`.
+/// allow, and where the text would be longer than `maxWrittenSize`.
 std::expected<std::string, WriteError> write(const Value& value, WritingOptions options = {});
 
 inline std::string_view Value::text() const {

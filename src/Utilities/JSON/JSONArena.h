@@ -35,7 +35,7 @@ public:
 private:
     static constexpr std::size_t alignment = 8;
     static constexpr std::size_t firstChunkSize = std::size_t{4} << 10;
-    static constexpr std::size_t lastChunkSize = std::size_t{16} << 20;
+    static constexpr std::size_t maxChunkSize = std::size_t{16} << 20;
     static constexpr std::size_t growth = 8;
 
     void* allocateBytes(std::size_t size) {
@@ -53,7 +53,7 @@ private:
         m_chunks.push_back(allocateLarge(chunkSize));
         m_next = m_chunks.back().get();
         m_free = chunkSize;
-        m_chunkSize = std::min(growth * m_chunkSize, lastChunkSize);
+        m_chunkSize = std::min(growth * m_chunkSize, maxChunkSize);
     }
 
     std::vector<LargeMemory> m_chunks;

@@ -15,7 +15,7 @@ inline constexpr std::string_view escapedCharacters = "\"\\/\b\f\n\r\t";
 /// The escape of one ASCII character, the short form where there is one.
 class EscapeSequence {
 public:
-    static constexpr std::size_t room = 8; ///< so many bytes of its text can be read, whatever its size
+    static constexpr std::size_t bufferSize = 8; ///< so many bytes of its text can be read, whatever its size
 
     constexpr EscapeSequence() = default;
 
@@ -34,7 +34,7 @@ public:
     constexpr std::string_view text() const { return {m_text.data(), m_size}; }
 
 private:
-    std::array<char, room> m_text{};
+    std::array<char, bufferSize> m_text{};
     std::size_t m_size = 0;
 };
 

@@ -14,7 +14,7 @@ namespace korvane::JSON {
 namespace {
 
 /// Longer words are cut: a message is one line.
-constexpr std::size_t maximumQuotedSize = 24;
+constexpr std::size_t maxQuotedSize = 24;
 
 bool isWordCharacter(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
@@ -23,8 +23,8 @@ bool isWordCharacter(char character) {
 }
 
 std::string quoted(std::string_view text) {
-    if (text.size() > maximumQuotedSize)
-        return fmt::format("\"{}...\"", text.substr(0, maximumQuotedSize));
+    if (text.size() > maxQuotedSize)
+        return fmt::format("\"{}...\"", text.substr(0, maxQuotedSize));
     return fmt::format("\"{}\"", text);
 }
 

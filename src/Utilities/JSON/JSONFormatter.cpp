@@ -16,13 +16,13 @@ namespace JSONFormatter {
 namespace {
 
 /// Longer names are cut: a message is one line.
-constexpr std::size_t maximumQuotedLength = 24;
+constexpr std::size_t maxQuotedLength = 24;
 
 /// The beginning of `name` in quotes. Control characters are escaped, as a JSON text has them.
 std::string quoted(std::string_view name) {
     Characters characters(name);
     std::size_t size = 0;
-    for (std::size_t length = 0; length < maximumQuotedLength; ++length)
+    for (std::size_t length = 0; length < maxQuotedLength; ++length)
         size += characters.next().size();
     std::string text = "\"";
     for (const char byte : name.substr(0, size)) {

@@ -36,7 +36,7 @@ inline constexpr auto facts<JSONValueType> = std::to_array<JSONValueTypeFacts>({
 });
 
 /// One value of a document with everything under it, as the tree shows it. A plain value that owns its
-/// children; never deeper than `JSON::maximumDepth`.
+/// children; never deeper than `JSON::maxDepth`.
 struct JSONNode {
     UUID id = UUID::random(); ///< another one in every parse of the same text
     std::string key{};        ///< the member's name, "[3]" for the element at index 3, "root" at the top

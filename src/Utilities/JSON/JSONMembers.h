@@ -13,7 +13,7 @@
 namespace korvane::JSON {
 
 /// Most objects have at most so many members. Remembering orders does not pay above.
-inline constexpr std::size_t smallObject = 32;
+inline constexpr std::size_t maxSmallObjectSize = 32;
 
 /// Arranges the objects of one document. Documents are full of objects of the same shape, so it first tries
 /// the order that the last object with as many members needed.
@@ -21,20 +21,21 @@ class MemberSorter {
 public:
     /// The members that `namesAndValues`, by turns, stand for, in their order, and in memory of the arena. Of
     /// members with the same name the last one remains.
-    std::span<const Member> arranged(std::span<const Value> namesAndValues, Arena& arena);
+    std::span<const Member> sorted(std::span<const Value> namesAndValues, Arena& arena);
 
     /// What has not remained, of all objects so far.
     const DuplicateNames& duplicateNames() const { return m_duplicateNames; }
 
 private:
-    using Order = std::array<std::uint8_t, smallObject>;
+    using Order = std::array<std::uint8_t, maxSmallObjectSize>;
 
-    std::size_t arrangeLarge(std::span<const Value> namesAndValues, std::span<Member> members);
-    std::size_t arrangeSmall(std::span<const Value> namesAndValues, std::span<Member> members);
+    std::size_t sortLarge(std::span<const Value> namesAndValues, std::span<Member> members);
+    std::size_t sortSmall(std::span<const Value> namesAndValues, std::span<Member> members);
 
     void noteDuplicate(std::string_view name);
 
-    std::array<Order, smallObject + 1> m_orders{}; ///< by the number of members; all zeros fit no object
+    std::array<Order, maxSmallObjectSize + 1>
+        m_orders{}; ///< by the number of members; all zeros fit no object
     DuplicateNames m_duplicateNames{};
 };
 

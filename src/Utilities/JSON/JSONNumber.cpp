@@ -88,7 +88,7 @@ std::string absoluteForm(Decimal decimal) {
     exponent = decimal.shift + (decimal.exponentIsNegative ? -exponent : exponent);
     const auto digitCount = static_cast<std::int64_t>(decimal.digits.size());
     const auto plainDigits = exponent < 0 ? digitCount - exponent : std::max(digitCount, exponent + 1);
-    if (plainDigits <= static_cast<std::int64_t>(maximumPlainDigits))
+    if (plainDigits <= static_cast<std::int64_t>(maxPlainDigits))
         return plainForm(std::move(decimal.digits), exponent);
     return exponentForm(std::move(decimal.digits), false, std::to_string(exponent));
 }

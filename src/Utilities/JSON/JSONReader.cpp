@@ -117,7 +117,7 @@ bool Reader::readValue(bool& opened) {
 }
 
 bool Reader::open(bool isObject, bool& opened) {
-    if (m_depth == maximumDepth)
+    if (m_depth == maxDepth)
         return fail(ParseError::Kind::tooDeep, m_next, "at most 512 levels");
     m_frames[m_depth++] = {.firstValue = m_values.size(), .isObject = isObject};
     ++m_next;
@@ -158,7 +158,7 @@ void Reader::close() {
     const auto values = std::span(m_values).subspan(frame.firstValue);
     Value container;
     if (frame.isObject) {
-        container = Value::object(m_sorter.arranged(values, m_arena));
+        container = Value::object(m_sorter.sorted(values, m_arena));
     } else {
         const auto elements = m_arena.allocate<Value>(values.size());
         std::uninitialized_copy(values.begin(), values.end(), elements.begin());
@@ -189,8 +189,8 @@ bool Reader::readString() {
         return readEscapedString(start, run);
     if (!checkUTF8(start, run))
         return false;
-    const auto escapes = std::min(run.slashes, Value::manyEscapes);
-    m_values.push_back(Value::string(kept({start, m_next}), escapes));
+    const auto escapes = std::min(run.slashes, Value::uncountedEscapes);
+    m_values.push_back(Value::string(padded({start, m_next}), escapes));
     ++m_next;
     return true;
 }
@@ -212,7 +212,7 @@ bool Reader::readEscapedString(const char* start, Run run) {
     if (!checkUTF8(start, run))
         return false;
     ++m_next;
-    m_values.push_back(Value::string(m_arena.store(m_unescaped), Value::manyEscapes));
+    m_values.push_back(Value::string(m_arena.store(m_unescaped), Value::uncountedEscapes));
     return true;
 }
 
@@ -223,7 +223,7 @@ bool Reader::checkUTF8(const char* start, const Run& run) {
 }
 
 /// `text`, part of what is read, where a block after its end can be read, too.
-std::string_view Reader::kept(std::string_view text) {
+std::string_view Reader::padded(std::string_view text) {
     const auto* const end = text.data() + text.size();
     return m_end - end >= static_cast<std::ptrdiff_t>(Block::size) ? text : m_arena.store(text);
 }
@@ -266,8 +266,9 @@ bool Reader::readNumber() {
         isCanonical = false;
     }
     const std::string_view literal(start, m_next);
-    isCanonical = isCanonical && digits <= maximumPlainDigits;
-    m_values.push_back(Value::number(isCanonical ? kept(literal) : m_arena.store(canonicalNumber(literal))));
+    isCanonical = isCanonical && digits <= maxPlainDigits;
+    m_values.push_back(
+        Value::number(isCanonical ? padded(literal) : m_arena.store(canonicalNumber(literal))));
     return true;
 }
 

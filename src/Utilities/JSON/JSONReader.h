@@ -58,7 +58,7 @@ private:
     bool skipDigits();
     void skipStringRun(Run& run);
     bool checkUTF8(const char* start, const Run& run);
-    std::string_view kept(std::string_view text);
+    std::string_view padded(std::string_view text);
 
     bool fail(ParseError::Kind kind, const char* at, std::string_view expected, std::size_t length = 0);
     bool failHere(std::string_view expected);
@@ -68,7 +68,7 @@ private:
     const char* m_next;
     const char* m_end;
     std::vector<Value> m_values; ///< complete, and waiting for their container to close
-    std::array<Frame, maximumDepth> m_frames{};
+    std::array<Frame, maxDepth> m_frames{};
     std::size_t m_depth = 0;
     std::string m_unescaped; ///< the string that is being read, kept for its memory
     MemberSorter m_sorter;

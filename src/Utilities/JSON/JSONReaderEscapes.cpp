@@ -15,7 +15,7 @@ constexpr bool isVisible(char character) {
     return character > ' ' && character < '\x7F';
 }
 
-constexpr std::string_view anEscape = "one of \" \\ / b f n r t u after the backslash";
+constexpr std::string_view expectedEscape = "one of \" \\ / b f n r t u after the backslash";
 
 /// The size of `\uXXXX`.
 constexpr std::size_t codeUnitSize = 6;
@@ -62,13 +62,13 @@ void appendUTF8(std::string& text, char32_t character) {
 bool Reader::readEscape() {
     if (m_end - m_next < 2) {
         ++m_next;
-        return failHere(anEscape);
+        return failHere(expectedEscape);
     }
     if (m_next[1] == 'u')
         return readUnicodeEscape();
     const auto index = escapeLetters.find(m_next[1]);
     if (index == std::string_view::npos)
-        return fail(ParseError::Kind::invalidEscape, m_next, anEscape, isVisible(m_next[1]) ? 2 : 1);
+        return fail(ParseError::Kind::invalidEscape, m_next, expectedEscape, isVisible(m_next[1]) ? 2 : 1);
     m_unescaped += escapedCharacters[index];
     m_next += 2;
     return true;

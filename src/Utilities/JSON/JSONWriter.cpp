@@ -67,7 +67,7 @@ std::expected<std::string, WriteError> Writer::write(const Value& root) {
     if (!m_options.fragmentsAllowed && root.type() != Type::object && root.type() != Type::array)
         return std::unexpected(WriteError{"Expected an object or an array at the top level"});
     const auto size = writtenSize(root, 0);
-    if (size > maximumWrittenSize)
+    if (size > maxWrittenSize)
         return std::unexpected(WriteError{"The output would be longer than 1 GiB"});
     std::string text;
     text.resize_and_overwrite(size + Block::size, [&](char* characters, std::size_t room) {
@@ -80,7 +80,7 @@ std::expected<std::string, WriteError> Writer::write(const Value& root) {
 
 inline std::size_t Writer::quotedSize(const Value& string) {
     constexpr std::size_t quotes = 2;
-    if (string.escapes() == Value::manyEscapes)
+    if (string.escapes() == Value::uncountedEscapes)
         return quotes + escapedSize(string.literal());
     return quotes + string.size() + string.escapes();
 }
@@ -173,7 +173,7 @@ char* Writer::writeEscaped(char* to, std::string_view content) {
         content.remove_prefix(piece.plain);
         if (piece.escapes) {
             const auto& escape = escapeOf(content.front());
-            std::memcpy(to, escape.text().data(), EscapeSequence::room);
+            std::memcpy(to, escape.text().data(), EscapeSequence::bufferSize);
             to += escape.text().size();
             content.remove_prefix(1);
         }
@@ -183,13 +183,13 @@ char* Writer::writeEscaped(char* to, std::string_view content) {
 
 /// The line break before a member, an element or a closing bracket, with the spaces of its level.
 std::string_view Writer::line(std::size_t depth) const {
-    static constexpr auto deepest = [] {
-        std::array<char, 1 + 2 * maximumDepth + Block::size> characters{};
+    static constexpr auto indentation = [] {
+        std::array<char, 1 + 2 * maxDepth + Block::size> characters{};
         characters.fill(' ');
         characters[0] = '\n';
         return characters;
     }();
-    return {deepest.data(), m_options.prettyPrinted ? 1 + 2 * depth : 0};
+    return {indentation.data(), m_options.prettyPrinted ? 1 + 2 * depth : 0};
 }
 
 std::expected<std::string, WriteError> write(const Value& value, WritingOptions options) {

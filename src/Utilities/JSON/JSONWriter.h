@@ -11,7 +11,7 @@
 
 namespace korvane::JSON {
 
-/// Recursion goes as deep as the document, so never deeper than `maximumDepth`.
+/// Recursion goes as deep as the document, so never deeper than `maxDepth`.
 class Writer {
 public:
     explicit Writer(WritingOptions options) : m_options(options) {}

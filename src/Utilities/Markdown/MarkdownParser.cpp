@@ -167,11 +167,11 @@ std::string toHTML(std::string_view markdown) {
     replaceAll(text, HorizontalRule(text), "<hr>");
     text = processBlockquotes(text);
     text = processLists(text);
-    replaceAll(text, Enclosed(text, "**"), "<strong>$1</strong>");
-    replaceAll(text, Enclosed(text, "__"), "<strong>$1</strong>");
-    replaceAll(text, Lone(text, '*'), "<em>$1</em>");
-    replaceAll(text, Lone(text, '_'), "<em>$1</em>");
-    replaceAll(text, Enclosed(text, "~~"), "<del>$1</del>");
+    replaceAll(text, DoubleDelimited(text, "**"), "<strong>$1</strong>");
+    replaceAll(text, DoubleDelimited(text, "__"), "<strong>$1</strong>");
+    replaceAll(text, SingleDelimited(text, '*'), "<em>$1</em>");
+    replaceAll(text, SingleDelimited(text, '_'), "<em>$1</em>");
+    replaceAll(text, DoubleDelimited(text, "~~"), "<del>$1</del>");
     replaceAll(text, Link(text, Link::Kind::image), "<img src=\"$2\" alt=\"$1\">");
     replaceAll(text, Link(text), "<a href=\"$2\">$1</a>");
     replaceAll(text, LineEndSpaces(text), "<br>");

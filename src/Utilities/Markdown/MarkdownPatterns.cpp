@@ -44,17 +44,17 @@ bool isLineStart(std::string_view text, std::size_t at) {
 
 /// The first line end at or behind `from`.
 std::size_t lineEndFrom(std::string_view text, std::size_t from) {
-    const auto mayBegin = [](char character) {
+    const auto mayStartTerminator = [](char character) {
         return (character >= '\n' && character <= '\r') || character == '\xC2' || character == '\xE2';
     };
     for (auto at = from; at < text.size(); ++at) {
-        if (mayBegin(text[at]) && terminatorLength(text, at) > 0)
+        if (mayStartTerminator(text[at]) && terminatorLength(text, at) > 0)
             return at;
     }
     return text.size();
 }
 
-std::size_t orEnd(std::string_view text, std::size_t offset) {
+std::size_t clampedToEnd(std::string_view text, std::size_t offset) {
     return std::min(offset, text.size());
 }
 
@@ -123,7 +123,7 @@ std::optional<Match> InlineCode::next(std::size_t from) {
 
 std::optional<Match> Header::next(std::size_t from) {
     for (auto start = m_text.find('#', from); start != npos;) {
-        const auto signsEnd = orEnd(m_text, m_text.find_first_not_of('#', start));
+        const auto signsEnd = clampedToEnd(m_text, m_text.find_first_not_of('#', start));
         if (signsEnd - start == m_level && isLineStart(m_text, start)) {
             if (const auto match = matchBehindSigns(start, signsEnd))
                 return match;
@@ -156,17 +156,17 @@ std::optional<Match> Header::matchBehindSigns(std::size_t start, std::size_t sig
 
 std::optional<Match> HorizontalRule::next(std::size_t from) {
     constexpr std::string_view characters = "-*_";
-    constexpr std::size_t shortest = 3;
+    constexpr std::size_t minLength = 3;
     for (auto start = m_text.find_first_of(characters, from); start != npos;) {
-        const auto end = orEnd(m_text, m_text.find_first_not_of(characters, start));
-        if (end - start >= shortest && isLineStart(m_text, start) && isLineEnd(m_text, end))
+        const auto end = clampedToEnd(m_text, m_text.find_first_not_of(characters, start));
+        if (end - start >= minLength && isLineStart(m_text, start) && isLineEnd(m_text, end))
             return Match{{start, end}, {end - 1, end}, {}};
         start = m_text.find_first_of(characters, end);
     }
     return std::nullopt;
 }
 
-std::optional<Match> Enclosed::next(std::size_t from) {
+std::optional<Match> DoubleDelimited::next(std::size_t from) {
     for (auto open = m_text.find(m_delimiter, from); open != npos; open = m_text.find(m_delimiter, from)) {
         const auto content = open + m_delimiter.size();
         if (m_lineEnd < content)
@@ -179,26 +179,26 @@ std::optional<Match> Enclosed::next(std::size_t from) {
     return std::nullopt;
 }
 
-std::optional<Match> Lone::next(std::size_t from) {
-    for (auto open = nextAlone(from, m_text.size()); open != npos; open = nextAlone(from, m_text.size())) {
+std::optional<Match> SingleDelimited::next(std::size_t from) {
+    for (auto open = nextSingle(from, m_text.size()); open != npos; open = nextSingle(from, m_text.size())) {
         from = open + 1;
         if (open > 0 && m_notAfter.contains(m_text[open - 1]))
             continue;
         if (m_lineEnd < from)
             m_lineEnd = lineEndFrom(m_text, from);
-        const auto close = nextAlone(from, m_lineEnd);
+        const auto close = nextSingle(from, m_lineEnd);
         if (close != npos)
             return Match{{open, close + 1}, {open + 1, close}, {}};
-        from = m_lineEnd; // as in `Enclosed`
+        from = m_lineEnd; // as in `DoubleDelimited`
     }
     return std::nullopt;
 }
 
 /// The first delimiter from `from` to `end` that has no other beside it.
-std::size_t Lone::nextAlone(std::size_t from, std::size_t end) const {
+std::size_t SingleDelimited::nextSingle(std::size_t from, std::size_t end) const {
     auto start = m_text.substr(0, end).find(m_delimiter, from);
     while (start != npos) {
-        const auto runEnd = orEnd(m_text, m_text.find_first_not_of(m_delimiter, start));
+        const auto runEnd = clampedToEnd(m_text, m_text.find_first_not_of(m_delimiter, start));
         const bool isFirst = start == 0 || m_text[start - 1] != m_delimiter;
         if (isFirst && runEnd == start + 1)
             return start;
@@ -241,7 +241,7 @@ std::size_t Link::nextParenthesis(std::size_t from) {
 std::optional<Match> LineEndSpaces::next(std::size_t from) {
     constexpr std::string_view spaces = "  ";
     for (auto start = m_text.find(spaces, from); start != npos;) {
-        const auto end = orEnd(m_text, m_text.find_first_not_of(' ', start));
+        const auto end = clampedToEnd(m_text, m_text.find_first_not_of(' ', start));
         if (isLineEnd(m_text, end))
             return Match{{end - spaces.size(), end}, {}, {}};
         start = m_text.find(spaces, end);
@@ -260,9 +260,9 @@ std::optional<std::size_t> endOfOrderedMarker(std::string_view line) {
     if (digitsEnd == 0 || !line.substr(digitsEnd).starts_with('.'))
         return std::nullopt;
     const auto spaceStart = digitsEnd + 1;
-    bool isTaken = false;
+    bool isSpaceRead = false;
     const auto end = runEnd(line, spaceStart, [&](UChar32 character) {
-        return !std::exchange(isTaken, true) && isSpace(character);
+        return !std::exchange(isSpaceRead, true) && isSpace(character);
     });
     return end > spaceStart ? std::optional(end) : std::nullopt;
 }

@@ -81,9 +81,10 @@ private:
 };
 
 /// `\*\*(.+?)\*\*`, or the same with another delimiter of two equal ASCII characters.
-class Enclosed {
+class DoubleDelimited {
 public:
-    Enclosed(std::string_view text, std::string_view delimiter) : m_text(text), m_delimiter(delimiter) {}
+    DoubleDelimited(std::string_view text, std::string_view delimiter)
+        : m_text(text), m_delimiter(delimiter) {}
 
     std::optional<Match> next(std::size_t from);
 
@@ -94,21 +95,21 @@ private:
 };
 
 /// `(?<!\*)\*(?!\*)(.+?)(?<!\*)\*(?!\*)`, or the same with another ASCII character.
-class Lone {
+class SingleDelimited {
 public:
     /// The opening delimiter must not follow one of the characters of `notAfter` either.
-    Lone(std::string_view text, char delimiter, std::string_view notAfter = {})
+    SingleDelimited(std::string_view text, char delimiter, std::string_view notAfter = {})
         : m_text(text), m_delimiter(delimiter), m_notAfter(notAfter) {}
 
     std::optional<Match> next(std::size_t from);
 
 private:
-    std::size_t nextAlone(std::size_t from, std::size_t end) const;
+    std::size_t nextSingle(std::size_t from, std::size_t end) const;
 
     std::string_view m_text;
     char m_delimiter;
     std::string_view m_notAfter;
-    std::size_t m_lineEnd = 0; ///< as in `Enclosed`
+    std::size_t m_lineEnd = 0; ///< as in `DoubleDelimited`
 };
 
 /// `\[([^\]]+)\]\(([^)]+)\)`, and as an image `!\[([^\]]*)]\(([^)]+)\)`.
@@ -156,21 +157,21 @@ public:
 private:
     /// A matcher that is asked again only when its last match lies behind.
     template <typename Matcher>
-    struct Remembered {
+    struct Cached {
         Matcher matcher;
         std::optional<Match> match{};
-        bool isAsked = false;
+        bool wasQueried = false;
 
         const std::optional<Match>& next(std::size_t from) {
-            if (!isAsked || (match && match->whole.start < from))
+            if (!wasQueried || (match && match->whole.start < from))
                 match = matcher.next(from);
-            isAsked = true;
+            wasQueried = true;
             return match;
         }
     };
 
-    Remembered<First> m_first;
-    Remembered<Second> m_second;
+    Cached<First> m_first;
+    Cached<Second> m_second;
 };
 
 /// The first line break at or behind `from`: a newline character, CR LF being one. Empty at the text's end

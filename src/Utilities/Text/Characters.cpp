@@ -16,7 +16,7 @@ namespace {
 
 /// Whether there is always a boundary between the code point and another such one, CR and LF excepted, so
 /// that only the rest needs the full rules.
-bool standsAlone(char32_t character) {
+bool isAlwaysSeparate(char32_t character) {
     if (character < 0x300)
         return true;
     switch (u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_GRAPHEME_CLUSTER_BREAK)) {
@@ -73,7 +73,7 @@ private:
 };
 
 /// Whether `character` is one byte, as nearly all that are asked about are.
-bool isASCII(std::string_view character) {
+bool isSingleASCII(std::string_view character) {
     return character.size() == 1 && static_cast<unsigned char>(character[0]) < 0x80;
 }
 
@@ -93,7 +93,7 @@ bool isOfCase(UChar32 codePoint, UProperty isCase, UProperty changesByOwn, UProp
 }
 
 /// A character is of the class of its first code point; marks behind it change nothing.
-UChar32 leading(std::string_view character) {
+UChar32 firstCodePoint(std::string_view character) {
     return static_cast<UChar32>(decodeAt(character, 0).character);
 }
 
@@ -109,7 +109,7 @@ std::string_view Characters::next() {
     const auto first = decodeAt(m_text, m_offset);
     if (first.end == m_text.size())
         return take(first.end);
-    if (standsAlone(first.character) && standsAlone(decodeAt(m_text, first.end).character))
+    if (isAlwaysSeparate(first.character) && isAlwaysSeparate(decodeAt(m_text, first.end).character))
         return take(first.end);
     openWindow(first.end);
     return take(m_windowEnds[m_taken++]);
@@ -138,12 +138,12 @@ std::string_view Characters::take(std::size_t end) {
 /// Asks the rules about everything up to the next place where there is a boundary for certain.
 void Characters::openWindow(std::size_t firstEnd) {
     auto end = firstEnd;
-    for (bool endStandsAlone = false; end < m_text.size();) {
+    for (bool endIsSeparate = false; end < m_text.size();) {
         const auto following = decodeAt(m_text, end);
-        const bool followingStandsAlone = standsAlone(following.character);
-        if (endStandsAlone && followingStandsAlone && !isCarriageReturnLineFeed(m_text, end - 1))
+        const bool followingIsSeparate = isAlwaysSeparate(following.character);
+        if (endIsSeparate && followingIsSeparate && !isCarriageReturnLineFeed(m_text, end - 1))
             break;
-        endStandsAlone = followingStandsAlone;
+        endIsSeparate = followingIsSeparate;
         end = following.end;
     }
     thread_local ClusterRules rules;
@@ -165,7 +165,7 @@ std::string_view firstCharacter(std::string_view text) {
 }
 
 bool isUppercase(std::string_view character) {
-    if (isASCII(character))
+    if (isSingleASCII(character))
         return character[0] >= 'A' && character[0] <= 'Z';
     if (const auto codePoint = singleCodePoint(character))
         return isOfCase(*codePoint, UCHAR_UPPERCASE, UCHAR_CHANGES_WHEN_UPPERCASED,
@@ -174,7 +174,7 @@ bool isUppercase(std::string_view character) {
 }
 
 bool isLowercase(std::string_view character) {
-    if (isASCII(character))
+    if (isSingleASCII(character))
         return character[0] >= 'a' && character[0] <= 'z';
     if (const auto codePoint = singleCodePoint(character))
         return isOfCase(*codePoint, UCHAR_LOWERCASE, UCHAR_CHANGES_WHEN_LOWERCASED,
@@ -183,11 +183,12 @@ bool isLowercase(std::string_view character) {
 }
 
 bool isNumeric(std::string_view character) {
-    return !character.empty() && u_getIntPropertyValue(leading(character), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
+    return !character.empty() &&
+           u_getIntPropertyValue(firstCodePoint(character), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
 }
 
 bool isLetter(std::string_view character) {
-    return !character.empty() && u_isUAlphabetic(leading(character)) != 0;
+    return !character.empty() && u_isUAlphabetic(firstCodePoint(character)) != 0;
 }
 
 } // namespace korvane

@@ -31,7 +31,7 @@ std::unique_ptr<icu::Collator> caseInsensitiveCollator() {
 }
 
 /// One text's place among the others. The first bytes of its key, read as a number, decide nearly always.
-struct Place {
+struct SortEntry {
     std::uint64_t prefix;
     std::size_t key; // where the key begins
     std::size_t index;
@@ -42,7 +42,7 @@ class SortKeys {
 public:
     SortKeys() : m_collator(caseInsensitiveCollator()) {}
 
-    Place append(std::string_view text, std::size_t index) {
+    SortEntry append(std::string_view text, std::size_t index) {
         const auto start = m_bytes.size();
         if (m_collator)
             appendKey(text);
@@ -51,7 +51,7 @@ public:
         return {.prefix = prefix(start), .key = start, .index = index};
     }
 
-    int compare(const Place& a, const Place& b) const {
+    int compare(const SortEntry& a, const SortEntry& b) const {
         if (a.prefix != b.prefix)
             return a.prefix < b.prefix ? -1 : 1;
         return std::strcmp(m_bytes.data() + a.key, m_bytes.data() + b.key);
@@ -98,16 +98,16 @@ private:
 std::vector<std::size_t> localizedCaseInsensitiveOrder(std::span<const std::string_view> texts,
                                                        SortOrder order) {
     SortKeys keys;
-    std::vector<Place> places;
-    places.reserve(texts.size());
+    std::vector<SortEntry> entries;
+    entries.reserve(texts.size());
     for (const auto text : texts)
-        places.push_back(keys.append(text, places.size()));
-    std::ranges::sort(places, [&](const Place& a, const Place& b) {
+        entries.push_back(keys.append(text, entries.size()));
+    std::ranges::sort(entries, [&](const SortEntry& a, const SortEntry& b) {
         const auto compared = order == SortOrder::ascending ? keys.compare(a, b) : keys.compare(b, a);
         return compared != 0 ? compared < 0 : a.index < b.index;
     });
-    std::vector<std::size_t> indices(places.size());
-    std::ranges::transform(places, indices.begin(), &Place::index);
+    std::vector<std::size_t> indices(entries.size());
+    std::ranges::transform(entries, indices.begin(), &SortEntry::index);
     return indices;
 }
 

@@ -12,7 +12,7 @@ const InterruptibleText::Source& sourceOf(const UText* handle) {
 }
 
 /// Shows the units from `start` to `limit`, with the reader at `index` among them.
-void show(UText* handle, std::int64_t start, std::int64_t limit, std::int64_t index) {
+void setChunk(UText* handle, std::int64_t start, std::int64_t limit, std::int64_t index) {
     handle->chunkContents = sourceOf(handle).text.getBuffer() + start;
     handle->chunkNativeStart = start;
     handle->chunkNativeLimit = limit;
@@ -34,10 +34,10 @@ UBool access(UText* handle, std::int64_t index, UBool forward) {
     const auto& source = sourceOf(handle);
     const std::int64_t length = source.text.length();
     const auto pieceLength = source.options.pieceLength;
-    if (!source.goesOn()) {
+    if (!source.shouldContinue()) {
         if (source.options.stop == InterruptibleText::Stop::byException)
             throw InterruptibleText::Interrupted();
-        show(handle, length, length, length);
+        setChunk(handle, length, length, length);
         return 0;
     }
     index = boundaryBefore(source.text, std::clamp(index, std::int64_t{0}, length));
@@ -50,7 +50,7 @@ UBool access(UText* handle, std::int64_t index, UBool forward) {
     auto piece = wanted / pieceLength;
     if (wanted >= startOf(piece + 1))
         ++piece;
-    show(handle, startOf(piece), startOf(piece + 1), index);
+    setChunk(handle, startOf(piece), startOf(piece + 1), index);
     return forward ? index < length : index > 0;
 }
 
@@ -98,15 +98,15 @@ UText* open(UText* handle, const InterruptibleText::Source& source, UErrorCode* 
         return handle;
     handle->pFuncs = &functions;
     handle->context = &source;
-    show(handle, 0, 0, 0);
+    setChunk(handle, 0, 0, 0);
     return handle;
 }
 
 } // namespace
 
-InterruptibleText::InterruptibleText(const icu::UnicodeString& text, const std::function<bool()>& goesOn,
-                                     Options options)
-    : m_source{.text = text, .goesOn = goesOn, .options = options} {
+InterruptibleText::InterruptibleText(const icu::UnicodeString& text,
+                                     const std::function<bool()>& shouldContinue, Options options)
+    : m_source{.text = text, .shouldContinue = shouldContinue, .options = options} {
     UErrorCode status = U_ZERO_ERROR;
     open(&m_handle, m_source, &status); // fails only where ICU would have to allocate
 }

@@ -11,8 +11,8 @@ namespace korvane {
 
 /// ICU matches regular expressions in one go and reports progress only when it puts off an alternative. A
 /// long run of characters that it takes at once, again and again, goes unreported for as long as it takes;
-/// and while it compiles a pattern it reports nothing at all. This text asks `goesOn` whenever the reader
-/// comes to another piece, and stops it when the answer is no.
+/// and while it compiles a pattern it reports nothing at all. This text asks `shouldContinue` whenever the
+/// reader comes to another piece, and stops it when the answer is no.
 class InterruptibleText {
 public:
     struct Interrupted {};
@@ -30,8 +30,9 @@ public:
         Stop stop = Stop::byException;
     };
 
-    /// `text` and `goesOn` are only referred to.
-    InterruptibleText(const icu::UnicodeString& text, const std::function<bool()>& goesOn, Options options);
+    /// `text` and `shouldContinue` are only referred to.
+    InterruptibleText(const icu::UnicodeString& text, const std::function<bool()>& shouldContinue,
+                      Options options);
     ~InterruptibleText();
     InterruptibleText(const InterruptibleText&) = delete;
     InterruptibleText& operator=(const InterruptibleText&) = delete;
@@ -41,7 +42,7 @@ public:
     /// What the text's functions work on, shared by the copies of the handle that ICU makes.
     struct Source {
         const icu::UnicodeString& text;
-        const std::function<bool()>& goesOn;
+        const std::function<bool()>& shouldContinue;
         Options options;
     };
 

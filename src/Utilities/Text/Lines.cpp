@@ -14,12 +14,12 @@ namespace {
 /// Whether none of the eight bytes at `bytes` can begin a newline: all are ASCII, and none is below U+000E.
 bool isFreeOfNewlines(const char* bytes) {
     constexpr std::uint64_t highBits = 0x8080808080808080;
-    constexpr std::uint64_t firstOrdinary = 0x0E0E0E0E0E0E0E0E;
+    constexpr std::uint64_t firstNonNewline = 0x0E0E0E0E0E0E0E0E;
     std::uint64_t word = 0;
     std::memcpy(&word, bytes, sizeof word);
     // A byte below 0x0E borrows from its own high bit. What it borrows from the byte above can only make that
     // one look suspicious as well.
-    return ((word | (word - firstOrdinary)) & highBits) == 0;
+    return ((word | (word - firstNonNewline)) & highBits) == 0;
 }
 
 } // namespace

@@ -17,7 +17,7 @@ public:
     /// An element that stands in more than one of this many places is frequent. Its bits are then cheaper to
     /// go through than its positions, and all frequent elements together need at most 16 bytes for each
     /// element of the list.
-    static constexpr std::size_t frequent = 128;
+    static constexpr std::size_t frequentShare = 128;
 
     /// `elements` are below `bound`.
     Occurrences(std::span<const std::uint32_t> elements, std::size_t bound);

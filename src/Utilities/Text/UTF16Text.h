@@ -15,9 +15,9 @@ namespace korvane {
 class UTF16Text {
 public:
     /// The longest text, in bytes, that can be copied: positions in either form fit into 32 bits.
-    static constexpr std::size_t maximumSize = std::size_t{1} << 30;
+    static constexpr std::size_t maxSize = std::size_t{1} << 30;
 
-    /// Copies `text`, of at most `maximumSize` bytes. The replacement character stands for bytes that are not
+    /// Copies `text`, of at most `maxSize` bytes. The replacement character stands for bytes that are not
     /// UTF-8, one for each sequence as ICU splits them. About a gigabyte a second while the text is ASCII.
     explicit UTF16Text(std::string_view text);
 
