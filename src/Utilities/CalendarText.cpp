@@ -28,7 +28,7 @@ icu::Locale gregorian(const std::string& name) {
     return locale;
 }
 
-/// The pattern in which the locale writes the fields that `skeleton` names.
+/// The locale's pattern for the fields of `skeleton`.
 icu::UnicodeString patternFor(const char* skeleton, const icu::Locale& locale) {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::DateTimePatternGenerator> generator(
@@ -47,7 +47,7 @@ std::unique_ptr<icu::DateFormat> newFormat(const char* skeleton, const std::stri
     return format;
 }
 
-/// Making a format takes milliseconds, and a month has many days, so they are kept.
+/// Formats are cached: creating one takes milliseconds, and a month has many days.
 const icu::DateFormat& formatFor(const char* skeleton, const std::string& locale) {
     thread_local std::map<std::pair<std::string, std::string>, std::unique_ptr<icu::DateFormat>> cache;
     auto& format = cache[{skeleton, icuLocaleName(locale)}];

@@ -14,8 +14,8 @@ namespace {
 
 __extension__ using UInt128 = unsigned __int128;
 
-/// Random words ahead of need: one system call serves 512 of them, and a call for each would cost a hundred
-/// times as much.
+/// A buffer of random words: one system call fetches 512 of them; a call for each would cost a hundred times
+/// as much.
 class WordPool {
 public:
     std::uint64_t take() {
@@ -23,7 +23,7 @@ public:
             arc4random_buf(m_words.data(), sizeof m_words);
             m_used = 0;
         }
-        return std::exchange(m_words[m_used++], 0); // what was handed out may be a secret by now
+        return std::exchange(m_words[m_used++], 0); // the caller may use the word as a secret
     }
 
 private:
@@ -31,8 +31,8 @@ private:
     std::size_t m_used = m_words.size();
 };
 
-/// The high half of a random value times `bound`. Of the 2^64 values, (2^64 - bound) mod bound are too many
-/// for equal shares; they are the ones whose product has a low half below that number, and are drawn again.
+/// The high half of a random value times `bound`. (2^64 - bound) mod bound of the 2^64 values are surplus to
+/// a uniform distribution: those whose product has a low half below that number. They are rejected.
 template <typename Next>
 std::uint32_t drawBelow(std::uint32_t bound, const Next& next) {
     assert(bound > 0);

@@ -16,7 +16,7 @@ namespace korvane::URLComponents {
 
 namespace {
 
-/// A URL as the parser splits it; refers to the text that was parsed.
+/// A URL as split by the parser; refers to the parsed text.
 class ParsedURL {
 public:
     explicit ParsedURL(std::string_view url)
@@ -35,7 +35,7 @@ public:
 
     const UriUriA& parts() const { return m_parts; }
 
-    /// Where the parser could not go on.
+    /// Where the parser stopped.
     const char* error() const { return m_error; }
 
 private:
@@ -49,7 +49,7 @@ std::string decoded(std::string_view text) {
     return bytes ? std::move(*bytes) : std::string(text);
 }
 
-/// What `range` covers, as it is written; none if the component is absent.
+/// The undecoded text of `range`; none if the component is absent.
 std::optional<std::string_view> textOf(const UriTextRangeA& range) {
     if (!range.first)
         return std::nullopt;
@@ -69,7 +69,7 @@ std::optional<std::string> hostOf(const UriUriA& parts) {
 
 constexpr int maxPort = 65535;
 
-/// The port, none without one; an error if it is no port's number.
+/// The port, none without one; an error if it exceeds `maxPort`.
 std::expected<std::optional<int>, std::errc> portOf(const UriUriA& parts) {
     const auto digits = textOf(parts.portText);
     if (!digits || digits->empty())
@@ -111,8 +111,9 @@ std::optional<std::vector<URLQueryItem>> queryItemsOf(const UriUriA& parts) {
     return items;
 }
 
-/// What stands wrong at `offset`, where the parser stopped. It takes the colon before a port for one behind a
-/// user's name until the authority ends, and reads the whole triplet of a percent-encoding.
+/// The offset of the actual error when the parser stopped at `offset`. Until the authority ends, the parser
+/// treats the colon before a port as the separator after a user name; and it reads the whole triplet of a
+/// percent-encoding before it fails.
 std::size_t errorOffset(std::string_view url, std::size_t offset) {
     const auto percent = url.substr(0, offset).rfind('%');
     if (percent != std::string_view::npos && offset - percent < 3)
