@@ -12,13 +12,13 @@ namespace korvane::RegularExpression {
 
 namespace {
 
-/// How many UTF-16 units of a pattern ICU gets at once: room for two or three character sets.
+/// How many UTF-16 units of a pattern with many character sets ICU gets at once: about two or three sets.
 constexpr std::int64_t setPieceLength = 32;
 
-/// Patterns with no more sets than this are compiled in one piece and always to their end, which is near.
+/// Patterns with at most this many sets are compiled in one piece, without interruption: they compile fast.
 constexpr std::size_t maxUnsplitSetCount = 4;
 
-/// What stands wrong in a pattern, for each error that ICU has for one.
+/// The message for an ICU pattern error.
 struct Fault {
     UErrorCode status;
     std::string_view text;
@@ -41,7 +41,7 @@ constexpr auto faults = std::to_array<Fault>({
     {U_REGEX_INVALID_RANGE, "Character range whose end comes before its start"},
     {U_REGEX_PATTERN_TOO_BIG, "Pattern too big"},
     {U_REGEX_INVALID_CAPTURE_GROUP_NAME, "Invalid name of a capture group"},
-    {U_REGEX_INTERNAL_ERROR, "Nesting too deep"}, // reported beyond a hundred levels
+    {U_REGEX_INTERNAL_ERROR, "Nesting too deep"}, // reported above a hundred levels
     {U_ILLEGAL_CHAR_FOUND, "Unknown character name"},
     {U_MEMORY_ALLOCATION_ERROR, "Pattern too big"},
 });
@@ -51,7 +51,7 @@ std::string_view faultOf(UErrorCode status) {
     return fault == faults.end() ? "Invalid pattern" : fault->text;
 }
 
-/// Where ICU, which counts lines from 1 and code points in them, noticed a fault.
+/// The position of an error. ICU reports it as a line, counted from 1, and a code point offset in the line.
 std::optional<std::size_t> positionOf(const UParseError& error, const icu::UnicodeString& pattern) {
     if (error.line < 1)
         return std::nullopt;
@@ -72,7 +72,7 @@ std::optional<std::size_t> positionOf(const UParseError& error, const icu::Unico
 
 CompiledPattern::CompiledPattern(std::string_view pattern, bool isCaseSensitive,
                                  const std::function<bool()>& shouldContinue) {
-    if (pattern.empty()) { // ICU would find it everywhere
+    if (pattern.empty()) { // ICU would match it everywhere
         m_error = PatternError{.fault = "Empty pattern"};
         return;
     }
@@ -92,11 +92,11 @@ CompiledPattern::CompiledPattern(std::string_view pattern, bool isCaseSensitive,
 void CompiledPattern::compile(std::uint32_t flags, std::int64_t pieceLength,
                               const std::function<bool()>& shouldContinue) {
     bool isInterrupted = false;
-    const std::function<bool()> isRead = [&] {
+    const std::function<bool()> mayRead = [&] {
         isInterrupted = isInterrupted || !shouldContinue();
         return !isInterrupted;
     };
-    InterruptibleText text(m_units, isRead,
+    InterruptibleText text(m_units, mayRead,
                            {.pieceLength = pieceLength, .stop = InterruptibleText::Stop::byEndOfText});
     UErrorCode status = U_ZERO_ERROR;
     UParseError error{};

@@ -19,12 +19,12 @@ namespace korvane::RegularExpression {
 
 namespace {
 
-/// Up to this length, in UTF-16 units, a text is searched in one piece whatever the pattern: the maxLength
-/// run that ICU takes without a report of progress ends soon.
+/// Texts up to this length, in UTF-16 units, are searched in one piece whatever the pattern: even the longest
+/// run that ICU scans without reporting progress ends soon.
 constexpr std::int32_t maxUnsplitTextLength = 1 << 14;
 
-/// Whether ICU may run along the text for one alternative without reporting it: it does so for what it will
-/// not take back, and for comparing with what a group took.
+/// Whether ICU may scan along the text without reporting progress: it does so for constructs that it does not
+/// backtrack into, and to compare with a captured group.
 bool mayScanWithoutProgress(std::string_view pattern) {
     for (std::size_t at = 0; at + 1 < pattern.size(); ++at) {
         const auto next = pattern[at + 1];
@@ -51,7 +51,7 @@ bool mayScanWithoutProgress(std::string_view pattern) {
     return false;
 }
 
-/// Decides whether a search goes on.
+/// Decides whether a search may continue.
 class BudgetMonitor {
 public:
     explicit BudgetMonitor(const Budget& budget) : m_budget(budget), m_end(now() + budget.time) {}
@@ -61,13 +61,13 @@ public:
     /// After a step inside a match.
     bool shouldContinueAfterStep() { return ++m_steps <= m_budget.steps && shouldContinue(); }
 
-    /// After a match, or at the next place where one may begin. To look at the clock at each would take
-    /// longer than to find a letter.
+    /// After a match, or at the next position where one may begin. Reads the clock only at some positions, as
+    /// reading it takes longer than finding a letter.
     bool shouldContinueAtPosition() {
         return m_positions++ % positionsPerCheck == 0 ? shouldContinue() : !m_budget.stop.stop_requested();
     }
 
-    /// Why it does not.
+    /// Why it may not continue.
     Interruption interruption() const {
         return m_budget.stop.stop_requested() ? Interruption::cancelled : Interruption::tookTooLong;
     }
@@ -75,7 +75,7 @@ public:
 private:
     static constexpr std::size_t positionsPerCheck = 1024;
 
-    /// What this thread has had of the processor.
+    /// The processor time of this thread.
     static std::chrono::nanoseconds now() {
         timespec time{};
         clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
@@ -88,7 +88,7 @@ private:
     std::size_t m_positions = 0;
 };
 
-/// The bytes of a group, 0 for the whole match; none when it took no part, or begins or ends inside a
+/// The bytes of a group, 0 for the whole match; none if it did not participate, or begins or ends inside a
 /// character.
 std::optional<TextRange> rangeOf(const icu::RegexMatcher& matcher, std::int32_t group,
                                  const UTF16Text& text) {
@@ -115,7 +115,7 @@ void addMatch(const icu::RegexMatcher& matcher, const UTF16Text& text, Findings&
     }
 }
 
-/// Lets the monitor look whenever ICU reports progress.
+/// Calls the monitor whenever ICU reports progress.
 void setCallbacks(icu::RegexMatcher& matcher, BudgetMonitor& monitor, UErrorCode& status) {
     matcher.setMatchCallback(
         [](const void* context, std::int32_t) -> UBool {
@@ -129,8 +129,8 @@ void setCallbacks(icu::RegexMatcher& matcher, BudgetMonitor& monitor, UErrorCode
         &monitor, status);
 }
 
-/// Adds to `findings` all that `matcher` finds in `text`. `isInPieces`: so that the monitor can look at any
-/// time; reading is slower then.
+/// Adds all matches of `matcher` in `text` to `findings`. With `isInPieces`, the monitor is also called
+/// between pieces of the text, which slows down reading.
 void findAll(icu::RegexMatcher& matcher, const UTF16Text& text, bool isInPieces, BudgetMonitor& monitor,
              Findings& findings) {
     const std::function<bool()> shouldContinue = [&monitor] { return monitor.shouldContinue(); };
@@ -158,7 +158,7 @@ void findAll(icu::RegexMatcher& matcher, const UTF16Text& text, bool isInPieces,
         findings.interruption = monitor.interruption();
 }
 
-/// What a replacement is made of: plain text, and the number of a group behind it.
+/// A part of a replacement: plain text, then optionally the number of a group.
 struct ReplacementPart {
     std::string text{};
     std::optional<std::uint32_t> group{};
@@ -168,8 +168,8 @@ bool isDigitAt(std::string_view text, std::size_t at) {
     return at < text.size() && text[at] >= '0' && text[at] <= '9';
 }
 
-/// The number that `text`, whose first character is a digit, begins with: no more digits than the highest
-/// number of a group has.
+/// The number at the start of `text`, whose first character is a digit: at most as many digits as the maximum
+/// group number has.
 std::string_view groupNumber(std::string_view text, std::uint32_t groupCount) {
     const auto maxLength = fmt::formatted_size("{}", groupCount);
     std::size_t length = 1;
@@ -197,7 +197,7 @@ std::vector<ReplacementPart> replacementParts(std::string_view replacement, std:
     return parts;
 }
 
-/// What `group` took in the match that has these pieces.
+/// The text that `group` captured in the match that has these pieces.
 std::string_view textOf(std::uint32_t group, std::span<const Piece> match, std::string_view text) {
     const auto piece = std::ranges::lower_bound(match, group, {}, &Piece::group);
     return piece != match.end() && piece->group == group ? piece->range.of(text) : std::string_view();
@@ -256,7 +256,7 @@ std::optional<std::string> replacingMatches(const Findings& findings, std::strin
     const auto parts = replacementParts(replacement, findings.groupCount);
     const std::string_view text = *findings.text;
     std::string result;
-    std::size_t end = 0; // of the match before
+    std::size_t end = 0; // of the previous match
     for (std::size_t index = 0; index < findings.matchCount(); ++index) {
         const auto match = findings.match(index);
         result += text.substr(end, match.front().range.start - end);

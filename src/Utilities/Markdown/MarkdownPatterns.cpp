@@ -12,8 +12,8 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 
-/// The number of bytes of the line terminator at `at`, or 0. As ICU has it: LF, VT, FF, CR, NEL, LS and PS,
-/// and the two of CR LF each.
+/// The number of bytes of the line terminator at `at`, or 0. The terminators are ICU's: LF, VT, FF, CR, NEL,
+/// LS and PS; the two of CR LF count separately.
 std::size_t terminatorLength(std::string_view text, std::size_t at) {
     const auto rest = text.substr(at, 3);
     if (rest.empty())
@@ -42,7 +42,7 @@ bool isLineStart(std::string_view text, std::size_t at) {
     return at == 0 || terminatorLengthBefore(text, at) > 0;
 }
 
-/// The first line end at or behind `from`.
+/// The first line end at or after `from`.
 std::size_t lineEndFrom(std::string_view text, std::size_t from) {
     const auto mayStartTerminator = [](char character) {
         return (character >= '\n' && character <= '\r') || character == '\xC2' || character == '\xE2';
@@ -58,7 +58,7 @@ std::size_t clampedToEnd(std::string_view text, std::size_t offset) {
     return std::min(offset, text.size());
 }
 
-/// Where the run of code points that satisfy `belongs` ends, which begins at `from`.
+/// The end of the run of code points from `from` on that satisfy `belongs`.
 template <typename Predicate>
 std::size_t runEnd(std::string_view text, std::size_t from, Predicate belongs) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
@@ -102,7 +102,7 @@ std::optional<Match> FencedCode::next(std::size_t from) {
         const auto code = languageEnd + 1;
         const auto close = m_text.find(fence, code);
         if (close == npos)
-            return std::nullopt; // nor is there one for a later fence
+            return std::nullopt; // a later fence has none either
         return Match{{open, close + fence.size()}, {language, languageEnd}, {code, close}};
     }
     return std::nullopt;
@@ -141,8 +141,8 @@ std::optional<Match> Header::matchBehindSigns(std::size_t start, std::size_t sig
         const auto end = lineEndFrom(m_text, title);
         return Match{{start, end}, {title, end}, {}};
     }
-    // Nothing but white space follows. The last of it that ends no line, if it is not the first of all, is
-    // left to the title.
+    // Only white space follows. Without trailing line terminators, its last character becomes the title,
+    // unless it is also the first.
     auto end = title;
     while (end > signsEnd && isLineStart(m_text, end))
         end -= terminatorLengthBefore(m_text, end);
@@ -174,7 +174,7 @@ std::optional<Match> DoubleDelimited::next(std::size_t from) {
         const auto close = m_text.substr(0, m_lineEnd).find(m_delimiter, content + 1);
         if (close != npos)
             return Match{{open, close + m_delimiter.size()}, {content, close}, {}};
-        from = m_lineEnd; // what closes none here closes none that opens later in the line
+        from = m_lineEnd; // a later opening in this line has no closing delimiter either
     }
     return std::nullopt;
 }
@@ -194,7 +194,7 @@ std::optional<Match> SingleDelimited::next(std::size_t from) {
     return std::nullopt;
 }
 
-/// The first delimiter from `from` to `end` that has no other beside it.
+/// The first delimiter from `from` to `end` with no other delimiter next to it.
 std::size_t SingleDelimited::nextSingle(std::size_t from, std::size_t end) const {
     auto start = m_text.substr(0, end).find(m_delimiter, from);
     while (start != npos) {
@@ -213,7 +213,7 @@ std::optional<Match> Link::next(std::size_t from) {
         const auto label = open + opening.size();
         const auto labelEnd = nextBracket(label);
         if (labelEnd == npos)
-            return std::nullopt; // nor does a later one end
+            return std::nullopt; // a later one does not end either
         if (!m_text.substr(labelEnd).starts_with("](") || (m_kind == Kind::link && labelEnd == label))
             continue;
         const auto target = labelEnd + 2;
