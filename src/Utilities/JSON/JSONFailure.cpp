@@ -13,7 +13,7 @@ namespace korvane::JSON {
 
 namespace {
 
-/// Longer words are cut: a message is one line.
+/// Longer words are truncated, as a message is one line.
 constexpr std::size_t maxQuotedSize = 24;
 
 bool isWordCharacter(char character) {
@@ -62,7 +62,7 @@ std::string subject(std::string_view text, const Failure& failure) {
     return {};
 }
 
-/// What should stand there instead. For a control character only the text tells which escape it is.
+/// The expected input. For a control character it is the escape, which depends on the text.
 std::string expectation(std::string_view text, const Failure& failure) {
     if (failure.kind != ParseError::Kind::controlCharacter)
         return std::string(failure.expected);

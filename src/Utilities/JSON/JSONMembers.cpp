@@ -12,13 +12,13 @@ namespace korvane::JSON {
 
 namespace {
 
-/// The first eight bytes of a name as a number that is ordered as they are. Shorter names are filled up with
-/// zeros, so equal numbers do not mean equal names.
+/// The first eight bytes of a name as a number with the same order. Shorter names are padded with zeros, so
+/// equal numbers do not imply equal names.
 std::uint64_t prefixOf(std::string_view name) {
     std::uint64_t prefix = 0;
     if (name.empty())
         return prefix;
-    std::memcpy(&prefix, name.data(), sizeof prefix); // there is room after the end of every name
+    std::memcpy(&prefix, name.data(), sizeof prefix); // every name is padded
     if constexpr (std::endian::native == std::endian::little)
         prefix = __builtin_bswap64(prefix);
     const auto unused = 8 * (sizeof prefix - std::min(name.size(), sizeof prefix));
@@ -49,7 +49,7 @@ public:
         return true;
     }
 
-    /// Insertion, which keeps equal names in the order of the text.
+    /// Insertion sort, which is stable.
     void sort(std::span<std::uint8_t> order) const {
         std::iota(order.begin(), order.end(), std::uint8_t{0});
         for (std::size_t sorted = 1; sorted < order.size(); ++sorted) {

@@ -17,7 +17,7 @@ constexpr bool isVisible(char character) {
 
 constexpr std::string_view expectedEscape = "one of \" \\ / b f n r t u after the backslash";
 
-/// The size of `\uXXXX`.
+/// The length of `\uXXXX`.
 constexpr std::size_t codeUnitSize = 6;
 
 /// The number of hexadecimal digits at the start of `text`, at most four, and their value.
@@ -58,7 +58,7 @@ void appendUTF8(std::string& text, char32_t character) {
 
 } // namespace
 
-/// Reads the escape that begins here and adds what it stands for to the string.
+/// Reads the escape at the current position and appends its character to the string.
 bool Reader::readEscape() {
     if (m_end - m_next < 2) {
         ++m_next;
@@ -74,7 +74,7 @@ bool Reader::readEscape() {
     return true;
 }
 
-/// `\u` and four digits, or two of these where the first is a high surrogate.
+/// Reads `\u` and four digits, or two of these if the first is a high surrogate.
 bool Reader::readUnicodeEscape() {
     const auto* const start = m_next;
     char32_t character = 0;

@@ -13,13 +13,13 @@ namespace korvane::JSON {
 
 namespace {
 
-/// The next few characters of a text that is being escaped.
+/// The next characters of a text to escape.
 struct Piece {
-    std::size_t plain = 0; ///< how many stand for themselves, at most a block
-    bool escapes = false;  ///< whether the one after these does not
+    std::size_t plain = 0; ///< characters that need no escape, at most a block
+    bool escapes = false;  ///< whether the next character needs one
 };
 
-/// `content` is not empty, and has room for a block after its end.
+/// `content` is not empty, and is padded by a block after its end.
 Piece nextPiece(std::string_view content) {
     const Block block(content.data());
     const auto size = std::min(content.size(), Block::size);
@@ -47,9 +47,8 @@ std::size_t escapedSize(std::string_view content) {
     return size;
 }
 
-/// Writes text of the document, which has room for a block after its end. Here as in all of the writer, text
-/// that follows overwrites what a last block had too much; behind the end of the whole text there is room for
-/// one.
+/// Writes text of the document, which is padded by a block after its end. Throughout the writer, later text
+/// overwrites the excess of the last block; the output buffer is padded by one block.
 char* appendText(char* to, std::string_view text) {
     copyBlocks(to, text.data(), text.size());
     return to + text.size();
@@ -105,7 +104,7 @@ std::size_t Writer::writtenSize(const Value& value, std::size_t depth) const {
     }
 }
 
-/// What brackets, commas and lines add to a container of `count` members or elements.
+/// The characters that brackets, commas and line breaks add to a container of `count` members or elements.
 std::size_t Writer::frameSize(std::size_t count, std::size_t depth) const {
     constexpr std::size_t brackets = 2;
     if (count == 0)
@@ -181,7 +180,7 @@ char* Writer::writeEscaped(char* to, std::string_view content) {
     return to;
 }
 
-/// The line break before a member, an element or a closing bracket, with the spaces of its level.
+/// The line break and indentation before a member, an element or a closing bracket.
 std::string_view Writer::line(std::size_t depth) const {
     static constexpr auto indentation = [] {
         std::array<char, 1 + 2 * maxDepth + Block::size> characters{};
