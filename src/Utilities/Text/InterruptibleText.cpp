@@ -11,7 +11,7 @@ const InterruptibleText::Source& sourceOf(const UText* handle) {
     return *static_cast<const InterruptibleText::Source*>(handle->context);
 }
 
-/// Shows the units from `start` to `limit`, with the reader at `index` among them.
+/// Provides the units from `start` to `limit`, with the read position at `index`.
 void setChunk(UText* handle, std::int64_t start, std::int64_t limit, std::int64_t index) {
     handle->chunkContents = sourceOf(handle).text.getBuffer() + start;
     handle->chunkNativeStart = start;
@@ -44,8 +44,8 @@ UBool access(UText* handle, std::int64_t index, UBool forward) {
     const auto startOf = [&](std::int64_t piece) {
         return boundaryBefore(source.text, std::min(piece * pieceLength, length));
     };
-    // The wanted character, before or behind the index, is in the piece. A pair on the border belongs to the
-    // later one.
+    // The piece contains the requested character, before or after the index. A surrogate pair on a border
+    // belongs to the later piece.
     const auto wanted = forward ? index : std::max(index - 1, std::int64_t{0});
     auto piece = wanted / pieceLength;
     if (wanted >= startOf(piece + 1))
@@ -66,7 +66,7 @@ int32_t extract(UText* handle, std::int64_t start, std::int64_t limit, char16_t*
 
 UText* open(UText* handle, const InterruptibleText::Source& source, UErrorCode* status);
 
-/// A reader of its own on the same text; a copy of the text itself is never asked for.
+/// An independent reader of the same text; deep copies are unsupported, as ICU does not request them.
 UText* clone(UText* destination, const UText* source, UBool deep, UErrorCode* status) {
     if (U_SUCCESS(*status) && deep != 0)
         *status = U_UNSUPPORTED_ERROR;
@@ -84,7 +84,7 @@ constexpr UTextFuncs functions = {
     .extract = extract,
     .replace = nullptr,
     .copy = nullptr,
-    .mapOffsetToNative = nullptr, // the native positions are UTF-16 units
+    .mapOffsetToNative = nullptr, // native positions are UTF-16 units
     .mapNativeIndexToUTF16 = nullptr,
     .close = nullptr,
     .spare1 = nullptr,

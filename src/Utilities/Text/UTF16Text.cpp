@@ -9,7 +9,7 @@ namespace korvane {
 
 namespace {
 
-/// How many units lie between two recorded boundaries: the table takes half a byte a unit, and finding a
+/// The number of units between two recorded boundaries: the table takes half a byte a unit, and finding a
 /// position decodes at most this many characters.
 constexpr std::uint32_t stride = 16;
 
