@@ -8,8 +8,8 @@ namespace korvane {
 
 namespace {
 
-/// The colours that the profile in `image` is for, as the four letters in its head ("RGB ", "GRAY", "CMYK");
-/// empty where there is no profile.
+/// The colour model of the profile in `image`, as the four letters in its header ("RGB ", "GRAY", "CMYK");
+/// "none" if the profile is invalid, empty if there is none.
 std::string_view profileModel(const VImage& image) {
     constexpr std::size_t headBytes = 128, modelOffset = 16, signatureOffset = 36;
     if (vips_image_get_typeof(image.get_image(), VIPS_META_ICC_NAME) == 0)
@@ -32,7 +32,7 @@ bool hasSupportedSamples(const VImage& image) {
     return image.format() == VIPS_FORMAT_UCHAR || image.format() == VIPS_FORMAT_USHORT;
 }
 
-/// The colours that samples are taken for which are not marked as any in particular.
+/// The default interpretation of samples without a specified one.
 VipsInterpretation plainInterpretation(const VImage& image) {
     const bool is16Bits = image.format() == VIPS_FORMAT_USHORT;
     if (image.bands() < 3)
@@ -46,7 +46,7 @@ bool isPlain(VipsInterpretation interpretation) {
            interpretation == VIPS_INTERPRETATION_RGB || interpretation == VIPS_INTERPRETATION_MULTIBAND;
 }
 
-/// Gray or RGB of whole numbers that are signed or have 32 bits, as the upper 16 bits of their range.
+/// Converts signed or 32-bit integer samples of gray or RGB to the upper 16 bits of their range.
 VImage withUpperBits(const VImage& image) {
     constexpr double range16 = 65536, range32 = range16 * range16;
     const auto scaled = [&](double minValue, double range) {
@@ -64,7 +64,7 @@ VImage withUpperBits(const VImage& image) {
     }
 }
 
-/// Gray or RGB of numbers with a fraction, which go from 0 to 1 and are amounts of light.
+/// Converts floating-point samples of gray or RGB, which are linear light from 0 to 1.
 VImage fromLinearLight(const VImage& image) {
     const bool isGray = image.bands() < 3;
     const auto light = image.cast(VIPS_FORMAT_FLOAT);
@@ -79,7 +79,7 @@ VImage fromLinearLight(const VImage& image) {
     return result.bandjoin((light.extract_band(isGray ? 1 : 3) * 255).rint().cast(VIPS_FORMAT_UCHAR));
 }
 
-/// Goes by the profile in `image`, or, without one that can be used, by what such colours usually are.
+/// Converts to sRGB by the profile in `image`, or by a default one if it has no usable profile.
 VImage convertedByProfile(const VImage& image) {
     return image.icc_transform(
         "srgb",

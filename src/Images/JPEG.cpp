@@ -13,11 +13,11 @@ namespace korvane::JPEG {
 
 namespace {
 
-/// A progressive picture comes in about ten scans. In thousands, a small file would keep the decoder busy.
+/// A progressive picture has about ten scans. A small file with thousands would occupy the decoder for long.
 constexpr int maxScans = 200;
 
-/// Whether the decoder warns that it made up picture data. Its other warnings are about bytes and parameters
-/// that it ignored.
+/// Whether the warning means that the decoder replaced missing picture data. Other warnings concern ignored
+/// bytes and parameters.
 bool isAboutPictureData(int warning) {
     switch (warning) {
     case JWRN_HIT_MARKER:
@@ -46,8 +46,7 @@ public:
 
     ~Decoding() { jpeg_destroy_decompress(&m_file); }
 
-    /// Whether nothing of the picture is missing. Nothing in here may have a destructor: a failure leaps over
-    /// it.
+    /// Whether the picture is complete. Local variables must not have destructors: a failure jumps past them.
     bool isComplete(std::string_view bytes) {
         if (setjmp(m_failure) != 0)
             return false;
@@ -65,7 +64,7 @@ public:
             jpeg_read_scanlines(&m_file, row, 1);
         const bool hasScans = hasAllScans();
         jpeg_finish_decompress(&m_file);
-        // In arithmetic coding it cannot be told whether a scan is complete.
+        // With arithmetic coding, truncated scans cannot be detected.
         return hasScans && !m_isDamaged && !(m_isCutOff && m_file.arith_code);
     }
 
@@ -75,7 +74,7 @@ private:
     [[noreturn]] void fail() { std::longjmp(m_failure, 1); }
 
     void recordWarning(int level) {
-        constexpr int warning = -1; // what is above is for tracing
+        constexpr int warning = -1; // levels above are for tracing
         if (level != warning)
             return;
         m_isDamaged = m_isDamaged || isAboutPictureData(m_errors.msg_code);
@@ -87,7 +86,7 @@ private:
             fail();
     }
 
-    /// Whether no scan is missing: a file may end between two of them.
+    /// Whether no scan is missing: a file may end between two scans.
     bool hasAllScans() const {
         const auto count = static_cast<std::size_t>(m_file.num_components);
         for (std::size_t i = 0; i < count; ++i) {
