@@ -9,7 +9,7 @@
 namespace korvane::bench {
 namespace {
 
-std::string someBytes() {
+std::string pseudorandomBytes() {
     std::string bytes(std::size_t{32} << 20, '\0');
     std::uint32_t state = 1;
     for (auto& byte : bytes) {
@@ -20,14 +20,14 @@ std::string someBytes() {
 }
 
 void encode(benchmark::State& state) {
-    const auto bytes = someBytes();
+    const auto bytes = pseudorandomBytes();
     for (auto _ : state)
         benchmark::DoNotOptimize(Base64::encode(bytes));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
 }
 
 void decode(benchmark::State& state) {
-    const auto text = Base64::encode(someBytes());
+    const auto text = Base64::encode(pseudorandomBytes());
     for (auto _ : state)
         benchmark::DoNotOptimize(Base64::decode(text));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));

@@ -1,5 +1,5 @@
 /// The comparison of texts as a command, so that whole processes can be compared:
-/// `korvane_diff_program diff LEFT RIGHT` writes the lines of either side only, as such programs do, and
+/// `korvane_diff_program diff LEFT RIGHT` writes the lines that only one side has, as comparison programs do;
 /// `korvane_diff_program generate KIND LEFT RIGHT` writes a pair of texts to compare.
 
 #include "DiffTexts.h"

@@ -1,5 +1,5 @@
-/// How long a person waits for the Text Diff screen with 200,000 lines a side: from the press of the button
-/// until the result is painted, and for each step of scrolling through it.
+/// Response times of the Text Diff screen with 200,000 lines a side: from the button press until the result
+/// is painted, and for each scroll step.
 
 #include "Desktop/Lists/RowList.h"
 #include "Desktop/Tools/Screens.h"
@@ -22,7 +22,7 @@ DiffEngine::DiffTexts largeTexts() {
         if (kind.name == "hundredth-new")
             return kind.generate();
     }
-    throw std::logic_error("there is no such kind of texts");
+    throw std::logic_error("unknown kind of texts");
 }
 
 struct DiffScreen {
@@ -58,7 +58,7 @@ void scrollTheLines(benchmark::State& state) {
     subject.fakes.background.runAll();
     auto& list = subject.screen.list("Original");
     auto* bar = list.verticalScrollBar();
-    const auto step = bar->maximum() / 997; // far apart, so that nothing is painted from what was there
+    const auto step = bar->maximum() / 997; // a large step, so that no painted rows are reused
     for (auto _ : state) {
         bar->setValue((bar->value() + step) % (bar->maximum() + 1));
         list.grab();

@@ -16,7 +16,7 @@ namespace {
 using DiffEngine::DiffTexts;
 using Lines = std::vector<std::string>;
 
-/// About forty characters, as lines of a log or a program have; equal numbers give equal lines.
+/// A line of a typical length; equal numbers give equal lines.
 std::string line(std::size_t number) {
     return fmt::format("    harbour.assign(ship_{}, berth {:>5}); // {}", number, number * 7919 % 10'007,
                        number % 2 == 0 ? "arrives at night" : "pilot on board");
@@ -29,8 +29,8 @@ std::string joined(std::span<const std::string> lines) {
     return text;
 }
 
-/// `size` lines of `kinds` different ones, and the same with one in `share` replaced by a line that is in
-/// neither text, or by another of the lines.
+/// `size` lines with `kinds` distinct ones, and the same with one line in `share` replaced, by a new line or
+/// by another of the lines.
 DiffTexts edited(std::size_t size, std::size_t kinds, std::size_t share, bool byNewLines) {
     std::mt19937 random(20261121);
     Lines left;

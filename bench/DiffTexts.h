@@ -1,4 +1,4 @@
-/// Pairs of texts to compare, the same on every machine: the seed is in the code.
+/// Pairs of texts to compare. Reproducible: the seed is fixed.
 #pragma once
 
 #include "Utilities/Diff/DiffEngine.h"
@@ -13,9 +13,9 @@ struct DiffTextsKind {
     DiffEngine::DiffTexts (*generate)();
 };
 
-/// 20,000 lines a side: a fifth replaced by lines that are nowhere else, and by lines that occur elsewhere
-/// too. 200,000 lines: one in a hundred replaced, in the same two ways. 50,000 lines: none in common; the
-/// same lines in another order; and lines of which there are only ten different ones.
+/// 20,000 lines a side: a fifth replaced, by unique lines or by lines that also occur elsewhere. 200,000
+/// lines: one in a hundred replaced, in the same two ways. 50,000 lines: none in common; the same lines in
+/// another order; and random lines of ten distinct ones.
 extern const std::array<DiffTextsKind, 7> diffTexts;
 
 } // namespace korvane::bench

@@ -1,6 +1,6 @@
 /// The engines as a command, so that whole processes can be compared: `korvane_bench_program OPERATION FILE`
-/// writes the result to the standard output. `generate SIZE` writes the document that is measured with, and
-/// `tree FILE` builds the tree and writes the number of its nodes.
+/// writes the result to the standard output. `generate SIZE` writes the benchmark document, and `tree FILE`
+/// builds the tree and writes the number of its nodes.
 
 #include "MixedDocument.h"
 #include "Utilities/Base64.h"
@@ -26,7 +26,7 @@ namespace {
 
 using Result = std::expected<std::string, std::string>;
 
-/// A file as it is in memory, until the process ends.
+/// The content of a file, mapped until the process ends.
 std::expected<std::string_view, std::string> contents(const char* path) {
     const int file = open(path, O_RDONLY | O_CLOEXEC);
     struct stat facts{};

@@ -14,7 +14,7 @@ namespace {
 constexpr auto allClasses = CharacterOptions::uppercase | CharacterOptions::lowercase |
                             CharacterOptions::numbers | CharacterOptions::symbols;
 
-/// As many as a large document in the tree view has rows. The goal is 50 ms.
+/// One for each row of a large document in the tree view. The target is 50 ms.
 void rowIdentities(benchmark::State& state) {
     std::vector<UUID> identities(300'000);
     for (auto _ : state) {

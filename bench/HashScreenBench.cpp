@@ -1,5 +1,5 @@
-/// How long a person who types into a large text on the hash screen waits for each key, and then for the
-/// digests. Runs without a display.
+/// Response times of the hash screen with a large text: for each key press, and then for the digests. Runs
+/// without a display.
 
 #include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"

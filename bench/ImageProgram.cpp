@@ -1,8 +1,8 @@
-/// The image engine as a command, to be measured as a whole process beside other programs:
+/// The image engine as a command, so that whole processes can be compared:
 ///
-///     korvane_bench_images photograph WIDTH HEIGHT FILE   writes a picture like a photograph
-///     korvane_bench_images convert QUALITY IN OUT         decodes IN and encodes it as the name of OUT says
-///     korvane_bench_images quarter QUALITY IN OUT         the same, with sides a quarter as long
+///     korvane_bench_images photograph WIDTH HEIGHT FILE   writes a synthetic photograph
+///     korvane_bench_images convert QUALITY IN OUT         decodes IN and encodes it by the extension of OUT
+///     korvane_bench_images quarter QUALITY IN OUT         the same, scaled to a quarter of the side lengths
 
 #include "Utilities/ImageConverter.h"
 
@@ -22,7 +22,7 @@ namespace {
 
 using namespace ImageConverter;
 
-/// Smooth light with edges, fine detail and noise; the same on every machine.
+/// Smooth light with edges, fine detail and noise. Reproducible.
 Image photograph(int width, int height) {
     Image image{.width = width, .height = height, .channels = 3};
     const std::shared_ptr<std::byte[]> samples(new std::byte[image.byteCount()]);
@@ -87,6 +87,6 @@ bool run(const std::vector<std::string>& arguments) {
 int main(int argc, char* argv[]) {
     if (korvane::run({argv + 1, argv + argc}))
         return 0;
-    std::fprintf(stderr, "this cannot be done\n");
+    std::fprintf(stderr, "invalid arguments, or the operation failed\n");
     return 1;
 }

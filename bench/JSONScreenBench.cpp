@@ -1,5 +1,5 @@
-/// How long a person waits for the JSON screen with a large document: until the tree of what was pasted is
-/// painted, and for each step of scrolling through it. Runs without a display.
+/// Response times of the JSON screen with a large document: from pasting until the tree is painted, and for
+/// each scroll step. Runs without a display.
 
 #include "Desktop/Lists/RowList.h"
 #include "Desktop/Look/Theme.h"
@@ -54,7 +54,7 @@ void scrollTheTree(benchmark::State& state) {
     subject.paste();
     auto& list = subject.screen.list("Tree View");
     auto* bar = list.verticalScrollBar();
-    const auto step = bar->maximum() / 997; // far apart, so that nothing is painted from what was there
+    const auto step = bar->maximum() / 997; // a large step, so that no painted rows are reused
     for (auto _ : state) {
         bar->setValue((bar->value() + step) % (bar->maximum() + 1));
         list.grab();

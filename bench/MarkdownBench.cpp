@@ -24,7 +24,7 @@ void ordinary(benchmark::State& state) {
     convert(state, ordinaryMarkdown(megabyte));
 }
 
-/// Texts that take a matcher which tries every beginning anew the square of their size.
+/// Repetitions of these take quadratic time in a matcher that rescans from every start.
 constexpr std::string_view hostilePieces[] = {"![", "*",     "_", "`",   "~~",  "[",
                                               "- ", "- a\n", "a", "**a", "[a]("};
 

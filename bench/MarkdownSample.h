@@ -1,4 +1,4 @@
-/// A Markdown text as people write it, of any size.
+/// A realistic Markdown text of any size.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,7 @@
 
 namespace korvane::bench {
 
-/// At least `size` bytes, cut at no particular place: headers, paragraphs, lists, quotes, code and links.
+/// At least `size` bytes, in whole chapters: headers, paragraphs, lists, quotes, code and links.
 inline std::string ordinaryMarkdown(std::size_t size) {
     std::string text;
     for (int chapter = 1; text.size() < size; ++chapter) {

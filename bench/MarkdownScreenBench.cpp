@@ -1,5 +1,5 @@
-/// How long a person waits for the Markdown screen with a large text beside its preview: for each letter,
-/// wherever it is typed, until it is painted on both sides.
+/// Response times of the Markdown screen with a large text and its preview: from typing a letter at several
+/// positions until it is painted on both sides.
 
 #include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
@@ -36,7 +36,7 @@ struct MarkdownScreen {
         widget->grab();
     }
 
-    /// Types `letter` at the place that is `part` of the text's length from its start.
+    /// Types `letter` at the position `part` (0 to 1) of the text's length.
     void type(char letter, double part) {
         auto cursor = editor.textCursor();
         cursor.setPosition(static_cast<int>(part * (editor.document()->characterCount() - 1)));
@@ -70,7 +70,7 @@ void typeInOneLongParagraph(benchmark::State& state) {
     type(state, markdown, 0.5);
 }
 
-/// A fence at the start turns all that follows into code, or back.
+/// A fence at the start turns the whole text into code and back.
 void openAndCloseAFence(benchmark::State& state) {
     MarkdownScreen subject;
     const auto markdown = ordinaryMarkdown(documentSize);

@@ -11,7 +11,7 @@ namespace korvane::bench {
 
 namespace {
 
-/// The same numbers everywhere, which the distributions of the standard library do not promise.
+/// Portable pseudo-random numbers; the standard library's distributions differ between implementations.
 class Numbers {
 public:
     std::uint64_t below(std::uint64_t end) {

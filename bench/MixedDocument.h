@@ -1,5 +1,4 @@
-/// The document that the JSON figures are measured on: records as services return them, the same on every
-/// machine and in every run.
+/// The document of the JSON benchmarks: records as services return them. Reproducible.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +6,8 @@
 
 namespace korvane::bench {
 
-/// A JSON text of about `size` bytes, one record a line: names in no order, nested objects and arrays, whole
-/// and fractional numbers, booleans and nulls, URLs, escapes, and text in several scripts.
+/// A JSON text of about `size` bytes, one record a line: unsorted names, nested objects and arrays, integers
+/// and fractions, booleans and nulls, URLs, escapes, and text in several scripts.
 std::string mixedDocument(std::size_t size);
 
 } // namespace korvane::bench

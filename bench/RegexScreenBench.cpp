@@ -1,8 +1,8 @@
-/// How long a person waits for the Regex Tester with a million matches. The search itself goes on in the
-/// background; what is measured here keeps the window from reacting.
+/// Response times of the Regex Tester with a million matches. The search runs in the background, so typing
+/// and scrolling measure only the work that blocks the window.
 
-#include "Desktop/Tools/Regex/MatchList.h"
 #include "Desktop/Text/TextArea.h"
+#include "Desktop/Tools/Regex/MatchList.h"
 #include "Desktop/Tools/Screens.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
@@ -37,7 +37,7 @@ struct MatchScreen {
     }
 };
 
-/// A key press in the pattern field: the search is started.
+/// A key press in the pattern field, which starts a search.
 void typeThePattern(benchmark::State& state) {
     MatchScreen subject;
     bool isOther = false;
@@ -48,7 +48,7 @@ void typeThePattern(benchmark::State& state) {
     }
 }
 
-/// Search and list a million matches, everything included.
+/// The search and the list of a million matches together.
 void listAMillionMatches(benchmark::State& state) {
     MatchScreen subject;
     for (auto _ : state) {

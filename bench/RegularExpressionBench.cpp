@@ -1,5 +1,5 @@
-/// Searching and replacing in generated text. The same searches done by ICU itself, in UTF-16 and in UTF-8,
-/// stand beside them.
+/// Searching and replacing in generated text, and for comparison the same searches by ICU alone, in UTF-16
+/// and in UTF-8.
 
 #include "Utilities/RegularExpression.h"
 
@@ -19,7 +19,7 @@ constexpr std::size_t textSize = 1 << 20;
 
 struct Case {
     std::string_view pattern;
-    std::string_view piece; ///< what the text repeats
+    std::string_view piece; ///< the repeated part of the text
 };
 
 constexpr auto cases = std::to_array<Case>({
@@ -52,7 +52,7 @@ void search(benchmark::State& state) {
     label(state, row, matches);
 }
 
-/// ICU alone: it finds, and nothing is done about it.
+/// ICU alone, which only counts matches.
 void findAll(benchmark::State& state, bool isUTF8) {
     const auto& row = cases.at(static_cast<std::size_t>(state.range(0)));
     const auto text = textOf(row);

@@ -40,7 +40,7 @@ std::string hindi() {
     return repeated("ऋषियों को सताने वाले दुष्ट राक्षसों के राजा रावण का सर्वनाश करने वाले विष्णुवतार\n");
 }
 
-/// A million lines in no order, many of them with the same start.
+/// A million unsorted lines, many with the same prefix.
 std::string lines() {
     std::string text;
     std::uint32_t state = 1;
@@ -63,8 +63,8 @@ void getStats(benchmark::State& state, std::string (*make)()) {
     setBytes(state, text);
 }
 
-/// A key press in the middle of a text of 1 MB.
-void keepUp(benchmark::State& state, std::string (*make)()) {
+/// A key press in the middle of a 1 MB text.
+void updateRunningStats(benchmark::State& state, std::string (*make)()) {
     const auto text = make().substr(0, 1'000'000);
     auto longer = text;
     longer.insert(text.find(' ', text.size() / 2), "x");
@@ -98,7 +98,7 @@ const int registered = [] {
     for (const auto& [name, make] : texts) {
         benchmark::RegisterBenchmark(("getStats/" + name).c_str(), getStats, make)
             ->Unit(benchmark::kMillisecond);
-        benchmark::RegisterBenchmark(("RunningStats/" + name).c_str(), keepUp, make)
+        benchmark::RegisterBenchmark(("RunningStats/" + name).c_str(), updateRunningStats, make)
             ->Unit(benchmark::kMillisecond);
         for (const auto to : allCases<CaseTransform>) {
             const auto title = "transform/" + std::string(rawValue(to)) + "/" + name;

@@ -1,5 +1,5 @@
-/// How long a person waits for the text transformer with a large text: for each key press until the
-/// statistics that follow it are shown. Runs without a display.
+/// Response times of the text transformer with a large text: from each key press until the statistics are
+/// updated. Runs without a display.
 
 #include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"

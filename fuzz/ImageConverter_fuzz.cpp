@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <string_view>
 
-// All six formats: the bytes of the seed say which. What reads them are mostly libraries that are not
-// instrumented, so the fuzzer learns from Korvane's own readers, and tries the others blindly.
+// The input determines which of the six formats is read. Most readers are uninstrumented libraries, so
+// coverage guides the fuzzer only in Korvane's own readers.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     if (const auto broken = korvane::support::brokenImageProperty(bytes); !broken.empty()) {

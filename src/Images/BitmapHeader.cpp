@@ -18,10 +18,10 @@ constexpr std::size_t windows4HeaderBytes = 108;
 constexpr std::size_t windows5HeaderBytes = 124;
 constexpr double inchesPerMetre = 1 / 0.0254;
 
-/// "MBED": the colours are those of a profile inside the file.
+/// "MBED": the file embeds a colour profile.
 constexpr std::uint32_t embeddedProfile = 0x4D424544;
 
-/// The little-endian number in the `count` bytes at `offset`, which must be there.
+/// The little-endian number in the `count` bytes at `offset`, which must exist.
 std::uint32_t number(std::string_view bytes, std::size_t offset, int count = 4) {
     std::uint32_t value = 0;
     for (int i = 0; i < count; ++i)
@@ -33,10 +33,10 @@ std::uint32_t number(std::string_view bytes, std::size_t offset, int count = 4) 
 
 double dotsPerInch(std::uint32_t dotsPerMetre) {
     const auto resolution = std::round(dotsPerMetre / inchesPerMetre * 100) / 100;
-    return isPossibleDPI(resolution) ? resolution : defaultDPI;
+    return isValidDPI(resolution) ? resolution : defaultDPI;
 }
 
-/// The size of the picture, where it is one.
+/// Reads the picture's size and depth; returns whether the size is valid.
 bool readSize(Header& header, std::string_view information, std::size_t headerBytes) {
     if (headerBytes == os2HeaderBytes) {
         header.width = static_cast<std::uint16_t>(number(information, 4, 2));
@@ -52,8 +52,8 @@ bool readSize(Header& header, std::string_view information, std::size_t headerBy
     return header.width > 0 && header.height > 0;
 }
 
-/// Whether the compression is one for this number of bits a pixel.
-bool isPossible(const Header& header) {
+/// Whether the compression supports this number of bits a pixel.
+bool isValidCompression(const Header& header) {
     switch (header.compression) {
     case Compression::none:
         return std::ranges::count(std::to_array({1, 4, 8, 16, 24, 32}), header.bitsPerPixel) == 1;
@@ -68,8 +68,8 @@ bool isPossible(const Header& header) {
     return false;
 }
 
-/// The masks of the channels; `information` goes on to the end of the file. Returns how many bytes they take
-/// behind the header, or none if they are not there.
+/// Reads the masks of the channels; `information` extends to the end of the file. Returns how many bytes they
+/// take after the header, or none if they are truncated.
 std::optional<std::size_t> readMasks(Header& header, std::string_view information, std::size_t headerBytes) {
     const bool hasMasks =
         header.compression == Compression::masks || header.compression == Compression::alphaMasks;
@@ -91,16 +91,16 @@ std::optional<std::size_t> readMasks(Header& header, std::string_view informatio
     return isInHeader ? 0 : 4 * count;
 }
 
-/// The palette behind the header, which ends where the pixels begin at `end`. One of OS/2 states no length
-/// and may be shorter than the pixels have values.
+/// Reads the palette after the header; it ends at `end`, where the pixels begin. An OS/2 palette has no
+/// stated length and may have fewer entries than the pixels have values.
 bool readPalette(Header& header, std::string_view information, std::size_t headerBytes, std::size_t offset,
                  std::size_t end) {
     if (header.bitsPerPixel > 8)
         return offset <= end;
     header.paletteEntryBytes = headerBytes == os2HeaderBytes ? 3 : 4;
-    const std::size_t most = std::size_t(1) << header.bitsPerPixel;
+    const std::size_t maxCount = std::size_t(1) << header.bitsPerPixel;
     const std::size_t stated = headerBytes == os2HeaderBytes ? 0 : number(information, 32);
-    const auto count = stated == 0 ? most : std::min(most, stated);
+    const auto count = stated == 0 ? maxCount : std::min(maxCount, stated);
     const auto entryBytes = static_cast<std::size_t>(header.paletteEntryBytes);
     const auto room = offset < end ? (end - offset) / entryBytes : 0;
     const bool mayBeShorter = headerBytes == os2HeaderBytes && room > 0;
@@ -153,8 +153,9 @@ std::optional<Header> readHeader(std::string_view bytes) {
         header.horizontalDPI = dotsPerInch(number(information, 24));
         header.verticalDPI = dotsPerInch(number(information, 28));
     }
-    if (!isPossible(header) || (headerBytes == os2SecondHeaderBytes &&
-                                header.compression == Compression::masks)) // there it means another
+    if (!isValidCompression(header) ||
+        (headerBytes == os2SecondHeaderBytes &&
+         header.compression == Compression::masks)) // means another encoding there
         return std::nullopt;
     const std::size_t start = number(bytes, 10);
     if (start < fileHeaderBytes + headerBytes || start > bytes.size())

@@ -12,7 +12,7 @@ namespace {
 
 using Byte = unsigned char;
 
-/// Where the decoded picture is written: rows are counted as the file has them.
+/// The decoded picture; rows are numbered in file order.
 class Canvas {
 public:
     explicit Canvas(const Header& header)
@@ -45,7 +45,7 @@ private:
     std::shared_ptr<Byte[]> m_samples;
 };
 
-/// The colours of the palette in the order of the picture's channels. An index behind its end is black.
+/// The colours of the palette in the picture's channel order. An index beyond its end is black.
 class Palette {
 public:
     explicit Palette(const Header& header) : m_isGray(header.isGray()) {
@@ -74,17 +74,17 @@ private:
 class Channel {
 public:
     explicit Channel(std::uint32_t mask)
-        : m_mask(mask), m_shift(mask == 0 ? 0 : std::countr_zero(mask)), m_most(mask >> m_shift) {}
+        : m_mask(mask), m_shift(mask == 0 ? 0 : std::countr_zero(mask)), m_maxValue(mask >> m_shift) {}
 
     Byte value(std::uint32_t pixel) const {
         const std::uint64_t bits = (pixel & m_mask) >> m_shift;
-        return m_most == 0 ? Byte(0) : static_cast<Byte>((bits * 255 + m_most / 2) / m_most);
+        return m_maxValue == 0 ? Byte(0) : static_cast<Byte>((bits * 255 + m_maxValue / 2) / m_maxValue);
     }
 
 private:
     std::uint32_t m_mask;
     int m_shift;
-    std::uint64_t m_most;
+    std::uint64_t m_maxValue;
 };
 
 void readIndexedRow(const Header& header, const Palette& palette, const Byte* source, Byte* row) {
@@ -132,7 +132,7 @@ private:
     std::array<Channel, 4> m_channels;
 };
 
-/// Reads rows that are all of one length, a multiple of four bytes. The padding of the last may be missing.
+/// Reads uncompressed rows, padded to a multiple of four bytes. The last padding may be missing.
 bool readRows(const Header& header, const Canvas& canvas) {
     const auto bits = static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.bitsPerPixel);
     const auto stride = (bits + 31) / 32 * 4;
@@ -153,7 +153,7 @@ bool readRows(const Header& header, const Canvas& canvas) {
     return true;
 }
 
-/// Reads runs of equal pixels, as for 4 and 8 bits a pixel. What is skipped has the palette's first colour.
+/// Reads run-length encoded pixels of 4 or 8 bits. Skipped pixels have the palette's first colour.
 class RunLengthReader {
 public:
     RunLengthReader(const Header& header, const Canvas& canvas)
@@ -163,7 +163,7 @@ public:
           m_data(header.pixels),
           m_isNibbles(header.compression == Compression::runLength4) {}
 
-    /// Whether the picture came to its end before the data did, and nothing reached beyond its edges.
+    /// Returns whether the data contain the complete picture and no pixel is outside it.
     bool read() {
         for (int y = 0; y < m_header.height; ++y) {
             for (int x = 0; x < m_header.width; ++x)
@@ -194,7 +194,7 @@ private:
         return true;
     }
 
-    /// The pixel in a byte that holds one, or two that take turns.
+    /// The pixel at `position` of a run whose byte holds one pixel or two alternating ones.
     unsigned pixel(unsigned byte, unsigned position) const {
         if (!m_isNibbles)
             return byte;
@@ -230,7 +230,7 @@ private:
         }
     }
 
-    /// `count` pixels one by one; their bytes are padded to an even number.
+    /// Reads `count` literal pixels; their bytes are padded to an even number.
     bool literal(unsigned count) {
         const auto bytes = m_isNibbles ? (count + 1) / 2 : count;
         if (m_data.size() < bytes)
@@ -265,8 +265,8 @@ std::optional<Image> read(const Header& header) {
         return std::nullopt;
     const bool hasRuns =
         header.compression == Compression::runLength8 || header.compression == Compression::runLength4;
-    const bool isWhole = hasRuns ? RunLengthReader(header, canvas).read() : readRows(header, canvas);
-    if (!isWhole)
+    const bool isComplete = hasRuns ? RunLengthReader(header, canvas).read() : readRows(header, canvas);
+    if (!isComplete)
         return std::nullopt;
     return canvas.image();
 }

@@ -35,7 +35,7 @@ void appendInformation(std::string& bytes, const Image& image, std::uint32_t pix
     append(bytes, dotsPerMetre(image.horizontalDPI));
     append(bytes, dotsPerMetre(image.verticalDPI));
     append(bytes, image.channels == 1 ? paletteEntries : 0);
-    append(bytes, 0); // all colours matter
+    append(bytes, 0); // all colours are important
     if (!hasAlpha)
         return;
     for (const std::uint32_t mask : {0x00FF0000U, 0x0000FF00U, 0x000000FFU, 0xFF000000U})
@@ -44,7 +44,7 @@ void appendInformation(std::string& bytes, const Image& image, std::uint32_t pix
     bytes.append(48, '\0'); // end points and gamma, which sRGB implies
 }
 
-/// One row, blue before red.
+/// Appends one row with red and blue swapped.
 void appendRow(std::string& bytes, const Image& image, const char* row) {
     const auto start = bytes.size();
     bytes.append(row, image.rowBytes());

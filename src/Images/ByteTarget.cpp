@@ -21,7 +21,7 @@ gint64 ByteTarget::write(VipsTargetCustom*, const void* data, gint64 size, ByteT
     try {
         const auto replaced = std::min(bytes.size(), self->m_bytes.size() - self->m_position);
         self->m_bytes.replace(self->m_position, replaced, bytes);
-    } catch (const std::bad_alloc&) { // the library between here and the engine knows no exceptions
+    } catch (const std::bad_alloc&) { // exceptions must not pass through the library
         return -1;
     }
     self->m_position += bytes.size();

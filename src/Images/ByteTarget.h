@@ -1,5 +1,5 @@
-/// Where the image library writes a file: into a growing string, which for a picture that is stored as it is
-/// saves a copy of all of it.
+/// An output of the image library that writes into a growing string. For uncompressed formats this avoids a
+/// copy of the whole picture.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +12,7 @@ namespace korvane {
 
 class ByteTarget {
 public:
-    /// `expectedSize` is how many bytes there will probably be; address space, and no memory, is taken for
-    /// them.
+    /// `expectedSize` is the estimated number of bytes; it reserves address space, not memory.
     explicit ByteTarget(std::size_t expectedSize);
 
     ByteTarget(const ByteTarget&) = delete;
@@ -21,7 +20,7 @@ public:
 
     vips::VTarget target() const { return m_target; }
 
-    /// What has been written. To be called once.
+    /// The written bytes. May be called once.
     std::string take() { return std::move(m_bytes); }
 
 private:

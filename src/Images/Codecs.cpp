@@ -1,5 +1,5 @@
-/// Which formats the libraries of this computer can read and write. Differences between their releases are
-/// asked about here, by what they can do and not by their version.
+/// Which formats the installed libraries can read and write. Releases are distinguished by capability, not by
+/// version.
 
 #include "Images/HEIC.h"
 #include "Images/Vips.h"

@@ -8,8 +8,8 @@ namespace korvane {
 
 namespace {
 
-/// The colours that the profile in `image` is for, as the four letters in its head ("RGB ", "GRAY", "CMYK");
-/// empty where there is no profile.
+/// The colour model of the profile in `image`, as the four letters in its header ("RGB ", "GRAY", "CMYK");
+/// "none" if the profile is invalid, empty if there is none.
 std::string_view profileModel(const VImage& image) {
     constexpr std::size_t headBytes = 128, modelOffset = 16, signatureOffset = 36;
     if (vips_image_get_typeof(image.get_image(), VIPS_META_ICC_NAME) == 0)
@@ -28,11 +28,11 @@ VImage withoutProfile(const VImage& image) {
     return copy;
 }
 
-bool hasKnownSamples(const VImage& image) {
+bool hasSupportedSamples(const VImage& image) {
     return image.format() == VIPS_FORMAT_UCHAR || image.format() == VIPS_FORMAT_USHORT;
 }
 
-/// The colours that samples are taken for which are not marked as any in particular.
+/// The default interpretation of samples without a specified one.
 VipsInterpretation plainInterpretation(const VImage& image) {
     const bool is16Bits = image.format() == VIPS_FORMAT_USHORT;
     if (image.bands() < 3)
@@ -46,11 +46,11 @@ bool isPlain(VipsInterpretation interpretation) {
            interpretation == VIPS_INTERPRETATION_RGB || interpretation == VIPS_INTERPRETATION_MULTIBAND;
 }
 
-/// Gray or RGB of whole numbers that are signed or have 32 bits, as the upper 16 bits of their range.
+/// Converts signed or 32-bit integer samples of gray or RGB to the upper 16 bits of their range.
 VImage withUpperBits(const VImage& image) {
     constexpr double range16 = 65536, range32 = range16 * range16;
-    const auto scaled = [&](double lowest, double range) {
-        return ((image - lowest) * (range16 / range)).cast(VIPS_FORMAT_USHORT);
+    const auto scaled = [&](double minValue, double range) {
+        return ((image - minValue) * (range16 / range)).cast(VIPS_FORMAT_USHORT);
     };
     switch (image.format()) {
     case VIPS_FORMAT_CHAR:
@@ -64,8 +64,8 @@ VImage withUpperBits(const VImage& image) {
     }
 }
 
-/// Gray or RGB of numbers with a fraction, which go from 0 to 1 and are amounts of light.
-VImage fromLight(const VImage& image) {
+/// Converts floating-point samples of gray or RGB, which are linear light from 0 to 1.
+VImage fromLinearLight(const VImage& image) {
     const bool isGray = image.bands() < 3;
     const auto light = image.cast(VIPS_FORMAT_FLOAT);
     const auto first = light.extract_band(0);
@@ -79,8 +79,8 @@ VImage fromLight(const VImage& image) {
     return result.bandjoin((light.extract_band(isGray ? 1 : 3) * 255).rint().cast(VIPS_FORMAT_UCHAR));
 }
 
-/// Goes by the profile in `image`, or, without one that can be used, by what such colours usually are.
-VImage throughProfile(const VImage& image) {
+/// Converts to sRGB by the profile in `image`, or by a default one if it has no usable profile.
+VImage convertedByProfile(const VImage& image) {
     return image.icc_transform(
         "srgb",
         VImage::option()
@@ -92,28 +92,29 @@ VImage throughProfile(const VImage& image) {
 
 } // namespace
 
-VImage inKnownColors(const VImage& image) {
-    auto known = image;
-    if (known.interpretation() == VIPS_INTERPRETATION_CMYK) {
-        if (profileModel(known) != "CMYK")
-            known = withoutProfile(known);
-        known = withoutProfile(throughProfile(known));
-    } else if (!isPlain(known.interpretation()) && known.interpretation() != VIPS_INTERPRETATION_scRGB) {
-        known = withoutProfile(
-            known.colourspace(known.bands() < 3 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB));
-    } else if (!hasKnownSamples(known)) {
-        const bool isWhole = vips_band_format_isint(known.format()) != 0;
-        known = withoutProfile(isWhole ? withUpperBits(known) : fromLight(known));
+VImage inSupportedColors(const VImage& image) {
+    auto converted = image;
+    if (converted.interpretation() == VIPS_INTERPRETATION_CMYK) {
+        if (profileModel(converted) != "CMYK")
+            converted = withoutProfile(converted);
+        converted = withoutProfile(convertedByProfile(converted));
+    } else if (!isPlain(converted.interpretation()) &&
+               converted.interpretation() != VIPS_INTERPRETATION_scRGB) {
+        converted = withoutProfile(converted.colourspace(converted.bands() < 3 ? VIPS_INTERPRETATION_B_W
+                                                                               : VIPS_INTERPRETATION_sRGB));
+    } else if (!hasSupportedSamples(converted)) {
+        const bool isInteger = vips_band_format_isint(converted.format()) != 0;
+        converted = withoutProfile(isInteger ? withUpperBits(converted) : fromLinearLight(converted));
     }
-    const bool isGray = known.interpretation() == VIPS_INTERPRETATION_B_W ||
-                        known.interpretation() == VIPS_INTERPRETATION_GREY16 || known.bands() < 3;
-    const int mostBands = isGray ? 2 : 4;
-    if (known.bands() > mostBands)
-        known = known.extract_band(0, VImage::option()->set("n", mostBands));
-    known = known.copy(VImage::option()->set("interpretation", plainInterpretation(known)));
-    if (profileModel(known) != (isGray ? "GRAY" : "RGB "))
-        known = withoutProfile(known);
-    return known;
+    const bool isGray = converted.interpretation() == VIPS_INTERPRETATION_B_W ||
+                        converted.interpretation() == VIPS_INTERPRETATION_GREY16 || converted.bands() < 3;
+    const int maxBands = isGray ? 2 : 4;
+    if (converted.bands() > maxBands)
+        converted = converted.extract_band(0, VImage::option()->set("n", maxBands));
+    converted = converted.copy(VImage::option()->set("interpretation", plainInterpretation(converted)));
+    if (profileModel(converted) != (isGray ? "GRAY" : "RGB "))
+        converted = withoutProfile(converted);
+    return converted;
 }
 
 const char* colorModel(const VImage& image) {
@@ -135,7 +136,8 @@ const char* colorModel(const VImage& image) {
 
 VImage inSRGB(const VImage& image) {
     const auto model = profileModel(image);
-    return model.empty() || model == "none" ? withoutProfile(image) : withoutProfile(throughProfile(image));
+    return model.empty() || model == "none" ? withoutProfile(image)
+                                            : withoutProfile(convertedByProfile(image));
 }
 
 VImage with8Bits(const VImage& image) {

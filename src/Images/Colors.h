@@ -1,18 +1,18 @@
-/// What colours and samples of a picture become when it is read, and when a format cannot hold them.
+/// Conversions of colours and samples on reading a picture, and for formats that cannot store them.
 #pragma once
 
 #include <vips/vips8>
 
 namespace korvane {
 
-/// `image`, as it was read from a file, in one of the forms of an `Image`: gray or RGB, with or without
-/// alpha, of 8 or 16 bits. Gray and RGB keep their profile; other colours become sRGB by theirs.
-vips::VImage inKnownColors(const vips::VImage& image);
+/// `image`, as read from a file, in one of the forms of an `Image`: gray or RGB, with or without alpha, of 8
+/// or 16 bits. Gray and RGB keep their profile; other colours are converted by theirs to sRGB.
+vips::VImage inSupportedColors(const vips::VImage& image);
 
 /// The name of the colour model of a picture in a file: "RGB", "Gray", "CMYK" or "Unknown".
 const char* colorModel(const vips::VImage& image);
 
-/// `image`, which is in one of the forms of an `Image`, with the colours of sRGB and no profile.
+/// `image`, which is in one of the forms of an `Image`, converted to sRGB, without a profile.
 vips::VImage inSRGB(const vips::VImage& image);
 
 /// `image` with 8 bits a sample.

@@ -15,7 +15,7 @@ namespace korvane::ImageConverter {
 
 namespace {
 
-/// How the image library reads the four formats that it reads here.
+/// The image library's loader for a format.
 struct Loader {
     ImageFormat format;
     VImage (*load)(VipsBlob*, vips::VOption*);
@@ -28,8 +28,8 @@ constexpr auto loaders = std::to_array<Loader>({
     {ImageFormat::gif, VImage::gifload_buffer},
 });
 
-/// The picture in the file, of which no more than the head has been read. `bytes` must outlive it. `failOn`
-/// is what makes it refuse the file, at the latest when its pixels are computed.
+/// The picture in the file; only the header has been read. `bytes` must outlive it. Conditions in `failOn`
+/// are errors, now or when the pixels are computed.
 VImage open(std::string_view bytes, ImageFormat format, VipsFailOn failOn = VIPS_FAIL_ON_ERROR) {
     const auto& loader = *std::ranges::find(loaders, format, &Loader::format);
     auto* blob = vips_blob_new(nullptr, bytes.data(), bytes.size());
@@ -37,9 +37,8 @@ VImage open(std::string_view bytes, ImageFormat format, VipsFailOn failOn = VIPS
         auto image = loader.load(
             blob, VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", failOn));
         vips_area_unref(VIPS_AREA(blob));
-        // One thread: with several, the library may overlook that one of them came to the end of a file that
-        // has been cut off. They would have to wait for each other anyway, as a file is read from front to
-        // back.
+        // One thread: with several, the library may miss that one of them reached the end of a truncated
+        // file. They would wait for each other anyway, as a file is read sequentially.
         image = withStatedResolution(image, bytes, format);
         image.set(VIPS_META_CONCURRENCY, 1);
         return image;
@@ -49,25 +48,25 @@ VImage open(std::string_view bytes, ImageFormat format, VipsFailOn failOn = VIPS
     }
 }
 
-/// `image` upright. To turn it, all of its pixels must be at hand.
+/// `image` upright. Rotation requires all pixels in memory.
 Image upright(const VImage& image, const std::stop_token& stop) {
-    const auto known = inKnownColors(image);
+    const auto supported = inSupportedColors(image);
     const int orientation = vips_image_get_orientation(image.get_image());
     if (orientation <= 1)
-        return computed(known, stop);
-    const auto lying = computed(known, stop);
-    auto picture = vipsImage(lying);
+        return computed(supported, stop);
+    const auto unrotated = computed(supported, stop);
+    auto picture = vipsImage(unrotated);
     picture.set(VIPS_META_ORIENTATION, orientation);
     return computed(picture.autorot(), stop);
 }
 
-/// The picture in a JPEG file. Where data of it are missing, the library does no more than warn, as it does
-/// about much that does not touch the picture; then another look has to tell.
+/// The picture in a JPEG file. The library only warns of missing data, and also warns of defects that do not
+/// affect the picture; `JPEG::isComplete` distinguishes the two.
 Image readJPEG(std::string_view bytes, const std::stop_token& stop) {
     try {
         return upright(open(bytes, ImageFormat::jpeg, VIPS_FAIL_ON_WARNING), stop);
     } catch (const vips::VError&) {
-        if (!JPEG::isWhole(bytes, stop))
+        if (!JPEG::isComplete(bytes, stop))
             throw;
     }
     return upright(open(bytes, ImageFormat::jpeg, VIPS_FAIL_ON_NONE), stop);

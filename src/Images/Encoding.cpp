@@ -14,7 +14,7 @@ namespace korvane::ImageConverter {
 
 namespace {
 
-/// What a file may take beside the pixels.
+/// The estimated size of a file without its pixels.
 constexpr std::size_t headroom = 65536;
 
 bool keepsDepth(ImageFormat format) {
@@ -29,8 +29,8 @@ bool keepsProfile(ImageFormat format) {
     return format != ImageFormat::gif && format != ImageFormat::bmp;
 }
 
-/// `image` as far as the format can hold it.
-VImage fitted(const VImage& image, ImageFormat format) {
+/// `image` without properties that the format cannot store.
+VImage fittedToFormat(const VImage& image, ImageFormat format) {
     auto fit = image;
     if (!keepsProfile(format))
         fit = inSRGB(fit);
@@ -41,7 +41,7 @@ VImage fitted(const VImage& image, ImageFormat format) {
     return fit;
 }
 
-/// `image`, with the three or four channels that are all that some encoders know.
+/// `image` with three or four channels, as some encoders require.
 VImage inRGB(const VImage& image) {
     if (image.bands() >= 3)
         return image;
@@ -49,8 +49,8 @@ VImage inRGB(const VImage& image) {
     return gray.bands() >= 3 ? gray : gray.colourspace(VIPS_INTERPRETATION_sRGB);
 }
 
-/// What the library writes of `image` itself.
-std::string written(const VImage& image, ImageFormat format, double quality) {
+/// The file that the image library writes for `image`.
+std::string encodedByLibrary(const VImage& image, ImageFormat format, double quality) {
     const auto pixelBytes = std::int64_t(image.width()) * image.height() * bytesPerPixel(image);
     ByteTarget bytes(headroom + static_cast<std::size_t>(pixelBytes));
     const auto target = bytes.target();
@@ -70,26 +70,25 @@ std::string written(const VImage& image, ImageFormat format, double quality) {
         break;
     case ImageFormat::bmp:
     case ImageFormat::heic:
-        break; // not the library's
+        break; // have their own encoders
     }
     auto file = bytes.take();
     if (format == ImageFormat::png)
-        mendResolutionInPNG(file, image.yres());
+        fixVerticalResolutionInPNG(file, image.yres());
     return file;
 }
 
-/// `image` in the form that the encoders know which are not the library's: 8 bits, no alpha beside gray, and
-/// RGB alone for `onlyRGB`. An image that has this form already is not copied: it may be most of the memory
-/// there is.
+/// `image` in the form that the encoders outside the image library require: 8 bits, no gray with alpha, and
+/// for `onlyRGB` no gray at all. An image already in this form is not copied, as it may be large.
 Image plainImage(const Image& image, ImageFormat format, bool onlyRGB) {
     const bool hasChannels = onlyRGB ? image.channels >= 3 : image.channels != 2;
     if (hasChannels && image.bytesPerSample == 1 && (image.colorProfile.empty() || keepsProfile(format)))
         return image;
-    const auto picture = fitted(vipsImage(image), format);
+    const auto picture = fittedToFormat(vipsImage(image), format);
     return computed(hasChannels ? picture : inRGB(picture));
 }
 
-/// The encoder: `image` must have pixels, and `quality` be from 0 to 1.
+/// `image` must have pixels; `quality` is from 0 to 1.
 std::expected<std::string, ConversionError> createImageData(const Image& image, ImageFormat format,
                                                             double quality) {
     switch (format) {
@@ -98,7 +97,7 @@ std::expected<std::string, ConversionError> createImageData(const Image& image, 
     case ImageFormat::heic:
         return HEIC::write(plainImage(image, format, true), quality);
     default:
-        return written(fitted(vipsImage(image), format), format, quality);
+        return encodedByLibrary(fittedToFormat(vipsImage(image), format), format, quality);
     }
 }
 

@@ -1,5 +1,5 @@
-/// HEIC files, read and written by libheif itself: through the image library the encoder's speed cannot be
-/// chosen, and its plug-in for them comes only with all its other plug-ins.
+/// Reads and writes HEIC files with libheif directly: the image library does not expose the encoder's speed,
+/// and its plug-in for them loads only together with all its other plug-ins.
 #pragma once
 
 #include "Utilities/ImageConverter.h"
@@ -11,17 +11,17 @@
 
 namespace korvane::HEIC {
 
-/// Whether libheif has a codec for these files: in some releases its codecs are packages of their own.
+/// Whether libheif has a codec for these files: in some releases its codecs are separate packages.
 bool canRead();
 bool canWrite();
 
-/// Whether a file says of itself that it holds pictures of this kind, and not others in the same container.
+/// Whether the file type brands declare HEIC, not another format in the same container.
 bool isHEIC(std::string_view bytes);
 
-/// Facts about the primary picture, without decoding it; none where the file cannot be read.
+/// Facts about the primary picture, without decoding it; none if the file cannot be read.
 std::optional<ImageInfo> readInfo(std::string_view bytes);
 
-/// The primary picture, RGB with or without alpha, upright: files state how to turn it, and readers do.
+/// The primary picture, RGB with or without alpha, with the file's rotation applied.
 std::expected<Image, ConversionError> read(std::string_view bytes);
 
 /// A file with the picture, which has 8 bits a sample and 3 or 4 channels; `quality` is from 0 to 1.

@@ -22,7 +22,8 @@ bool succeeded(const heif_error& error) {
     return error.code == heif_error_Ok;
 }
 
-/// An open file and its primary picture; none of it where the file cannot be read. `bytes` must outlive it.
+/// An open file and its primary picture; without a handle if the file cannot be read. `bytes` must outlive
+/// it.
 struct File {
     Context context{heif_context_alloc(), heif_context_free};
     Handle handle{nullptr, heif_image_handle_release};
@@ -63,7 +64,7 @@ heif_chroma sampleOrder(const File& file) {
     return file.hasAlpha ? heif_chroma_interleaved_RRGGBBAA_LE : heif_chroma_interleaved_RRGGBB_LE;
 }
 
-/// The decoded picture, or none if anything about it was doubtful.
+/// The decoded picture, or none on any error or warning.
 Picture decoded(const File& file) {
     const Options options(heif_decoding_options_alloc(), heif_decoding_options_free);
     options->strict_decoding = 1;
@@ -77,7 +78,7 @@ Picture decoded(const File& file) {
     return result;
 }
 
-/// Widens samples of `bits` bits to 16, so that the largest stays the largest.
+/// Widens samples of `bits` bits to 16; the maximum maps to the maximum.
 void widen(std::byte* samples, std::size_t count, int bits) {
     for (std::size_t i = 0; i < count; ++i) {
         std::uint16_t sample = 0;

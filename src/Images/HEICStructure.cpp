@@ -10,20 +10,20 @@ namespace korvane::HEIC {
 
 namespace {
 
-/// More than the largest picture has in tiles of 64 by 64 pixels.
-constexpr std::uint64_t mostPictures = 100'000;
+/// More than the maximum picture size in tiles of 64 by 64 pixels.
+constexpr std::uint64_t maxPictures = 100'000;
 
-/// A grid of turned tiles with transparency has three; nobody needs more than twice that.
-constexpr int deepestNesting = 6;
+/// A grid of rotated tiles with transparency has three levels; twice that suffices.
+constexpr int maxNesting = 6;
 
-/// Takes big-endian numbers off the front of some bytes.
+/// Reads big-endian numbers from bytes.
 class Reader {
 public:
     explicit Reader(std::string_view bytes) : m_bytes(bytes) {}
 
     std::size_t size() const { return m_bytes.size(); }
 
-    /// 0 where the bytes have come to an end.
+    /// 0 at the end of the bytes.
     std::uint64_t number(std::size_t byteCount) {
         std::uint64_t value = 0;
         for (const char byte : take(byteCount))
@@ -46,27 +46,27 @@ struct Box {
     std::string_view content;
 };
 
-/// The next box, cut off where the bytes end; none at their end or where it claims to be shorter than its own
-/// head.
+/// The next box, truncated at the end of the bytes; none at their end, or if its stated size is less than its
+/// header.
 std::optional<Box> nextBox(Reader& reader) {
-    constexpr std::size_t headBytes = 8, longHeadBytes = 16, toTheEnd = 0, isLong = 1;
-    if (reader.size() < headBytes)
+    constexpr std::size_t headerBytes = 8, longHeaderBytes = 16, sizeToEnd = 0, sizeIsLong = 1;
+    if (reader.size() < headerBytes)
         return std::nullopt;
     std::uint64_t size = reader.number(4);
     const auto type = reader.take(4);
-    auto head = headBytes;
-    if (size == isLong) {
+    auto header = headerBytes;
+    if (size == sizeIsLong) {
         size = reader.number(8);
-        head = longHeadBytes;
-    } else if (size == toTheEnd) {
-        size = head + reader.size();
+        header = longHeaderBytes;
+    } else if (size == sizeToEnd) {
+        size = header + reader.size();
     }
-    if (size < head)
+    if (size < header)
         return std::nullopt;
-    return Box{type, reader.take(size - head)};
+    return Box{type, reader.take(size - header)};
 }
 
-/// For each picture, the pictures that are decoded in order to decode it.
+/// For each picture, the pictures that its decoding requires.
 using Parts = std::map<std::uint64_t, std::vector<std::uint64_t>>;
 
 void readReferences(std::string_view content, Parts& parts) {
@@ -82,7 +82,7 @@ void readReferences(std::string_view content, Parts& parts) {
             const auto to = reference.number(idBytes);
             if (box->type == "dimg") // derived from
                 parts[from].push_back(to);
-            else if (box->type == "auxl") // an auxiliary picture of, such as transparency
+            else if (box->type == "auxl") // auxiliary picture of, such as transparency
                 parts[to].push_back(from);
         }
     }
@@ -104,19 +104,19 @@ Parts readParts(std::string_view bytes) {
     return parts;
 }
 
-/// How many pictures are decoded for `picture`, itself included; more than `mostPictures` if the nesting is
+/// How many pictures are decoded for `picture`, itself included; more than `maxPictures` if the nesting is
 /// too deep.
 std::uint64_t decodedPictures(const Parts& parts, std::uint64_t picture, int nesting,
                               std::map<std::uint64_t, std::uint64_t>& known) {
-    if (nesting > deepestNesting)
-        return mostPictures + 1;
+    if (nesting > maxNesting)
+        return maxPictures + 1;
     if (const auto found = known.find(picture); found != known.end())
         return found->second;
     std::uint64_t count = 1;
     if (const auto found = parts.find(picture); found != parts.end()) {
         for (const auto part : found->second) {
             count += decodedPictures(parts, part, nesting + 1, known);
-            if (count > mostPictures)
+            if (count > maxPictures)
                 return count;
         }
     }
@@ -130,7 +130,7 @@ bool hasFiniteReferences(std::string_view bytes) {
     const auto parts = readParts(bytes);
     std::map<std::uint64_t, std::uint64_t> known;
     for (const auto& [picture, ignored] : parts) {
-        if (decodedPictures(parts, picture, 0, known) > mostPictures)
+        if (decodedPictures(parts, picture, 0, known) > maxPictures)
             return false;
     }
     return true;

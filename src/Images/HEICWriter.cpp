@@ -14,7 +14,7 @@ using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
 using Encoder = std::unique_ptr<heif_encoder, decltype(&heif_encoder_release)>;
 using Picture = std::unique_ptr<heif_image, decltype(&heif_image_release)>;
 
-/// The encoder's fastest way. Its default takes eight times as long, for files that are hardly smaller.
+/// The encoder's fastest preset. The default takes eight times as long for hardly smaller files.
 constexpr auto preset = "ultrafast";
 
 bool succeeded(const heif_error& error) {

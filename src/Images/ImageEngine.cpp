@@ -1,11 +1,11 @@
-/// The entrance of the library that `ImageModule` loads.
+/// The entry point of the library that `ImageModule` loads.
 
 #include "Images/Vips.h"
 #include "Utilities/ImageConverter.h"
 
 extern "C" [[gnu::visibility("default")]] const korvane::ImageEngine* korvaneImageEngine();
 
-/// None if the engine cannot be started.
+/// Null if the engine cannot be started.
 const korvane::ImageEngine* korvaneImageEngine() {
     using namespace korvane::ImageConverter;
     static constexpr korvane::ImageEngine engine{

@@ -13,11 +13,11 @@ namespace korvane::JPEG {
 
 namespace {
 
-/// A progressive picture comes in about ten scans. In thousands, a small file would keep the decoder busy.
-constexpr int mostScans = 200;
+/// A progressive picture has about ten scans. A small file with thousands would occupy the decoder for long.
+constexpr int maxScans = 200;
 
-/// Whether the decoder warns that it made up picture data. Its other warnings are about bytes and parameters
-/// that it ignored.
+/// Whether the warning means that the decoder replaced missing picture data. Other warnings concern ignored
+/// bytes and parameters.
 bool isAboutPictureData(int warning) {
     switch (warning) {
     case JWRN_HIT_MARKER:
@@ -36,9 +36,9 @@ public:
         m_file.err = jpeg_std_error(&m_errors);
         m_file.client_data = this;
         m_errors.error_exit = [](j_common_ptr file) { of(file).fail(); };
-        m_errors.emit_message = [](j_common_ptr file, int level) { of(file).note(level); };
+        m_errors.emit_message = [](j_common_ptr file, int level) { of(file).recordWarning(level); };
         m_errors.output_message = [](j_common_ptr) {};
-        m_progress.progress_monitor = [](j_common_ptr file) { of(file).goOn(); };
+        m_progress.progress_monitor = [](j_common_ptr file) { of(file).checkProgress(); };
     }
 
     Decoding(const Decoding&) = delete;
@@ -46,9 +46,8 @@ public:
 
     ~Decoding() { jpeg_destroy_decompress(&m_file); }
 
-    /// Whether nothing of the picture is missing. Nothing in here may have a destructor: a failure leaps over
-    /// it.
-    bool isWhole(std::string_view bytes) {
+    /// Whether the picture is complete. Local variables must not have destructors: a failure jumps past them.
+    bool isComplete(std::string_view bytes) {
         if (setjmp(m_failure) != 0)
             return false;
         jpeg_create_decompress(&m_file);
@@ -65,7 +64,7 @@ public:
             jpeg_read_scanlines(&m_file, row, 1);
         const bool hasScans = hasAllScans();
         jpeg_finish_decompress(&m_file);
-        // In arithmetic coding it cannot be told whether a scan is complete.
+        // With arithmetic coding, truncated scans cannot be detected.
         return hasScans && !m_isDamaged && !(m_isCutOff && m_file.arith_code);
     }
 
@@ -74,20 +73,20 @@ private:
 
     [[noreturn]] void fail() { std::longjmp(m_failure, 1); }
 
-    void note(int level) {
-        constexpr int warning = -1; // what is above is for tracing
+    void recordWarning(int level) {
+        constexpr int warning = -1; // levels above are for tracing
         if (level != warning)
             return;
         m_isDamaged = m_isDamaged || isAboutPictureData(m_errors.msg_code);
         m_isCutOff = m_isCutOff || m_errors.msg_code == JWRN_JPEG_EOF;
     }
 
-    void goOn() {
-        if (m_stop.stop_requested() || m_file.input_scan_number > mostScans)
+    void checkProgress() {
+        if (m_stop.stop_requested() || m_file.input_scan_number > maxScans)
             fail();
     }
 
-    /// Whether no scan is missing: a file may end between two of them.
+    /// Whether no scan is missing: a file may end between two scans.
     bool hasAllScans() const {
         const auto count = static_cast<std::size_t>(m_file.num_components);
         for (std::size_t i = 0; i < count; ++i) {
@@ -111,8 +110,8 @@ private:
 
 } // namespace
 
-bool isWhole(std::string_view bytes, const std::stop_token& stop) {
-    return Decoding(stop).isWhole(bytes);
+bool isComplete(std::string_view bytes, const std::stop_token& stop) {
+    return Decoding(stop).isComplete(bytes);
 }
 
 } // namespace korvane::JPEG

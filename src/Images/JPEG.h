@@ -1,4 +1,4 @@
-/// A second look at JPEG files about which the image library has warned. It does not hand out pixels.
+/// Checks JPEG files that cause warnings in the image library. Does not return pixels.
 #pragma once
 
 #include <stop_token>
@@ -6,9 +6,9 @@
 
 namespace korvane::JPEG {
 
-/// Whether all data of the picture are there, so that what is unusual about the file is no more than that:
-/// stray bytes between its segments, parameters that decoders ignore, an end without its marker. Decodes the
-/// file, at an eighth of its size. Asked to stop, it answers no.
-bool isWhole(std::string_view bytes, const std::stop_token& stop);
+/// Whether the picture's data are complete, so that the file has only harmless defects: stray bytes between
+/// segments, parameters that decoders ignore, a missing end marker. Decodes the file at an eighth of its
+/// size. Returns false after a stop request.
+bool isComplete(std::string_view bytes, const std::stop_token& stop);
 
 } // namespace korvane::JPEG

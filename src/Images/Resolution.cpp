@@ -33,8 +33,8 @@ void writeBigEndian(std::uint32_t value, char* bytes) {
         *bytes++ = static_cast<char>(value >> shift);
 }
 
-/// Where in a PNG file the content of the chunk "pHYs" begins, which is before the pixels (ISO/IEC 15948,
-/// section 11.3.5.3): dots per unit horizontally and vertically, with 32 bits each, and the unit.
+/// The offset of the content of a PNG file's "pHYs" chunk, which precedes the pixels (ISO/IEC 15948, section
+/// 11.3.5.3): dots per unit horizontally and vertically, with 32 bits each, and the unit.
 std::optional<std::size_t> resolutionChunk(std::string_view bytes) {
     constexpr std::size_t signatureBytes = 8, typeOffset = 4, headBytes = 8, checksumBytes = 4;
     constexpr std::size_t contentBytes = 9;
@@ -52,7 +52,7 @@ std::optional<std::size_t> resolutionChunk(std::string_view bytes) {
 
 constexpr std::size_t verticalOffset = 4, unitOffset = 8; // in the chunk's content
 
-/// What a PNG file states, in metres. The library prefers what Exif data say, if there are any.
+/// The resolution that a PNG file states per metre. The library would prefer Exif data, if there are any.
 std::optional<Resolution> resolutionInPNG(std::string_view bytes) {
     const auto chunk = resolutionChunk(bytes);
     if (!chunk || bytes[*chunk + unitOffset] != 1)
@@ -81,7 +81,7 @@ VImage withStatedResolution(const VImage& image, std::string_view bytes, ImageFo
                           ->set("yres", known(&Resolution::vertical)));
 }
 
-void mendResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre) {
+void fixVerticalResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre) {
     const auto chunk = resolutionChunk(bytes);
     if (!chunk)
         return;

@@ -1,5 +1,5 @@
-/// What a file says of the resolution of its picture. The image library hands over numbers whether or not
-/// the file gives a unit for them; without one they are no more than the proportions of a pixel.
+/// The resolution that a file states for its picture. The image library returns numbers even if the file
+/// gives no unit for them; without a unit they are only the aspect ratio of a pixel.
 #pragma once
 
 #include "Utilities/ImageConverter.h"
@@ -11,11 +11,10 @@
 
 namespace korvane {
 
-/// `image`, which has been read from a file of the format, with the resolution that the file states, or else
-/// with the default one.
+/// `image`, read from a file of the format, with the resolution that the file states, or the default one.
 vips::VImage withStatedResolution(const vips::VImage& image, std::string_view bytes, ImageFormat format);
 
-/// Writes the vertical resolution of a PNG file anew, which libvips 8.16 takes from the horizontal one.
-void mendResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre);
+/// Corrects the vertical resolution of a PNG file, for which libvips 8.16 writes the horizontal one.
+void fixVerticalResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre);
 
 } // namespace korvane

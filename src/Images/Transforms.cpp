@@ -10,7 +10,7 @@ namespace korvane::ImageConverter {
 
 namespace {
 
-/// The library turns clockwise.
+/// The library rotates clockwise.
 VipsAngle angle(Rotation rotation) {
     switch (rotation) {
     case Rotation::none:
@@ -26,8 +26,8 @@ VipsAngle angle(Rotation rotation) {
 }
 
 int wholePixels(double length) {
-    constexpr double most = maximumPixels;
-    return static_cast<int>(std::clamp(std::round(length), 1.0, most));
+    constexpr double maxLength = maxPixels;
+    return static_cast<int>(std::clamp(std::round(length), 1.0, maxLength));
 }
 
 ImageSize targetSize(const Image& image, ImageSize to, bool maintainAspectRatio) {
@@ -38,22 +38,22 @@ ImageSize targetSize(const Image& image, ImageSize to, bool maintainAspectRatio)
     return {wholePixels(image.width * scale), wholePixels(image.height * scale)};
 }
 
-/// By how much the filter has to shrink at least before the library averages whole pixels and leaves it less
-/// to do; 0 for never. The filter alone is better and twelve times as fast, but its coefficients are small
-/// whole numbers: where they are many, their errors add up.
+/// The minimum factor for which the library averages whole pixels before it filters; 0 for never. The filter
+/// alone is better and twelve times as fast, but its coefficients are small integers: the rounding errors of
+/// many coefficients add up.
 double averagingFrom(const VImage& image, ImageSize size) {
-    constexpr double largestFactor = 8, atOnce = 2, never = 0;
-    const bool isLarge =
-        image.width() > largestFactor * size.width || image.height() > largestFactor * size.height;
-    return isLarge ? atOnce : never;
+    constexpr double maxFilterFactor = 8, atOnce = 2, never = 0;
+    const bool exceedsFilter =
+        image.width() > maxFilterFactor * size.width || image.height() > maxFilterFactor * size.height;
+    return exceedsFilter ? atOnce : never;
 }
 
-/// `image` in another size. Colours are weighted by their alpha, so that what cannot be seen does not shine
-/// through.
+/// `image` in another size. Colours are weighted by their alpha, so that invisible pixels do not affect
+/// visible ones.
 VImage resized(const VImage& image, ImageSize size) {
     const auto format = image.format();
-    const double most = format == VIPS_FORMAT_USHORT ? 65535 : 255;
-    const auto alpha = [&] { return VImage::option()->set("max_alpha", most); };
+    const double maxAlpha = format == VIPS_FORMAT_USHORT ? 65535 : 255;
+    const auto alpha = [&] { return VImage::option()->set("max_alpha", maxAlpha); };
     const auto source = image.has_alpha() ? image.premultiply(alpha()) : image;
     const auto result = source.resize(static_cast<double>(size.width) / image.width(),
                                       VImage::option()
@@ -69,11 +69,11 @@ std::expected<Image, ConversionError> rotate(const Image& image, Rotation by) {
     if (by == Rotation::none)
         return image;
     return guarded(ConversionError::conversionFailed, [&]() -> std::expected<Image, ConversionError> {
-        auto turned = computed(vipsImage(image).rot(angle(by)));
-        const bool liesDown = by != Rotation::degrees180;
-        turned.horizontalDPI = liesDown ? image.verticalDPI : image.horizontalDPI;
-        turned.verticalDPI = liesDown ? image.horizontalDPI : image.verticalDPI;
-        return turned;
+        auto rotated = computed(vipsImage(image).rot(angle(by)));
+        const bool swapsAxes = by != Rotation::degrees180;
+        rotated.horizontalDPI = swapsAxes ? image.verticalDPI : image.horizontalDPI;
+        rotated.verticalDPI = swapsAxes ? image.horizontalDPI : image.verticalDPI;
+        return rotated;
     });
 }
 

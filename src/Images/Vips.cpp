@@ -6,8 +6,8 @@ namespace {
 
 constexpr double millimetresPerInch = 25.4;
 
-/// The library looks for its plug-ins below this folder. It finds none there, on purpose: they would load
-/// readers for dozens of formats that nobody asked for, and take 80 ms.
+/// The library searches for plug-ins in this folder. It deliberately finds none: they would add readers for
+/// dozens of unneeded formats, and take 80 ms to load.
 constexpr auto folderWithoutPlugins = "/nonexistent";
 constexpr auto pluginVariable = "VIPSHOME";
 
@@ -24,8 +24,8 @@ bool start() {
     for (const auto* loader :
          {"VipsForeignLoadPng", "VipsForeignLoadJpeg", "VipsForeignLoadTiff", "VipsForeignLoadNsgif"})
         vips_operation_block_set(loader, 0);
-    vips_cache_set_max(0); // it would hold on to pictures that are gone from the screen
-    // What the library has to say of a file is either an error, and told as such, or nobody's business.
+    vips_cache_set_max(0); // it would keep pictures that are no longer used
+    // The engine reports the library's errors itself; its other messages are irrelevant.
     g_log_set_handler(
         "VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_FATAL | G_LOG_FLAG_RECURSION),
         [](const char*, GLogLevelFlags, const char*, void*) {}, nullptr);
@@ -51,7 +51,7 @@ bool startVips() {
 }
 
 vips::VImage vipsImage(const Image& image) {
-    // The library takes its memory as if it could be written to, and does not.
+    // The library's parameter is not const, but it does not write to the memory.
     auto* samples = const_cast<std::byte*>(image.samples.get());
     const auto format = image.bytesPerSample == 2 ? VIPS_FORMAT_USHORT : VIPS_FORMAT_UCHAR;
     auto picture = vips::VImage::new_from_memory(samples, image.byteCount(), image.width, image.height,
@@ -84,7 +84,7 @@ Image computed(const vips::VImage& image, const std::stop_token& stop) {
     std::size_t size = 0;
     result.samples = {static_cast<const std::byte*>(picture.write_to_memory(&size)),
                       [](const std::byte* samples) { g_free(const_cast<std::byte*>(samples)); }};
-    if (stop.stop_requested()) // the library may be done before it next reports its progress
+    if (stop.stop_requested()) // the library may finish before its next progress report
         throw vips::VError("stopped");
     if (vips_image_get_typeof(image.get_image(), VIPS_META_ICC_NAME) != 0) {
         const auto* profile = static_cast<const char*>(image.get_blob(VIPS_META_ICC_NAME, &size));
@@ -95,7 +95,7 @@ Image computed(const vips::VImage& image, const std::stop_token& stop) {
 
 double dotsPerInch(double dotsPerMillimetre) {
     const double resolution = dotsPerMillimetre * millimetresPerInch;
-    return isPossibleDPI(resolution) ? resolution : defaultDPI;
+    return isValidDPI(resolution) ? resolution : defaultDPI;
 }
 
 double dotsPerMillimetre(double dotsPerInch) {
@@ -108,8 +108,8 @@ std::int64_t bytesPerPixel(const vips::VImage& image) {
 
 bool isWithinLimits(std::int64_t width, std::int64_t height, std::int64_t bytesPerPixel) {
     using namespace ImageConverter;
-    return width > 0 && height > 0 && width <= maximumPixels / height &&
-           width * height <= maximumBytes / bytesPerPixel;
+    return width > 0 && height > 0 && width <= maxPixels / height &&
+           width * height <= maxBytes / bytesPerPixel;
 }
 
 VipsScope::~VipsScope() {

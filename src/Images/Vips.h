@@ -1,5 +1,5 @@
-/// The border between Korvane's pictures and those of the image library underneath. Pictures of the library
-/// are descriptions of how to compute pixels, and nothing is computed before `computed` asks for it.
+/// Converts between Korvane's pictures and those of the underlying image library. The library's pictures are
+/// descriptions of how to compute pixels; `computed` runs the computation.
 #pragma once
 
 #include "Utilities/ImageConverter.h"
@@ -13,30 +13,30 @@
 
 namespace korvane {
 
-/// Starts the library at the first call; every operation begins with it. Whether it runs.
+/// Starts the library at the first call; every operation calls it first. Returns whether the library runs.
 bool startVips();
 
-/// `image` as the library sees it. The samples are not copied: `image` must outlive the result.
+/// `image` as a picture of the library. The samples are not copied: `image` must outlive the result.
 vips::VImage vipsImage(const Image& image);
 vips::VImage vipsImage(Image&&) = delete;
 
-/// Computes the pixels of `image`, which must be gray or RGB of 8 or 16 bits a sample. Throws `VError` where
-/// that fails, or where it is asked to stop before it is done.
+/// Computes the pixels of `image`, which must be gray or RGB of 8 or 16 bits a sample. Throws `VError` on
+/// failure, or after a stop request.
 Image computed(const vips::VImage& image, const std::stop_token& stop = {});
 
 /// The resolution in dots per inch, from the library's dots per millimetre.
 double dotsPerInch(double dotsPerMillimetre);
 
-/// The same the other way round.
+/// The inverse of `dotsPerInch`.
 double dotsPerMillimetre(double dotsPerInch);
 
-/// How much memory a pixel of `image` takes.
+/// The memory size of a pixel of `image`.
 std::int64_t bytesPerPixel(const vips::VImage& image);
 
-/// Whether a picture of these measures may be held in memory.
+/// Whether a picture of this size is within `maxPixels` and `maxBytes`.
 bool isWithinLimits(std::int64_t width, std::int64_t height, std::int64_t bytesPerPixel);
 
-/// Clears what the library keeps for the thread and of the last error.
+/// Clears the library's per-thread data and its last error at the end of a scope.
 class VipsScope {
 public:
     VipsScope() = default;
@@ -45,8 +45,7 @@ public:
     ~VipsScope();
 };
 
-/// What `work` returns, or `error` where the library fails or memory is short. No exception leaves the
-/// engine.
+/// The result of `work`, or `error` if the library fails or memory runs out. No exception leaves the engine.
 template <typename Work>
 auto guarded(ConversionError error, Work work) -> std::invoke_result_t<Work> {
     if (!startVips())

@@ -1,24 +1,23 @@
-/// An opaque colour in the sRGB space (IEC 61966-2-1). How transparent something is painted is not its
-/// matter.
+/// An opaque colour in the sRGB space (IEC 61966-2-1). It has no alpha channel.
 #pragma once
 
 #include <optional>
 
 namespace korvane {
 
-/// The channels run from 0 to 1 and are encoded as sRGB is, not linear. Whoever makes a colour may put in
-/// anything else, too; `sRGB` tells.
+/// The channels range from 0 to 1 and are gamma-encoded as in sRGB, not linear. Construction checks nothing;
+/// `sRGB` does.
 struct Color {
     double red = 0;
     double green = 0;
     double blue = 0;
 
-    /// What stands for 1 where channels are counted from 0 to 255.
-    static constexpr double maximumChannel = 255;
+    /// The value of a full channel on the scale from 0 to 255.
+    static constexpr double maxChannel = 255;
 
     /// The colour of three channels from 0 to 255.
     static constexpr Color fromChannels(double red, double green, double blue) {
-        return {.red = red / maximumChannel, .green = green / maximumChannel, .blue = blue / maximumChannel};
+        return {.red = red / maxChannel, .green = green / maxChannel, .blue = blue / maxChannel};
     }
 
     /// The colour itself, or none if a channel is below 0, above 1 or not a number.

@@ -1,6 +1,6 @@
-/// The vocabulary that all enumerations with a display text share: `rawValue`, `allCases`, `fromRawValue`,
-/// `icon`, `label`, `description`. Each enumeration states its facts once, in a specialisation of `facts`;
-/// nothing here holds a fact of its own.
+/// The functions that all enumerations with display texts share: `rawValue`, `allCases`, `fromRawValue`,
+/// `icon`, `label`, `description`. Each enumeration defines its facts once, in a specialisation of `facts`;
+/// this header defines none.
 #pragma once
 
 #include <array>
@@ -12,9 +12,8 @@
 namespace korvane {
 
 /// The table of one enumeration: a `std::array` with a row for each case, in declaration order. A row is an
-/// aggregate with at least `value` (the case) and `rawValue` (its text, or the number that it stands for),
-/// and with whichever of `icon`, `label` and `description` the enumeration has. Specialise it next to the
-/// enumeration:
+/// aggregate with at least `value` (the case) and `rawValue` (its text or number), and those of `icon`,
+/// `label` and `description` that the enumeration has. Specialise it next to the enumeration:
 ///
 ///     template <> inline constexpr auto facts<Mode> = std::to_array<ModeFacts>({{Mode::encode, "Encode"},
 ///     ...});
@@ -36,7 +35,7 @@ constexpr const auto& factsOf(E value) {
             }
             return true;
         }(),
-        "the rows of a facts table stand in the enumeration's order");
+        "facts table rows must be in declaration order");
     return facts<E>[static_cast<std::size_t>(value)];
 }
 
@@ -49,17 +48,17 @@ inline constexpr auto allCases = [] {
     return cases;
 }();
 
-/// What the raw values of an enumeration are: texts for most, numbers for some.
+/// The type of an enumeration's raw values: text for most, a number for some.
 template <Enumerated E>
 using RawValue = std::remove_cvref_t<decltype(facts<E>[0].rawValue)>;
 
-/// The text or number that stands for the case.
+/// The text or number of the case.
 template <Enumerated E>
 constexpr RawValue<E> rawValue(E value) {
     return factsOf(value).rawValue;
 }
 
-/// The case whose `rawValue` is exactly `raw` (a text: case-sensitive, and the whole of it), or none.
+/// The case whose `rawValue` equals `raw` (text compares case-sensitively), or none.
 template <Enumerated E>
 constexpr std::optional<E> fromRawValue(RawValue<E> raw) {
     for (const auto& row : facts<E>) {
@@ -77,14 +76,13 @@ constexpr std::string_view icon(E value)
     return factsOf(value).icon;
 }
 
-/// The text beside a control that stands for the case, where it differs from `rawValue`.
+/// The text beside the case's control, where it differs from `rawValue`.
 template <Enumerated E>
 constexpr std::string_view label(E value) {
     return factsOf(value).label;
 }
 
-/// What a choice among the cases calls this one: its raw value, or its label where the raw values are
-/// numbers.
+/// The case's title in a list of choices: its raw value, or its label where the raw values are numbers.
 template <Enumerated E>
 constexpr std::string_view title(E value) {
     if constexpr (std::is_convertible_v<RawValue<E>, std::string_view>)
@@ -93,7 +91,7 @@ constexpr std::string_view title(E value) {
         return label(value);
 }
 
-/// One line that tells what the case is for.
+/// One line that describes the case's purpose.
 template <Enumerated E>
 constexpr std::string_view description(E value) {
     return factsOf(value).description;

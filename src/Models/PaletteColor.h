@@ -1,5 +1,5 @@
-/// The thirteen named colours that tools, kinds and badges are told apart by. Only names: what a name looks
-/// like in light and in dark is the front end's matter.
+/// The thirteen named colours that distinguish tools, kinds and badges. Only names: the front end defines
+/// their values in the light and dark themes.
 #pragma once
 
 namespace korvane {

@@ -1,5 +1,5 @@
-/// `Tool` is the one list of the sixteen utilities. Sidebar, menus, headers and shortcuts take a tool's name,
-/// glyph, description, colour and key from here and nowhere else, and all of them use its order.
+/// `Tool` is the only list of the sixteen utilities. Sidebar, menus, headers and shortcuts take a tool's
+/// name, glyph, description, colour, key and position from here.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -68,7 +68,7 @@ inline constexpr auto facts<Tool> = std::to_array<ToolFacts>({
      PaletteColor::cyan, std::nullopt},
 });
 
-/// The identity of rows and menu items: the display name, which no two tools share.
+/// The identity of rows and menu items: the display name, which is unique.
 constexpr std::string_view id(Tool tool) {
     return rawValue(tool);
 }

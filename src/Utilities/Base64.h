@@ -10,8 +10,8 @@ namespace korvane::Base64 {
 /// The Base64 form of `bytes`, padded with `=` to a multiple of four characters, on one line.
 std::string encode(std::string_view bytes);
 
-/// The bytes that `text` stands for, or none unless all of it is padded standard Base64: a length that is a
-/// multiple of four, no white space, no other character.
+/// The bytes that `text` encodes, or none unless all of it is padded standard Base64: a length that is a
+/// multiple of four, no white space, no other characters.
 std::optional<std::string> decode(std::string_view text);
 
 } // namespace korvane::Base64

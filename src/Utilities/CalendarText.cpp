@@ -28,7 +28,7 @@ icu::Locale gregorian(const std::string& name) {
     return locale;
 }
 
-/// The pattern in which the locale writes the fields that `skeleton` names.
+/// The locale's pattern for the fields of `skeleton`.
 icu::UnicodeString patternFor(const char* skeleton, const icu::Locale& locale) {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::DateTimePatternGenerator> generator(
@@ -47,16 +47,16 @@ std::unique_ptr<icu::DateFormat> newFormat(const char* skeleton, const std::stri
     return format;
 }
 
-/// Making a format takes milliseconds, and a month has many days, so they are kept.
+/// Formats are cached: creating one takes milliseconds, and a month has many days.
 const icu::DateFormat& formatFor(const char* skeleton, const std::string& locale) {
-    thread_local std::map<std::pair<std::string, std::string>, std::unique_ptr<icu::DateFormat>> known;
-    auto& format = known[{skeleton, icuLocaleName(locale)}];
+    thread_local std::map<std::pair<std::string, std::string>, std::unique_ptr<icu::DateFormat>> cache;
+    auto& format = cache[{skeleton, icuLocaleName(locale)}];
     if (!format)
         format = newFormat(skeleton, locale);
     return *format;
 }
 
-std::string written(std::chrono::sys_days day, const char* skeleton, const std::string& locale) {
+std::string formatted(std::chrono::sys_days day, const char* skeleton, const std::string& locale) {
     const std::chrono::duration<double, std::milli> sinceEpoch = day.time_since_epoch();
     icu::UnicodeString text;
     std::string result;
@@ -91,14 +91,14 @@ std::array<std::string, 7> weekdays(const std::string& locale) {
 }
 
 std::string monthAndYear(std::chrono::year_month month, const std::string& locale) {
-    return written(month / std::chrono::day(1), "yMMMM", locale);
+    return formatted(month / std::chrono::day(1), "yMMMM", locale);
 }
 
 std::string fullDate(std::chrono::year_month_day day, const std::string& locale) {
-    return written(day, "yMMMMEEEEd", locale);
+    return formatted(day, "yMMMMEEEEd", locale);
 }
 
-bool usesHalfDays(const std::string& locale) {
+bool usesTwelveHourClock(const std::string& locale) {
     const auto pattern = patternFor("jmm", gregorian(locale));
     return pattern.indexOf(u'h') >= 0 || pattern.indexOf(u'K') >= 0;
 }

@@ -1,5 +1,5 @@
-/// What a calendar on the screen says in the user's language: weekdays, months, days. Its days are those of
-/// the proleptic Gregorian calendar, whatever calendar the locale counts years in.
+/// The texts of an on-screen calendar in the user's language: weekdays, months, days. Dates are in the
+/// proleptic Gregorian calendar, whatever calendar the locale prefers.
 #pragma once
 
 #include <array>
@@ -8,12 +8,12 @@
 
 namespace korvane::CalendarText {
 
-// `locale` is a name of the C library or of ICU; an empty one is the user's, from the environment.
+// `locale` is a C library or ICU locale name; if empty, the user's locale from the environment.
 
-/// The day that a week begins with.
+/// The first day of the week.
 std::chrono::weekday firstDayOfWeek(const std::string& locale = {});
 
-/// Short names of the weekdays ("Mo"), from the first day of the week on.
+/// Short weekday names ("Mo"), starting with the first day of the week.
 std::array<std::string, 7> weekdays(const std::string& locale = {});
 
 /// "November 2025".
@@ -22,7 +22,7 @@ std::string monthAndYear(std::chrono::year_month month, const std::string& local
 /// "Friday, 21 November 2025".
 std::string fullDate(std::chrono::year_month_day day, const std::string& locale = {});
 
-/// Whether hours are counted to 12 twice a day.
-bool usesHalfDays(const std::string& locale = {});
+/// Whether the locale uses a 12-hour clock.
+bool usesTwelveHourClock(const std::string& locale = {});
 
 } // namespace korvane::CalendarText

@@ -12,13 +12,13 @@ namespace korvane::RegularExpression {
 
 namespace {
 
-/// How many UTF-16 units of a pattern ICU gets at once: room for two or three character sets.
-constexpr std::int64_t smallPieceLength = 32;
+/// How many UTF-16 units of a pattern with many character sets ICU gets at once: about two or three sets.
+constexpr std::int64_t setPieceLength = 32;
 
-/// Patterns with no more sets than this are compiled in one piece and always to their end, which is near.
-constexpr std::size_t steadySetCount = 4;
+/// Patterns with at most this many sets are compiled in one piece, without interruption: they compile fast.
+constexpr std::size_t maxUnsplitSetCount = 4;
 
-/// What stands wrong in a pattern, for each error that ICU has for one.
+/// The message for an ICU pattern error.
 struct Fault {
     UErrorCode status;
     std::string_view text;
@@ -41,7 +41,7 @@ constexpr auto faults = std::to_array<Fault>({
     {U_REGEX_INVALID_RANGE, "Character range whose end comes before its start"},
     {U_REGEX_PATTERN_TOO_BIG, "Pattern too big"},
     {U_REGEX_INVALID_CAPTURE_GROUP_NAME, "Invalid name of a capture group"},
-    {U_REGEX_INTERNAL_ERROR, "Nesting too deep"}, // reported beyond a hundred levels
+    {U_REGEX_INTERNAL_ERROR, "Nesting too deep"}, // reported above a hundred levels
     {U_ILLEGAL_CHAR_FOUND, "Unknown character name"},
     {U_MEMORY_ALLOCATION_ERROR, "Pattern too big"},
 });
@@ -51,7 +51,7 @@ std::string_view faultOf(UErrorCode status) {
     return fault == faults.end() ? "Invalid pattern" : fault->text;
 }
 
-/// Where ICU, which counts lines from 1 and code points in them, noticed a fault.
+/// The position of an error. ICU reports it as a line, counted from 1, and a code point offset in the line.
 std::optional<std::size_t> positionOf(const UParseError& error, const icu::UnicodeString& pattern) {
     if (error.line < 1)
         return std::nullopt;
@@ -71,37 +71,37 @@ std::optional<std::size_t> positionOf(const UParseError& error, const icu::Unico
 } // namespace
 
 CompiledPattern::CompiledPattern(std::string_view pattern, bool isCaseSensitive,
-                                 const std::function<bool()>& goesOn) {
-    if (pattern.empty()) { // ICU would find it everywhere
+                                 const std::function<bool()>& shouldContinue) {
+    if (pattern.empty()) { // ICU would match it everywhere
         m_error = PatternError{.fault = "Empty pattern"};
         return;
     }
-    if (pattern.size() > maximumPatternSize) {
+    if (pattern.size() > maxPatternSize) {
         m_error = PatternError{.fault = faultOf(U_REGEX_PATTERN_TOO_BIG)};
         return;
     }
     m_units = icu::UnicodeString::fromUTF8(
         icu::StringPiece(pattern.data(), static_cast<std::int32_t>(pattern.size())));
     const std::uint32_t flags = isCaseSensitive ? 0 : UREGEX_CASE_INSENSITIVE;
-    if (setCount(pattern) > steadySetCount)
-        compile(flags, smallPieceLength, goesOn);
+    if (setCount(pattern) > maxUnsplitSetCount)
+        compile(flags, setPieceLength, shouldContinue);
     else
         compile(flags, m_units.length(), [] { return true; });
 }
 
 void CompiledPattern::compile(std::uint32_t flags, std::int64_t pieceLength,
-                              const std::function<bool()>& goesOn) {
-    bool isCut = false;
-    const std::function<bool()> isRead = [&] {
-        isCut = isCut || !goesOn();
-        return !isCut;
+                              const std::function<bool()>& shouldContinue) {
+    bool isInterrupted = false;
+    const std::function<bool()> mayRead = [&] {
+        isInterrupted = isInterrupted || !shouldContinue();
+        return !isInterrupted;
     };
-    InterruptibleText text(m_units, isRead,
+    InterruptibleText text(m_units, mayRead,
                            {.pieceLength = pieceLength, .stop = InterruptibleText::Stop::byEndOfText});
     UErrorCode status = U_ZERO_ERROR;
     UParseError error{};
     m_pattern.reset(icu::RegexPattern::compile(text.handle(), flags, error, status));
-    if (isCut)
+    if (isInterrupted)
         return;
     if (U_SUCCESS(status))
         m_matcher.reset(m_pattern->matcher(status));

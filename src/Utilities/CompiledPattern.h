@@ -1,5 +1,4 @@
-/// A regular expression as ICU prepares it for matching. Preparing is the one thing done here; what a pattern
-/// finds is in RegularExpression.h.
+/// A regular expression compiled by ICU. Compilation only; matching is in RegularExpression.h.
 #pragma once
 
 #include "Utilities/RegularExpression.h"
@@ -14,22 +13,23 @@
 
 namespace korvane::RegularExpression {
 
-/// Compiles in its constructor. ICU takes up to some ten milliseconds for a single character set, cannot be
-/// told to stop, and knows no other error than a faulty pattern. But it reads the pattern bit by bit, and so
-/// the pattern simply ends for it where `goesOn` says no.
+/// Compiles in its constructor. ICU takes up to about ten milliseconds for one character set, cannot be
+/// cancelled, and reports only faulty patterns as errors. But it reads the pattern in pieces, so the pattern
+/// is made to end once `shouldContinue` returns false.
 class CompiledPattern {
 public:
-    /// `goesOn` is asked only here, and often enough for an end within about fifty milliseconds.
-    CompiledPattern(std::string_view pattern, bool isCaseSensitive, const std::function<bool()>& goesOn);
+    /// Calls `shouldContinue` only during construction, often enough to stop within about 50 milliseconds.
+    CompiledPattern(std::string_view pattern, bool isCaseSensitive,
+                    const std::function<bool()>& shouldContinue);
 
-    /// Null unless the whole pattern was compiled. Belongs to this object.
+    /// Null unless the whole pattern was compiled. Owned by this object.
     icu::RegexMatcher* matcher() const { return m_matcher.get(); }
 
-    /// What is wrong with the pattern, if anything is. Otherwise, without a matcher, `goesOn` said no.
+    /// The error in the pattern, if any. With neither error nor matcher, `shouldContinue` returned false.
     const std::optional<PatternError>& error() const { return m_error; }
 
 private:
-    void compile(std::uint32_t flags, std::int64_t pieceLength, const std::function<bool()>& goesOn);
+    void compile(std::uint32_t flags, std::int64_t pieceLength, const std::function<bool()>& shouldContinue);
 
     icu::UnicodeString m_units;
     std::unique_ptr<icu::RegexPattern> m_pattern;

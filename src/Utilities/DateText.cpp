@@ -24,8 +24,7 @@ namespace korvane::DateText {
 
 namespace {
 
-/// The earliest and latest moment that ICU's calendar tells apart, in milliseconds; beyond them it would
-/// quietly answer with these.
+/// The earliest and latest time of ICU's calendar, in milliseconds; it silently clamps other times to these.
 constexpr double earliestMillisecond = -184303902528000000.0;
 constexpr double latestMillisecond = 183882168921600000.0;
 
@@ -34,13 +33,13 @@ icu::TimeZone* newTimeZone(const std::string& name) {
                         : icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name));
 }
 
-/// What the system's time zone depends on, so that a change of it is noticed. Costs a system call, where
-/// asking for the zone itself may search the whole database.
+/// The settings that determine the system's time zone, to detect a change. Reading them costs one system
+/// call; detecting the zone itself may search the whole database.
 struct SystemZone {
     std::string variable{};
     dev_t device{};
     ino_t file{};
-    std::int64_t second{}; ///< in which the file was last changed
+    std::int64_t second{}; ///< of the file's last modification
     std::int64_t nanosecond{};
 
     bool operator==(const SystemZone&) const = default;
@@ -71,12 +70,12 @@ constexpr Style fullStyle{icu::DateFormat::kFull, icu::DateFormat::kFull};
 constexpr Style mediumStyle{icu::DateFormat::kMedium, icu::DateFormat::kLong};
 constexpr Style shortTimeStyle{icu::DateFormat::kNone, icu::DateFormat::kShort};
 
-/// A formatter and what it was made for. Making one costs about a millisecond, which is too much for every
-/// row of a list, so the last one of each thread is kept.
+/// A formatter and its parameters. Creating one takes about a millisecond, too long for every row of a list,
+/// so each thread caches its last one.
 struct Formatter {
     Style style{icu::DateFormat::kNone, icu::DateFormat::kNone};
     Region region{};
-    SystemZone systemZone{}; ///< where the region follows it
+    SystemZone systemZone{}; ///< if the region uses it
     std::unique_ptr<icu::DateFormat> format{};
 };
 

@@ -12,13 +12,13 @@ namespace korvane::HashGenerator {
 
 namespace {
 
-/// How much of a text all algorithms take in before the next piece: little enough to stay in the processor's
-/// cache, so that the text is read from memory once.
+/// All algorithms process a piece of this size before the next one: it fits into the processor's cache, so
+/// the text is read from memory once.
 constexpr std::size_t pieceSize = std::size_t{64} << 10;
 
-/// The library's implementations of all algorithms, for as long as the process lives. They come from a
-/// library context of our own, which the system's configuration does not reach: it may forbid old algorithms.
-/// A library that was built without one of them has a null pointer in its place.
+/// OpenSSL's implementations of all algorithms, kept until the process ends. They come from a separate
+/// library context that ignores the system's configuration, which may forbid old algorithms. An algorithm
+/// that OpenSSL was built without is a null pointer.
 class Implementations {
 public:
     static const EVP_MD* of(HashAlgorithm algorithm) {
@@ -44,19 +44,19 @@ class Digest {
 public:
     explicit Digest(HashAlgorithm algorithm) {
         const auto* const implementation = Implementations::of(algorithm);
-        m_works =
+        m_isValid =
             implementation && m_context && EVP_DigestInit_ex2(m_context.get(), implementation, nullptr) == 1;
     }
 
     void update(std::string_view bytes) {
-        m_works = m_works && EVP_DigestUpdate(m_context.get(), bytes.data(), bytes.size()) == 1;
+        m_isValid = m_isValid && EVP_DigestUpdate(m_context.get(), bytes.data(), bytes.size()) == 1;
     }
 
-    /// Empty if any step has failed.
+    /// Empty if any step failed.
     std::string finish() {
         std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};
         unsigned length = 0;
-        if (!m_works || EVP_DigestFinal_ex(m_context.get(), bytes.data(), &length) != 1)
+        if (!m_isValid || EVP_DigestFinal_ex(m_context.get(), bytes.data(), &length) != 1)
             return {};
         return fmt::format("{:02x}", fmt::join(bytes.begin(), bytes.begin() + length, ""));
     }
@@ -67,7 +67,7 @@ private:
     };
 
     std::unique_ptr<EVP_MD_CTX, Deleter> m_context{EVP_MD_CTX_new()};
-    bool m_works = false;
+    bool m_isValid = false;
 };
 
 } // namespace

@@ -1,5 +1,5 @@
-/// Message digests of texts: MD5 (RFC 1321), SHA-1, SHA-256 and SHA-512 (FIPS 180-4). Nothing is mixed in, no
-/// salt and no key; MD5 and SHA-1 are here to be compared with, not to be relied on.
+/// Message digests of text: MD5 (RFC 1321), SHA-1, SHA-256 and SHA-512 (FIPS 180-4), without salt or key.
+/// MD5 and SHA-1 serve to compare existing digests; they are not secure.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -17,7 +17,7 @@ namespace HashGenerator {
 
 enum class HashAlgorithm { md5, sha1, sha256, sha512 };
 
-/// A digest with the algorithm it is from.
+/// A digest and its algorithm.
 struct HashResult {
     HashAlgorithm algorithm{};
     std::string hash{}; ///< lower-case hexadecimal
@@ -25,12 +25,12 @@ struct HashResult {
     bool operator==(const HashResult&) const = default;
 };
 
-/// The digest of the bytes of `text` in lower-case hexadecimal: two digits a byte of the digest. Empty where
-/// the system's OpenSSL lacks the algorithm.
+/// The digest of the bytes of `text` in lower-case hexadecimal, two digits a byte. Empty if the system's
+/// OpenSSL lacks the algorithm.
 std::string hash(std::string_view text, HashAlgorithm algorithm);
 
-/// The digests of `text` by all algorithms in their order; empty if a stop was requested meanwhile, which is
-/// noticed within a millisecond. Takes about 4 nanoseconds a byte, where the processor helps with SHA.
+/// The digests of `text` by all algorithms in their order; empty if a stop is requested, which takes effect
+/// within a millisecond. Takes about 4 nanoseconds a byte on a processor with SHA instructions.
 std::vector<HashResult> allHashes(std::string_view text, const std::stop_token& stop = {});
 
 } // namespace HashGenerator

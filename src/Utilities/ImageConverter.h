@@ -1,6 +1,6 @@
-/// Pictures: their six file formats, facts about them, and three transforms. All of it is done by the image
-/// engine, a library of its own that `ImageModule` loads when it is first needed; what is declared as a
-/// function of the namespace `ImageConverter` is reached through the `ImageEngine` that it hands over.
+/// Pictures: six file formats, facts about files, and three transforms. The image engine implements them; it
+/// is a separate library, which `ImageModule` loads on first use. The functions of the namespace
+/// `ImageConverter` are called through its `ImageEngine`.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -24,9 +24,9 @@ struct ImageFormatFacts {
     std::string_view rawValue;
     std::string_view fileExtension;
     std::string_view mediaType;
-    std::string_view description; ///< of the type of a file
+    std::string_view description; ///< of the file type
     bool supportsQuality;
-    /// The Debian packages that bring its codecs, where these are plug-ins that a computer may lack.
+    /// The Debian packages of its codecs, if these are plug-ins that may be missing.
     std::string_view decoderPackage;
     std::string_view encoderPackage;
 };
@@ -46,17 +46,17 @@ constexpr std::string_view id(ImageFormat format) {
     return rawValue(format);
 }
 
-/// The extension that files of the format have by custom, without the dot.
+/// The usual file extension, without the dot.
 constexpr std::string_view fileExtension(ImageFormat format) {
     return factsOf(format).fileExtension;
 }
 
-/// Whether the format loses detail by a quality that can be chosen.
+/// Whether the format is lossy with an adjustable quality.
 constexpr bool supportsQuality(ImageFormat format) {
     return factsOf(format).supportsQuality;
 }
 
-/// A quarter turn or several, counter-clockwise.
+/// Counter-clockwise, in quarter turns.
 enum class Rotation { none, degrees90, degrees180, degrees270 };
 
 struct RotationFacts {
@@ -81,7 +81,7 @@ constexpr int id(Rotation rotation) {
     return rawValue(rotation);
 }
 
-/// Which way a picture is mirrored: `horizontal` swaps left and right.
+/// The direction of mirroring: `horizontal` swaps left and right.
 enum class FlipDirection { none, horizontal, vertical, both };
 
 struct FlipDirectionFacts {
@@ -117,17 +117,16 @@ inline constexpr auto facts<ConversionError> = std::to_array<ConversionErrorFact
     {ConversionError::resizeFailed, "Failed to resize image"},
 });
 
-/// What the user is told of the error.
+/// The message for users.
 constexpr std::string_view errorDescription(ConversionError error) {
     return factsOf(error).errorDescription;
 }
 
-/// The resolution of a picture that states none, in dots per inch.
+/// The resolution of a picture that specifies none, in dots per inch.
 inline constexpr int defaultDPI = 72;
 
-/// Whether a resolution is one that pictures have; what else a file says is as good as nothing, and some
-/// formats could not hold it.
-constexpr bool isPossibleDPI(double dpi) {
+/// Whether a resolution is plausible. Others in a file are ignored; some formats cannot store them.
+constexpr bool isValidDPI(double dpi) {
     return dpi >= 1 && dpi <= 100'000;
 }
 
@@ -139,19 +138,19 @@ struct ImageInfo {
     std::string colorSpace = "Unknown"; ///< "RGB", "Gray", "CMYK" or "Unknown"
     bool hasAlpha = false;
     int dpi = defaultDPI; ///< horizontally
-    int pictureCount = 1; ///< how many the file holds: frames of an animation, pages
+    int pictureCount = 1; ///< pictures in the file: frames of an animation, pages
 
     bool operator==(const ImageInfo&) const = default;
 };
 
-/// A decoded picture, upright. It cannot be changed, so copies share their samples and cost nothing; two are
-/// equal if they do.
+/// A decoded picture, upright. Immutable, so copies share their samples and cost nothing; two are equal only
+/// if they share them.
 struct Image {
     int width = 0;          ///< in pixels, at least 1
     int height = 0;         ///< the same
     int channels = 0;       ///< 1: gray, 2: gray and alpha, 3: red, green, blue, 4: these and alpha
-    int bytesPerSample = 1; ///< 1 or 2, of the machine's byte order
-    /// Rows from top to bottom, without gaps. Alpha is not multiplied into the colours.
+    int bytesPerSample = 1; ///< 1 or 2, in the machine's byte order
+    /// Rows from top to bottom, without padding. Alpha is not premultiplied.
     std::shared_ptr<const std::byte> samples{};
     std::string colorProfile{}; ///< the ICC profile of the colours; empty: sRGB
     double horizontalDPI = defaultDPI;
@@ -175,37 +174,36 @@ struct ImageSize {
     bool operator==(const ImageSize&) const = default;
 };
 
-/// The operations of the engine. They may be called on any thread, also several at a time.
+/// The operations of the engine. They are thread-safe.
 namespace ImageConverter {
 
-/// The largest picture that is decoded or made: beyond it, a file of a few kilobytes could ask for more
-/// memory than the machine has.
-inline constexpr std::int64_t maximumPixels = 300'000'000;
-inline constexpr std::int64_t maximumBytes = std::int64_t(1) << 30;
+/// The limits of pictures that are decoded or created: without them, a file of a few kilobytes could require
+/// more memory than the machine has.
+inline constexpr std::int64_t maxPixels = 300'000'000;
+inline constexpr std::int64_t maxBytes = std::int64_t(1) << 30;
 
-/// Whether this computer has the codec that reads files of the format, or that writes them. The libraries
-/// underneath load some of their codecs as plug-ins, which may be missing.
+/// Whether a codec to read or write files of the format is installed. The underlying libraries load some of
+/// their codecs as plug-ins, which may be missing.
 bool canDecode(ImageFormat format);
 bool canEncode(ImageFormat format);
 
-/// The format that the content of a file has, whatever its name; none for any other than the six.
+/// The format of a file by its content, whatever its name; none if it is not one of the six.
 std::optional<ImageFormat> formatOf(std::string_view bytes);
 
-/// The picture in a file's bytes: the first where there are several, turned upright by the file's
-/// orientation. Colours that are neither gray nor RGB become sRGB; 16 bits a sample stay 16 bits. Fails with
-/// `unsupportedFormat` where the bytes are of none of the six formats, and with `invalidImage` where they are
-/// truncated, corrupt, or of a picture that is too large: this is found out before memory is taken for it.
-/// Asked to stop, it fails as soon as it can.
+/// The first picture in a file's bytes, turned upright by the file's orientation. Colours that are neither
+/// gray nor RGB become sRGB; 16 bits a sample stay 16 bits. Fails with `unsupportedFormat` if the bytes are
+/// in none of the six formats, and with `invalidImage` if they are truncated, corrupt, or contain a picture
+/// that exceeds the limits, which are checked before memory is allocated. Fails promptly after a stop
+/// request.
 std::expected<Image, ConversionError> decode(std::string_view bytes, const std::stop_token& stop);
 
-/// Facts about the first picture in a file's bytes, found without decoding it; none where they cannot be
-/// read.
+/// Facts about the first picture in a file's bytes, without decoding it; none if they cannot be read.
 std::optional<ImageInfo> getImageInfo(std::string_view bytes);
 
 /// The bytes of a file in the format. `quality` is from 0 to 1, and ignored unless the format
-/// `supportsQuality`. What a format cannot hold is fitted to it: colours become sRGB, samples 8 bits, and
-/// transparent pictures lie on white. Fails with `invalidImage` where the image has no pixels, and with
-/// `conversionFailed`.
+/// `supportsQuality`. Properties that the format cannot store are converted: colours to sRGB, samples to
+/// 8 bits, transparency to white. Fails with `invalidImage` if the image has no pixels, and with
+/// `conversionFailed` on other errors.
 std::expected<std::string, ConversionError> convert(const Image& image, ImageFormat to, double quality);
 
 /// The picture turned counter-clockwise.
@@ -214,9 +212,9 @@ std::expected<Image, ConversionError> rotate(const Image& image, Rotation by);
 /// The mirrored picture.
 std::expected<Image, ConversionError> flip(const Image& image, FlipDirection direction);
 
-/// The picture in another size, in pixels; with `maintainAspectRatio` in the largest that has its proportions
-/// and fits into `to`. Sides are rounded to whole pixels and at least 1. Fails with `resizeFailed`, also
-/// where the result would be too large.
+/// The picture resized to `to`, in pixels; with `maintainAspectRatio`, to the maximum size with the same
+/// proportions that fits into `to`. Sides are rounded to whole pixels, at least 1. Fails with `resizeFailed`,
+/// also if the result would exceed the limits.
 std::expected<Image, ConversionError> resize(const Image& image, ImageSize to, bool maintainAspectRatio);
 
 /// The picture for the screen: neither side longer than `side` pixels, in sRGB, with four channels of 8 bits.
@@ -224,7 +222,7 @@ std::expected<Image, ConversionError> preview(const Image& image, int side);
 
 } // namespace ImageConverter
 
-/// The engine as its library hands it over.
+/// The function table that the engine's library exports.
 struct ImageEngine {
     decltype(&ImageConverter::canDecode) canDecode;
     decltype(&ImageConverter::canEncode) canEncode;

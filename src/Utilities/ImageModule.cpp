@@ -16,7 +16,7 @@ std::unexpected<std::string> failure() {
 }
 
 std::expected<const ImageEngine*, std::string> loadOnce() {
-    // Never closed: pictures that the engine has made refer to its code.
+    // Never closed: pictures from the engine refer to its code.
     void* library = dlopen(libraryName, RTLD_NOW | RTLD_LOCAL);
     if (!library)
         return failure();

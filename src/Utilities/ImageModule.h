@@ -1,5 +1,5 @@
-/// The way to the image engine, which lies in a library of its own: what it needs takes long to load, and
-/// most who start the program never open the image tool.
+/// Loads the image engine, which is a separate library: its dependencies load slowly, and most sessions never
+/// open the image tool.
 #pragma once
 
 #include "Utilities/ImageConverter.h"
@@ -9,9 +9,8 @@
 
 namespace korvane::ImageModule {
 
-/// The engine; it is loaded at the first call, which takes some 50 ms, and stays until the program ends.
-/// Where its library is missing or does not fit, the error says so. The library is looked for in the run path
-/// of the program.
+/// The engine. The first call loads it, which takes about 50 ms; it stays loaded until the program ends.
+/// Fails if the library, searched for in the program's run path, is missing or incompatible.
 std::expected<const ImageEngine*, std::string> load();
 
 } // namespace korvane::ImageModule

@@ -11,7 +11,7 @@ namespace korvane {
 
 namespace {
 
-constexpr std::size_t largePage = std::size_t{2} << 20; // where another size is used, only the hint is lost
+constexpr std::size_t largePage = std::size_t{2} << 20; // with another size only the hint is lost
 
 constexpr std::size_t roundedUp(std::size_t size, std::size_t unit) {
     return (size + unit - 1) / unit * unit;
@@ -23,8 +23,8 @@ void preferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_
 #if defined(MADV_HUGEPAGE)
     if (size < largePage)
         return;
-    // All pages that the memory is on: the system sees for itself which of them large ones can replace. What
-    // else is on the first and on the last one is as well off either way.
+    // Covers every page that the memory touches: the system decides which of them large pages can replace.
+    // Other data on the first and last page are unaffected.
     const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
     const auto offset = reinterpret_cast<std::uintptr_t>(memory) % pageSize;
     madvise(static_cast<std::byte*>(memory) - offset, roundedUp(offset + size, pageSize), MADV_HUGEPAGE);

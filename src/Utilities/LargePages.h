@@ -1,5 +1,5 @@
-/// Memory in large pieces. Touching memory for the first time costs more than working with it, as long as the
-/// system provides it 4 KiB at a time; in large pages it costs a quarter.
+/// Memory in large pages. First access to memory in 4 KiB pages costs more than the work on it; in large
+/// pages it costs a quarter.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 
 namespace korvane {
 
-/// Asks for large pages for memory that is about to be filled. Does nothing where the system has none, or
-/// where the memory is too small to hold one.
+/// Requests large pages for memory that is about to be filled. Does nothing if the system has none or the
+/// memory is smaller than one.
 void preferLargePages(void* memory, std::size_t size);
 
 struct LargeMemoryDeleter {
@@ -17,7 +17,7 @@ struct LargeMemoryDeleter {
 
 using LargeMemory = std::unique_ptr<std::byte, LargeMemoryDeleter>;
 
-/// Memory of that size, not yet written, placed so that large pages fit it where it is large enough.
+/// Uninitialised memory of that size, aligned for large pages if it is large enough to use them.
 LargeMemory allocateLarge(std::size_t size);
 
 } // namespace korvane

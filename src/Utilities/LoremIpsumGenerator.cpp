@@ -75,7 +75,7 @@ static_assert(words.size() == 160);
 constexpr std::array<std::string_view, 5> openingWords = {"Lorem", "ipsum", "dolor", "sit", "amet"};
 constexpr std::string_view openingSentence = "Lorem ipsum dolor sit amet, consectetur adipiscing elit.";
 
-/// A lower-case word of ASCII letters with its first letter in upper case.
+/// Capitalises a lower-case word of ASCII letters.
 std::string capitalized(std::string word) {
     word.at(0) = static_cast<char>(word.at(0) - 'a' + 'A');
     return word;

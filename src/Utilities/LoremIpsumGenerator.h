@@ -1,4 +1,4 @@
-/// Placeholder text in something like Latin, as words, sentences or paragraphs, and the counts of any text.
+/// Generates pseudo-Latin placeholder text as words, sentences or paragraphs, and counts these in any text.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -26,29 +26,29 @@ inline constexpr auto facts<GenerationType> = std::to_array<GenerationTypeFacts>
 
 namespace LoremIpsumGenerator {
 
-// Each of these is empty for a count below 1. Random words are drawn uniformly and independently, so one may
-// follow itself.
+// The result is empty for a count below 1. Random words are drawn uniformly and independently, so a word may
+// repeat at once.
 
-/// `count` words between single spaces, without a full stop. With `startWithLorem` the first five, as far as
-/// there are as many, are "Lorem ipsum dolor sit amet"; otherwise the first is capitalised.
+/// `count` words separated by single spaces, without a full stop. With `startWithLorem` the first five (or
+/// `count`, if fewer) are from "Lorem ipsum dolor sit amet"; otherwise the first is capitalised.
 std::string generateWords(int count, bool startWithLorem);
 
-/// `count` sentences between single spaces, of 8 to 16 words each, with one comma that has at least four
-/// words before it and two behind it. With `startWithLorem` the first is the classic opening.
+/// `count` sentences separated by single spaces, of 8 to 16 words each, with one comma that has at least four
+/// words before it and two after it. With `startWithLorem` the first is the standard opening.
 std::string generateSentences(int count, bool startWithLorem);
 
-/// `count` paragraphs of 3 to 7 sentences, with an empty line between two. With `startWithLorem` the first
-/// begins with the classic opening.
+/// `count` paragraphs of 3 to 7 sentences, separated by empty lines. With `startWithLorem` the first begins
+/// with the standard opening.
 std::string generateParagraphs(int count, bool startWithLorem);
 
-/// How many pieces without white space and newlines there are.
+/// The number of words, delimited by white space and newlines.
 int wordCount(std::string_view text);
 
-/// How many runs of full stops, exclamation and question marks there are.
+/// The number of runs of full stops, exclamation and question marks.
 int sentenceCount(std::string_view text);
 
-/// How many pieces between empty lines hold more than white space. A line feed is more, as in the second
-/// piece of "a\n\n\n".
+/// The number of pieces between empty lines that contain more than white space. A line feed does not count as
+/// white space here, so the second piece of "a\n\n\n" is counted.
 int paragraphCount(std::string_view text);
 
 } // namespace LoremIpsumGenerator

@@ -12,7 +12,7 @@ namespace korvane::NumberBaseConverter {
 
 namespace {
 
-/// The number that `digits`, which are valid, are in the base; none above 2^63 - 1.
+/// The value of `digits`, which are valid in `base`; none above 2^63 - 1.
 std::optional<std::int64_t> parse(std::string_view digits, Base base) {
     std::int64_t value = 0;
     const auto end = digits.data() + digits.size();

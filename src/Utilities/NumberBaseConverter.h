@@ -1,5 +1,5 @@
-/// Whole numbers from 0 to 2^63 - 1, read in one of four bases and written in all of them. Not for negative
-/// numbers and not for fractions.
+/// Converts integers from 0 to 2^63 - 1 from one of four bases to all of them. Supports neither negative
+/// numbers nor fractions.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -24,10 +24,10 @@ struct BaseFacts {
     std::string_view label; ///< the name
     std::string_view icon;
     PaletteColor color;
-    std::string_view placeholder; ///< what stands in a field for such a number while it is empty
-    std::string_view prefix;      ///< what source code puts before such a number
+    std::string_view placeholder; ///< shown in an empty input field
+    std::string_view prefix;      ///< as in source code
     std::string_view digits;      ///< in both letter cases
-    std::size_t groupSize;        ///< how many digits are read as a unit
+    std::size_t groupSize;        ///< in digits
     char groupSeparator;
 };
 
@@ -47,12 +47,12 @@ inline constexpr auto facts<NumberBaseConverter::Base> = std::to_array<NumberBas
 
 namespace NumberBaseConverter {
 
-/// Why a text is no number that can be converted.
+/// Why a text cannot be converted.
 struct ConversionError {
     enum class Kind { invalidCharacters, emptyInput, overflow, invalidInput };
 
     Kind kind = Kind::invalidInput;
-    Base base = Base::binary; ///< whose digits are asked for, for `invalidCharacters`
+    Base base = Base::binary; ///< the expected base, for `invalidCharacters`
 
     static ConversionError invalidCharacters(Base base) { return {Kind::invalidCharacters, base}; }
 
@@ -62,23 +62,23 @@ struct ConversionError {
 
     static ConversionError invalidInput() { return {Kind::invalidInput}; }
 
-    /// The text for people.
+    /// The message for users.
     std::string errorDescription() const;
 
     bool operator==(const ConversionError&) const = default;
 };
 
-/// `text` without white space and newlines at its ends and then without one prefix ("0b", "0o" or "0x", in
-/// either letter case). Any of the prefixes goes, whatever the base: a decimal "0x1F" becomes "1F", and no
-/// hexadecimal number can begin with the digits "0b". Nothing inside is removed.
+/// `text` without white space and newlines at its ends, and then without one prefix ("0b", "0o" or "0x", in
+/// either letter case). Any prefix is removed, whatever the base: a decimal "0x1F" becomes "1F", and no
+/// hexadecimal number can begin with the digits "0b". Inner characters stay.
 std::string_view cleanInput(std::string_view text, Base base);
 
-/// Whether all of `text` are digits of the base; an empty text is valid, a sign never.
+/// Whether `text` consists of digits of the base; an empty text is valid, a sign is not.
 bool isValid(std::string_view text, Base base);
 
-/// The number that `input` is in the base `source`, written in every base: without prefix, leading zeros and
-/// groups, in capital letters. It is cleaned first. Fails, in this order, when nothing is left of it, when it
-/// has anything but digits, and when the number is greater than 2^63 - 1.
+/// The number `input` in base `source`, converted to every base: without prefix, leading zeros or groups, in
+/// capital letters. `input` is cleaned first. Fails, in this order, if it is then empty, if it contains other
+/// characters than digits, and if the number is greater than 2^63 - 1.
 std::expected<std::map<Base, std::string>, ConversionError> convertToAllBases(std::string_view input,
                                                                               Base source);
 

@@ -28,10 +28,10 @@ constexpr std::array<std::string_view, 12> commonPatterns = {
     "welcome", "monkey", "dragon", "master",   "111",   "000",
 };
 
-/// Stands for a character that is not ASCII where a text is reduced to a byte a character.
+/// Replaces a character that is not ASCII in `asciiForm`.
 constexpr char notASCII = '\x80';
 
-/// All characters to draw from. All are ASCII, so a byte is a character.
+/// The characters to draw from. All are ASCII, so a byte is a character.
 std::string buildCharacterSet(CharacterOptions options, bool excludeAmbiguous) {
     std::string pool;
     if (options.contains(CharacterOptions::uppercase))
@@ -47,9 +47,9 @@ std::string buildCharacterSet(CharacterOptions options, bool excludeAmbiguous) {
     return pool;
 }
 
-/// The lower-case form of `password` with one byte for each character: its ASCII value, that of the line feed
-/// for CR LF, or `notASCII`.
-std::string reduced(std::string_view password) {
+/// The lower-case form of `password` with one byte for each character: its ASCII value, LF for CR LF, or
+/// `notASCII`.
+std::string asciiForm(std::string_view password) {
     std::string lowercased;
     icu::StringByteSink<std::string> sink(&lowercased);
     UErrorCode status = U_ZERO_ERROR;
@@ -77,12 +77,12 @@ bool hasAscendingRun(std::string_view bytes) {
 }
 
 bool hasCommonPattern(std::string_view password) {
-    const auto bytes = reduced(password);
+    const auto bytes = asciiForm(password);
     return std::ranges::any_of(commonPatterns, [&](auto pattern) { return bytes.contains(pattern); }) ||
            hasAscendingRun(bytes);
 }
 
-/// What the characters of a password have between them.
+/// The character classes that occur in a password.
 struct Classes {
     std::size_t count = 0; ///< of the characters
     bool hasUppercase = false;

@@ -1,5 +1,5 @@
-/// Makes random passwords from chosen classes of characters, and rates any password. The rating knows a few
-/// habits of people, no dictionary; the entropy is what the password would have if it were random.
+/// Generates random passwords from selected character classes, and rates any password. The rating checks a
+/// few common patterns, no dictionary; the entropy estimate assumes a random password.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -13,7 +13,7 @@
 
 namespace korvane {
 
-/// A set of classes of characters. `|` joins two sets, `&` is what both have.
+/// A set of character classes. `|` is the union of two sets, `&` their intersection.
 struct CharacterOptions {
     unsigned rawValue = 0;
 
@@ -39,7 +39,7 @@ inline constexpr CharacterOptions CharacterOptions::lowercase{2};
 inline constexpr CharacterOptions CharacterOptions::numbers{4};
 inline constexpr CharacterOptions CharacterOptions::symbols{8};
 
-/// How strong a password is, ordered from the weakest.
+/// Password strength in ascending order.
 enum class PasswordStrength { veryWeak, weak, fair, strong, veryStrong };
 
 struct PasswordStrengthFacts {
@@ -63,26 +63,26 @@ constexpr PaletteColor color(PasswordStrength strength) {
 
 namespace PasswordGenerator {
 
-/// A password of `length` characters, each drawn by itself from all classes of `options`, so that a class may
-/// be missing; `excludeAmbiguous` leaves out the six characters 0, O, 1, l, I and |. Empty where nothing can
-/// be drawn: no class, or a length below 1.
+/// A password of `length` characters, each drawn independently from all classes of `options`, so a class may
+/// be missing; `excludeAmbiguous` omits the six characters 0, O, 1, l, I and |. Empty if `options` is empty
+/// or `length` is below 1.
 ///
-/// A random byte b stands for the character b mod n of the n there are to choose from, which favours the
-/// first 256 mod n of them slightly. Where the source of secure bytes fails, every character is drawn
-/// uniformly.
+/// A random byte b selects character b mod n of the n available ones, which favours the first 256 mod n of
+/// them slightly. If the source of secure bytes fails, characters are drawn uniformly from `random.next`.
 std::string generate(int length, CharacterOptions options, bool excludeAmbiguous,
                      const RandomSources& random = {});
 
-/// `count` passwords, each made by itself, in the order they were drawn.
+/// `count` independent passwords, in the order of their generation.
 std::vector<std::string> generateBulk(int count, int length, CharacterOptions options, bool excludeAmbiguous);
 
-/// The estimate of a password's entropy in bits: its characters times log2 of the size of the alphabet that
-/// its classes suggest (26 for lower-case, 26 for upper-case, 10 for numeric, 32 for what is neither letter
-/// nor numeric). Classes are Unicode's; a letter without case suggests nothing.
+/// The estimated entropy of a password in bits: its length in characters times log2 of the size of its
+/// alphabet, the sum over the classes that occur in it (26 for lower-case, 26 for upper-case, 10 for numeric,
+/// 32 for characters that are neither letters nor numeric). Classes are Unicode's; a letter without case adds
+/// nothing to the alphabet.
 double calculateEntropy(std::string_view password);
 
-/// A rating by length, variety of classes and entropy, with a deduction for a common pattern: a word that
-/// many people use, or three ASCII characters in ascending order, such as xyz, in any case.
+/// A rating by length, number of classes and entropy, with a deduction for a common pattern: a common
+/// password word, or three ascending ASCII characters such as xyz, in any letter case.
 PasswordStrength calculateStrength(std::string_view password);
 
 } // namespace PasswordGenerator

@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view kept = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
                                   "!$&'()*+,-./:;=?@_~";
 
-/// Whether a byte stands for itself, by its value.
+/// Whether a byte stays unencoded, indexed by its value.
 constexpr auto isKept = [] {
     std::array<bool, 256> table{};
     for (const auto character : kept)
@@ -30,7 +30,7 @@ constexpr bool isKeptByte(char byte) {
 /// `%` and two hexadecimal digits.
 constexpr std::size_t tripletLength = 3;
 
-/// The byte that the triplet at the start of `text` stands for, or none if there is no triplet.
+/// The byte encoded by the triplet at the start of `text`, or none if there is no triplet.
 std::optional<char> byteOfTriplet(std::string_view text) {
     if (text.size() < tripletLength)
         return std::nullopt;

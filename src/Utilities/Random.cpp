@@ -12,10 +12,10 @@ namespace korvane {
 
 namespace {
 
-__extension__ using Wide = unsigned __int128;
+__extension__ using UInt128 = unsigned __int128;
 
-/// Random words ahead of need: one system call serves 512 of them, and a call for each would cost a hundred
-/// times as much.
+/// A buffer of random words: one system call fetches 512 of them; a call for each would cost a hundred times
+/// as much.
 class WordPool {
 public:
     std::uint64_t take() {
@@ -23,7 +23,7 @@ public:
             arc4random_buf(m_words.data(), sizeof m_words);
             m_used = 0;
         }
-        return std::exchange(m_words[m_used++], 0); // what was handed out may be a secret by now
+        return std::exchange(m_words[m_used++], 0); // the caller may use the word as a secret
     }
 
 private:
@@ -31,14 +31,14 @@ private:
     std::size_t m_used = m_words.size();
 };
 
-/// The high half of a random value times `bound`. Of the 2^64 values, (2^64 - bound) mod bound are too many
-/// for equal shares; they are the ones whose product has a low half below that number, and are drawn again.
+/// The high half of a random value times `bound`. (2^64 - bound) mod bound of the 2^64 values are surplus to
+/// a uniform distribution: those whose product has a low half below that number. They are rejected.
 template <typename Next>
 std::uint32_t drawBelow(std::uint32_t bound, const Next& next) {
     assert(bound > 0);
     const auto surplus = (0 - std::uint64_t{bound}) % bound;
     while (true) {
-        const auto product = Wide{next()} * bound;
+        const auto product = UInt128{next()} * bound;
         if (static_cast<std::uint64_t>(product) >= surplus)
             return static_cast<std::uint32_t>(product >> 64);
     }

@@ -19,13 +19,13 @@ namespace korvane::RegularExpression {
 
 namespace {
 
-/// Up to this length, in UTF-16 units, a text is searched in one piece whatever the pattern: the longest run
-/// that ICU takes without a report of progress ends soon.
-constexpr std::int32_t steadyTextLength = 1 << 14;
+/// Texts up to this length, in UTF-16 units, are searched in one piece whatever the pattern: even the longest
+/// run that ICU scans without reporting progress ends soon.
+constexpr std::int32_t maxUnsplitTextLength = 1 << 14;
 
-/// Whether ICU may run along the text for one alternative without reporting it: it does so for what it will
-/// not take back, and for comparing with what a group took.
-bool scansSilently(std::string_view pattern) {
+/// Whether ICU may scan along the text without reporting progress: it does so for constructs that it does not
+/// backtrack into, and to compare with a captured group.
+bool mayScanWithoutProgress(std::string_view pattern) {
     for (std::size_t at = 0; at + 1 < pattern.size(); ++at) {
         const auto next = pattern[at + 1];
         switch (pattern[at]) {
@@ -51,31 +51,31 @@ bool scansSilently(std::string_view pattern) {
     return false;
 }
 
-/// Decides whether a search goes on.
-class Watch {
+/// Decides whether a search may continue.
+class BudgetMonitor {
 public:
-    explicit Watch(const Budget& budget) : m_budget(budget), m_end(now() + budget.time) {}
+    explicit BudgetMonitor(const Budget& budget) : m_budget(budget), m_end(now() + budget.time) {}
 
-    bool goesOn() const { return !m_budget.stop.stop_requested() && now() < m_end; }
+    bool shouldContinue() const { return !m_budget.stop.stop_requested() && now() < m_end; }
 
     /// After a step inside a match.
-    bool goesOnAfterStep() { return ++m_steps <= m_budget.steps && goesOn(); }
+    bool shouldContinueAfterStep() { return ++m_steps <= m_budget.steps && shouldContinue(); }
 
-    /// After a match, or at the next place where one may begin. To look at the clock at each would take
-    /// longer than to find a letter.
-    bool goesOnAtPlace() {
-        return m_places++ % placesPerLook == 0 ? goesOn() : !m_budget.stop.stop_requested();
+    /// After a match, or at the next position where one may begin. Reads the clock only at some positions, as
+    /// reading it takes longer than finding a letter.
+    bool shouldContinueAtPosition() {
+        return m_positions++ % positionsPerCheck == 0 ? shouldContinue() : !m_budget.stop.stop_requested();
     }
 
-    /// Why it does not.
+    /// Why it may not continue.
     Interruption interruption() const {
-        return m_budget.stop.stop_requested() ? Interruption::calledOff : Interruption::tookTooLong;
+        return m_budget.stop.stop_requested() ? Interruption::cancelled : Interruption::tookTooLong;
     }
 
 private:
-    static constexpr std::size_t placesPerLook = 1024;
+    static constexpr std::size_t positionsPerCheck = 1024;
 
-    /// What this thread has had of the processor.
+    /// The processor time of this thread.
     static std::chrono::nanoseconds now() {
         timespec time{};
         clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
@@ -85,10 +85,10 @@ private:
     const Budget& m_budget;
     std::chrono::nanoseconds m_end;
     std::size_t m_steps = 0;
-    std::size_t m_places = 0;
+    std::size_t m_positions = 0;
 };
 
-/// The bytes of a group, 0 for the whole match; none when it took no part, or begins or ends inside a
+/// The bytes of a group, 0 for the whole match; none if it did not participate, or begins or ends inside a
 /// character.
 std::optional<TextRange> rangeOf(const icu::RegexMatcher& matcher, std::int32_t group,
                                  const UTF16Text& text) {
@@ -115,39 +115,39 @@ void addMatch(const icu::RegexMatcher& matcher, const UTF16Text& text, Findings&
     }
 }
 
-/// Lets the watch look whenever ICU reports progress.
-void setCallbacks(icu::RegexMatcher& matcher, Watch& watch, UErrorCode& status) {
+/// Calls the monitor whenever ICU reports progress.
+void setCallbacks(icu::RegexMatcher& matcher, BudgetMonitor& monitor, UErrorCode& status) {
     matcher.setMatchCallback(
         [](const void* context, std::int32_t) -> UBool {
-            return static_cast<Watch*>(const_cast<void*>(context))->goesOnAfterStep();
+            return static_cast<BudgetMonitor*>(const_cast<void*>(context))->shouldContinueAfterStep();
         },
-        &watch, status);
+        &monitor, status);
     matcher.setFindProgressCallback(
         [](const void* context, std::int64_t) -> UBool {
-            return static_cast<Watch*>(const_cast<void*>(context))->goesOnAtPlace();
+            return static_cast<BudgetMonitor*>(const_cast<void*>(context))->shouldContinueAtPosition();
         },
-        &watch, status);
+        &monitor, status);
 }
 
-/// Adds to `findings` all that `matcher` finds in `text`. `isInPieces`: so that the watch can look at any
-/// time; reading is slower then.
-void findAll(icu::RegexMatcher& matcher, const UTF16Text& text, bool isInPieces, Watch& watch,
+/// Adds all matches of `matcher` in `text` to `findings`. With `isInPieces`, the monitor is also called
+/// between pieces of the text, which slows down reading.
+void findAll(icu::RegexMatcher& matcher, const UTF16Text& text, bool isInPieces, BudgetMonitor& monitor,
              Findings& findings) {
-    const std::function<bool()> goesOn = [&watch] { return watch.goesOn(); };
-    InterruptibleText pieces(text.units(), goesOn, {});
+    const std::function<bool()> shouldContinue = [&monitor] { return monitor.shouldContinue(); };
+    InterruptibleText pieces(text.units(), shouldContinue, {});
     UErrorCode status = U_ZERO_ERROR;
     findings.groupCount = static_cast<std::uint32_t>(matcher.groupCount());
     matcher.setStackLimit(stackLimit, status);
-    setCallbacks(matcher, watch, status);
+    setCallbacks(matcher, monitor, status);
     if (isInPieces)
         matcher.reset(pieces.handle());
     else
         matcher.reset(text.units());
     while (matcher.find(status) != 0) {
-        if (!watch.goesOnAtPlace())
-            findings.interruption = watch.interruption();
-        else if (findings.pieces.size() + findings.groupCount >= maximumPieces)
-            findings.interruption = Interruption::foundTooMuch;
+        if (!monitor.shouldContinueAtPosition())
+            findings.interruption = monitor.interruption();
+        else if (findings.pieces.size() + findings.groupCount >= maxPieces)
+            findings.interruption = Interruption::tooManyMatches;
         if (findings.interruption)
             return;
         addMatch(matcher, text, findings);
@@ -155,10 +155,10 @@ void findAll(icu::RegexMatcher& matcher, const UTF16Text& text, bool isInPieces,
     if (status == U_REGEX_STACK_OVERFLOW || status == U_MEMORY_ALLOCATION_ERROR)
         findings.interruption = Interruption::tookTooMuchMemory;
     else if (U_FAILURE(status))
-        findings.interruption = watch.interruption();
+        findings.interruption = monitor.interruption();
 }
 
-/// What a replacement is made of: plain text, and the number of a group behind it.
+/// A part of a replacement: plain text, then optionally the number of a group.
 struct ReplacementPart {
     std::string text{};
     std::optional<std::uint32_t> group{};
@@ -168,12 +168,12 @@ bool isDigitAt(std::string_view text, std::size_t at) {
     return at < text.size() && text[at] >= '0' && text[at] <= '9';
 }
 
-/// The number that `text`, whose first character is a digit, begins with: no more digits than the highest
-/// number of a group has.
+/// The number at the start of `text`, whose first character is a digit: at most as many digits as the maximum
+/// group number has.
 std::string_view groupNumber(std::string_view text, std::uint32_t groupCount) {
-    const auto longest = fmt::formatted_size("{}", groupCount);
+    const auto maxLength = fmt::formatted_size("{}", groupCount);
     std::size_t length = 1;
-    while (length < longest && isDigitAt(text, length))
+    while (length < maxLength && isDigitAt(text, length))
         ++length;
     return text.substr(0, length);
 }
@@ -197,7 +197,7 @@ std::vector<ReplacementPart> replacementParts(std::string_view replacement, std:
     return parts;
 }
 
-/// What `group` took in the match that has these pieces.
+/// The text that `group` captured in the match that has these pieces.
 std::string_view textOf(std::uint32_t group, std::span<const Piece> match, std::string_view text) {
     const auto piece = std::ranges::lower_bound(match, group, {}, &Piece::group);
     return piece != match.end() && piece->group == group ? piece->range.of(text) : std::string_view();
@@ -228,26 +228,26 @@ std::size_t setCount(std::string_view pattern) {
 
 std::expected<Findings, PatternError> search(std::string_view pattern, bool isCaseSensitive,
                                              std::shared_ptr<const std::string> text, const Budget& budget) {
-    Watch watch(budget);
-    const CompiledPattern compiled(pattern, isCaseSensitive, [&watch] { return watch.goesOn(); });
+    BudgetMonitor monitor(budget);
+    const CompiledPattern compiled(pattern, isCaseSensitive, [&monitor] { return monitor.shouldContinue(); });
     if (compiled.error())
         return std::unexpected(*compiled.error());
     Findings findings{.text = std::move(text)};
     if (!compiled.matcher()) {
-        const bool isCalledOff = watch.interruption() == Interruption::calledOff;
-        findings.interruption = isCalledOff ? Interruption::calledOff : Interruption::patternTookTooLong;
+        const bool isCancelled = monitor.interruption() == Interruption::cancelled;
+        findings.interruption = isCancelled ? Interruption::cancelled : Interruption::patternTookTooLong;
         return findings;
     }
-    if (findings.text->size() > UTF16Text::maximumSize) {
+    if (findings.text->size() > UTF16Text::maxSize) {
         findings.interruption = Interruption::textIsTooLong;
         return findings;
     }
     const UTF16Text units(*findings.text);
-    const bool isInPieces = units.units().length() > steadyTextLength && scansSilently(pattern);
+    const bool isInPieces = units.units().length() > maxUnsplitTextLength && mayScanWithoutProgress(pattern);
     try {
-        findAll(*compiled.matcher(), units, isInPieces, watch, findings);
+        findAll(*compiled.matcher(), units, isInPieces, monitor, findings);
     } catch (const InterruptibleText::Interrupted&) {
-        findings.interruption = watch.interruption();
+        findings.interruption = monitor.interruption();
     }
     return findings;
 }
@@ -256,7 +256,7 @@ std::optional<std::string> replacingMatches(const Findings& findings, std::strin
     const auto parts = replacementParts(replacement, findings.groupCount);
     const std::string_view text = *findings.text;
     std::string result;
-    std::size_t end = 0; // of the match before
+    std::size_t end = 0; // of the previous match
     for (std::size_t index = 0; index < findings.matchCount(); ++index) {
         const auto match = findings.match(index);
         result += text.substr(end, match.front().range.start - end);
@@ -264,13 +264,13 @@ std::optional<std::string> replacingMatches(const Findings& findings, std::strin
             result += part.text;
             if (part.group)
                 result += textOf(*part.group, match, text);
-            if (result.size() > maximumReplacedSize)
+            if (result.size() > maxReplacedSize)
                 return std::nullopt;
         }
         end = match.front().range.end;
     }
     result += text.substr(end);
-    return result.size() > maximumReplacedSize ? std::nullopt : std::optional(std::move(result));
+    return result.size() > maxReplacedSize ? std::nullopt : std::optional(std::move(result));
 }
 
 } // namespace korvane::RegularExpression

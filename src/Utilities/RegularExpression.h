@@ -1,5 +1,5 @@
-/// Regular expressions in ICU's syntax: what a pattern finds in a text, what stands wrong in a pattern, and a
-/// text with all findings replaced. Whatever the pattern, a search ends in bounded time and memory.
+/// Regular expressions in ICU's syntax: the matches of a pattern in a text, the error in a pattern, and the
+/// replacement of all matches. Whatever the pattern, a search ends in bounded time and memory.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -20,11 +20,11 @@
 
 namespace korvane::RegularExpression {
 
-/// Why a pattern could not be used.
+/// The reason why a pattern is invalid.
 struct PatternError {
     std::string_view fault; ///< a sentence without its full stop
-    /// Which user-perceived character of the pattern the fault was noticed at, counted from 1; none where it
-    /// is not known.
+    /// The user-perceived character of the pattern at which the fault was detected, counted from 1; none if
+    /// unknown.
     std::optional<std::size_t> position{};
 
     /// Such as "Incorrectly nested parentheses at character 12."
@@ -35,15 +35,15 @@ struct PatternError {
 
 /// Why a search ended before the end of the text.
 enum class Interruption {
-    patternTookTooLong, ///< it was not even compiled
+    patternTookTooLong, ///< it was not compiled
     tookTooLong,
     tookTooMuchMemory,
-    foundTooMuch,
+    tooManyMatches,
     textIsTooLong,
-    calledOff,
+    cancelled,
 };
 
-/// Bytes of a text, from `start` up to but without `end`. A search takes no text whose positions do not fit.
+/// A range of bytes; `end` is exclusive. A search rejects texts whose positions do not fit.
 struct TextRange {
     std::uint32_t start = 0;
     std::uint32_t end = 0;
@@ -53,7 +53,7 @@ struct TextRange {
     bool operator==(const TextRange&) const = default;
 };
 
-/// A match, or the part of it that a capture group took.
+/// A match, or the part of it that a group captured.
 struct Piece {
     TextRange range{};
     std::uint32_t group = 0; ///< the number of the group; 0 is the whole match
@@ -61,13 +61,13 @@ struct Piece {
     bool operator==(const Piece&) const = default;
 };
 
-/// What a search found. One list serves all matches, because there may be millions of them.
+/// The result of a search. All matches share one list, because there may be millions of them.
 struct Findings {
-    std::shared_ptr<const std::string> text{}; ///< what was searched
+    std::shared_ptr<const std::string> text{}; ///< the searched text
     std::uint32_t groupCount = 0;              ///< the capture groups of the pattern
-    /// Of each match, in text order: the whole match, then those groups that took part in it, in group order.
+    /// For each match, in text order: the whole match, then its participating groups, in group order.
     std::vector<Piece> pieces{};
-    std::vector<std::uint32_t> firstPieces{}; ///< where in `pieces` each match begins
+    std::vector<std::uint32_t> firstPieces{}; ///< the index in `pieces` of each match
     std::optional<Interruption> interruption{};
 
     std::size_t matchCount() const { return firstPieces.size(); }
@@ -75,49 +75,49 @@ struct Findings {
     std::span<const Piece> match(std::size_t index) const;
 };
 
-/// What a search may cost, beyond which it ends with what it has found.
+/// The limits of a search; on exceeding one it ends with the matches found so far.
 struct Budget {
-    /// Of the processor, so that a machine which is busy with other things does not end a harmless search.
+    /// Processor time, so that load from other programs does not end a harmless search.
     std::chrono::milliseconds time{1000};
-    /// In units of ten thousand alternatives that were put off inside a match: less than a millisecond each,
-    /// but, unlike time, the same on every machine.
+    /// In units of ten thousand alternatives saved for backtracking inside a match: less than a millisecond
+    /// each, but, unlike time, the same on every machine.
     std::size_t steps = std::numeric_limits<std::size_t>::max();
     std::stop_token stop{};
 };
 
-/// The most memory, in bytes, for the alternatives that a match puts off: enough for `(a|b)*` on a megabyte.
+/// The maximum memory, in bytes, for a match's backtracking stack: enough for `(a|b)*` on a megabyte.
 inline constexpr std::int32_t stackLimit = 1 << 26;
 
-/// The most pieces that a search collects (200 MB). All of them as rows of a list keep within the coordinates
-/// of a window.
-inline constexpr std::size_t maximumPieces = std::size_t{1} << 24;
+/// The maximum number of pieces that a search collects (200 MB). A list with as many rows stays within the
+/// coordinates of a window.
+inline constexpr std::size_t maxPieces = std::size_t{1} << 24;
 
-/// The longest pattern in bytes. Its character sets may take up some hundred megabytes of memory.
-inline constexpr std::size_t maximumPatternSize = 100'000;
+/// The maximum length of a pattern in bytes. Its character sets may use some hundred megabytes of memory.
+inline constexpr std::size_t maxPatternSize = 100'000;
 
-/// The longest text, in bytes, that `replacingMatches` makes.
-inline constexpr std::size_t maximumReplacedSize = std::size_t{1} << 27;
+/// The maximum length, in bytes, of the result of `replacingMatches`.
+inline constexpr std::size_t maxReplacedSize = std::size_t{1} << 27;
 
-/// How many character sets `pattern` has, estimated from above. They, more than its length, decide how long
-/// it takes to compile: up to several milliseconds each.
+/// An upper bound for the number of character sets in `pattern`. They, more than its length, determine how
+/// long it takes to compile: up to several milliseconds each.
 std::size_t setCount(std::string_view pattern);
 
-/// All matches of `pattern` in `text`, from its start to its end: `^` and `$` stand for the ends of the whole
-/// text, `.` for no line break. A match that begins or ends inside a character (within a surrogate pair, as
-/// ICU counts) is left out, and so is such a group. Fails if the pattern is faulty; what takes too long, even
+/// All matches of `pattern` in `text`, in order: `^` and `$` match only at the ends of the whole text, `.`
+/// does not match line breaks. A match that begins or ends inside a character (within a surrogate pair, as
+/// ICU counts) is omitted, and so is such a group. Fails if the pattern is faulty; exceeding the budget, even
 /// before the first match, is an interruption.
 std::expected<Findings, PatternError> search(std::string_view pattern, bool isCaseSensitive,
                                              std::shared_ptr<const std::string> text, const Budget& budget);
 
-/// The text of `findings` with each match replaced by what `replacement` says: `$` and a number stand for the
-/// group of that number, which has as many digits as there are, but no more than the highest number of a
-/// group; a group that does not exist or took no part is empty. A backslash takes away the meaning of the
-/// character behind it. All else stands for itself. None when the result would exceed `maximumReplacedSize`.
+/// The text of `findings` with each match replaced by `replacement`: `$` and a number stand for the group of
+/// that number, which has as many digits as follow, but at most as many as the maximum group number; a group
+/// that does not exist or did not participate is empty. A backslash makes the next character literal. Other
+/// characters are literal. None if the result would exceed `maxReplacedSize`.
 std::optional<std::string> replacingMatches(const Findings& findings, std::string_view replacement);
 
 struct InterruptionFacts {
     Interruption value;
-    std::string_view rawValue; ///< what the user is told
+    std::string_view rawValue; ///< the message for users
 };
 
 } // namespace korvane::RegularExpression
@@ -133,10 +133,10 @@ inline constexpr auto facts<RegularExpression::Interruption> =
          "Matching stopped: the pattern takes too long on this text"},
         {RegularExpression::Interruption::tookTooMuchMemory,
          "Matching stopped: the pattern takes too much memory on this text"},
-        {RegularExpression::Interruption::foundTooMuch,
+        {RegularExpression::Interruption::tooManyMatches,
          "Matching stopped: the pattern matches too often in this text"},
         {RegularExpression::Interruption::textIsTooLong, "Matching stopped: the text is too long"},
-        {RegularExpression::Interruption::calledOff, "Matching stopped"},
+        {RegularExpression::Interruption::cancelled, "Matching stopped"},
     });
 
 } // namespace korvane

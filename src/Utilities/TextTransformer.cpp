@@ -15,18 +15,18 @@ bool isSeparator(std::string_view character) {
     return character == "_" || character == "-" || character == " ";
 }
 
-/// A character is what its first code point is; marks behind it change nothing.
-char32_t leading(std::string_view character) {
+/// Determines a character's class; marks after it do not matter.
+char32_t firstCodePoint(std::string_view character) {
     return decodeAt(character, 0).character;
 }
 
-/// Whether a capital between the two characters is the first of a word: behind a small letter, or as the last
-/// of several capitals.
+/// Whether a capital between the two characters begins a word: after a small letter, or as the last of
+/// several capitals.
 bool capitalBeginsWord(std::string_view previous, std::string_view next) {
     return isLowercase(previous) || (isUppercase(previous) && isLowercase(next));
 }
 
-/// The words of `text`, each as `map` makes it, with `separator` between them.
+/// The words of `text`, each mapped by `map`, joined by `separator`.
 template <typename Map>
 std::string joiningWords(std::string_view text, std::string_view separator, Map map) {
     std::string result;
@@ -42,14 +42,14 @@ std::string_view leadingWhiteSpace(std::string_view text) {
     std::size_t length = 0;
     Characters characters(text);
     for (auto character = characters.next(); !character.empty(); character = characters.next()) {
-        if (!isWhitespace(leading(character)) && !isNewline(leading(character)))
+        if (!isWhitespace(firstCodePoint(character)) && !isNewline(firstCodePoint(character)))
             break;
         length += character.size();
     }
     return text.substr(0, length);
 }
 
-/// Appends what becomes of the `piece` between two marks, or behind the last one.
+/// Appends the sentence-case form of `piece`, which is between two marks or after the last one.
 void appendSentence(std::string_view piece, bool isLast, std::string& result) {
     const auto trimmed = trimmingWhitespaces(piece);
     if (trimmed.empty()) {

@@ -1,5 +1,5 @@
-/// Letter case, line operations and statistics of a text. Every operation is total: whatever the text, there
-/// is a result, and of nothing comes nothing. Only `LineOperation::shuffle` differs from call to call.
+/// Letter case, line operations and statistics of a text. No operation fails, and empty input gives empty
+/// output. Only `LineOperation::shuffle` is not deterministic.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -13,7 +13,7 @@
 
 namespace korvane {
 
-/// The styles that a text can be written in; the raw values show themselves.
+/// The letter-case styles of a text; each raw value is an example of its style.
 enum class CaseTransform {
     uppercase,
     lowercase,
@@ -26,7 +26,7 @@ enum class CaseTransform {
     constantCase,
 };
 
-/// What can be done to the lines of a text.
+/// The operations on the lines of a text.
 enum class LineOperation {
     reverse,
     sortAZ,
@@ -68,7 +68,7 @@ inline constexpr auto facts<LineOperation> = std::to_array<TransformationFacts<L
     {LineOperation::removeEmpty, "Remove Empty Lines", "trash"},
 });
 
-/// The identity of a case: its raw value, which no two share.
+/// The identity of a case: its raw value, which is unique.
 constexpr std::string_view id(CaseTransform transform) {
     return rawValue(transform);
 }
@@ -77,14 +77,14 @@ constexpr std::string_view id(LineOperation operation) {
     return rawValue(operation);
 }
 
-/// How much there is of a text.
+/// The counts of a text.
 struct TextStats {
     std::int64_t characters = 0;         ///< user-perceived ones (UAX #29)
     std::int64_t charactersNoSpaces = 0; ///< those that are neither white space nor a newline
-    std::int64_t words = 0;              ///< what white space and newlines delimit
-    std::int64_t lines = 0;              ///< 0 of the empty text, otherwise one more than newlines
-    std::int64_t paragraphs = 0;         ///< what two LF delimit, as far as there is something in it
-    std::int64_t sentences = 0;          ///< runs of . ! ? or, without one, 1 where there is a word
+    std::int64_t words = 0;              ///< delimited by white space and newlines
+    std::int64_t lines = 0;              ///< 0 for the empty text, otherwise newlines plus one
+    std::int64_t paragraphs = 0;         ///< delimited by two LF; blank ones do not count
+    std::int64_t sentences = 0;          ///< runs of . ! ?; without any, 1 if there is a word
 
     bool operator==(const TextStats&) const = default;
 };
@@ -94,35 +94,34 @@ namespace TextTransformer {
 /// `text` in the style `to`.
 std::string transform(std::string_view text, CaseTransform to);
 
-/// The words of `text` as programmers delimit them: by underscores, hyphens and spaces, and where capitals
-/// show a new one, as in "JSONDataLoader". A word consists of letters and numbers; other characters are
-/// dropped and delimit nothing, so "hello.world" is the one word "helloworld".
+/// The words of `text` as in identifiers: delimited by underscores, hyphens and spaces, and by capitals as in
+/// "JSONDataLoader". A word consists of letters and numbers; other characters are dropped and do not delimit,
+/// so "hello.world" is the one word "helloworld".
 std::vector<std::string> extractWords(std::string_view text);
 
 std::string toCamelCase(std::string_view text);
 std::string toPascalCase(std::string_view text);
 
-/// The words of `text` in lower case, with "_" between them.
+/// The words of `text` in lower case, joined by "_".
 std::string toSnakeCase(std::string_view text);
 
-/// `text` in lower case but for the first character of each sentence. A sentence ends with a . ! or ?; spaces
-/// in front of that are lost. A sentence that begins with newlines keeps its small letter and has the
-/// newlines twice.
+/// `text` in lower case except the first character of each sentence. A sentence ends with a . ! or ?; spaces
+/// before that mark are lost. A sentence that begins with newlines keeps its small letter, and its newlines
+/// are doubled.
 std::string toSentenceCase(std::string_view text);
 
-/// The lines of `text` after `operation`, with LF between them whatever was there before; CR LF has an empty
-/// line between CR and LF. Sorting follows the user's locale with letter case ignored.
+/// The lines of `text` after `operation`, joined by LF whatever separated them before; CR LF counts as two
+/// newlines with an empty line between them. Sorting follows the user's locale and ignores letter case.
 std::string applyLineOperation(std::string_view text, LineOperation operation);
 
-/// Counts a text in one pass: several hundred MB a second of ASCII, and still tens of any other script.
+/// Counts a text in one pass: several hundred MB a second of ASCII, tens of MB a second in any other script.
 TextStats getStats(std::string_view text);
 
-/// The statistics of a text while it is being edited. Only what is near a change is counted again, so a key
-/// press in a large text costs little more than a comparison of it with the one before.
+/// The statistics of a text while it is edited. Only the part near a change is counted again, so a key press
+/// in a large text costs little more than a comparison with the previous text.
 class RunningStats {
 public:
-    /// Brings the statistics up to date. `before` is the text that was given last as `text`; in the
-    /// beginning it is the empty one.
+    /// Updates the statistics. `before` is the `text` of the previous call; in the first call it is empty.
     void update(std::string_view before, std::string_view text);
 
     const TextStats& stats() const { return m_stats; }
@@ -130,7 +129,7 @@ public:
     bool operator==(const RunningStats&) const = default;
 
 private:
-    TextStats m_sums{}; // of the parts of the text, without what depends on all of it
+    TextStats m_sums{}; // the additive counts, without adjustments for the whole text
     TextStats m_stats{};
 };
 

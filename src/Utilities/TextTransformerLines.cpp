@@ -41,7 +41,7 @@ void sort(Lines& lines, SortOrder order) {
     lines = std::move(sorted);
 }
 
-/// Canonically equivalent lines are the same. Most lines are composed already, and then stand for themselves.
+/// Canonically equivalent lines are equal. Most lines are already composed and serve as their own keys.
 void removeDuplicates(Lines& lines) {
     UErrorCode status = U_ZERO_ERROR;
     const auto* composition = icu::Normalizer2::getNFCInstance(status);
@@ -62,7 +62,7 @@ void removeDuplicates(Lines& lines) {
     lines = std::move(kept);
 }
 
-/// Draws one of all orders, each as likely as any other (Fisher and Yates).
+/// Draws a uniformly distributed permutation (Fisher and Yates).
 void shuffle(Lines& lines) {
     for (auto count = lines.size(); count > 1; --count)
         std::swap(lines[count - 1], lines[uniformBelow(static_cast<std::uint32_t>(count))]);

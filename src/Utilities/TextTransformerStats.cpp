@@ -14,7 +14,7 @@ namespace korvane::TextTransformer {
 
 namespace {
 
-/// What a code point is to the statistics.
+/// The properties of a code point that the statistics use.
 struct Kind {
     bool isSpace = false; ///< white space or a newline
     bool isNewline = false;
@@ -38,9 +38,9 @@ Kind kindOf(char32_t character) {
     return {.isSpace = endsLine || isWhitespace(character), .isNewline = endsLine};
 }
 
-/// Whether white space begins a character of its own behind `previous`: it does not where it ends a CR LF, or
-/// where it is a space and a prefix (such as the Arabic number sign) takes it in.
-bool spaceStandsAlone(char32_t previous, char32_t space) {
+/// Whether white space after `previous` starts a new character. It does not if it is the LF of a CR LF, or a
+/// space after a prepended mark (such as the Arabic number sign), which joins it.
+bool spaceStartsCharacter(char32_t previous, char32_t space) {
     constexpr char32_t firstPrefix = 0x600;
     if (previous < firstPrefix)
         return previous != '\r' || space != '\n';
@@ -49,7 +49,7 @@ bool spaceStandsAlone(char32_t previous, char32_t space) {
            u_charType(static_cast<UChar32>(space)) != U_SPACE_SEPARATOR;
 }
 
-/// Paragraphs depend on all of the text, but need only its line feeds and the ends of what is between them.
+/// Depends on the whole text, but inspects only its line feeds and the ends of the pieces between them.
 std::int64_t paragraphCount(std::string_view text) {
     constexpr std::string_view delimiter = "\n\n";
     std::int64_t count = 0;
@@ -62,7 +62,7 @@ std::int64_t paragraphCount(std::string_view text) {
     return count;
 }
 
-/// The sums over `text`: its newlines for lines, its runs of marks for sentences, and no paragraphs.
+/// The additive counts of `text`: `lines` counts newlines, `sentences` runs of marks; `paragraphs` stays 0.
 TextStats sumsOf(std::string_view text) {
     TextStats sums;
     std::int64_t spaces = 0;
@@ -73,7 +73,7 @@ TextStats sumsOf(std::string_view text) {
         const auto [character, end] = decodeAt(text, offset);
         const auto kind = kindOf(character);
         if (kind.isSpace) {
-            spaces += spaceStandsAlone(previous, character) ? 1 : 0;
+            spaces += spaceStartsCharacter(previous, character) ? 1 : 0;
             sums.lines += kind.isNewline ? 1 : 0;
         } else {
             sums.words += inWord ? 0 : 1;
@@ -89,7 +89,7 @@ TextStats sumsOf(std::string_view text) {
     return sums;
 }
 
-/// Adds `sign` times the `other` sums.
+/// Adds `other` multiplied by `sign`.
 void add(TextStats& sums, const TextStats& other, std::int64_t sign) {
     sums.characters += sign * other.characters;
     sums.charactersNoSpaces += sign * other.charactersNoSpaces;
@@ -108,33 +108,32 @@ TextStats statsOf(TextStats sums, std::string_view text) {
     return sums;
 }
 
-/// Whether there is a boundary between characters at `offset` whatever else the text holds: behind a line
-/// feed, and between ASCII other than CR LF.
-bool isCut(std::string_view text, std::size_t offset) {
+/// Whether `offset` is a character boundary whatever the rest of the text: after a line feed, and between
+/// ASCII characters other than CR LF.
+bool isSafeSplit(std::string_view text, std::size_t offset) {
     if (offset == 0 || offset == text.size() || text[offset - 1] == '\n')
         return true;
     const auto around = text.substr(offset - 1, 2);
     return asciiPrefixLength(around) == around.size() && around != "\r\n";
 }
 
-/// How far two texts are the same from their starts, up to a place in front of what differs where both can be
-/// cut.
+/// The length of a common prefix after which both texts can be split safely.
 std::size_t commonPrefix(std::string_view a, std::string_view b) {
     auto length = static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
-    // What decides about a place stands on either side of it.
+    // `isSafeSplit` inspects the byte after the offset too, which must be common to both texts.
     length -= length > 0 ? 1 : 0;
-    while (!isCut(a, length))
+    while (!isSafeSplit(a, length))
         --length;
     return length;
 }
 
-/// The same from their ends, for texts that begin behind `commonPrefix`.
+/// The length of a common suffix, for texts whose common prefix has been removed.
 std::size_t commonSuffix(std::string_view a, std::string_view b) {
     const auto reversedA = std::views::reverse(a);
     auto length = static_cast<std::size_t>(std::ranges::mismatch(reversedA, std::views::reverse(b)).in1 -
                                            reversedA.begin());
     length -= length > 0 ? 1 : 0;
-    while (!isCut(a, a.size() - length))
+    while (!isSafeSplit(a, a.size() - length))
         --length;
     return length;
 }
@@ -145,8 +144,8 @@ TextStats getStats(std::string_view text) {
     return statsOf(sumsOf(text), text);
 }
 
-/// The characters on either side of a cut are the same in both texts. A word or run of marks that is cut is
-/// counted in both of its halves, but as much too often in the old part as in the new one.
+/// The characters on either side of a split are the same in both texts. A split word or run of marks is
+/// counted in both of its halves, equally often in the old and the new part, so the errors cancel out.
 void RunningStats::update(std::string_view before, std::string_view text) {
     const auto prefix = commonPrefix(before, text);
     auto oldPart = before.substr(prefix);

@@ -16,7 +16,7 @@ namespace korvane::URLComponents {
 
 namespace {
 
-/// A URL as the parser splits it; refers to the text that was parsed.
+/// A URL as split by the parser; refers to the parsed text.
 class ParsedURL {
 public:
     explicit ParsedURL(std::string_view url)
@@ -35,7 +35,7 @@ public:
 
     const UriUriA& parts() const { return m_parts; }
 
-    /// Where the parser could not go on.
+    /// Where the parser stopped.
     const char* error() const { return m_error; }
 
 private:
@@ -49,7 +49,7 @@ std::string decoded(std::string_view text) {
     return bytes ? std::move(*bytes) : std::string(text);
 }
 
-/// What `range` covers, as it is written; none if the component is absent.
+/// The undecoded text of `range`; none if the component is absent.
 std::optional<std::string_view> textOf(const UriTextRangeA& range) {
     if (!range.first)
         return std::nullopt;
@@ -67,16 +67,16 @@ std::optional<std::string> hostOf(const UriUriA& parts) {
     return isBracketed ? '[' + *host + ']' : host;
 }
 
-constexpr int highestPort = 65535;
+constexpr int maxPort = 65535;
 
-/// The port, none without one; an error if it is no port's number.
+/// The port, none without one; an error if it exceeds `maxPort`.
 std::expected<std::optional<int>, std::errc> portOf(const UriUriA& parts) {
     const auto digits = textOf(parts.portText);
     if (!digits || digits->empty())
         return std::nullopt;
     int port = 0;
     const auto error = std::from_chars(digits->data(), digits->data() + digits->size(), port).ec;
-    if (error != std::errc() || port > highestPort)
+    if (error != std::errc() || port > maxPort)
         return std::unexpected(std::errc::result_out_of_range);
     return port;
 }
@@ -111,9 +111,10 @@ std::optional<std::vector<URLQueryItem>> queryItemsOf(const UriUriA& parts) {
     return items;
 }
 
-/// What stands wrong at `offset`, where the parser stopped. It takes the colon before a port for one behind a
-/// user's name until the authority ends, and reads the whole triplet of a percent-encoding.
-std::size_t faultyOffset(std::string_view url, std::size_t offset) {
+/// The offset of the actual error when the parser stopped at `offset`. Until the authority ends, the parser
+/// treats the colon before a port as the separator after a user name; and it reads the whole triplet of a
+/// percent-encoding before it fails.
+std::size_t errorOffset(std::string_view url, std::size_t offset) {
     const auto percent = url.substr(0, offset).rfind('%');
     if (percent != std::string_view::npos && offset - percent < 3)
         return percent;
@@ -159,12 +160,12 @@ std::expected<URLComponentsBreakdown, ParseError> parse(std::string_view url) {
     const ParsedURL parsed(url);
     if (!parsed.isValid())
         return std::unexpected(
-            errorAt(url, faultyOffset(url, static_cast<std::size_t>(parsed.error() - url.data()))));
+            errorAt(url, errorOffset(url, static_cast<std::size_t>(parsed.error() - url.data()))));
     const auto& parts = parsed.parts();
     const auto port = portOf(parts);
     if (!port)
         return std::unexpected(ParseError{static_cast<std::size_t>(parts.portText.first - url.data()),
-                                          fmt::format("The port is greater than {}", highestPort)});
+                                          fmt::format("The port is greater than {}", maxPort)});
     return URLComponentsBreakdown{.scheme = decodedTextOf(parts.scheme),
                                   .host = hostOf(parts),
                                   .port = *port,

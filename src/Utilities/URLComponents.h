@@ -1,5 +1,5 @@
-/// A URL taken apart (RFC 3986). Relative references are URLs too; nothing is resolved, corrected or looked
-/// up.
+/// Splits a URL into its components (RFC 3986). Accepts relative references; resolves, corrects and looks up
+/// nothing.
 #pragma once
 
 #include <cstddef>
@@ -11,17 +11,17 @@
 
 namespace korvane {
 
-/// What stands between two `&` of a query.
+/// A part of a query between two `&`.
 struct URLQueryItem {
     std::string name{};
-    std::optional<std::string> value{}; ///< none without a `=`, as opposed to an empty one
+    std::optional<std::string> value{}; ///< none without a `=`, empty after a final `=`
 
     bool operator==(const URLQueryItem&) const = default;
 };
 
-/// The components of a URL, none where one is absent. A URL such as `file:///` has a host that is present and
-/// empty, and one that ends with `?` such a query. All are percent-decoded, unless the decoded bytes would
-/// not be UTF-8: then the component is as it is written. User and password are not among them.
+/// The components of a URL; an absent component is none. `file:///` has a present but empty host, and a URL
+/// that ends with `?` a present but empty query. Components are percent-decoded, unless the decoded bytes
+/// are not UTF-8: then the component is unchanged. User and password are not included.
 struct URLComponentsBreakdown {
     std::optional<std::string> scheme{};
     std::optional<std::string> host{}; ///< an IPv6 address in its brackets
@@ -29,7 +29,7 @@ struct URLComponentsBreakdown {
     std::optional<std::string> path{}; ///< never empty
     std::optional<std::string> query{};
     std::optional<std::string> fragment{};
-    /// The parts of the query in its order: none without a query, and no item for an empty one.
+    /// The parts of the query in order: none without a query; an empty query has no items.
     std::optional<std::vector<URLQueryItem>> queryItems{};
 
     bool operator==(const URLComponentsBreakdown&) const = default;
@@ -37,7 +37,7 @@ struct URLComponentsBreakdown {
 
 namespace URLComponents {
 
-/// The first thing in a text that no URL has there.
+/// The first violation of URL syntax in a text.
 struct ParseError {
     std::size_t offset = 0; ///< in bytes
     std::string message{};  ///< such as `Unexpected "|" at character 12`
@@ -45,9 +45,9 @@ struct ParseError {
     bool operator==(const ParseError&) const = default;
 };
 
-/// The components of `url`, or an error if it is no URL: all of it must follow the standard's syntax, so no
-/// white space, nothing outside ASCII, no incomplete percent-encoding, and the port must be a port's number.
-/// Takes linear time; while it runs, each `/` of the path costs about 60 bytes of memory.
+/// The components of `url`, or an error if it is not a URL: the whole text must follow the standard's syntax
+/// (no white space, only ASCII, complete percent-encodings), and the port must be valid. Takes linear time;
+/// while it runs, each `/` of the path costs about 60 bytes of memory.
 std::expected<URLComponentsBreakdown, ParseError> parse(std::string_view url);
 
 } // namespace URLComponents

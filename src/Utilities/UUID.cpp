@@ -32,6 +32,6 @@ std::string UUID::text() const {
 
 std::size_t std::hash<korvane::UUID>::operator()(const korvane::UUID& uuid) const noexcept {
     std::size_t value = 0;
-    std::memcpy(&value, uuid.bytes.data(), sizeof value); // the bytes are random already
+    std::memcpy(&value, uuid.bytes.data(), sizeof value); // the bytes are already random
     return value;
 }

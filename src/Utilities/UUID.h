@@ -1,4 +1,4 @@
-/// Universally unique identifiers (RFC 9562), as the identity of rows and as something to generate for users.
+/// Universally unique identifiers (RFC 9562), used as row identities and generated for users.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ namespace korvane {
 struct UUID {
     std::array<std::uint8_t, 16> bytes{}; ///< in network order
 
-    /// A fresh version 4 UUID: 122 random bits, about 50 ns.
+    /// A new version 4 UUID: 122 random bits, about 50 ns.
     static UUID random();
 
     /// The canonical form in upper case: 32 hexadecimal digits in groups of 8, 4, 4, 4 and 12, with hyphens

@@ -168,9 +168,9 @@ TEST_F(JPEGTest, DamagedDataAreRefused) {
 
 TEST_F(JPEGTest, ALookAtAnUnusualFileStopsWhenAsked) {
     const auto file = variants().front().file;
-    EXPECT_TRUE(JPEG::isWhole(file, stop.get_token()));
+    EXPECT_TRUE(JPEG::isComplete(file, stop.get_token()));
     stop.request_stop();
-    EXPECT_FALSE(JPEG::isWhole(file, stop.get_token()));
+    EXPECT_FALSE(JPEG::isComplete(file, stop.get_token()));
 }
 
 } // namespace

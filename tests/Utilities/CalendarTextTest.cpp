@@ -17,7 +17,7 @@ struct CalendarTextRow {
     std::string_view lastName;
     std::string_view month;
     std::string_view day;
-    bool usesHalfDays;
+    bool usesTwelveHourClock;
 };
 
 TEST(CalendarText, FollowsTheLocale) {
@@ -37,7 +37,7 @@ TEST(CalendarText, FollowsTheLocale) {
         EXPECT_EQ(CalendarText::weekdays(row.locale).back(), row.lastName) << row.locale;
         EXPECT_EQ(CalendarText::monthAndYear(2025y / November, row.locale), row.month) << row.locale;
         EXPECT_EQ(CalendarText::fullDate(2025y / November / 21, row.locale), row.day) << row.locale;
-        EXPECT_EQ(CalendarText::usesHalfDays(row.locale), row.usesHalfDays) << row.locale;
+        EXPECT_EQ(CalendarText::usesTwelveHourClock(row.locale), row.usesTwelveHourClock) << row.locale;
     }
 }
 

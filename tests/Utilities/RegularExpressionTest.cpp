@@ -119,8 +119,8 @@ TEST(RegularExpression, SaysWhatIsWrongInAPatternAndWhere) {
 }
 
 TEST(RegularExpression, RefusesPatternsThatAreTooBigToPrepare) {
-    EXPECT_EQ(errorOf(std::string(RegularExpression::maximumPatternSize + 1, 'a')), "Pattern too big.");
-    EXPECT_EQ(errorOf(std::string(RegularExpression::maximumPatternSize, 'a')), "");
+    EXPECT_EQ(errorOf(std::string(RegularExpression::maxPatternSize + 1, 'a')), "Pattern too big.");
+    EXPECT_EQ(errorOf(std::string(RegularExpression::maxPatternSize, 'a')), "");
     EXPECT_EQ(errorOf(std::string(1000, '(')), "Nesting too deep at character 101.");
     EXPECT_EQ(errorOf(std::string(1000, '[')), "Nesting too deep at character 100.");
 }
@@ -175,7 +175,7 @@ TEST(RegularExpression, StopsWhenCalledOff) {
     source->request_stop();
     const auto findings =
         search("a", "aaa", true, {.time = std::chrono::hours(1), .stop = source->get_token()});
-    EXPECT_EQ(findings.interruption, Interruption::calledOff);
+    EXPECT_EQ(findings.interruption, Interruption::cancelled);
     EXPECT_EQ(findings.matchCount(), 0);
 }
 
@@ -190,7 +190,7 @@ std::string repeated(std::string_view part, std::size_t count) {
 TEST(RegularExpression, StopsWhileAPatternIsCompiled) {
     const Budget littleTime{.time = std::chrono::milliseconds(20)};
     for (const std::string_view set : {"[\\x{0}-\\x{10FFFF}]", "[\\p{L}&&[^\\p{Lu}]]", "\\p{Alphabetic}"}) {
-        const auto pattern = repeated(set, RegularExpression::maximumPatternSize / set.size());
+        const auto pattern = repeated(set, RegularExpression::maxPatternSize / set.size());
         const auto findings = search(pattern, "text", false, littleTime);
         EXPECT_EQ(findings.interruption, Interruption::patternTookTooLong) << set;
         EXPECT_EQ(findings.matchCount(), 0) << set;
@@ -198,7 +198,7 @@ TEST(RegularExpression, StopsWhileAPatternIsCompiled) {
     std::stop_source source;
     source.request_stop();
     const auto findings = search(repeated("[a]", 1000), "text", false, {.stop = source.get_token()});
-    EXPECT_EQ(findings.interruption, Interruption::calledOff);
+    EXPECT_EQ(findings.interruption, Interruption::cancelled);
 }
 
 TEST(RegularExpression, TakesThousandsOfSets) {
@@ -217,9 +217,9 @@ TEST(RegularExpression, CollectsABoundedNumberOfPieces) {
     for (int group = 0; group < 999; ++group)
         pattern += "()";
     const auto findings = search(pattern, std::string(20'000, 'a'));
-    EXPECT_EQ(findings.interruption, Interruption::foundTooMuch);
-    EXPECT_LE(findings.pieces.size(), RegularExpression::maximumPieces);
-    EXPECT_EQ(findings.matchCount(), RegularExpression::maximumPieces / 1000);
+    EXPECT_EQ(findings.interruption, Interruption::tooManyMatches);
+    EXPECT_LE(findings.pieces.size(), RegularExpression::maxPieces);
+    EXPECT_EQ(findings.matchCount(), RegularExpression::maxPieces / 1000);
 }
 
 /// What ICU finds in the UTF-8 text itself, whose positions need no conversion.

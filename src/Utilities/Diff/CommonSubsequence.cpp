@@ -15,8 +15,8 @@ using Identities = std::span<const LineIdentity>;
 using Word = Occurrences::Word;
 constexpr std::size_t wordBits = Occurrences::wordBits;
 
-/// A part of one row of the table, which begins at a whole word. Bit j of the row is set when the cell after
-/// element j of the second list equals the one before it; where it is clear the length grows by one.
+/// A part of one row of the table, starting at a word boundary. Bit j of the row is set if the cell after
+/// element j of the second list equals the one before it; where it is clear, the length grows by one.
 struct Row {
     std::size_t firstWord = 0;
     std::vector<Word> words;
@@ -24,9 +24,9 @@ struct Row {
     std::size_t endWord() const { return firstWord + words.size(); }
 };
 
-/// Makes a word of a row that of the row below, whose element stands where `matches` has bits. The sum moves
-/// each clear bit, an increment, down to the first match behind the increment before it. `carry` comes from
-/// the word before and is 0 or 1, and so is what is returned for the next word.
+/// Advances a word to the next row, whose element occurs where `matches` has bits. The sum moves each clear
+/// bit, an increment, down to the first match after the previous increment. `carry` comes from the previous
+/// word and is 0 or 1, as is the returned carry for the next word.
 Word advanceWord(Word& row, Word matches, Word carry) {
     const Word moved = row & matches;
     const Word sum = row + moved;
@@ -35,13 +35,13 @@ Word advanceWord(Word& row, Word matches, Word carry) {
     return Word{sum < moved} | Word{total < sum};
 }
 
-/// The table of two lists, of which no more is ever in memory than some of its rows. Rows belong to the first
-/// list, whose element i - 1 leads to row i.
+/// The table of two lists; only some of its rows are in memory at a time. Rows belong to the first list,
+/// whose element i - 1 leads to row i.
 ///
-/// Only a band along the diagonal is computed. With a common subsequence of length l, any walk that gives one
-/// as long leaves out at most |a| - l elements of `a` and |b| - l of `b`, which bounds how far it strays.
-/// Inside the band its cells are exact, and the cells beside them too low at most, so that all its decisions
-/// are right.
+/// Only a band along the diagonal is computed. If a common subsequence has length l, any walk that gives one
+/// as long omits at most |a| - l elements of `a` and |b| - l of `b`, which bounds its distance from the
+/// diagonal. Cells inside the band are exact, and those next to it never too high, so all decisions of the
+/// walk are correct.
 class Table {
 public:
     Table(Identities a, Identities b, std::size_t bound, const std::stop_token& stop,
@@ -52,37 +52,37 @@ public:
     std::optional<std::vector<LineIdentity>> walk() {
         const auto snapshots = advanceThroughBand();
         if (!m_stop.stop_requested()) {
-            m_missing = m_length;
+            m_remaining = m_length;
             m_collected.resize(m_length);
             trace(snapshots, m_a.size());
         }
         if (m_stop.stop_requested())
             return std::nullopt;
-        assert(m_missing == 0);
+        assert(m_remaining == 0);
         return std::move(m_collected);
     }
 
 private:
-    /// A row as it was on the way, with its number.
+    /// A copy of a row, with its number.
     struct Snapshot {
         std::size_t number;
         Row row;
     };
 
-    /// Finds a band that is wide enough, goes through all of it, and leaves the subsequence's length.
+    /// Finds a band that is wide enough, computes it, and sets the subsequence's length.
     std::vector<Snapshot> advanceThroughBand() {
         const auto size = m_a.size() + m_b.size();
         const auto difference = std::max(m_a.size(), m_b.size()) - std::min(m_a.size(), m_b.size());
-        for (auto edits = difference + std::max(m_limits.fewestEdits, size / m_limits.editShare);;
+        for (auto edits = difference + std::max(m_limits.minEdits, size / m_limits.editShare);;
              edits *= m_limits.widening) {
-            const auto hoped = edits < size ? (size - edits) / 2 : 0;
-            const auto assumed = std::max(m_length, hoped);
-            m_leftOutOfA = m_a.size() - assumed;
-            m_leftOutOfB = m_b.size() - assumed;
+            const auto expected = edits < size ? (size - edits) / 2 : 0;
+            const auto assumed = std::max(m_length, expected);
+            m_maxOmittedFromA = m_a.size() - assumed;
+            m_maxOmittedFromB = m_b.size() - assumed;
             Row row{.words = std::vector<Word>((m_b.size() + wordBits - 1) / wordBits, ~Word{0})};
             m_column = m_b.size();
             auto snapshots = advance(row, 0, m_a.size());
-            // Whatever was found in the band is a common subsequence, if not a longest one.
+            // The result of the band is a common subsequence, though perhaps not a longest one.
             m_length = 0;
             for (const auto word : row.words)
                 m_length += static_cast<std::size_t>(std::popcount(~word));
@@ -92,17 +92,17 @@ private:
     }
 
     std::size_t bandBegin(std::size_t number) const {
-        return (number > m_leftOutOfA ? number - m_leftOutOfA - 1 : 0) / wordBits;
+        return (number > m_maxOmittedFromA ? number - m_maxOmittedFromA - 1 : 0) / wordBits;
     }
 
-    /// The words of row `number` that are wanted end here: with the band, or with the column that the walk
+    /// The end of the words of row `number` that are needed: the end of the band, or the column that the walk
     /// has reached, since no cell depends on one to its right.
     std::size_t bandEnd(std::size_t number) const {
-        return (std::min(m_column, number + m_leftOutOfB) - 1) / wordBits + 1;
+        return (std::min(m_column, number + m_maxOmittedFromB) - 1) / wordBits + 1;
     }
 
-    /// Takes `row` from number `first` to `last`, and returns what it was on the way, `first` included. It
-    /// has advanced only in part when it was stopped.
+    /// Advances `row` from number `first` to `last`, and returns snapshots of it, including one of `first`.
+    /// If stopped, it has advanced only in part.
     std::vector<Snapshot> advance(Row& row, std::size_t first, std::size_t last) const {
         const auto distance = (last - first + m_limits.snapshots - 1) / m_limits.snapshots;
         std::vector<Snapshot> snapshots;
@@ -114,7 +114,7 @@ private:
         return snapshots;
     }
 
-    /// What rows `first` to `last` need of `row`.
+    /// The part of `row` that rows `first` to `last` need.
     Row part(const Row& row, std::size_t first, std::size_t last) const {
         const auto begin = row.words.begin() - static_cast<std::ptrdiff_t>(row.firstWord);
         const auto firstWord = bandBegin(first);
@@ -123,7 +123,7 @@ private:
                                            begin + static_cast<std::ptrdiff_t>(bandEnd(last)))};
     }
 
-    /// Makes `row` the row `number`, from the one above it.
+    /// Advances `row` from row `number` - 1 to row `number`.
     void advance(Row& row, std::size_t number) const {
         const auto element = m_a[number - 1];
         const auto begin = bandBegin(number);
@@ -137,7 +137,7 @@ private:
         }
     }
 
-    /// The same where there are few matches: without a match or a carry a word stays as it is.
+    /// The same for few matches: words without a match or a carry do not change.
     static void advanceAtPositions(Row& row, std::span<const std::uint32_t> positions, std::size_t begin,
                                    std::size_t end) {
         auto position = std::ranges::lower_bound(positions, begin * wordBits);
@@ -157,7 +157,7 @@ private:
     /// Walks up from row `last` to the number of the first snapshot.
     void trace(const std::vector<Snapshot>& snapshots, std::size_t last) {
         for (auto snapshot = snapshots.rbegin(); snapshot != snapshots.rend(); ++snapshot) {
-            if (m_missing == 0 || m_stop.stop_requested())
+            if (m_remaining == 0 || m_stop.stop_requested())
                 return;
             const auto first = snapshot->number;
             auto row = part(snapshot->row, first + 1, last);
@@ -169,7 +169,7 @@ private:
         }
     }
 
-    /// Walks up from row `last` to row `first`, which `row` is, by recording all rows between them.
+    /// Walks up from row `last` to row `first`, which is `row`, by recording all rows between them.
     void traceRecorded(Row& row, std::size_t first, std::size_t last) {
         const auto width = row.words.size();
         m_record.resize((last - first) * width);
@@ -180,11 +180,11 @@ private:
         }
         if (m_stop.stop_requested())
             return;
-        for (auto number = last; number > first && m_missing > 0;) {
+        for (auto number = last; number > first && m_remaining > 0;) {
             const auto bit = m_column - 1;
             const auto word = m_record[(number - first - 1) * width + bit / wordBits - row.firstWord];
             if (m_a[number - 1] == m_b[bit]) {
-                m_collected[--m_missing] = m_b[bit];
+                m_collected[--m_remaining] = m_b[bit];
                 --m_column;
                 --number;
             } else if ((word >> bit % wordBits & 1) != 0) {
@@ -201,17 +201,17 @@ private:
     const std::stop_token& m_stop;
     const TableLimits& m_limits;
 
-    std::size_t m_leftOutOfA = 0; ///< at most, in the present band
-    std::size_t m_leftOutOfB = 0;
-    std::size_t m_length = 0; ///< of the subsequence, as far as it is known
+    std::size_t m_maxOmittedFromA = 0; ///< in the current band
+    std::size_t m_maxOmittedFromB = 0;
+    std::size_t m_length = 0; ///< of the longest subsequence known so far
 
-    std::size_t m_column = 0;  ///< where the walk is
-    std::size_t m_missing = 0; ///< how many elements it has yet to collect
+    std::size_t m_column = 0;    ///< the position of the walk
+    std::size_t m_remaining = 0; ///< elements still to collect
     std::vector<LineIdentity> m_collected;
     std::vector<Word> m_record;
 };
 
-/// Two lists without the elements that they have in common at their ends.
+/// Two lists without their common prefix and suffix.
 struct Trimmed {
     Identities start;
     Identities a;
@@ -232,7 +232,7 @@ Trimmed withoutCommonEnds(Identities a, Identities b) {
             .end = restOfA.last(end)};
 }
 
-/// The elements of `list` that also stand in `other`. Elements are below `bound`.
+/// The elements of `list` that also occur in `other`. Elements are below `bound`.
 std::vector<LineIdentity> sharedElements(Identities list, Identities other, std::size_t bound) {
     std::vector<bool> isInOther(bound);
     for (const auto element : other)
@@ -248,21 +248,20 @@ std::size_t boundOf(Identities list) {
 
 } // namespace
 
-// The table is built only for what is left without common ends and without elements of one list only. That
-// does not change what the walk collects:
+// The table excludes common prefixes and suffixes, and elements of one list only. This does not change what
+// the walk collects:
 //
-// What it collects from (i, j) depends on i and on the cell's value alone. For let cell (i, j) equal (i, j -
-// 1). Without a match at (i, j) the walk goes from one to the other. With one it collects the element e of
-// row i, and so it does from (i, j - 1): it goes left to where that value begins in the row, or meets e
-// before; where it begins there is a match, because in the row above all cells as far as column j - 1 are
-// smaller by one at least. Either way it continues in the row above from cells of the same value, where the
-// same holds.
+// What it collects from (i, j) depends only on i and the cell's value. Let cell (i, j) equal cell (i, j - 1).
+// Without a match at (i, j) the walk moves from the former to the latter. With one it collects the element e
+// of row i, and so it does from (i, j - 1): it moves left until the first cell of that value in the row, or
+// until e occurs earlier; at the first cell there is a match, because in the row above all cells up to column
+// j - 1 are smaller by at least one. Either way it continues in the row above from cells of the same value,
+// where the same holds.
 //
-// So a row whose element is not in `b` can be left out: it equals the row above it, and the walk enters that
-// one at a cell of the same value. A column whose element is not in `a` equals the one to its left, and the
-// walk goes there at once. Common last elements are what the walk collects first. Common first elements raise
-// all cells outside row 0 and column 0 by one, which changes no comparison, and are what is collected where
-// the value is 1.
+// So a row whose element is not in `b` can be omitted: it equals the row above it, and the walk enters that
+// row at a cell of the same value. A column whose element is not in `a` equals the one to its left, and the
+// walk moves there at once. The walk collects a common suffix first. A common prefix raises all cells outside
+// row 0 and column 0 by one per element, which changes no comparison, and is collected last.
 std::optional<std::vector<LineIdentity>> longestCommonSubsequence(std::span<const LineIdentity> a,
                                                                   std::span<const LineIdentity> b,
                                                                   const std::stop_token& stop,

@@ -14,10 +14,10 @@ namespace korvane::DiffEngine {
 
 namespace {
 
-/// Numbers the different lines of both texts, so that each is looked at only once.
+/// Assigns a number to each distinct line of both texts, so that each line is hashed only once.
 class LineRegister {
 public:
-    /// `lineCount` lines at most can be registered.
+    /// At most `lineCount` lines can be registered.
     explicit LineRegister(std::size_t lineCount) : m_slots(std::bit_ceil(2 * lineCount)) {
         m_lines.reserve(lineCount);
     }
@@ -31,7 +31,7 @@ public:
     }
 
 private:
-    /// A place of the hash table; a line's identity is one less than its number, which is 0 in a free place.
+    /// A slot of the hash table; a line's identity is one less than its number, which is 0 in a free slot.
     struct Slot {
         std::uint32_t hash = 0;
         std::uint32_t number = 0;
@@ -40,7 +40,7 @@ private:
     LineIdentity identity(std::string_view line) {
         const auto hash = std::hash<std::string_view>()(line);
         const auto shortHash = static_cast<std::uint32_t>(hash >> 32U);
-        // At least half of the places are free, so the next free one is near.
+        // At least half of the slots are free, so the next free one is near.
         for (auto place = hash & (m_slots.size() - 1);; place = (place + 1) & (m_slots.size() - 1)) {
             auto& slot = m_slots[place];
             if (slot.number == 0) {
@@ -56,7 +56,7 @@ private:
     std::vector<std::string_view> m_lines; ///< by identity
 };
 
-/// One of the two texts, as far as it has been laid out.
+/// One of the two texts and the progress of its layout.
 struct Side {
     std::vector<std::string_view> lines;
     std::vector<LineIdentity> identities{};
@@ -66,7 +66,7 @@ struct Side {
 
     LineIdentity identity() const { return identities[position]; }
 
-    /// Its next line, as an object of its own.
+    /// Takes the next line.
     DiffLine take(DiffLineType type) {
         const auto content = lines[position++];
         return {
@@ -74,7 +74,7 @@ struct Side {
     }
 };
 
-/// Puts lines opposite each other and counts them.
+/// Places lines opposite each other and counts them.
 class Layout {
 public:
     Layout(Side& left, Side& right, std::size_t commonCount) : m_left(left), m_right(right) {

@@ -1,5 +1,5 @@
-/// Two texts compared line by line: which lines both have, which only one has, laid out in two columns and in
-/// one list. Lines are compared as they are, byte by byte; nothing inside a line is compared.
+/// Compares two texts line by line: which lines are common and which are in one text only, laid out in two
+/// columns and in one list. Lines are compared byte by byte; differences within a line are not reported.
 #pragma once
 
 #include "Utilities/UUID.h"
@@ -14,13 +14,13 @@
 namespace korvane::DiffEngine {
 
 enum class DiffLineType {
-    unchanged, ///< on both sides; also a filler
+    unchanged, ///< in both texts; also a filler
     added,     ///< only in the right text
     removed,   ///< only in the left text
-    modified,  ///< for whoever shows lines; no comparison gives it
+    modified,  ///< for display only; no comparison returns it
 };
 
-/// A row of a column. One without a number is a filler, which holds the place opposite a line of one side.
+/// A row of a column. A row without a number is a filler opposite a line that only the other side has.
 struct DiffLine {
     UUID id{};
     std::optional<int> lineNumber{}; ///< in its own text, from 1
@@ -48,21 +48,19 @@ struct DiffTexts {
 
 struct DiffResult {
     std::vector<DiffLine> leftLines{};
-    std::vector<DiffLine> rightLines{}; ///< as long as `leftLines`, row by row opposite
-    std::vector<DiffLine>
-        unifiedDiff{}; ///< removed and added lines, and the left line of each unchanged pair
+    std::vector<DiffLine> rightLines{};  ///< as long as `leftLines`; rows are opposite each other
+    std::vector<DiffLine> unifiedDiff{}; ///< removed, added and the left of each pair of unchanged lines
     DiffStats stats{};
-    std::shared_ptr<const DiffTexts>
-        texts{}; ///< what the lines refer to, kept as long as a copy of the result
+    std::shared_ptr<const DiffTexts> texts{}; ///< owns the memory that the lines refer to
 
     bool operator==(const DiffResult&) const = default;
 };
 
-/// The lines of both texts that stand in one longest common subsequence, each opposite its like, and between
-/// them first what was removed and then what was added, opposite fillers. Texts are shorter than 2 GiB.
+/// The lines of a longest common subsequence of both texts, opposite each other, and between them first the
+/// removed and then the added lines, opposite fillers. Texts are shorter than 2 GiB.
 ///
-/// A line that occurs several times is matched where it occurs first on each side. See
-/// `longestCommonSubsequence` for which subsequence it is and for the cost; a result takes about 150 bytes a
+/// A line that occurs several times is matched at its first occurrence on each side. See
+/// `longestCommonSubsequence` for the choice of subsequence and the cost; a result takes about 150 bytes a
 /// row.
 DiffResult compare(std::string left, std::string right);
 

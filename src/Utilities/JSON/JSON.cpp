@@ -14,7 +14,7 @@ double Value::number() const {
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (result.ec != std::errc::result_out_of_range)
         return number;
-    // Only numbers in exponent form are out of range, and the sign of the exponent tells on which side.
+    // Only numbers in exponent form are out of range; the sign of the exponent distinguishes the two sides.
     const bool isTiny = digits.find("e-") != std::string_view::npos;
     const double absolute = isTiny ? 0.0 : std::numeric_limits<double>::infinity();
     return digits.starts_with('-') ? -absolute : absolute;

@@ -1,6 +1,6 @@
-/// JSON texts (RFC 8259) read into values that lose nothing, and values written as text. Numbers keep every
-/// digit, errors know their place, and an object's members have one order. Not a model to build documents
-/// with: every value comes from a text that was read.
+/// Reads JSON texts (RFC 8259) into lossless values, and writes values as text. Numbers keep every digit,
+/// errors state their position, and an object's members are sorted. Not a model to build documents with:
+/// every value comes from a parsed text.
 #pragma once
 
 #include "Utilities/JSON/JSONArena.h"
@@ -18,19 +18,19 @@
 
 namespace korvane::JSON {
 
-/// How many arrays and objects may stand in one another. Nobody writes deeper documents by hand or program,
-/// and the limit lets everything that walks a document recurse without fear for the stack.
-inline constexpr std::size_t maximumDepth = 512;
+/// The maximum nesting of arrays and objects. Real documents are not this deep, and the limit makes
+/// recursion over a document safe for the stack.
+inline constexpr std::size_t maxDepth = 512;
 
-/// The longest text that is written. Indenting can make a small hostile text five hundred times as long.
-inline constexpr std::size_t maximumWrittenSize = std::size_t{1} << 30;
+/// The maximum size of a written text. Indentation can make a small hostile text five hundred times as long.
+inline constexpr std::size_t maxWrittenSize = std::size_t{1} << 30;
 
 enum class Type : std::uint8_t { null, boolean, number, string, array, object };
 
 struct Member;
 
-/// One value of a document: 16 bytes that refer to the document and to the text it was read from, and are
-/// copied freely while both live. A question that does not fit the type has an empty answer.
+/// One value of a document: 16 bytes that refer to the document and the parsed text, and may be copied while
+/// both live. Accessors that do not fit the type return an empty result.
 class Value {
 public:
     Value() : Value(Type::null, nullText.data(), 4) {}
@@ -40,8 +40,8 @@ public:
     /// The boolean; false for everything else.
     bool boolean() const { return type() == Type::boolean && m_data == trueText.data(); }
 
-    /// The content of a string, without quotes and escapes, or the text of a number in its one written form
-    /// (see JSONNumber.h). Empty for everything else.
+    /// The content of a string, without quotes and escapes, or the canonical text of a number (see
+    /// JSONNumber.h). Empty for everything else.
     std::string_view text() const;
 
     /// The double nearest to a number: an infinity or a zero beyond the range of doubles. 0 for everything
@@ -50,10 +50,10 @@ public:
 
     std::span<const Value> elements() const;
 
-    /// The members in ascending order of their names (plain comparison of the bytes), each name once.
+    /// The members in ascending order of their names (bytewise comparison), each name once.
     std::span<const Member> members() const;
 
-    /// The value of the member with that name, or null where there is none. Logarithmic.
+    /// The value of the member with that name, or null if there is none. Logarithmic time.
     const Value* member(std::string_view name) const;
 
 private:
@@ -70,26 +70,26 @@ private:
         : m_data(data),
           m_facts(size << sizeShift | escapes << escapesShift | static_cast<std::size_t>(type)) {}
 
-    /// The content of a string; how the value is written if it is no string, array or object.
+    /// The content of a string, or the written form of another scalar.
     std::string_view literal() const { return {static_cast<const char*>(m_data), size()}; }
 
     /// In bytes, elements or members.
     std::size_t size() const { return m_facts >> sizeShift; }
 
-    /// How many characters longer a string is written than it is, or `manyEscapes`.
+    /// The number of characters that escaping adds to a string, or `uncountedEscapes`.
     std::size_t escapes() const { return m_facts >> escapesShift & 0xFF; }
 
-    /// Stands for any number of escapes that the reader did not count.
-    static constexpr std::size_t manyEscapes = 255;
+    /// Means that the writer must count the escapes.
+    static constexpr std::size_t uncountedEscapes = 255;
 
     static constexpr int escapesShift = 8;
-    static constexpr int sizeShift = 16; // which leaves as many bits as addresses have
+    static constexpr int sizeShift = 16; // leaves 48 bits for the size, as many as addresses have
 
     static constexpr std::array<char, 4 + Block::size> nullText = {'n', 'u', 'l', 'l'};
     static constexpr std::array<char, 4 + Block::size> trueText = {'t', 'r', 'u', 'e'};
     static constexpr std::array<char, 5 + Block::size> falseText = {'f', 'a', 'l', 's', 'e'};
 
-    /// Texts have `Block::size` readable bytes after their end, whatever these hold.
+    /// Texts have `Block::size` readable bytes after their end, of any content.
     const void* m_data;
     std::uint64_t m_facts;
 };
@@ -99,16 +99,16 @@ struct Member {
     Value value;
 };
 
-/// What an object loses: members that have a namesake behind them.
+/// The members that objects drop because a later member has the same name.
 struct DuplicateNames {
-    std::size_t count = 0;      ///< of the members that are lost, in the whole document
-    std::string_view example{}; ///< one of their names; refers to what the document refers to
+    std::size_t count = 0;      ///< of the dropped members in the whole document
+    std::string_view example{}; ///< one of their names; refers to the memory of the document or its text
 
     bool operator==(const DuplicateNames&) const = default;
 };
 
-/// A text that was read. Refers to the text, which must outlive it: strings without escapes and most numbers
-/// stay where they are, all else is in the document's own memory.
+/// A parsed text. Refers to the text, which must outlive it: strings without escapes and most numbers stay
+/// there, everything else is in the document's memory.
 class Document {
 public:
     const Value& root() const { return m_root; }
@@ -130,7 +130,7 @@ struct ReadingOptions {
     bool fragmentsAllowed = false; ///< whether the text may be a lone scalar instead of an object or array
 };
 
-/// The first thing wrong with a text.
+/// The first error in a text.
 struct ParseError {
     enum class Kind {
         unexpectedText,
@@ -146,19 +146,19 @@ struct ParseError {
     Kind kind{};
     std::size_t offset = 0; ///< in bytes, from the start of the text
     TextPosition position{};
-    std::string message{}; ///< one line: what was found, where, and what was expected
+    std::string message{}; ///< one line: the error, its position, and the expected input
 };
 
-/// Reads `text`, which is UTF-8; a byte-order mark at its start is skipped. A name that occurs more than once
-/// in an object counts where it stands last. Fails at the first thing that RFC 8259 does not allow, at lone
-/// surrogate escapes and above `maximumDepth`; bytes that are not UTF-8 come before any other error. Takes
-/// linear time, but for sorting the members of objects.
+/// Parses `text`, which is UTF-8; a byte-order mark at its start is skipped. If a name occurs more than once
+/// in an object, the last member is kept. Fails at the first violation of RFC 8259, at lone surrogate escapes
+/// and above `maxDepth`; bytes that are not UTF-8 take precedence over any other error. Takes linear time,
+/// except for sorting the members of objects.
 std::expected<Document, ParseError> parse(std::string_view text, ReadingOptions options = {});
 
 struct WritingOptions {
     bool prettyPrinted = false; ///< two spaces a level, one member or element a line, " : " after names
-    /// Members are always sorted by name: that order is the dictionary's own. The option is a promise that
-    /// the order stays even if the other one changed.
+    /// Has no effect at present: members are always sorted by name. The option guarantees the order even if
+    /// the default changes.
     bool sortedKeys = false;
     bool fragmentsAllowed = false; ///< whether the value may be a scalar
 };
@@ -168,8 +168,8 @@ struct WriteError {
 };
 
 /// The text of `value`, without a line break at its end. `"`, `\` and `/` are escaped, control characters by
-/// their short forms or `\u00xx`; all else stands as it is. Fails for a lone scalar that the options do not
-/// allow, and where the text would be longer than `maximumWrittenSize`.
+/// their short forms or `\u00xx`; other characters are unchanged. Fails for a lone scalar that the options do
+/// not allow, and if the text would be longer than `maxWrittenSize`.
 std::expected<std::string, WriteError> write(const Value& value, WritingOptions options = {});
 
 inline std::string_view Value::text() const {

@@ -1,5 +1,5 @@
-/// Memory that a JSON document hands out in small pieces and gives back all at once. It holds plain data
-/// only: nothing in it is ever destroyed.
+/// Memory that a JSON document allocates in small pieces and frees all at once. It holds trivially
+/// destructible data only: no destructors are called.
 #pragma once
 
 #include "Utilities/JSON/JSONBlock.h"
@@ -18,14 +18,14 @@ namespace korvane::JSON {
 
 class Arena {
 public:
-    /// Room for `count` objects, not yet written. They stay where they are for the life of the arena.
+    /// Uninitialised memory for `count` objects, valid for the life of the arena.
     template <typename T>
     std::span<T> allocate(std::size_t count) {
         static_assert(std::is_trivially_destructible_v<T> && alignof(T) <= alignment);
         return {static_cast<T*>(allocateBytes(count * sizeof(T))), count};
     }
 
-    /// A copy of `text` that lives as long as the arena, with room for a block after its end.
+    /// A copy of `text` that lives as long as the arena, padded by a block after its end.
     std::string_view store(std::string_view text) {
         const auto copy = allocate<char>(text.size() + Block::size);
         std::copy(text.begin(), text.end(), copy.begin());
@@ -35,7 +35,7 @@ public:
 private:
     static constexpr std::size_t alignment = 8;
     static constexpr std::size_t firstChunkSize = std::size_t{4} << 10;
-    static constexpr std::size_t lastChunkSize = std::size_t{16} << 20;
+    static constexpr std::size_t maxChunkSize = std::size_t{16} << 20;
     static constexpr std::size_t growth = 8;
 
     void* allocateBytes(std::size_t size) {
@@ -53,7 +53,7 @@ private:
         m_chunks.push_back(allocateLarge(chunkSize));
         m_next = m_chunks.back().get();
         m_free = chunkSize;
-        m_chunkSize = std::min(growth * m_chunkSize, lastChunkSize);
+        m_chunkSize = std::min(growth * m_chunkSize, maxChunkSize);
     }
 
     std::vector<LargeMemory> m_chunks;

@@ -1,5 +1,5 @@
-/// Sixteen characters of a JSON text looked at in one step, where the processor can; the same questions
-/// answered one by one elsewhere. Knows characters only, not where strings begin or end.
+/// Classifies sixteen characters of a JSON text in one step with SSE2, or one by one on other processors.
+/// Classifies characters only; it does not track strings.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@
 
 namespace korvane::JSON {
 
-/// May stand at the start of a text, and says nothing.
+/// Optional at the start of a text, without meaning.
 inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 constexpr bool isDigit(char character) {
@@ -25,18 +25,18 @@ constexpr bool isControl(char character) {
     return static_cast<unsigned char>(character) < 0x20;
 }
 
-/// Whether a character ends the run of characters that stand for themselves in a string.
+/// Whether a character ends a run of unescaped characters in a string.
 constexpr bool endsStringRun(char character) {
     return character == '"' || character == '\\' || isControl(character);
 }
 
-/// JSON's white space, which is less than Unicode's.
+/// JSON's white space, a subset of Unicode's.
 constexpr bool isSpace(char character) {
     return character <= ' ' &&
            (character == ' ' || character == '\n' || character == '\r' || character == '\t');
 }
 
-/// Each answer is a mask in which bit i tells of character i.
+/// Each result is a mask in which bit i belongs to character i.
 class Block {
 public:
     static constexpr std::size_t size = 16;
@@ -44,7 +44,7 @@ public:
 #if defined(__SSE2__)
     explicit Block(const char* text) : m_text(_mm_loadu_si128(reinterpret_cast<const __m128i*>(text))) {}
 
-    /// The characters of which `endsStringRun` is true.
+    /// The characters that satisfy `endsStringRun`.
     std::uint32_t stringRunEnds() const {
         const auto controls = _mm_cmpeq_epi8(_mm_min_epu8(m_text, _mm_set1_epi8(0x1F)), m_text);
         return mask(_mm_or_si128(controls, _mm_or_si128(equal('"'), equal('\\'))));
@@ -70,7 +70,7 @@ private:
 #else
     explicit Block(const char* text) { std::memcpy(m_text.data(), text, size); }
 
-    /// The characters of which `endsStringRun` is true.
+    /// The characters that satisfy `endsStringRun`.
     std::uint32_t stringRunEnds() const { return mask(endsStringRun); }
 
     std::uint32_t slashes() const {
@@ -96,8 +96,8 @@ private:
 #endif
 };
 
-/// Copies `size` characters in whole blocks, so that the usual short text takes one step. Both places must
-/// have room for a block after their end.
+/// Copies `size` characters in whole blocks, so that a short text takes one step. Source and destination must
+/// be padded by a block.
 inline void copyBlocks(char* to, const char* from, std::size_t size) {
     std::size_t copied = 0;
     do {

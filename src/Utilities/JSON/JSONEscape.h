@@ -1,5 +1,4 @@
-/// How characters that may not or shall not stand for themselves are written in JSON strings: the one table
-/// for reading, writing and messages.
+/// The escapes of characters in JSON strings: a single table for reading, writing and messages.
 #pragma once
 
 #include <array>
@@ -8,14 +7,14 @@
 
 namespace korvane::JSON {
 
-/// The letters of the two-character escapes, and at the same places what they stand for.
+/// The letters of the two-character escapes, and the escaped characters at the same indices.
 inline constexpr std::string_view escapeLetters = "\"\\/bfnrt";
 inline constexpr std::string_view escapedCharacters = "\"\\/\b\f\n\r\t";
 
-/// The escape of one ASCII character, the short form where there is one.
+/// The escape of one ASCII character, in the short form if there is one.
 class EscapeSequence {
 public:
-    static constexpr std::size_t room = 8; ///< so many bytes of its text can be read, whatever its size
+    static constexpr std::size_t bufferSize = 8; ///< readable bytes at its text, whatever its size
 
     constexpr EscapeSequence() = default;
 
@@ -34,11 +33,11 @@ public:
     constexpr std::string_view text() const { return {m_text.data(), m_size}; }
 
 private:
-    std::array<char, room> m_text{};
+    std::array<char, bufferSize> m_text{};
     std::size_t m_size = 0;
 };
 
-/// All of them, ready to write.
+/// The escapes of all ASCII characters, by code.
 inline constexpr auto escapeSequences = [] {
     std::array<EscapeSequence, 128> sequences{};
     for (std::size_t code = 0; code < sequences.size(); ++code)

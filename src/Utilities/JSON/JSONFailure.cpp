@@ -13,8 +13,8 @@ namespace korvane::JSON {
 
 namespace {
 
-/// Longer words are cut: a message is one line.
-constexpr std::size_t maximumQuotedSize = 24;
+/// Longer words are truncated, as a message is one line.
+constexpr std::size_t maxQuotedSize = 24;
 
 bool isWordCharacter(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
@@ -23,8 +23,8 @@ bool isWordCharacter(char character) {
 }
 
 std::string quoted(std::string_view text) {
-    if (text.size() > maximumQuotedSize)
-        return fmt::format("\"{}...\"", text.substr(0, maximumQuotedSize));
+    if (text.size() > maxQuotedSize)
+        return fmt::format("\"{}...\"", text.substr(0, maxQuotedSize));
     return fmt::format("\"{}\"", text);
 }
 
@@ -62,7 +62,7 @@ std::string subject(std::string_view text, const Failure& failure) {
     return {};
 }
 
-/// What should stand there instead. For a control character only the text tells which escape it is.
+/// The expected input. For a control character it is the escape, which depends on the text.
 std::string expectation(std::string_view text, const Failure& failure) {
     if (failure.kind != ParseError::Kind::controlCharacter)
         return std::string(failure.expected);

@@ -1,5 +1,5 @@
-/// What the reader notes when it stops, and the message that is made of it. Kept apart from the reading so
-/// that every message has the same form and the reader stays small.
+/// The error that stops the reader, and its message. Separate from the reader so that all messages have the
+/// same form.
 #pragma once
 
 #include "Utilities/JSON/JSON.h"
@@ -11,12 +11,12 @@ namespace korvane::JSON {
 
 struct Failure {
     ParseError::Kind kind{};
-    std::size_t offset = 0;      ///< where the wrong thing begins
-    std::size_t length = 0;      ///< how many bytes of it the message quotes, where the kind does not tell
-    std::string_view expected{}; ///< what should be there instead
+    std::size_t offset = 0;      ///< where the error begins
+    std::size_t length = 0;      ///< bytes that the message quotes, unless the kind implies it
+    std::string_view expected{}; ///< the expected input
 };
 
-/// The error for people: `Unexpected "}" at line 3, column 14; expected a value`. A byte-order mark at the
+/// The error for users: `Unexpected "}" at line 3, column 14; expected a value`. A byte-order mark at the
 /// start of the text counts in the offset, but not in the column.
 ParseError describe(std::string_view text, const Failure& failure);
 

@@ -15,14 +15,14 @@ namespace JSONFormatter {
 
 namespace {
 
-/// Longer names are cut: a message is one line.
-constexpr std::size_t maximumQuotedLength = 24;
+/// Longer names are truncated, as a message is one line.
+constexpr std::size_t maxQuotedLength = 24;
 
-/// The beginning of `name` in quotes. Control characters are escaped, as a JSON text has them.
+/// The start of `name` in quotes. Control characters are escaped as in JSON.
 std::string quoted(std::string_view name) {
     Characters characters(name);
     std::size_t size = 0;
-    for (std::size_t length = 0; length < maximumQuotedLength; ++length)
+    for (std::size_t length = 0; length < maxQuotedLength; ++length)
         size += characters.next().size();
     std::string text = "\"";
     for (const char byte : name.substr(0, size)) {
@@ -45,7 +45,7 @@ std::expected<JSON::Document, JSONError> read(std::string_view input, JSON::Read
                            .example = std::string(document->duplicateNames().example)};
         return std::move(*document);
     }
-    // The reader tells of bytes that are not UTF-8 before anything else.
+    // The reader reports bytes that are not UTF-8 before any other error.
     if (document.error().kind == JSON::ParseError::Kind::invalidUTF8)
         return std::unexpected(JSONError::invalidJSON("Could not encode input"));
     return std::unexpected(JSONError::invalidJSON(std::move(document.error().message)));

@@ -1,5 +1,5 @@
-/// What the JSON screen does with a text: pretty-print it, shrink it, check it, show it as a tree. Each
-/// operation reads the whole text anew. The language itself is in JSON.h.
+/// The operations of the JSON screen: pretty-print, minify and validate a text, and convert it to a tree.
+/// Each operation parses the whole text. The parser and writer are in JSON.h.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -35,44 +35,44 @@ inline constexpr auto facts<JSONValueType> = std::to_array<JSONValueTypeFacts>({
     {JSONValueType::unknown, "unknown", "questionmark"},
 });
 
-/// One value of a document with everything under it, as the tree shows it. A plain value that owns its
-/// children; never deeper than `JSON::maximumDepth`.
+/// One node of the displayed tree with all its descendants. A value type that owns its children; never deeper
+/// than `JSON::maxDepth`.
 struct JSONNode {
-    UUID id = UUID::random(); ///< another one in every parse of the same text
+    UUID id = UUID::random(); ///< differs in every parse of the same text
     std::string key{};        ///< the member's name, "[3]" for the element at index 3, "root" at the top
     JSONValueType type = JSONValueType::unknown;
-    std::optional<std::string> value{}; ///< what a scalar shows; none for objects and arrays
-    std::vector<JSONNode> children{};   ///< members in ascending order of their keys, elements as they come
+    std::optional<std::string> value{}; ///< the displayed text of a scalar; none for objects and arrays
+    std::vector<JSONNode> children{};   ///< members in ascending order of their keys, elements in text order
 
     bool operator==(const JSONNode&) const = default;
 };
 
 namespace JSONFormatter {
 
-/// Why a text could not be used.
+/// Why an operation failed.
 struct JSONError {
     enum class Kind { invalidJSON, emptyInput };
 
     Kind kind = Kind::emptyInput;
-    std::string message{}; ///< what is wrong, for `invalidJSON`
+    std::string message{}; ///< the parser's message, for `invalidJSON`
 
     static JSONError invalidJSON(std::string message) { return {Kind::invalidJSON, std::move(message)}; }
 
     static JSONError emptyInput() { return {}; }
 
-    /// The text for people.
+    /// The message for users.
     std::string errorDescription() const;
 
     bool operator==(const JSONError&) const = default;
 };
 
-/// The members that a result lacks although the input has them, because of an object only the last member of
-/// a name counts.
+/// The members of the input that a result lacks, because an object keeps only the last member of each name.
 struct DuplicateNames {
     std::size_t count = 0;
-    std::string example{}; ///< the name of one of them
+    std::string example{}; ///< one of their names
 
-    /// The text for people, such as `Duplicate name "a": only its last value counts`; for a count of 0 none.
+    /// The message for users, such as `Duplicate name "a": only its last value counts`; empty for a count of
+    /// 0.
     std::string description() const;
 
     bool operator==(const DuplicateNames&) const = default;
@@ -85,14 +85,14 @@ struct DuplicateNames {
 std::expected<std::string, JSONError> prettify(std::string_view input, int indent,
                                                DuplicateNames* duplicates = nullptr);
 
-/// `input` without white space. Members are in the order of their names here, too, so that the same members
-/// give the same text in whatever order they came.
+/// `input` without white space. Members are sorted by name here too, so that their order in `input` does not
+/// affect the result.
 std::expected<std::string, JSONError> minify(std::string_view input, DuplicateNames* duplicates = nullptr);
 
-/// True, or what is wrong with `input`.
+/// True, or the error in `input`.
 std::expected<bool, JSONError> validate(std::string_view input, DuplicateNames* duplicates = nullptr);
 
-/// The root of the tree of `input`. Unlike the other operations this one takes a lone scalar, too.
+/// The root of the tree of `input`. Unlike the other operations, accepts a lone scalar.
 std::expected<JSONNode, JSONError> parseToTree(std::string_view input, DuplicateNames* duplicates = nullptr);
 
 } // namespace JSONFormatter

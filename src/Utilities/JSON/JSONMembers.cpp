@@ -12,17 +12,17 @@ namespace korvane::JSON {
 
 namespace {
 
-/// The first eight bytes of a name as a number that is ordered as they are. Shorter names are filled up with
-/// zeros, so equal numbers do not mean equal names.
-std::uint64_t beginningOf(std::string_view name) {
-    std::uint64_t beginning = 0;
+/// The first eight bytes of a name as a number with the same order. Shorter names are padded with zeros, so
+/// equal numbers do not imply equal names.
+std::uint64_t prefixOf(std::string_view name) {
+    std::uint64_t prefix = 0;
     if (name.empty())
-        return beginning;
-    std::memcpy(&beginning, name.data(), sizeof beginning); // there is room after the end of every name
+        return prefix;
+    std::memcpy(&prefix, name.data(), sizeof prefix); // every name is padded
     if constexpr (std::endian::native == std::endian::little)
-        beginning = __builtin_bswap64(beginning);
-    const auto unused = 8 * (sizeof beginning - std::min(name.size(), sizeof beginning));
-    return beginning >> unused << unused;
+        prefix = __builtin_bswap64(prefix);
+    const auto unused = 8 * (sizeof prefix - std::min(name.size(), sizeof prefix));
+    return prefix >> unused << unused;
 }
 
 /// The names of one small object.
@@ -30,14 +30,14 @@ class Names {
 public:
     explicit Names(std::span<const Value> namesAndValues) : m_namesAndValues(namesAndValues) {
         for (std::size_t i = 0; i < namesAndValues.size() / 2; ++i)
-            m_beginnings[i] = beginningOf(name(i));
+            m_prefixes[i] = prefixOf(name(i));
     }
 
     std::string_view name(std::size_t index) const { return m_namesAndValues[2 * index].text(); }
 
     bool isBefore(std::size_t left, std::size_t right) const {
-        if (m_beginnings[left] != m_beginnings[right])
-            return m_beginnings[left] < m_beginnings[right];
+        if (m_prefixes[left] != m_prefixes[right])
+            return m_prefixes[left] < m_prefixes[right];
         return name(left) < name(right);
     }
 
@@ -49,7 +49,7 @@ public:
         return true;
     }
 
-    /// Insertion, which keeps equal names in the order of the text.
+    /// Insertion sort, which is stable.
     void sort(std::span<std::uint8_t> order) const {
         std::iota(order.begin(), order.end(), std::uint8_t{0});
         for (std::size_t sorted = 1; sorted < order.size(); ++sorted) {
@@ -63,19 +63,19 @@ public:
 
 private:
     std::span<const Value> m_namesAndValues;
-    std::array<std::uint64_t, smallObject> m_beginnings;
+    std::array<std::uint64_t, maxSmallObjectSize> m_prefixes;
 };
 
 } // namespace
 
-std::span<const Member> MemberSorter::arranged(std::span<const Value> namesAndValues, Arena& arena) {
+std::span<const Member> MemberSorter::sorted(std::span<const Value> namesAndValues, Arena& arena) {
     const auto members = arena.allocate<Member>(namesAndValues.size() / 2);
-    const auto count = members.size() <= smallObject ? arrangeSmall(namesAndValues, members)
-                                                     : arrangeLarge(namesAndValues, members);
+    const auto count = members.size() <= maxSmallObjectSize ? sortSmall(namesAndValues, members)
+                                                            : sortLarge(namesAndValues, members);
     return members.first(count);
 }
 
-std::size_t MemberSorter::arrangeSmall(std::span<const Value> namesAndValues, std::span<Member> members) {
+std::size_t MemberSorter::sortSmall(std::span<const Value> namesAndValues, std::span<Member> members) {
     const Names names(namesAndValues);
     const auto order = std::span(m_orders[members.size()]).first(members.size());
     const bool isKnown = names.areAscending(order);
@@ -94,7 +94,7 @@ std::size_t MemberSorter::arrangeSmall(std::span<const Value> namesAndValues, st
     return kept;
 }
 
-std::size_t MemberSorter::arrangeLarge(std::span<const Value> namesAndValues, std::span<Member> members) {
+std::size_t MemberSorter::sortLarge(std::span<const Value> namesAndValues, std::span<Member> members) {
     struct Entry {
         std::string_view name;
         std::size_t index;

@@ -57,7 +57,7 @@ std::string sum(std::string_view digits, std::int64_t summand) {
     return result.substr(std::min(result.find_first_not_of('0'), result.size() - 1));
 }
 
-/// The plain form with the first digit at the place of ten to the power of `exponent`.
+/// The plain form; the first digit has the place value ten to the power of `exponent`.
 std::string plainForm(std::string digits, std::int64_t exponent) {
     if (exponent < 0)
         return digits.insert(0, static_cast<std::size_t>(-exponent - 1), '0').insert(0, "0.");
@@ -76,7 +76,7 @@ std::string exponentForm(std::string digits, bool exponentIsNegative, std::strin
 std::string absoluteForm(Decimal decimal) {
     if (decimal.digits.empty())
         return "0";
-    // Shorter exponents fit into 64 bits together with the shift, which no text is long enough to make large.
+    // Shorter exponents plus the shift, which is limited by the length of the text, fit into 64 bits.
     constexpr std::size_t smallExponentDigits = 18;
     if (decimal.exponent.size() > smallExponentDigits) {
         const auto exponent =
@@ -88,7 +88,7 @@ std::string absoluteForm(Decimal decimal) {
     exponent = decimal.shift + (decimal.exponentIsNegative ? -exponent : exponent);
     const auto digitCount = static_cast<std::int64_t>(decimal.digits.size());
     const auto plainDigits = exponent < 0 ? digitCount - exponent : std::max(digitCount, exponent + 1);
-    if (plainDigits <= static_cast<std::int64_t>(maximumPlainDigits))
+    if (plainDigits <= static_cast<std::int64_t>(maxPlainDigits))
         return plainForm(std::move(decimal.digits), exponent);
     return exponentForm(std::move(decimal.digits), false, std::to_string(exponent));
 }

@@ -29,7 +29,7 @@ inline void Reader::skipSpace() {
 }
 
 void Reader::skipMoreSpace() {
-    ++m_next; // mostly that is all
+    ++m_next; // usually the only one
     if (atEnd() || !isSpace(*m_next))
         return;
     while (m_end - m_next >= static_cast<std::ptrdiff_t>(Block::size)) {
@@ -42,7 +42,7 @@ void Reader::skipMoreSpace() {
         ++m_next;
 }
 
-/// Goes on to the next quote, backslash or control character.
+/// Advances to the next quote, backslash or control character.
 inline void Reader::skipStringRun(Run& run) {
     while (m_end - m_next >= static_cast<std::ptrdiff_t>(Block::size)) {
         const Block block(m_next);
@@ -90,7 +90,7 @@ bool Reader::readTree() {
     }
 }
 
-/// Reads a scalar or an empty container, or opens a container and goes on to its first value.
+/// Reads a scalar or an empty container, or opens a container and advances to its first value.
 bool Reader::readValue(bool& opened) {
     if (atEnd())
         return failHere("a value");
@@ -117,7 +117,7 @@ bool Reader::readValue(bool& opened) {
 }
 
 bool Reader::open(bool isObject, bool& opened) {
-    if (m_depth == maximumDepth)
+    if (m_depth == maxDepth)
         return fail(ParseError::Kind::tooDeep, m_next, "at most 512 levels");
     m_frames[m_depth++] = {.firstValue = m_values.size(), .isObject = isObject};
     ++m_next;
@@ -134,8 +134,8 @@ bool Reader::open(bool isObject, bool& opened) {
     return true;
 }
 
-/// What follows a complete value inside a container: its end, or a comma and whatever comes before the next
-/// value.
+/// Reads what follows a complete value inside a container: the container's end, or a comma and everything
+/// before the next value.
 bool Reader::readSeparators(bool& atNextValue) {
     const bool inObject = m_frames[m_depth - 1].isObject;
     skipSpace();
@@ -151,14 +151,15 @@ bool Reader::readSeparators(bool& atNextValue) {
     return true;
 }
 
-/// Replaces the values of the innermost container by the container, and passes its closing bracket.
+/// Skips the closing bracket of the innermost container, and replaces the container's values by the
+/// container.
 void Reader::close() {
     ++m_next;
     const auto frame = m_frames[--m_depth];
     const auto values = std::span(m_values).subspan(frame.firstValue);
     Value container;
     if (frame.isObject) {
-        container = Value::object(m_sorter.arranged(values, m_arena));
+        container = Value::object(m_sorter.sorted(values, m_arena));
     } else {
         const auto elements = m_arena.allocate<Value>(values.size());
         std::uninitialized_copy(values.begin(), values.end(), elements.begin());
@@ -189,13 +190,13 @@ bool Reader::readString() {
         return readEscapedString(start, run);
     if (!checkUTF8(start, run))
         return false;
-    const auto escapes = std::min(run.slashes, Value::manyEscapes);
-    m_values.push_back(Value::string(kept({start, m_next}), escapes));
+    const auto escapes = std::min(run.slashes, Value::uncountedEscapes);
+    m_values.push_back(Value::string(padded({start, m_next}), escapes));
     ++m_next;
     return true;
 }
 
-/// The string of which all up to here stands for itself, and which goes on with an escape or wrongly.
+/// Reads the rest of a string that has been read up to its first escape or error.
 bool Reader::readEscapedString(const char* start, Run run) {
     m_unescaped.assign(start, m_next);
     while (!atEnd() && *m_next != '"') {
@@ -212,23 +213,23 @@ bool Reader::readEscapedString(const char* start, Run run) {
     if (!checkUTF8(start, run))
         return false;
     ++m_next;
-    m_values.push_back(Value::string(m_arena.store(m_unescaped), Value::manyEscapes));
+    m_values.push_back(Value::string(m_arena.store(m_unescaped), Value::uncountedEscapes));
     return true;
 }
 
-/// Outside of strings everything beyond ASCII is wrong anyway, so only strings need a closer look.
+/// Outside strings every non-ASCII byte is an error anyway, so only strings are checked.
 bool Reader::checkUTF8(const char* start, const Run& run) {
     return run.beyondASCII == 0 || isValidUTF8({start, m_next}) ||
            fail(ParseError::Kind::invalidUTF8, start, {});
 }
 
-/// `text`, part of what is read, where a block after its end can be read, too.
-std::string_view Reader::kept(std::string_view text) {
+/// `text`, a part of the input, or a copy if a block after its end is not readable.
+std::string_view Reader::padded(std::string_view text) {
     const auto* const end = text.data() + text.size();
     return m_end - end >= static_cast<std::ptrdiff_t>(Block::size) ? text : m_arena.store(text);
 }
 
-/// Whether there was a digit at all.
+/// Returns whether there was a digit.
 bool Reader::skipDigits() {
     const auto* const start = m_next;
     while (!atEnd() && isDigit(*m_next))
@@ -266,8 +267,9 @@ bool Reader::readNumber() {
         isCanonical = false;
     }
     const std::string_view literal(start, m_next);
-    isCanonical = isCanonical && digits <= maximumPlainDigits;
-    m_values.push_back(Value::number(isCanonical ? kept(literal) : m_arena.store(canonicalNumber(literal))));
+    isCanonical = isCanonical && digits <= maxPlainDigits;
+    m_values.push_back(
+        Value::number(isCanonical ? padded(literal) : m_arena.store(canonicalNumber(literal))));
     return true;
 }
 
@@ -287,7 +289,7 @@ bool Reader::fail(ParseError::Kind kind, const char* at, std::string_view expect
     return false;
 }
 
-/// Fails at the character that comes next, or at the end.
+/// Fails at the next character, or at the end.
 bool Reader::failHere(std::string_view expected) {
     const auto kind = atEnd() ? ParseError::Kind::unexpectedEnd : ParseError::Kind::unexpectedText;
     return fail(kind, m_next, expected);

@@ -1,5 +1,5 @@
-/// One pass over a JSON text, from left to right, without recursion. The state of one reading; `parse` is
-/// what everyone else calls.
+/// The state of one parse of a JSON text: a single pass from left to right, without recursion. Other code
+/// calls `parse`.
 #pragma once
 
 #include "Utilities/JSON/JSON.h"
@@ -23,17 +23,17 @@ public:
     std::expected<Document, ParseError> read();
 
 private:
-    /// An array or object that is not closed yet. Its elements, or names and values by turns, are the values
-    /// on the stack from `firstValue` on.
+    /// An array or object that is not closed yet. Its elements, or alternating names and values, are on the
+    /// value stack from `firstValue` on.
     struct Frame {
         std::size_t firstValue = 0;
         bool isObject = false;
     };
 
-    /// What was seen in the part of a string that stands for itself.
+    /// Properties of the unescaped part of a string.
     struct Run {
         std::size_t slashes = 0;
-        std::uint32_t beyondASCII = 0; ///< not 0 if there was anything
+        std::uint32_t beyondASCII = 0; ///< not 0 if there were such bytes
     };
 
     bool readText();
@@ -58,7 +58,7 @@ private:
     bool skipDigits();
     void skipStringRun(Run& run);
     bool checkUTF8(const char* start, const Run& run);
-    std::string_view kept(std::string_view text);
+    std::string_view padded(std::string_view text);
 
     bool fail(ParseError::Kind kind, const char* at, std::string_view expected, std::size_t length = 0);
     bool failHere(std::string_view expected);
@@ -67,10 +67,10 @@ private:
     ReadingOptions m_options;
     const char* m_next;
     const char* m_end;
-    std::vector<Value> m_values; ///< complete, and waiting for their container to close
-    std::array<Frame, maximumDepth> m_frames{};
+    std::vector<Value> m_values; ///< complete values whose container is still open
+    std::array<Frame, maxDepth> m_frames{};
     std::size_t m_depth = 0;
-    std::string m_unescaped; ///< the string that is being read, kept for its memory
+    std::string m_unescaped; ///< the current string; a member to reuse its memory
     MemberSorter m_sorter;
     Arena m_arena;
     std::optional<Failure> m_failure;

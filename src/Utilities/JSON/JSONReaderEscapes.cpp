@@ -15,9 +15,9 @@ constexpr bool isVisible(char character) {
     return character > ' ' && character < '\x7F';
 }
 
-constexpr std::string_view anEscape = "one of \" \\ / b f n r t u after the backslash";
+constexpr std::string_view expectedEscape = "one of \" \\ / b f n r t u after the backslash";
 
-/// The size of `\uXXXX`.
+/// The length of `\uXXXX`.
 constexpr std::size_t codeUnitSize = 6;
 
 /// The number of hexadecimal digits at the start of `text`, at most four, and their value.
@@ -58,23 +58,23 @@ void appendUTF8(std::string& text, char32_t character) {
 
 } // namespace
 
-/// Reads the escape that begins here and adds what it stands for to the string.
+/// Reads the escape at the current position and appends its character to the string.
 bool Reader::readEscape() {
     if (m_end - m_next < 2) {
         ++m_next;
-        return failHere(anEscape);
+        return failHere(expectedEscape);
     }
     if (m_next[1] == 'u')
         return readUnicodeEscape();
     const auto index = escapeLetters.find(m_next[1]);
     if (index == std::string_view::npos)
-        return fail(ParseError::Kind::invalidEscape, m_next, anEscape, isVisible(m_next[1]) ? 2 : 1);
+        return fail(ParseError::Kind::invalidEscape, m_next, expectedEscape, isVisible(m_next[1]) ? 2 : 1);
     m_unescaped += escapedCharacters[index];
     m_next += 2;
     return true;
 }
 
-/// `\u` and four digits, or two of these where the first is a high surrogate.
+/// Reads `\u` and four digits, or two of these if the first is a high surrogate.
 bool Reader::readUnicodeEscape() {
     const auto* const start = m_next;
     char32_t character = 0;

@@ -13,13 +13,13 @@ namespace korvane::JSON {
 
 namespace {
 
-/// The next few characters of a text that is being escaped.
+/// The next characters of a text to escape.
 struct Piece {
-    std::size_t plain = 0; ///< how many stand for themselves, at most a block
-    bool escapes = false;  ///< whether the one after these does not
+    std::size_t plain = 0; ///< characters that need no escape, at most a block
+    bool escapes = false;  ///< whether the next character needs one
 };
 
-/// `content` is not empty, and has room for a block after its end.
+/// `content` is not empty, and is padded by a block after its end.
 Piece nextPiece(std::string_view content) {
     const Block block(content.data());
     const auto size = std::min(content.size(), Block::size);
@@ -47,9 +47,8 @@ std::size_t escapedSize(std::string_view content) {
     return size;
 }
 
-/// Writes text of the document, which has room for a block after its end. Here as in all of the writer, text
-/// that follows overwrites what a last block had too much; behind the end of the whole text there is room for
-/// one.
+/// Writes text of the document, which is padded by a block after its end. Throughout the writer, later text
+/// overwrites the excess of the last block; the output buffer is padded by one block.
 char* appendText(char* to, std::string_view text) {
     copyBlocks(to, text.data(), text.size());
     return to + text.size();
@@ -67,7 +66,7 @@ std::expected<std::string, WriteError> Writer::write(const Value& root) {
     if (!m_options.fragmentsAllowed && root.type() != Type::object && root.type() != Type::array)
         return std::unexpected(WriteError{"Expected an object or an array at the top level"});
     const auto size = writtenSize(root, 0);
-    if (size > maximumWrittenSize)
+    if (size > maxWrittenSize)
         return std::unexpected(WriteError{"The output would be longer than 1 GiB"});
     std::string text;
     text.resize_and_overwrite(size + Block::size, [&](char* characters, std::size_t room) {
@@ -80,7 +79,7 @@ std::expected<std::string, WriteError> Writer::write(const Value& root) {
 
 inline std::size_t Writer::quotedSize(const Value& string) {
     constexpr std::size_t quotes = 2;
-    if (string.escapes() == Value::manyEscapes)
+    if (string.escapes() == Value::uncountedEscapes)
         return quotes + escapedSize(string.literal());
     return quotes + string.size() + string.escapes();
 }
@@ -105,7 +104,7 @@ std::size_t Writer::writtenSize(const Value& value, std::size_t depth) const {
     }
 }
 
-/// What brackets, commas and lines add to a container of `count` members or elements.
+/// The characters that brackets, commas and line breaks add to a container of `count` members or elements.
 std::size_t Writer::frameSize(std::size_t count, std::size_t depth) const {
     constexpr std::size_t brackets = 2;
     if (count == 0)
@@ -173,7 +172,7 @@ char* Writer::writeEscaped(char* to, std::string_view content) {
         content.remove_prefix(piece.plain);
         if (piece.escapes) {
             const auto& escape = escapeOf(content.front());
-            std::memcpy(to, escape.text().data(), EscapeSequence::room);
+            std::memcpy(to, escape.text().data(), EscapeSequence::bufferSize);
             to += escape.text().size();
             content.remove_prefix(1);
         }
@@ -181,15 +180,15 @@ char* Writer::writeEscaped(char* to, std::string_view content) {
     return to;
 }
 
-/// The line break before a member, an element or a closing bracket, with the spaces of its level.
+/// The line break and indentation before a member, an element or a closing bracket.
 std::string_view Writer::line(std::size_t depth) const {
-    static constexpr auto deepest = [] {
-        std::array<char, 1 + 2 * maximumDepth + Block::size> characters{};
+    static constexpr auto indentation = [] {
+        std::array<char, 1 + 2 * maxDepth + Block::size> characters{};
         characters.fill(' ');
         characters[0] = '\n';
         return characters;
     }();
-    return {deepest.data(), m_options.prettyPrinted ? 1 + 2 * depth : 0};
+    return {indentation.data(), m_options.prettyPrinted ? 1 + 2 * depth : 0};
 }
 
 std::expected<std::string, WriteError> write(const Value& value, WritingOptions options) {

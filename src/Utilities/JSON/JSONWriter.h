@@ -1,5 +1,5 @@
-/// The text of one JSON value, made in two passes: the first one counts, so that the second one writes
-/// straight into text of the right size. `write` is what everyone else calls.
+/// Writes one JSON value in two passes: the first computes the size, the second writes into a string of that
+/// size. Other code calls `write`.
 #pragma once
 
 #include "Utilities/JSON/JSON.h"
@@ -11,7 +11,7 @@
 
 namespace korvane::JSON {
 
-/// Recursion goes as deep as the document, so never deeper than `maximumDepth`.
+/// Recursion is as deep as the document, so at most `maxDepth`.
 class Writer {
 public:
     explicit Writer(WritingOptions options) : m_options(options) {}
@@ -23,7 +23,7 @@ private:
     static std::size_t quotedSize(const Value& string);
     std::size_t frameSize(std::size_t count, std::size_t depth) const;
 
-    // Each of these writes to `to`, and returns where the next character goes.
+    // Each of these writes to `to`, and returns the position after the written text.
     char* writeValue(char* to, const Value& value, std::size_t depth) const;
     char* writeObject(char* to, const Value& object, std::size_t depth) const;
     char* writeArray(char* to, const Value& array, std::size_t depth) const;

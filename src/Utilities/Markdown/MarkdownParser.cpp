@@ -17,7 +17,7 @@ namespace {
 
 using namespace MarkdownPatterns;
 
-/// Appends `replacement`, in which `$1` and `$2` stand for what the groups have caught.
+/// Appends `replacement`, in which `$1` and `$2` stand for the captured groups.
 void appendReplacement(std::string& result, std::string_view text, const Match& match,
                        std::string_view replacement) {
     for (auto dollar = replacement.find('$'); dollar != std::string_view::npos;
@@ -51,7 +51,7 @@ auto split(std::string_view text, std::string_view separator) {
            std::views::transform([](auto piece) { return std::string_view(piece.begin(), piece.end()); });
 }
 
-/// Lines that are put together again with a line feed between them.
+/// Joins lines with line feeds.
 class Lines {
 public:
     void add(std::string_view a, std::string_view b = {}, std::string_view c = {}) {
@@ -114,7 +114,7 @@ std::string_view closingTag(ListKind kind) {
     return kind == ListKind::unordered ? "</ul>" : "</ol>";
 }
 
-/// Where one kind of list follows the other directly, the new one is opened before the old one is closed.
+/// If one kind of list directly follows the other, the new one is opened before the old one is closed.
 std::string processLists(std::string_view text) {
     Lines lines;
     auto open = ListKind::none;
@@ -167,11 +167,11 @@ std::string toHTML(std::string_view markdown) {
     replaceAll(text, HorizontalRule(text), "<hr>");
     text = processBlockquotes(text);
     text = processLists(text);
-    replaceAll(text, Enclosed(text, "**"), "<strong>$1</strong>");
-    replaceAll(text, Enclosed(text, "__"), "<strong>$1</strong>");
-    replaceAll(text, Lone(text, '*'), "<em>$1</em>");
-    replaceAll(text, Lone(text, '_'), "<em>$1</em>");
-    replaceAll(text, Enclosed(text, "~~"), "<del>$1</del>");
+    replaceAll(text, DoubleDelimited(text, "**"), "<strong>$1</strong>");
+    replaceAll(text, DoubleDelimited(text, "__"), "<strong>$1</strong>");
+    replaceAll(text, SingleDelimited(text, '*'), "<em>$1</em>");
+    replaceAll(text, SingleDelimited(text, '_'), "<em>$1</em>");
+    replaceAll(text, DoubleDelimited(text, "~~"), "<del>$1</del>");
     replaceAll(text, Link(text, Link::Kind::image), "<img src=\"$2\" alt=\"$1\">");
     replaceAll(text, Link(text), "<a href=\"$2\">$1</a>");
     replaceAll(text, LineEndSpaces(text), "<br>");

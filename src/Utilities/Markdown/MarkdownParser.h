@@ -1,6 +1,6 @@
-/// Markdown to HTML by a fixed sequence of substitutions over the whole text. It is not a parser with a tree:
-/// nothing nests beyond what the substitutions make of each other's output, code is not protected from the
-/// later ones, and nothing is escaped, so the HTML is only as safe as the Markdown.
+/// Converts Markdown to HTML by a fixed sequence of substitutions over the whole text, without a syntax tree.
+/// Elements nest only as far as substitutions apply to each other's output; later substitutions also apply
+/// inside code; and nothing is escaped, so the HTML is only as safe as the Markdown.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace korvane::MarkdownParser {
 
-/// The HTML fragment for `markdown`: no document around it, no style sheet. Never fails; takes a few
+/// The HTML fragment for `markdown`, without an enclosing document or style sheet. Never fails; takes a few
 /// milliseconds a megabyte, whatever the text.
 std::string toHTML(std::string_view markdown);
 

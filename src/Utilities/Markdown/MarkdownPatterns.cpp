@@ -12,8 +12,8 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 
-/// The number of bytes of the line terminator at `at`, or 0. As ICU has it: LF, VT, FF, CR, NEL, LS and PS,
-/// and the two of CR LF each.
+/// The number of bytes of the line terminator at `at`, or 0. The terminators are ICU's: LF, VT, FF, CR, NEL,
+/// LS and PS; the two of CR LF count separately.
 std::size_t terminatorLength(std::string_view text, std::size_t at) {
     const auto rest = text.substr(at, 3);
     if (rest.empty())
@@ -42,23 +42,23 @@ bool isLineStart(std::string_view text, std::size_t at) {
     return at == 0 || terminatorLengthBefore(text, at) > 0;
 }
 
-/// The first line end at or behind `from`.
+/// The first line end at or after `from`.
 std::size_t lineEndFrom(std::string_view text, std::size_t from) {
-    const auto mayBegin = [](char character) {
+    const auto mayStartTerminator = [](char character) {
         return (character >= '\n' && character <= '\r') || character == '\xC2' || character == '\xE2';
     };
     for (auto at = from; at < text.size(); ++at) {
-        if (mayBegin(text[at]) && terminatorLength(text, at) > 0)
+        if (mayStartTerminator(text[at]) && terminatorLength(text, at) > 0)
             return at;
     }
     return text.size();
 }
 
-std::size_t orEnd(std::string_view text, std::size_t offset) {
+std::size_t clampedToEnd(std::string_view text, std::size_t offset) {
     return std::min(offset, text.size());
 }
 
-/// Where the run of code points that satisfy `belongs` ends, which begins at `from`.
+/// The end of the run of code points from `from` on that satisfy `belongs`.
 template <typename Predicate>
 std::size_t runEnd(std::string_view text, std::size_t from, Predicate belongs) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
@@ -102,7 +102,7 @@ std::optional<Match> FencedCode::next(std::size_t from) {
         const auto code = languageEnd + 1;
         const auto close = m_text.find(fence, code);
         if (close == npos)
-            return std::nullopt; // nor is there one for a later fence
+            return std::nullopt; // a later fence has none either
         return Match{{open, close + fence.size()}, {language, languageEnd}, {code, close}};
     }
     return std::nullopt;
@@ -123,7 +123,7 @@ std::optional<Match> InlineCode::next(std::size_t from) {
 
 std::optional<Match> Header::next(std::size_t from) {
     for (auto start = m_text.find('#', from); start != npos;) {
-        const auto signsEnd = orEnd(m_text, m_text.find_first_not_of('#', start));
+        const auto signsEnd = clampedToEnd(m_text, m_text.find_first_not_of('#', start));
         if (signsEnd - start == m_level && isLineStart(m_text, start)) {
             if (const auto match = matchBehindSigns(start, signsEnd))
                 return match;
@@ -141,8 +141,8 @@ std::optional<Match> Header::matchBehindSigns(std::size_t start, std::size_t sig
         const auto end = lineEndFrom(m_text, title);
         return Match{{start, end}, {title, end}, {}};
     }
-    // Nothing but white space follows. The last of it that ends no line, if it is not the first of all, is
-    // left to the title.
+    // Only white space follows. Without trailing line terminators, its last character becomes the title,
+    // unless it is also the first.
     auto end = title;
     while (end > signsEnd && isLineStart(m_text, end))
         end -= terminatorLengthBefore(m_text, end);
@@ -156,17 +156,17 @@ std::optional<Match> Header::matchBehindSigns(std::size_t start, std::size_t sig
 
 std::optional<Match> HorizontalRule::next(std::size_t from) {
     constexpr std::string_view characters = "-*_";
-    constexpr std::size_t shortest = 3;
+    constexpr std::size_t minLength = 3;
     for (auto start = m_text.find_first_of(characters, from); start != npos;) {
-        const auto end = orEnd(m_text, m_text.find_first_not_of(characters, start));
-        if (end - start >= shortest && isLineStart(m_text, start) && isLineEnd(m_text, end))
+        const auto end = clampedToEnd(m_text, m_text.find_first_not_of(characters, start));
+        if (end - start >= minLength && isLineStart(m_text, start) && isLineEnd(m_text, end))
             return Match{{start, end}, {end - 1, end}, {}};
         start = m_text.find_first_of(characters, end);
     }
     return std::nullopt;
 }
 
-std::optional<Match> Enclosed::next(std::size_t from) {
+std::optional<Match> DoubleDelimited::next(std::size_t from) {
     for (auto open = m_text.find(m_delimiter, from); open != npos; open = m_text.find(m_delimiter, from)) {
         const auto content = open + m_delimiter.size();
         if (m_lineEnd < content)
@@ -174,31 +174,31 @@ std::optional<Match> Enclosed::next(std::size_t from) {
         const auto close = m_text.substr(0, m_lineEnd).find(m_delimiter, content + 1);
         if (close != npos)
             return Match{{open, close + m_delimiter.size()}, {content, close}, {}};
-        from = m_lineEnd; // what closes none here closes none that opens later in the line
+        from = m_lineEnd; // a later opening in this line has no closing delimiter either
     }
     return std::nullopt;
 }
 
-std::optional<Match> Lone::next(std::size_t from) {
-    for (auto open = nextAlone(from, m_text.size()); open != npos; open = nextAlone(from, m_text.size())) {
+std::optional<Match> SingleDelimited::next(std::size_t from) {
+    for (auto open = nextSingle(from, m_text.size()); open != npos; open = nextSingle(from, m_text.size())) {
         from = open + 1;
         if (open > 0 && m_notAfter.contains(m_text[open - 1]))
             continue;
         if (m_lineEnd < from)
             m_lineEnd = lineEndFrom(m_text, from);
-        const auto close = nextAlone(from, m_lineEnd);
+        const auto close = nextSingle(from, m_lineEnd);
         if (close != npos)
             return Match{{open, close + 1}, {open + 1, close}, {}};
-        from = m_lineEnd; // as in `Enclosed`
+        from = m_lineEnd; // as in `DoubleDelimited`
     }
     return std::nullopt;
 }
 
-/// The first delimiter from `from` to `end` that has no other beside it.
-std::size_t Lone::nextAlone(std::size_t from, std::size_t end) const {
+/// The first delimiter from `from` to `end` with no other delimiter next to it.
+std::size_t SingleDelimited::nextSingle(std::size_t from, std::size_t end) const {
     auto start = m_text.substr(0, end).find(m_delimiter, from);
     while (start != npos) {
-        const auto runEnd = orEnd(m_text, m_text.find_first_not_of(m_delimiter, start));
+        const auto runEnd = clampedToEnd(m_text, m_text.find_first_not_of(m_delimiter, start));
         const bool isFirst = start == 0 || m_text[start - 1] != m_delimiter;
         if (isFirst && runEnd == start + 1)
             return start;
@@ -213,7 +213,7 @@ std::optional<Match> Link::next(std::size_t from) {
         const auto label = open + opening.size();
         const auto labelEnd = nextBracket(label);
         if (labelEnd == npos)
-            return std::nullopt; // nor does a later one end
+            return std::nullopt; // a later one does not end either
         if (!m_text.substr(labelEnd).starts_with("](") || (m_kind == Kind::link && labelEnd == label))
             continue;
         const auto target = labelEnd + 2;
@@ -241,7 +241,7 @@ std::size_t Link::nextParenthesis(std::size_t from) {
 std::optional<Match> LineEndSpaces::next(std::size_t from) {
     constexpr std::string_view spaces = "  ";
     for (auto start = m_text.find(spaces, from); start != npos;) {
-        const auto end = orEnd(m_text, m_text.find_first_not_of(' ', start));
+        const auto end = clampedToEnd(m_text, m_text.find_first_not_of(' ', start));
         if (isLineEnd(m_text, end))
             return Match{{end - spaces.size(), end}, {}, {}};
         start = m_text.find(spaces, end);
@@ -260,9 +260,9 @@ std::optional<std::size_t> endOfOrderedMarker(std::string_view line) {
     if (digitsEnd == 0 || !line.substr(digitsEnd).starts_with('.'))
         return std::nullopt;
     const auto spaceStart = digitsEnd + 1;
-    bool isTaken = false;
+    bool isSpaceRead = false;
     const auto end = runEnd(line, spaceStart, [&](UChar32 character) {
-        return !std::exchange(isTaken, true) && isSpace(character);
+        return !std::exchange(isSpaceRead, true) && isSpace(character);
     });
     return end > spaceStart ? std::optional(end) : std::nullopt;
 }

@@ -1,10 +1,10 @@
-/// The regular expressions of Markdown, matched by hand: what each finds is exactly what ICU finds for the
-/// pattern that stands beside it, but in time that grows with the text and not with its square, however
-/// hostile the text. Patterns know nothing of what their matches are used for.
+/// Hand-written matchers for the regular expressions of Markdown. Each finds exactly the matches that ICU
+/// finds for the pattern in its comment, but in linear rather than quadratic time, even for hostile text.
+/// Matchers do not depend on the use of their matches.
 ///
-/// A matcher is made for one text, which must outlive it. `next(from)` gives the leftmost match that begins
-/// at the byte `from` or behind it; the text before `from` is still seen by what looks back. From one call to
-/// the next, `from` may only grow. Bytes that are not UTF-8 are characters like any other.
+/// A matcher is created for one text, which must outlive it. `next(from)` returns the leftmost match that
+/// begins at byte `from` or after it; look-behinds still see the text before `from`. `from` must not decrease
+/// between calls. Bytes that are not UTF-8 are ordinary characters.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@
 
 namespace korvane::MarkdownPatterns {
 
-/// A part of a text, in bytes; the end is not part of it.
+/// A part of a text, in bytes; `end` is exclusive.
 struct Range {
     std::size_t start = 0;
     std::size_t end = 0;
@@ -24,7 +24,7 @@ struct Range {
     bool operator==(const Range&) const = default;
 };
 
-/// A match and what its first two groups have caught; a group that the pattern does not have is empty.
+/// A match and its first two groups; a group that the pattern lacks is empty.
 struct Match {
     Range whole{};
     Range first{};
@@ -55,7 +55,7 @@ private:
     std::string_view m_text;
 };
 
-/// `(?m)^#\s+(.+)$`, with as many number signs as `level` says. The white space may reach over several lines.
+/// `(?m)^#\s+(.+)$`, with `level` number signs. The white space may span several lines.
 class Header {
 public:
     Header(std::string_view text, std::size_t level) : m_text(text), m_level(level) {}
@@ -81,34 +81,35 @@ private:
 };
 
 /// `\*\*(.+?)\*\*`, or the same with another delimiter of two equal ASCII characters.
-class Enclosed {
+class DoubleDelimited {
 public:
-    Enclosed(std::string_view text, std::string_view delimiter) : m_text(text), m_delimiter(delimiter) {}
+    DoubleDelimited(std::string_view text, std::string_view delimiter)
+        : m_text(text), m_delimiter(delimiter) {}
 
     std::optional<Match> next(std::size_t from);
 
 private:
     std::string_view m_text;
     std::string_view m_delimiter;
-    std::size_t m_lineEnd = 0; ///< the first line end at or behind wherever it was last asked for
+    std::size_t m_lineEnd = 0; ///< the first line end at or after the position of the last search
 };
 
 /// `(?<!\*)\*(?!\*)(.+?)(?<!\*)\*(?!\*)`, or the same with another ASCII character.
-class Lone {
+class SingleDelimited {
 public:
     /// The opening delimiter must not follow one of the characters of `notAfter` either.
-    Lone(std::string_view text, char delimiter, std::string_view notAfter = {})
+    SingleDelimited(std::string_view text, char delimiter, std::string_view notAfter = {})
         : m_text(text), m_delimiter(delimiter), m_notAfter(notAfter) {}
 
     std::optional<Match> next(std::size_t from);
 
 private:
-    std::size_t nextAlone(std::size_t from, std::size_t end) const;
+    std::size_t nextSingle(std::size_t from, std::size_t end) const;
 
     std::string_view m_text;
     char m_delimiter;
     std::string_view m_notAfter;
-    std::size_t m_lineEnd = 0; ///< as in `Enclosed`
+    std::size_t m_lineEnd = 0; ///< as in `DoubleDelimited`
 };
 
 /// `\[([^\]]+)\]\(([^)]+)\)`, and as an image `!\[([^\]]*)]\(([^)]+)\)`.
@@ -126,8 +127,8 @@ private:
 
     std::string_view m_text;
     Kind m_kind;
-    std::size_t m_bracket = 0;     ///< the first `]` at or behind wherever one was last looked for
-    std::size_t m_parenthesis = 0; ///< the same of `)`
+    std::size_t m_bracket = 0;     ///< the first `]` at or after the position of the last search
+    std::size_t m_parenthesis = 0; ///< the same for `)`
 };
 
 /// Two spaces before a line's end: `(?m)  $`.
@@ -141,7 +142,7 @@ private:
     std::string_view m_text;
 };
 
-/// The leftmost match of two matchers, so `first|second`, where no match of one begins like one of the other.
+/// The leftmost match of two matchers: `first|second`, provided that they never match at the same position.
 template <typename First, typename Second>
 class Either {
 public:
@@ -154,27 +155,27 @@ public:
     }
 
 private:
-    /// A matcher that is asked again only when its last match lies behind.
+    /// A matcher that searches again only after `from` has passed its last match.
     template <typename Matcher>
-    struct Remembered {
+    struct Cached {
         Matcher matcher;
         std::optional<Match> match{};
-        bool isAsked = false;
+        bool wasQueried = false;
 
         const std::optional<Match>& next(std::size_t from) {
-            if (!isAsked || (match && match->whole.start < from))
+            if (!wasQueried || (match && match->whole.start < from))
                 match = matcher.next(from);
-            isAsked = true;
+            wasQueried = true;
             return match;
         }
     };
 
-    Remembered<First> m_first;
-    Remembered<Second> m_second;
+    Cached<First> m_first;
+    Cached<Second> m_second;
 };
 
-/// The first line break at or behind `from`: a newline character, CR LF being one. Empty at the text's end
-/// where there is none.
+/// The first line break at or after `from`: a newline character or CR LF. If there is none, an empty range at
+/// the end of the text.
 Range lineBreakFrom(std::string_view text, std::size_t from);
 
 /// The end of what `^\d+\.\s` matches at the start of `line`, or none.

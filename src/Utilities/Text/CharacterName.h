@@ -1,4 +1,4 @@
-/// How messages name a character that stands somewhere in a text.
+/// Names of characters for messages.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 
 namespace korvane {
 
-/// The name of the code point at `offset` of `text`, which is before its end: the code point itself in
-/// quotes, "double quote" for that, and its number, such as U+00A0, for one that cannot be seen.
+/// The name of the code point at `offset` (less than the size) of `text`: the code point in quotes, "double
+/// quote" for that character, and its number, such as U+00A0, if it is invisible.
 std::string characterName(std::string_view text, std::size_t offset);
 
 } // namespace korvane

@@ -14,13 +14,13 @@ namespace korvane {
 
 namespace {
 
-/// Whether there is always a boundary between the code point and another such one, CR and LF excepted, so
-/// that only the rest needs the full rules.
-bool standsAlone(char32_t character) {
+/// Whether there is always a boundary between two such code points, except CR LF. Only other code points need
+/// the full rules.
+bool isAlwaysSeparate(char32_t character) {
     if (character < 0x300)
         return true;
     switch (u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_GRAPHEME_CLUSTER_BREAK)) {
-    case U_GCB_OTHER: // emoji too: only what is not in this list joins them
+    case U_GCB_OTHER: // emoji too: only code points not in this list join them
     case U_GCB_CONTROL:
     case U_GCB_LV:
     case U_GCB_LVT:
@@ -34,7 +34,7 @@ bool isCarriageReturnLineFeed(std::string_view text, std::size_t offset) {
     return text.substr(offset).starts_with("\r\n");
 }
 
-/// How many of the bytes from `start` to `end` are a LF behind a CR, which together are one character.
+/// The number of CR LF pairs in the bytes from `start` to `end`; each pair is one character.
 std::size_t lineFeedsAfterCarriageReturns(std::string_view text, std::size_t start, std::size_t end) {
     const auto run = text.substr(0, end);
     std::size_t pairs = 0;
@@ -45,7 +45,7 @@ std::size_t lineFeedsAfterCarriageReturns(std::string_view text, std::size_t sta
     return pairs;
 }
 
-/// The full rules. Opening them costs far more than asking them.
+/// The full rules. Opening the iterator costs far more than using it.
 class ClusterRules {
 public:
     ClusterRules() : m_iterator(ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &m_status)) {}
@@ -58,7 +58,7 @@ public:
     ClusterRules(const ClusterRules&) = delete;
     ClusterRules& operator=(const ClusterRules&) = delete;
 
-    /// Adds where each cluster of `window` ends, counted from `start`.
+    /// Appends the end of each cluster of `window`, plus `start`.
     void appendEnds(std::string_view window, std::size_t start, std::vector<std::size_t>& ends) {
         m_text = utext_openUTF8(m_text, window.data(), static_cast<std::int64_t>(window.size()), &m_status);
         ubrk_setUText(m_iterator, m_text, &m_status);
@@ -72,12 +72,12 @@ private:
     UBreakIterator* m_iterator;
 };
 
-/// Whether `character` is one byte, as nearly all that are asked about are.
-bool isASCII(std::string_view character) {
+/// Whether `character` is a single ASCII byte, the most frequent case.
+bool isSingleASCII(std::string_view character) {
     return character.size() == 1 && static_cast<unsigned char>(character[0]) < 0x80;
 }
 
-/// The code point that `character` consists of, or none if there are several.
+/// The only code point of `character`, or none if there are several.
 std::optional<UChar32> singleCodePoint(std::string_view character) {
     if (character.empty())
         return std::nullopt;
@@ -86,14 +86,14 @@ std::optional<UChar32> singleCodePoint(std::string_view character) {
                                            : std::nullopt;
 }
 
-/// Whether a code point has the property `isCase`, or is one that only the other mapping changes.
+/// Whether a code point has the property `isCase`, or is changed only by the other case mapping.
 bool isOfCase(UChar32 codePoint, UProperty isCase, UProperty changesByOwn, UProperty changesByOther) {
     return u_hasBinaryProperty(codePoint, isCase) ||
            (!u_hasBinaryProperty(codePoint, changesByOwn) && u_hasBinaryProperty(codePoint, changesByOther));
 }
 
-/// A character is of the class of its first code point; marks behind it change nothing.
-UChar32 leading(std::string_view character) {
+/// Determines a character's class; marks after it do not matter.
+UChar32 firstCodePoint(std::string_view character) {
     return static_cast<UChar32>(decodeAt(character, 0).character);
 }
 
@@ -109,7 +109,7 @@ std::string_view Characters::next() {
     const auto first = decodeAt(m_text, m_offset);
     if (first.end == m_text.size())
         return take(first.end);
-    if (standsAlone(first.character) && standsAlone(decodeAt(m_text, first.end).character))
+    if (isAlwaysSeparate(first.character) && isAlwaysSeparate(decodeAt(m_text, first.end).character))
         return take(first.end);
     openWindow(first.end);
     return take(m_windowEnds[m_taken++]);
@@ -135,15 +135,15 @@ std::string_view Characters::take(std::size_t end) {
     return character;
 }
 
-/// Asks the rules about everything up to the next place where there is a boundary for certain.
+/// Applies the rules up to the next certain boundary.
 void Characters::openWindow(std::size_t firstEnd) {
     auto end = firstEnd;
-    for (bool endStandsAlone = false; end < m_text.size();) {
+    for (bool endIsSeparate = false; end < m_text.size();) {
         const auto following = decodeAt(m_text, end);
-        const bool followingStandsAlone = standsAlone(following.character);
-        if (endStandsAlone && followingStandsAlone && !isCarriageReturnLineFeed(m_text, end - 1))
+        const bool followingIsSeparate = isAlwaysSeparate(following.character);
+        if (endIsSeparate && followingIsSeparate && !isCarriageReturnLineFeed(m_text, end - 1))
             break;
-        endStandsAlone = followingStandsAlone;
+        endIsSeparate = followingIsSeparate;
         end = following.end;
     }
     thread_local ClusterRules rules;
@@ -165,7 +165,7 @@ std::string_view firstCharacter(std::string_view text) {
 }
 
 bool isUppercase(std::string_view character) {
-    if (isASCII(character))
+    if (isSingleASCII(character))
         return character[0] >= 'A' && character[0] <= 'Z';
     if (const auto codePoint = singleCodePoint(character))
         return isOfCase(*codePoint, UCHAR_UPPERCASE, UCHAR_CHANGES_WHEN_UPPERCASED,
@@ -174,7 +174,7 @@ bool isUppercase(std::string_view character) {
 }
 
 bool isLowercase(std::string_view character) {
-    if (isASCII(character))
+    if (isSingleASCII(character))
         return character[0] >= 'a' && character[0] <= 'z';
     if (const auto codePoint = singleCodePoint(character))
         return isOfCase(*codePoint, UCHAR_LOWERCASE, UCHAR_CHANGES_WHEN_LOWERCASED,
@@ -183,11 +183,12 @@ bool isLowercase(std::string_view character) {
 }
 
 bool isNumeric(std::string_view character) {
-    return !character.empty() && u_getIntPropertyValue(leading(character), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
+    return !character.empty() &&
+           u_getIntPropertyValue(firstCodePoint(character), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
 }
 
 bool isLetter(std::string_view character) {
-    return !character.empty() && u_isUAlphabetic(leading(character)) != 0;
+    return !character.empty() && u_isUAlphabetic(firstCodePoint(character)) != 0;
 }
 
 } // namespace korvane

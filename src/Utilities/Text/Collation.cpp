@@ -14,7 +14,7 @@ namespace korvane {
 
 namespace {
 
-/// The locale of a system without one sorts by code, which puts all capitals first. People do not.
+/// The user's locale, or the root locale in place of POSIX, which would put all capitals first.
 icu::Locale collationLocale() {
     const auto& user = icu::Locale::getDefault();
     return std::string_view(user.getVariant()) == "POSIX" ? icu::Locale::getRoot() : user;
@@ -30,28 +30,28 @@ std::unique_ptr<icu::Collator> caseInsensitiveCollator() {
     return collator;
 }
 
-/// One text's place among the others. The first bytes of its key, read as a number, decide nearly always.
-struct Place {
+/// A text to sort. The first bytes of its key, as a number, nearly always decide a comparison.
+struct SortEntry {
     std::uint64_t prefix;
     std::size_t key; // where the key begins
     std::size_t index;
 };
 
-/// The sort keys of texts, one behind the other. The only zero byte of a key is its last.
+/// The concatenated sort keys of texts. The only zero byte of a key is its last.
 class SortKeys {
 public:
     SortKeys() : m_collator(caseInsensitiveCollator()) {}
 
-    Place append(std::string_view text, std::size_t index) {
+    SortEntry append(std::string_view text, std::size_t index) {
         const auto start = m_bytes.size();
         if (m_collator)
             appendKey(text);
-        else // ICU is without its rules; what remains is the order of the code points
+        else // without ICU's collation rules, sorts by code point
             m_bytes.append(text.substr(0, text.find('\0'))).push_back('\0');
         return {.prefix = prefix(start), .key = start, .index = index};
     }
 
-    int compare(const Place& a, const Place& b) const {
+    int compare(const SortEntry& a, const SortEntry& b) const {
         if (a.prefix != b.prefix)
             return a.prefix < b.prefix ? -1 : 1;
         return std::strcmp(m_bytes.data() + a.key, m_bytes.data() + b.key);
@@ -59,7 +59,7 @@ public:
 
 private:
     void appendKey(std::string_view text) {
-        constexpr std::size_t overhead = 16; // what a key has besides about two bytes a character
+        constexpr std::size_t overhead = 16; // of a key, besides about two bytes a character
         const auto start = m_bytes.size();
         m_text = icu::UnicodeString::fromUTF8(
             icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
@@ -72,7 +72,7 @@ private:
         m_bytes.resize(start + length);
     }
 
-    /// Writes the key as far as there is room, and returns its whole length.
+    /// Writes as much of the key as fits, and returns its full length.
     std::size_t writeKey(std::size_t start) {
         const auto room = static_cast<std::int32_t>(m_bytes.size() - start);
         auto* bytes = reinterpret_cast<std::uint8_t*>(m_bytes.data() + start);
@@ -98,16 +98,16 @@ private:
 std::vector<std::size_t> localizedCaseInsensitiveOrder(std::span<const std::string_view> texts,
                                                        SortOrder order) {
     SortKeys keys;
-    std::vector<Place> places;
-    places.reserve(texts.size());
+    std::vector<SortEntry> entries;
+    entries.reserve(texts.size());
     for (const auto text : texts)
-        places.push_back(keys.append(text, places.size()));
-    std::ranges::sort(places, [&](const Place& a, const Place& b) {
+        entries.push_back(keys.append(text, entries.size()));
+    std::ranges::sort(entries, [&](const SortEntry& a, const SortEntry& b) {
         const auto compared = order == SortOrder::ascending ? keys.compare(a, b) : keys.compare(b, a);
         return compared != 0 ? compared < 0 : a.index < b.index;
     });
-    std::vector<std::size_t> indices(places.size());
-    std::ranges::transform(places, indices.begin(), &Place::index);
+    std::vector<std::size_t> indices(entries.size());
+    std::ranges::transform(entries, indices.begin(), &SortEntry::index);
     return indices;
 }
 

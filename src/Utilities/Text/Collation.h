@@ -1,4 +1,4 @@
-/// The order in which people look texts up, by the rules of the user's locale (Unicode Collation Algorithm).
+/// Sorts texts by the rules of the user's locale (Unicode Collation Algorithm).
 #pragma once
 
 #include <cstddef>
@@ -10,9 +10,9 @@ namespace korvane {
 
 enum class SortOrder { ascending, descending };
 
-/// The indices of `texts` in order, letter case ignored; accents count. In either order texts that compare
-/// the same keep theirs. Each text is turned once into a sort key, about as long as the text, and keys are
-/// compared byte by byte: a million lines take well under two seconds.
+/// The indices of `texts` in sorted order; letter case is ignored, accents are not. Stable in either order.
+/// Each text is converted once to a sort key, about as long as the text, and keys are compared byte by byte:
+/// a million lines take well under two seconds.
 std::vector<std::size_t> localizedCaseInsensitiveOrder(std::span<const std::string_view> texts,
                                                        SortOrder order);
 

@@ -8,7 +8,7 @@
 namespace korvane {
 
 std::optional<double> doubleFromText(std::string_view text) {
-    // `std::from_chars` does not tell a number too large from one too small.
+    // `std::from_chars` does not distinguish overflow from underflow.
     static const auto locale = newlocale(LC_ALL_MASK, "C", nullptr);
     constexpr std::string_view whiteSpace = " \t\n\v\f\r";
     if (text.empty() || whiteSpace.contains(text.front()))

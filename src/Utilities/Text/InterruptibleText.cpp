@@ -11,8 +11,8 @@ const InterruptibleText::Source& sourceOf(const UText* handle) {
     return *static_cast<const InterruptibleText::Source*>(handle->context);
 }
 
-/// Shows the units from `start` to `limit`, with the reader at `index` among them.
-void show(UText* handle, std::int64_t start, std::int64_t limit, std::int64_t index) {
+/// Provides the units from `start` to `limit`, with the read position at `index`.
+void setChunk(UText* handle, std::int64_t start, std::int64_t limit, std::int64_t index) {
     handle->chunkContents = sourceOf(handle).text.getBuffer() + start;
     handle->chunkNativeStart = start;
     handle->chunkNativeLimit = limit;
@@ -34,23 +34,23 @@ UBool access(UText* handle, std::int64_t index, UBool forward) {
     const auto& source = sourceOf(handle);
     const std::int64_t length = source.text.length();
     const auto pieceLength = source.options.pieceLength;
-    if (!source.goesOn()) {
+    if (!source.shouldContinue()) {
         if (source.options.stop == InterruptibleText::Stop::byException)
             throw InterruptibleText::Interrupted();
-        show(handle, length, length, length);
+        setChunk(handle, length, length, length);
         return 0;
     }
     index = boundaryBefore(source.text, std::clamp(index, std::int64_t{0}, length));
     const auto startOf = [&](std::int64_t piece) {
         return boundaryBefore(source.text, std::min(piece * pieceLength, length));
     };
-    // The wanted character, before or behind the index, is in the piece. A pair on the border belongs to the
-    // later one.
+    // The piece contains the requested character, before or after the index. A surrogate pair on a border
+    // belongs to the later piece.
     const auto wanted = forward ? index : std::max(index - 1, std::int64_t{0});
     auto piece = wanted / pieceLength;
     if (wanted >= startOf(piece + 1))
         ++piece;
-    show(handle, startOf(piece), startOf(piece + 1), index);
+    setChunk(handle, startOf(piece), startOf(piece + 1), index);
     return forward ? index < length : index > 0;
 }
 
@@ -66,7 +66,7 @@ int32_t extract(UText* handle, std::int64_t start, std::int64_t limit, char16_t*
 
 UText* open(UText* handle, const InterruptibleText::Source& source, UErrorCode* status);
 
-/// A reader of its own on the same text; a copy of the text itself is never asked for.
+/// An independent reader of the same text; deep copies are unsupported, as ICU does not request them.
 UText* clone(UText* destination, const UText* source, UBool deep, UErrorCode* status) {
     if (U_SUCCESS(*status) && deep != 0)
         *status = U_UNSUPPORTED_ERROR;
@@ -84,7 +84,7 @@ constexpr UTextFuncs functions = {
     .extract = extract,
     .replace = nullptr,
     .copy = nullptr,
-    .mapOffsetToNative = nullptr, // the native positions are UTF-16 units
+    .mapOffsetToNative = nullptr, // native positions are UTF-16 units
     .mapNativeIndexToUTF16 = nullptr,
     .close = nullptr,
     .spare1 = nullptr,
@@ -98,15 +98,15 @@ UText* open(UText* handle, const InterruptibleText::Source& source, UErrorCode* 
         return handle;
     handle->pFuncs = &functions;
     handle->context = &source;
-    show(handle, 0, 0, 0);
+    setChunk(handle, 0, 0, 0);
     return handle;
 }
 
 } // namespace
 
-InterruptibleText::InterruptibleText(const icu::UnicodeString& text, const std::function<bool()>& goesOn,
-                                     Options options)
-    : m_source{.text = text, .goesOn = goesOn, .options = options} {
+InterruptibleText::InterruptibleText(const icu::UnicodeString& text,
+                                     const std::function<bool()>& shouldContinue, Options options)
+    : m_source{.text = text, .shouldContinue = shouldContinue, .options = options} {
     UErrorCode status = U_ZERO_ERROR;
     open(&m_handle, m_source, &status); // fails only where ICU would have to allocate
 }

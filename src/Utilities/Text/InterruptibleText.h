@@ -1,4 +1,4 @@
-/// UTF-16 text that ICU reads piece by piece, so that somebody can look up now and then while it reads.
+/// UTF-16 text that ICU reads in pieces, so that reading can be interrupted between them.
 #pragma once
 
 #include <unicode/unistr.h>
@@ -9,39 +9,40 @@
 
 namespace korvane {
 
-/// ICU matches regular expressions in one go and reports progress only when it puts off an alternative. A
-/// long run of characters that it takes at once, again and again, goes unreported for as long as it takes;
-/// and while it compiles a pattern it reports nothing at all. This text asks `goesOn` whenever the reader
-/// comes to another piece, and stops it when the answer is no.
+/// While ICU matches a regular expression, it reports progress only when it saves an alternative for
+/// backtracking. It does not report repeated scans of long runs of characters, and it reports nothing while
+/// it compiles a pattern. This text calls `shouldContinue` whenever the reader moves to another piece, and
+/// stops the reader if the result is false.
 class InterruptibleText {
 public:
     struct Interrupted {};
 
-    /// How a reader is stopped.
+    /// The way to stop a reader.
     enum class Stop {
-        byException, ///< throws `Interrupted`; what was reading must not be used again, only closed
-        byEndOfText, ///< the text seems to end, and whatever the reader makes of it is not to be used
+        byException, ///< throws `Interrupted`; the reader must then only be closed
+        byEndOfText, ///< the text appears to end; the reader's result must not be used
     };
 
     struct Options {
-        /// How many UTF-16 units make a piece. To read one of 8192 takes a search some microseconds, against
-        /// which asking is nothing.
+        /// In UTF-16 units. A search reads a piece of 8192 in some microseconds; the cost of `shouldContinue`
+        /// is negligible in comparison.
         std::int64_t pieceLength = 8192;
         Stop stop = Stop::byException;
     };
 
-    /// `text` and `goesOn` are only referred to.
-    InterruptibleText(const icu::UnicodeString& text, const std::function<bool()>& goesOn, Options options);
+    /// `text` and `shouldContinue` must outlive this object.
+    InterruptibleText(const icu::UnicodeString& text, const std::function<bool()>& shouldContinue,
+                      Options options);
     ~InterruptibleText();
     InterruptibleText(const InterruptibleText&) = delete;
     InterruptibleText& operator=(const InterruptibleText&) = delete;
 
     UText* handle() { return &m_handle; }
 
-    /// What the text's functions work on, shared by the copies of the handle that ICU makes.
+    /// The data of the text's functions, shared by ICU's copies of the handle.
     struct Source {
         const icu::UnicodeString& text;
-        const std::function<bool()>& goesOn;
+        const std::function<bool()>& shouldContinue;
         Options options;
     };
 

@@ -20,7 +20,7 @@ bool isDelimiter(char32_t character) {
     return isWhitespace(character) || isNewline(character);
 }
 
-/// Has `map` append its form of every word of `text`; what is between the words stays as it stands.
+/// Calls `map` to append the mapped form of every word of `text`; the text between words is unchanged.
 template <typename Map>
 std::string mappingWords(std::string_view text, Map map) {
     std::string result;
@@ -67,7 +67,7 @@ std::string lowercased(std::string_view text) {
 
 std::string capitalized(std::string_view text) {
     return mappingWords(text, [](std::string_view word, std::string& result) {
-        // The rest is lower-cased in sight of the first character, as a sigma depends on what precedes it.
+        // The whole word is lower-cased, as a sigma depends on the preceding characters.
         const auto first = firstCharacter(word);
         const auto lower = lowercased(word);
         appendMapped(first, icu::CaseMap::utf8ToUpper, result);

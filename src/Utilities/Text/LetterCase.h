@@ -1,6 +1,6 @@
-/// Upper case, lower case and capitals by the full mappings of Unicode, the same in every locale. A text may
-/// change its length: a sharp s becomes two capitals S. Texts are shorter than 2 GiB, as ICU counts in 32
-/// bits.
+/// Upper case, lower case and capitalisation by the full mappings of Unicode, independent of the locale. The
+/// length of a text may change: a sharp s becomes two capitals S. Texts are shorter than 2 GiB, as ICU uses
+/// 32-bit lengths.
 #pragma once
 
 #include <string>
@@ -10,11 +10,11 @@ namespace korvane {
 
 std::string uppercased(std::string_view text);
 
-/// A capital sigma becomes the form that a word ends with where it ends one.
+/// A capital sigma at the end of a word becomes the final form.
 std::string lowercased(std::string_view text);
 
 /// `text` with the first character of every word upper-cased, and all others lower-cased. Only white space
-/// and newlines delimit words, so "o'neill-smith" is one, as is "iPhone", which gives "Iphone".
+/// and newlines delimit words: "o'neill-smith" is one word, and "iPhone" becomes "Iphone".
 std::string capitalized(std::string_view text);
 
 } // namespace korvane

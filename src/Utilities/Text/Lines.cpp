@@ -14,12 +14,12 @@ namespace {
 /// Whether none of the eight bytes at `bytes` can begin a newline: all are ASCII, and none is below U+000E.
 bool isFreeOfNewlines(const char* bytes) {
     constexpr std::uint64_t highBits = 0x8080808080808080;
-    constexpr std::uint64_t firstOrdinary = 0x0E0E0E0E0E0E0E0E;
+    constexpr std::uint64_t firstNonNewline = 0x0E0E0E0E0E0E0E0E;
     std::uint64_t word = 0;
     std::memcpy(&word, bytes, sizeof word);
-    // A byte below 0x0E borrows from its own high bit. What it borrows from the byte above can only make that
-    // one look suspicious as well.
-    return ((word | (word - firstOrdinary)) & highBits) == 0;
+    // A byte below 0x0E borrows from its own high bit. Its borrow from the next higher byte can only cause a
+    // false positive there.
+    return ((word | (word - firstNonNewline)) & highBits) == 0;
 }
 
 } // namespace
@@ -32,7 +32,7 @@ std::vector<std::string_view> linesOf(std::string_view text) {
             offset += sizeof(std::uint64_t);
             continue;
         }
-        // Looking at all of the eight bytes spares asking about each shifted group of them.
+        // Decodes all eight bytes, instead of testing each overlapping group of eight.
         for (const auto groupEnd = offset + sizeof(std::uint64_t);
              offset < groupEnd && offset < text.size();) {
             const auto [character, end] = decodeAt(text, offset);

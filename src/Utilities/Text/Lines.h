@@ -1,4 +1,4 @@
-/// A text cut into its lines. Knows what ends a line from `Utilities/Text/Text.h`.
+/// Splits a text into lines. `Utilities/Text/Text.h` defines the newline characters.
 #pragma once
 
 #include <string_view>
@@ -6,9 +6,9 @@
 
 namespace korvane {
 
-/// The pieces of `text` between newline characters, at least one: each newline separates, so CR LF leaves an
-/// empty piece between the two, and a newline at the end an empty piece after it. The pieces refer to `text`.
-/// About a gigabyte a second while the text is ASCII.
+/// The pieces of `text` between newline characters, at least one. Each newline separates: CR LF has an empty
+/// piece between the two, and a newline at the end an empty piece after it. The pieces refer to `text`. About
+/// a gigabyte a second for ASCII.
 std::vector<std::string_view> linesOf(std::string_view text);
 
 } // namespace korvane

@@ -8,7 +8,7 @@ namespace korvane {
 
 namespace {
 
-/// What the C library goes by for dates. ICU by itself looks at the language of messages.
+/// The C library's locale for dates. ICU's default is the locale of messages.
 std::string userLocaleName() {
     for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
         const char* name = std::getenv(variable);

@@ -18,7 +18,7 @@ Occurrences::Occurrences(std::span<const std::uint32_t> elements, std::size_t bo
 
     std::uint32_t rowCount = 0;
     for (std::uint32_t element = 0; element < bound; ++element) {
-        if (positions(element).size() * frequent > elements.size())
+        if (positions(element).size() * frequentShare > elements.size())
             m_rows[element] = rowCount++;
     }
     m_bits.resize(rowCount * m_rowSize);

@@ -1,5 +1,5 @@
-/// Where each element of a list stands in it: as positions, and for the frequent elements also as bits.
-/// Serves the search for a common subsequence.
+/// The occurrences of each element of a list: as positions, and for frequent elements also as bits. Used by
+/// the search for a common subsequence.
 #pragma once
 
 #include <cstddef>
@@ -14,10 +14,10 @@ public:
     using Word = std::uint64_t;
     static constexpr std::size_t wordBits = 64;
 
-    /// An element that stands in more than one of this many places is frequent. Its bits are then cheaper to
-    /// go through than its positions, and all frequent elements together need at most 16 bytes for each
-    /// element of the list.
-    static constexpr std::size_t frequent = 128;
+    /// An element is frequent if more than one in this many positions contains it. Its bits are then faster
+    /// to process than its positions, and the bits of all frequent elements together need at most 16 bytes
+    /// for each element of the list.
+    static constexpr std::size_t frequentShare = 128;
 
     /// `elements` are below `bound`.
     Occurrences(std::span<const std::uint32_t> elements, std::size_t bound);
@@ -27,7 +27,7 @@ public:
         return std::span(m_positions).subspan(m_starts[element], m_starts[element + 1] - m_starts[element]);
     }
 
-    /// A bit for each place of the list, set where `element` stands; null unless it is frequent.
+    /// A bit for each position of the list, set where `element` occurs; null unless it is frequent.
     const Word* bits(std::uint32_t element) const {
         const auto row = m_rows[element];
         return row == noRow ? nullptr : &m_bits[row * m_rowSize];
@@ -36,7 +36,7 @@ public:
 private:
     static constexpr std::uint32_t noRow = UINT32_MAX;
 
-    std::vector<std::uint32_t> m_starts; ///< of an element's positions, and one more for the end
+    std::vector<std::uint32_t> m_starts; ///< of each element's positions, and the end of the last
     std::vector<std::uint32_t> m_positions;
     std::size_t m_rowSize;
     std::vector<std::uint32_t> m_rows;

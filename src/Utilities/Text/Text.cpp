@@ -18,8 +18,7 @@ namespace korvane {
 
 namespace {
 
-/// The offset of the code point that ends at `end` (more than 0); a byte that belongs to none stands for
-/// itself.
+/// The offset of the code point that ends at `end` (more than 0); an invalid byte counts as one code point.
 std::size_t previousOffset(std::string_view text, std::size_t end) {
     auto offset = end - 1;
     while (offset > 0 && end - offset < 4 && U8_IS_TRAIL(static_cast<std::uint8_t>(text[offset])))
@@ -31,7 +30,7 @@ bool isWhitespaceOrNewline(char32_t character) {
     return isWhitespace(character) || isNewline(character);
 }
 
-/// `text` without the characters at both of its ends that `isTrimmed` tells.
+/// `text` without the characters at both of its ends that satisfy `isTrimmed`.
 std::string_view trimming(std::string_view text, bool (*isTrimmed)(char32_t)) {
     std::size_t start = 0;
     while (start < text.size()) {
@@ -62,8 +61,7 @@ icu::UnicodeString caseFolded(std::string_view text) {
     return nfd->normalize(folded, status);
 }
 
-/// Whether `index` is not between a letter and an accent on it, which are two code points once a text is
-/// decomposed.
+/// Whether `index` is not between a letter and its accent, which are two code points in a decomposed text.
 bool isBoundary(const icu::UnicodeString& text, std::int32_t index) {
     return index == 0 || index == text.length() ||
            !u_hasBinaryProperty(text.char32At(index), UCHAR_GRAPHEME_EXTEND);
@@ -102,7 +100,7 @@ std::string onOneLine(std::string_view text) {
         if (!isNewline(decoded.character))
             line += text.substr(offset, decoded.end - offset);
         else if (!text.substr(offset).starts_with("\r\n"))
-            line += ' '; // of CR LF the second stands for both
+            line += ' '; // a CR LF is replaced at its LF
         offset = decoded.end;
     }
     return line;
@@ -117,7 +115,7 @@ std::size_t validUTF8PrefixLength(std::string_view text) {
     std::size_t offset = 0;
     while (true) {
         offset += asciiPrefixLength(text.substr(offset));
-        // Whoever writes one letter beyond ASCII writes more, so the next byte is asked for first.
+        // Non-ASCII letters usually occur in sequence, so the next byte is tested first.
         while (offset < text.size() && bytes[offset] >= 0x80) {
             auto end = offset;
             UChar32 character = 0;

@@ -1,6 +1,6 @@
-/// Text as the engines and screens mean it, named once: character sets, user-perceived characters, positions,
-/// locale-aware comparison. All text is UTF-8; the Unicode knowledge is ICU's. Positions are byte offsets
-/// unless a name says otherwise.
+/// Common definitions for text: character sets, user-perceived characters, positions, locale-aware
+/// comparison. All text is UTF-8; ICU provides the Unicode data. Positions are byte offsets unless stated
+/// otherwise.
 #pragma once
 
 #include <cstddef>
@@ -21,40 +21,39 @@ std::string_view trimmingWhitespaces(std::string_view text);
 /// `text` without the white space and newlines at both of its ends.
 std::string_view trimmingWhitespacesAndNewlines(std::string_view text);
 
-/// `text` as a field of one line takes it: without the newlines at its end, and with a space for each other
-/// one; CR LF is one newline.
+/// `text` for a single-line field: without the newlines at its end, and with a space for each other newline;
+/// CR LF is one newline.
 std::string onOneLine(std::string_view text);
 
 /// Whether `text` is well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
 bool isValidUTF8(std::string_view text);
 
-/// The offset of the first byte that no well-formed character covers, or the text's size. Several gigabytes a
-/// second while the text is ASCII, about one otherwise.
+/// The offset of the first byte that is not part of well-formed UTF-8, or the text's size. Several gigabytes
+/// a second for ASCII, about one otherwise.
 std::size_t validUTF8PrefixLength(std::string_view text);
 
-/// The number of user-perceived characters (extended grapheme clusters, UAX #29); CR LF is one. Bytes that
-/// are not UTF-8 count as one character a replaced sequence. Costs nothing but a scan while the text is
-/// ASCII.
+/// The number of user-perceived characters (extended grapheme clusters, UAX #29); CR LF is one. Each
+/// ill-formed sequence of bytes counts as one character. ASCII costs only a scan.
 std::size_t characterCount(std::string_view text);
 
 /// The number of pieces between newline characters, so at least one. A CR LF counts as two newlines.
 std::size_t lineCount(std::string_view text);
 
-/// The number of words: what white space and newlines delimit.
+/// The number of words, delimited by white space and newlines.
 std::size_t wordCount(std::string_view text);
 
-/// A place in a text as people name it, both counted from 1.
+/// A position in a text for display; line and column are counted from 1.
 struct TextPosition {
-    std::size_t line = 1; ///< after each newline begins another; unlike in `lineCount`, CR LF is one newline
+    std::size_t line = 1;   ///< begins after each newline; unlike in `lineCount`, CR LF is one newline
     std::size_t column = 1; ///< in user-perceived characters
     bool operator==(const TextPosition&) const = default;
 };
 
-/// The place of the byte `offset` (at most the text's size) in `text`.
+/// The position of the byte `offset` (at most the text's size) in `text`.
 TextPosition positionAt(std::string_view text, std::size_t offset);
 
 /// Whether `text` contains `pattern`, ignoring letter case by the rules of the user's locale. Canonically
-/// equivalent spellings are the same; accents count. An empty pattern is contained in nothing.
+/// equivalent spellings are equal; accents are not ignored. No text contains an empty pattern.
 bool localizedCaseInsensitiveContains(std::string_view text, std::string_view pattern);
 
 } // namespace korvane

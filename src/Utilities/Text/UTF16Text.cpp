@@ -9,7 +9,7 @@ namespace korvane {
 
 namespace {
 
-/// How many units lie between two recorded boundaries: the table takes half a byte a unit, and finding a
+/// The number of units between two recorded boundaries: the table takes half a byte a unit, and finding a
 /// position decodes at most this many characters.
 constexpr std::uint32_t stride = 16;
 
@@ -19,7 +19,7 @@ UTF16Text::UTF16Text(std::string_view text)
     : m_text(text),
       m_units(icu::UnicodeString::fromUTF8(
           icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())))) {
-    assert(text.size() <= maximumSize);
+    assert(text.size() <= maxSize);
     if (static_cast<std::size_t>(m_units.length()) != text.size())
         recordBoundaries();
 }

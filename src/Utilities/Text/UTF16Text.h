@@ -1,5 +1,5 @@
-/// A UTF-16 copy of a UTF-8 text, for libraries that count in UTF-16 units, and the way back from their
-/// positions to byte offsets.
+/// A UTF-16 copy of a UTF-8 text, for libraries that use UTF-16 units, with a conversion of their positions
+/// to byte offsets.
 #pragma once
 
 #include <unicode/unistr.h>
@@ -14,21 +14,21 @@ namespace korvane {
 
 class UTF16Text {
 public:
-    /// The longest text, in bytes, that can be copied: positions in either form fit into 32 bits.
-    static constexpr std::size_t maximumSize = std::size_t{1} << 30;
+    /// The maximum size of a text in bytes: positions in either encoding fit into 32 bits.
+    static constexpr std::size_t maxSize = std::size_t{1} << 30;
 
-    /// Copies `text`, of at most `maximumSize` bytes. The replacement character stands for bytes that are not
-    /// UTF-8, one for each sequence as ICU splits them. About a gigabyte a second while the text is ASCII.
+    /// Copies `text`, of at most `maxSize` bytes. Each sequence of bytes that is not UTF-8, as ICU splits
+    /// them, becomes a replacement character. About a gigabyte a second for ASCII.
     explicit UTF16Text(std::string_view text);
 
     const icu::UnicodeString& units() const { return m_units; }
 
-    /// The byte offset of the UTF-16 position `unit` (from 0 to the number of units), or none when that is
+    /// The byte offset of the UTF-16 position `unit` (from 0 to the number of units), or none if it is
     /// between the two halves of a surrogate pair. Constant time.
     std::optional<std::uint32_t> byteOffset(std::int64_t unit) const;
 
 private:
-    /// A character boundary, in both countings.
+    /// A character boundary, in both encodings.
     struct Boundary {
         std::uint32_t unit;
         std::uint32_t byte;
@@ -38,8 +38,7 @@ private:
 
     std::string_view m_text;
     icu::UnicodeString m_units;
-    std::vector<Boundary>
-        m_boundaries; ///< the first at or behind each multiple of the stride; ASCII needs none
+    std::vector<Boundary> m_boundaries; ///< the first at or after each multiple of the stride; none for ASCII
 };
 
 } // namespace korvane

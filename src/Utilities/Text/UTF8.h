@@ -1,4 +1,4 @@
-/// UTF-8 taken apart: code points and where they end. Knows nothing of what a code point means.
+/// Decodes UTF-8 into code points. Independent of the meaning of code points.
 #pragma once
 
 #include <cstddef>
@@ -12,10 +12,10 @@ struct Decoded {
     std::size_t end;
 };
 
-/// What `decodeAt` does where the byte at `offset` is not ASCII.
+/// The slow path of `decodeAt`, for a non-ASCII byte at `offset`.
 Decoded decodeBeyondASCII(std::string_view text, std::size_t offset);
 
-/// The code point that begins at `offset`; the replacement character stands for bytes that are not UTF-8.
+/// The code point that begins at `offset`; bytes that are not UTF-8 give the replacement character.
 inline Decoded decodeAt(std::string_view text, std::size_t offset) {
     const auto first = static_cast<unsigned char>(text[offset]);
     return first < 0x80 ? Decoded{first, offset + 1} : decodeBeyondASCII(text, offset);

@@ -16,7 +16,7 @@ namespace {
 
 /// A channel from 0 to 1 as a whole number from 0 to 255.
 int wholeChannel(double channel) {
-    return static_cast<int>(channel * Color::maximumChannel);
+    return static_cast<int>(channel * Color::maxChannel);
 }
 
 /// The number that two hexadecimal digits are, in either letter case.
@@ -69,9 +69,9 @@ void ColorPickerView::updateSlidersFromColor() {
     const auto color = selectedColor.sRGB();
     if (!color)
         return;
-    rgbR = color->red * Color::maximumChannel;
-    rgbG = color->green * Color::maximumChannel;
-    rgbB = color->blue * Color::maximumChannel;
+    rgbR = color->red * Color::maxChannel;
+    rgbG = color->green * Color::maxChannel;
+    rgbB = color->blue * Color::maxChannel;
     hexInput = hexValue();
 }
 

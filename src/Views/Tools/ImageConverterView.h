@@ -80,7 +80,7 @@ struct ImageConverterView {
     static constexpr std::chrono::seconds savedDuration{6};
 
     /// A larger file is not read: it holds more than the largest picture.
-    static constexpr std::size_t maximumFileBytes = ImageConverter::maximumBytes;
+    static constexpr std::size_t maximumFileBytes = ImageConverter::maxBytes;
 
     /// The longer side of a preview, in pixels: enough for a large screen.
     static constexpr int previewSide = 1600;

@@ -109,11 +109,12 @@ std::vector<InlineRun> renderInline(std::string_view text) {
     styled.apply(InlineCode(styled.matched()), StyledText::code);
     styled.protectCode();
     styled.applyLinks(Link(styled.matched()));
-    styled.apply(Either(Enclosed(styled.matched(), "**"), Enclosed(styled.matched(), "__")),
+    styled.apply(Either(DoubleDelimited(styled.matched(), "**"), DoubleDelimited(styled.matched(), "__")),
                  StyledText::bold);
-    styled.apply(Either(Lone(styled.matched(), '*', "_"), Lone(styled.matched(), '_', "*")),
-                 StyledText::italic);
-    styled.apply(Enclosed(styled.matched(), "~~"), StyledText::struck);
+    styled.apply(
+        Either(SingleDelimited(styled.matched(), '*', "_"), SingleDelimited(styled.matched(), '_', "*")),
+        StyledText::italic);
+    styled.apply(DoubleDelimited(styled.matched(), "~~"), StyledText::struck);
     return styled.runs();
 }
 

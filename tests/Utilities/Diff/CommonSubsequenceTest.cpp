@@ -50,7 +50,7 @@ Identities edited(std::mt19937& random, const Identities& list, unsigned share, 
 /// Limits so tight that even short lists take several attempts, snapshots of snapshots, and records of a few
 /// rows.
 constexpr TableLimits tight = {
-    .fewestEdits = 1, .editShare = 1000, .widening = 2, .snapshots = 2, .recordedWords = 4};
+    .minEdits = 1, .editShare = 1000, .widening = 2, .snapshots = 2, .recordedWords = 4};
 
 void expectTheNaiveOutcome(const Identities& a, const Identities& b, const TableLimits& limits) {
     const auto expected = support::naiveSubsequence(a, b);
@@ -129,7 +129,7 @@ TEST(CommonSubsequence, AgreesWithTheTableOnListsOfManyWords) {
         const auto a = randomIdentities(random, 200 + random() % 800, alphabet);
         const auto b = pair % 3 == 0 ? randomIdentities(random, 200 + random() % 800, alphabet)
                                      : edited(random, a, 2U << pair % 6, alphabet);
-        const TableLimits limits = {.fewestEdits = 1 + random() % 100,
+        const TableLimits limits = {.minEdits = 1 + random() % 100,
                                     .editShare = 1000,
                                     .widening = 2 + random() % 3,
                                     .snapshots = 2 + random() % 6,

@@ -50,14 +50,26 @@ const std::vector<Pattern>& patterns() {
          by([](auto text) { return HorizontalRule(text); }),
          {"-", "*", "_", "\n", "\r", " "},
          6},
-        {R"(\*\*(.+?)\*\*)", by([](auto text) { return Enclosed(text, "**"); }), {"*", "a", "\n", "ä"}, 7},
-        {"__(.+?)__", by([](auto text) { return Enclosed(text, "__"); }), {"_", "a", "\r", "\u2028"}, 7},
-        {"~~(.+?)~~", by([](auto text) { return Enclosed(text, "~~"); }), {"~", "a", "\n", "\u0085"}, 7},
+        {R"(\*\*(.+?)\*\*)",
+         by([](auto text) { return DoubleDelimited(text, "**"); }),
+         {"*", "a", "\n", "ä"},
+         7},
+        {"__(.+?)__",
+         by([](auto text) { return DoubleDelimited(text, "__"); }),
+         {"_", "a", "\r", "\u2028"},
+         7},
+        {"~~(.+?)~~",
+         by([](auto text) { return DoubleDelimited(text, "~~"); }),
+         {"~", "a", "\n", "\u0085"},
+         7},
         {R"((?<!\*)\*(?!\*)(.+?)(?<!\*)\*(?!\*))",
-         by([](auto text) { return Lone(text, '*'); }),
+         by([](auto text) { return SingleDelimited(text, '*'); }),
          {"*", "a", "\n", "\u2029"},
          8},
-        {"(?<!_)_(?!_)(.+?)(?<!_)_(?!_)", by([](auto text) { return Lone(text, '_'); }), {"_", "a", "\n"}, 9},
+        {"(?<!_)_(?!_)(.+?)(?<!_)_(?!_)",
+         by([](auto text) { return SingleDelimited(text, '_'); }),
+         {"_", "a", "\n"},
+         9},
         {R"(!\[([^\]]*)]\(([^)]+)\))",
          by([](auto text) { return Link(text, Link::Kind::image); }),
          {"![", "[", "](", "]", ")", "a"},
@@ -68,11 +80,13 @@ const std::vector<Pattern>& patterns() {
          6},
         {"(?m)  $", by([](auto text) { return LineEndSpaces(text); }), {" ", "\n", "\r", "a", "\u2028"}, 6},
         {R"(\*\*(.+?)\*\*|__(.+?)__)",
-         by([](auto text) { return Either(Enclosed(text, "**"), Enclosed(text, "__")); }),
+         by([](auto text) { return Either(DoubleDelimited(text, "**"), DoubleDelimited(text, "__")); }),
          {"*", "_", "a", "\n"},
          8},
         {R"((?<![*_])\*(?![*])(.+?)(?<![*])\*(?![*])|(?<![*_])_(?![_])(.+?)(?<![_])_(?![_]))",
-         by([](auto text) { return Either(Lone(text, '*', "_"), Lone(text, '_', "*")); }),
+         by([](auto text) {
+             return Either(SingleDelimited(text, '*', "_"), SingleDelimited(text, '_', "*"));
+         }),
          {"*", "_", "a", "\n"},
          8},
     };
@@ -141,7 +155,7 @@ TEST(MarkdownPatterns, BearBytesThatAreNotUTF8) {
                 EXPECT_LE(match.whole.end, text.size()) << pattern;
         }
     }
-    EXPECT_EQ(matchesOf(Enclosed("**\xC2**", "**")), (std::vector<Match>{{{0, 5}, {2, 3}, {}}}));
+    EXPECT_EQ(matchesOf(DoubleDelimited("**\xC2**", "**")), (std::vector<Match>{{{0, 5}, {2, 3}, {}}}));
 }
 
 } // namespace

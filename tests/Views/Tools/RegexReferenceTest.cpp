@@ -35,7 +35,7 @@ TEST(RegexInterruptions, HaveTheirMessages) {
               "Matching stopped: the pattern takes too long on this text");
     EXPECT_EQ(rawValue(Interruption::tookTooMuchMemory),
               "Matching stopped: the pattern takes too much memory on this text");
-    EXPECT_EQ(rawValue(Interruption::foundTooMuch),
+    EXPECT_EQ(rawValue(Interruption::tooManyMatches),
               "Matching stopped: the pattern matches too often in this text");
 }
 

@@ -82,7 +82,7 @@ QWidget* colorSlider(Store& store, const std::string& label, double ColorPickerV
         channelHeight,
         row({textLabel(store, label, TextStyle::body, Role::secondary, {.width = channelLabelWidth}),
              slider(store, label, channel, set,
-                    {.maximum = Color::maximumChannel, .stepsOfOne = 1, .color = color}),
+                    {.maximum = Color::maxChannel, .stepsOfOne = 1, .color = color}),
              textLabel(store, wholeValue, TextStyle::body, Role::secondary,
                        {.width = channelValueWidth, .alignment = Qt::AlignRight})}));
 }

@@ -41,7 +41,8 @@ QTime wholeMinute(QTime time) {
 class Edit final : public QTimeEdit, public AccessibleControl {
 public:
     Edit() {
-        setDisplayFormat(CalendarText::usesHalfDays() ? QStringLiteral("h:mm AP") : QStringLiteral("HH:mm"));
+        setDisplayFormat(CalendarText::usesTwelveHourClock() ? QStringLiteral("h:mm AP")
+                                                             : QStringLiteral("HH:mm"));
         setButtonSymbols(NoButtons);
         setFrame(false);
         setWrapping(true);
