@@ -1,11 +1,11 @@
-# What the scripts share: the project's folder as the working directory, messages, and the set-up that each
-# script does for itself. It is sourced, not run.
+# Shared by the scripts: the project's folder as the working directory, messages, and installation of packages. It is
+# sourced, not run.
 # shellcheck shell=bash
 
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-# Says in one line why the script cannot go on, and ends it.
+# Prints a one-line reason and ends the script.
 fail() {
     printf '%s: %s\n' "${0##*/}" "$*" >&2
     exit 1
@@ -22,9 +22,8 @@ as_root() {
     fi
 }
 
-# Installs what debian/control lists and the machine lacks. When nothing is missing it asks for no password and
-# does not touch the network. The argument is a comma-separated list of the build profiles that
-# debian/control tells of; without one it is what a build with its tests needs.
+# Installs the missing packages of debian/control. If none is missing, it needs no password and no network. The argument
+# is a comma-separated list of the build profiles in debian/control; without one, what a build with tests needs.
 set_up() {
     local profiles=${1:-}
     if dpkg-checkbuilddeps -P "$profiles" debian/control 2>/dev/null; then

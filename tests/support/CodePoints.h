@@ -1,4 +1,4 @@
-/// All of Unicode, for tests of what must hold for each of its code points.
+/// All code points of Unicode, for exhaustive tests.
 #pragma once
 
 #include <unicode/uchar.h>

@@ -1,4 +1,4 @@
-/// Opens the menus of controls, reads what they offer, and chooses from them.
+/// Opens context menus of controls, reads them, and chooses from them.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,8 +18,8 @@ namespace korvane {
 
 class ContextMenu {
 public:
-    /// Opens the menu of `control` as the menu key does or, given a place, as the right mouse button does
-    /// there. In a control that scrolls, places are in what it shows.
+    /// Opens the menu of `control` as the menu key does or, given a position, as the right mouse button
+    /// does there. In a control that scrolls, positions are in its viewport.
     explicit ContextMenu(QWidget& control, std::optional<QPoint> place = {}) {
         auto* area = qobject_cast<QAbstractScrollArea*>(&control);
         auto& target = area && place ? *area->viewport() : control;

@@ -11,8 +11,7 @@ namespace korvane {
 
 namespace {
 
-/// A word that no line can hold, a line of words, a family of joined emoji, and Arabic and Hebrew, which run
-/// from right to left.
+/// A word longer than any line, a line of words, a joined emoji sequence, and Arabic and Hebrew.
 constexpr std::string_view everything =
     "Donaudampfschifffahrtselektrizitätenhauptbetriebswerkbauunterbeamtengesellschaftsversammlungssaal\n"
     "The quick brown fox jumps over the lazy dog, again and again, until the line is longer than any window "
@@ -116,7 +115,7 @@ std::vector<Scene> crowdedTexts() {
     };
 }
 
-/// Messages with more beside them.
+/// Messages with details beside them.
 std::vector<Scene> crowdedMessages() {
     return {
         {"crowded-json-duplicates", Tool::jsonFormatter,

@@ -1,4 +1,4 @@
-/// What must hold for any bytes that are given to the image engine; tests and fuzzers share it.
+/// Properties of the image engine for arbitrary bytes, shared by tests and fuzzers.
 #pragma once
 
 #include "Utilities/ImageConverter.h"
@@ -8,7 +8,7 @@
 
 namespace korvane::support {
 
-/// Which property is broken by these bytes, in words; empty if none is.
+/// The property that these bytes violate, in words; empty if none.
 inline std::string brokenImageProperty(std::string_view bytes) {
     using namespace ImageConverter;
     const auto info = getImageInfo(bytes);

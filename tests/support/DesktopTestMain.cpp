@@ -10,10 +10,10 @@
 namespace {
 
 void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    // The platform without a display says so of what it cannot do; no screen can help that.
+    // The offscreen platform reports what it does not support, which is no defect of a screen.
     const bool isOfThePlatform = message.startsWith("This plugin does not support");
     if (type != QtDebugMsg && type != QtInfoMsg && !isOfThePlatform)
-        ADD_FAILURE() << "The toolkit warns: " << message.toStdString();
+        ADD_FAILURE() << "Qt warns: " << message.toStdString();
 }
 
 } // namespace
@@ -23,7 +23,7 @@ int main(int argc, char* argv[]) {
     if (!qEnvironmentVariableIsSet("FONTCONFIG_FILE")) // set it to run the tests in other fonts
         qputenv("FONTCONFIG_FILE", KORVANE_TEST_FONTS);
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
-        qputenv("XDG_RUNTIME_DIR", "/tmp"); // the toolkit wants one, and nothing is written there
+        qputenv("XDG_RUNTIME_DIR", "/tmp"); // Qt requires one; nothing is written there
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     korvane::setUpApplication();

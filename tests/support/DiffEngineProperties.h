@@ -1,4 +1,4 @@
-/// What must be true of every comparison, whatever the texts are. Fuzzing and the tests ask the same.
+/// Properties of every comparison, shared by tests and fuzzers.
 #pragma once
 
 #include "Utilities/Diff/DiffEngine.h"
@@ -20,14 +20,14 @@ inline std::vector<NaiveLine> plain(const std::vector<DiffEngine::DiffLine>& lin
     return result;
 }
 
-/// What a result says, without the identifiers of its lines.
+/// A result without the identifiers of its lines.
 inline NaiveDiff plain(const DiffEngine::DiffResult& result) {
     return {plain(result.leftLines), plain(result.rightLines), plain(result.unifiedDiff),
             result.stats.added,      result.stats.removed,     result.stats.unchanged};
 }
 
-/// What is wrong with the comparison of the two parts of `texts`, which its first NUL separates; empty if
-/// nothing is. Texts that are too much for the textbook's table are only asked whether anything is lost.
+/// The violation in the comparison of the two parts of `texts`, which its first NUL separates; empty if none.
+/// Texts too large for the naive table are only checked for lost lines.
 inline std::string brokenDiffEngineProperty(std::string_view texts) {
     constexpr std::size_t largestTable = 1'000'000;
     const auto middle = texts.find('\0');

@@ -1,5 +1,4 @@
-/// The HEVC encoder keeps a few kilobytes of each picture. That is its own matter, and not to hide leaks of
-/// ours.
+/// Suppresses leaks inside the HEVC encoder, which leaks a few kilobytes a picture.
 
 extern "C" const char*
 __lsan_default_suppressions(); // NOLINT(bugprone-reserved-identifier): the sanitizer's name

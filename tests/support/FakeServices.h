@@ -1,5 +1,5 @@
-/// Scripted services: a clipboard in memory, time that only the test moves, background work that waits for
-/// the test, files in memory, and a record of what was announced and opened.
+/// Scripted services: a clipboard in memory, time that the test advances, background work that the test
+/// runs, files in memory, and a record of announcements and opened links.
 #pragma once
 
 #include "Utilities/ImageModule.h"
@@ -52,7 +52,7 @@ public:
         m_pending.emplace(m_now + delay, std::move(action));
     }
 
-    /// Lets time pass, running what becomes due in its order.
+    /// Advances time and runs what becomes due, in order.
     void advance(std::chrono::milliseconds duration) {
         const auto end = m_now + duration;
         while (!m_pending.empty() && m_pending.begin()->first <= end) {
@@ -76,7 +76,7 @@ public:
         m_pending.emplace_back(std::move(work), std::move(done));
     }
 
-    /// Does the work that has been started, and what that starts in turn.
+    /// Runs the started work, and what it starts in turn.
     void runAll() {
         while (!m_pending.empty()) {
             const auto [work, done] = std::move(m_pending.front());
@@ -103,8 +103,8 @@ public:
 class FakeFiles final : public Files {
 public:
     std::map<std::string, std::string> contents{};
-    std::optional<std::string> readFailure{};  ///< what every reading fails with
-    std::optional<std::string> writeFailure{}; ///< what every writing fails with
+    std::optional<std::string> readFailure{};  ///< of every read
+    std::optional<std::string> writeFailure{}; ///< of every write
 
     std::expected<std::string, std::string> read(const std::string& path,
                                                  std::size_t maximumBytes) const override {
@@ -131,7 +131,7 @@ class FakeFilePanels final : public FilePanels {
 public:
     FileKind kind{};            ///< of the panel that was opened last
     std::string proposedName{}; ///< in the panel to save
-    Chosen choose{};            ///< chooses in that panel; not to call it is to cancel
+    Chosen choose{};            ///< chooses in that panel; not calling it cancels
 
     void open(const FileKind& offered, Chosen chosen) override {
         kind = offered;
@@ -148,7 +148,7 @@ public:
     }
 };
 
-/// The real engine, unless it is to be missing or has been changed.
+/// The real engine, unless the test removes or changes it.
 class FakeImages final : public Images {
 public:
     std::optional<std::string> failure{};
@@ -162,7 +162,7 @@ public:
         return ImageModule::load();
     }
 
-    /// Takes the codecs of HEIC away.
+    /// Removes the codecs of HEIC.
     void removeHEICCodecs() {
         changed = **ImageModule::load();
         changed->canDecode =

@@ -27,7 +27,7 @@ namespace korvane {
 
 namespace {
 
-/// As if the pointer were over the button, or held it down.
+/// Simulates the pointer over the button, or pressing it.
 QWidget* hovered(QWidget* control) {
     control->setAttribute(Qt::WA_UnderMouse);
     return control;

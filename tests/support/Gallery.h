@@ -1,4 +1,4 @@
-/// Every control of the kit in each of its states, side by side, to be looked at.
+/// Every shared control in each of its states, side by side.
 #pragma once
 
 #include <QWidget>

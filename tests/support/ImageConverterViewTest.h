@@ -1,4 +1,4 @@
-/// What the tests of the image screen's state share: a state, its services, and a picture to work on.
+/// The fixture of the tests of the image screen's state: a state, its services, and a picture.
 #pragma once
 
 #include "Views/Tools/ImageConverterView.h"

@@ -1,4 +1,4 @@
-/// Files of pictures, as the engine and as others write them.
+/// Picture files written by the engine and by other libraries.
 #pragma once
 
 #include "Images/Vips.h"
@@ -10,7 +10,7 @@
 
 namespace korvane::support {
 
-/// The picture in a file, which must be good.
+/// The picture in a valid file.
 inline Image decoded(const std::string& file) {
     const auto image = ImageConverter::decode(file, {});
     if (!image)
@@ -18,12 +18,12 @@ inline Image decoded(const std::string& file) {
     return *image;
 }
 
-/// The picture as it comes back from a file.
+/// The picture after writing it to a file and reading it back.
 inline Image throughFile(const Image& image, ImageFormat format, double quality = 0.9) {
     return decoded(ImageConverter::convert(image, format, quality).value());
 }
 
-/// A file that the image library writes of `image`, by the suffix of its format and options.
+/// `image` as a file written by libvips, for a suffix with options.
 inline std::string libraryFile(const vips::VImage& image, const char* suffix) {
     void* data = nullptr;
     std::size_t size = 0;

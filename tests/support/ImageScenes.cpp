@@ -33,7 +33,7 @@ void apply(const ScreenDriver& screen, FakeServices& fakes) {
     fakes.background.runAll();
 }
 
-/// As if a file were held over the drop zone.
+/// Simulates dragging a file over the drop zone.
 void hold(const ScreenDriver& screen) {
     QMimeData data;
     data.setUrls({QUrl(QStringLiteral("file:///tmp/picture.png"))});
@@ -46,7 +46,7 @@ void hold(const ScreenDriver& screen) {
     }
 }
 
-/// A photograph that is turned and mirrored, and is to become a JPEG file.
+/// A photograph, rotated and mirrored, with JPEG as the target format.
 void showPhotograph(const ScreenDriver& screen, FakeServices& fakes) {
     load(screen, fakes, support::photograph({1920, 1280}), ImageFormat::jpeg);
     choose(screen, "Format", 1);

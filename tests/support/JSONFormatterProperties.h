@@ -1,5 +1,4 @@
-/// What must be true of every text whatever, JSON or not. Fuzzing and the tests over the saved texts ask the
-/// same.
+/// Properties of the JSON engine for every text, JSON or not, shared by tests and fuzzers.
 #pragma once
 
 #include "Utilities/JSON/JSONFormatter.h"
@@ -9,7 +8,7 @@
 
 namespace korvane::support {
 
-/// What is wrong with how the operations treat `text`; empty if nothing is.
+/// The property that the operations violate for `text`; empty if none.
 inline std::string brokenJSONFormatterProperty(std::string_view text) {
     const auto minified = JSONFormatter::minify(text);
     const auto prettified = JSONFormatter::prettify(text, 2);

@@ -10,7 +10,7 @@ namespace korvane::support {
 
 namespace {
 
-/// A number from 0 to `end` - 1, each as likely from the first draw on.
+/// A number from 0 to `end` - 1, uniformly distributed from the first draw on.
 int draw(int end) {
     return *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, end));
 }
@@ -47,7 +47,7 @@ JSONModel randomScalar() {
 
 JSONModel randomModel(int depth) {
     JSONModel model;
-    const int choices = depth == 0 ? 2 : 5; // more than half of the values have values in them
+    const int choices = depth == 0 ? 2 : 5; // more than half of the values are containers
     switch (draw(choices)) {
     case 0:
         return randomScalar();
@@ -91,7 +91,7 @@ std::string randomStringText(std::string_view content) {
     return text + '"';
 }
 
-/// The members as a text may have them: in any order, and some names with another value before theirs.
+/// The members in random order, some names preceded by a duplicate with another value.
 std::vector<std::pair<std::string, JSONModel>> randomMembers(const JSONModel& model) {
     std::vector<std::pair<std::string, JSONModel>> members;
     for (const auto& [name, value] : model.members) {

@@ -1,5 +1,4 @@
-/// JSON documents in the simplest form there is, to compare the engine with: they write themselves, slowly
-/// and plainly, and are drawn at random inside a property.
+/// A naive model of JSON documents to compare the engine with; properties draw them at random.
 #pragma once
 
 #include <map>
@@ -14,8 +13,8 @@ struct JSONModel {
     enum class Kind { scalar, string, array, object };
 
     Kind kind = Kind::scalar;
-    std::string literal{};   ///< a scalar as a text may have it
-    std::string canonical{}; ///< the same as it is written; the content of a string
+    std::string literal{};   ///< a scalar as it may be written in a text
+    std::string canonical{}; ///< the same in canonical form; the content of a string
     std::vector<JSONModel> elements{};
     std::map<std::string, JSONModel> members{};
 
@@ -29,7 +28,7 @@ JSONModel randomJSONModel();
 /// the same name replaces. Call it inside a property only.
 std::string randomJSONText(const JSONModel& model);
 
-/// The text that the document should be written as.
+/// The expected output of the document.
 std::string expectedMinified(const JSONModel& model);
 std::string expectedPrettified(const JSONModel& model, int level = 0);
 

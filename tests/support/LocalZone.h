@@ -1,4 +1,4 @@
-/// The time zone of a test, whatever the machine's is.
+/// Sets the time zone for a test.
 #pragma once
 
 #include <cstdlib>
@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-/// Makes a zone of the IANA database the local one, for as long as it lives.
+/// Sets the local time zone to one of the IANA database during its lifetime.
 class LocalZone {
 public:
     explicit LocalZone(const char* name) {

@@ -5,8 +5,8 @@
 namespace korvane {
 namespace {
 
-/// Puts the tests under the locale that the environment asks for, as the window system does with the program.
-/// Where that locale writes a comma in numbers, a conversion that follows it is found out.
+/// Sets the locale of the environment, as Qt does for the program. With a decimal comma in it, tests detect
+/// conversions that depend on the locale.
 class LocaleEnvironment : public testing::Environment {
     void SetUp() override {
         EXPECT_NE(std::setlocale(LC_ALL, ""), nullptr) << "the locale of the environment is not installed";

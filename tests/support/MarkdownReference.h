@@ -1,5 +1,4 @@
-/// Markdown as ICU's own regular expressions see it: slow, obvious, and the measure of what is matched by
-/// hand.
+/// Markdown by ICU's regular expressions: slow and obvious, the reference for the hand-written matchers.
 #pragma once
 
 #include "Utilities/Markdown/MarkdownPatterns.h"
@@ -12,16 +11,16 @@
 
 namespace korvane {
 
-/// All matches of `pattern` in `text`, which is UTF-8. Of the groups, those that took part count.
+/// All matches of `pattern` in `text`, which is UTF-8. Only groups that took part are listed.
 std::vector<MarkdownPatterns::Match> matchesOfICU(std::string_view pattern, std::string_view text);
 
 /// `text` with all matches of `pattern` replaced.
 std::string replacedByICU(std::string_view pattern, std::string_view replacement, std::string_view text);
 
-/// What Markdown becomes by the same passes as `MarkdownParser::toHTML`, each as it is told.
+/// HTML of Markdown by the same passes as `MarkdownParser::toHTML`, with regular expressions.
 std::string htmlByICU(std::string_view markdown);
 
-/// All matches of a matcher that is made by hand.
+/// All matches of a hand-written matcher.
 template <typename Matcher>
 std::vector<MarkdownPatterns::Match> matchesOf(Matcher matcher) {
     std::vector<MarkdownPatterns::Match> matches;
@@ -30,7 +29,7 @@ std::vector<MarkdownPatterns::Match> matchesOf(Matcher matcher) {
     return matches;
 }
 
-/// Short texts of the characters that mean something, each text of few of them, so that they meet.
+/// Short texts of few different syntax characters, so that these interact often.
 rc::Gen<std::string> markdownText();
 
 } // namespace korvane

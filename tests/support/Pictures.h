@@ -1,4 +1,4 @@
-/// Small pictures that the tests make themselves.
+/// Small pictures for tests.
 #pragma once
 
 #include "Utilities/ImageConverter.h"
@@ -10,11 +10,11 @@
 
 namespace korvane::support {
 
-/// A picture whose sample in each place and channel is what `sample` says.
+/// A picture whose samples are computed by `sample` for each position and channel.
 Image picture(ImageSize size, int channels, int bytesPerSample,
               const std::function<int(int x, int y, int channel)>& sample);
 
-/// A picture in which no two pixels near each other are the same, and which looks different each way up.
+/// A picture without symmetry, in which adjacent pixels differ.
 Image distinctPicture(ImageSize size, int channels = 3, int bytesPerSample = 1);
 
 /// A picture of one colour.

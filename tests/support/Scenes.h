@@ -1,4 +1,4 @@
-/// What is to be seen in the pictures of the screens, tool by tool.
+/// The scenes in the pictures of the screens, by tool.
 #pragma once
 
 #include "Models/Tool.h"
@@ -14,7 +14,7 @@
 
 namespace korvane {
 
-/// A picture, and what a person does before it is taken.
+/// A picture, and the user's actions before it is taken.
 struct Scene {
     std::string name;
     std::optional<Tool> tool; ///< none: the welcome view

@@ -1,5 +1,5 @@
-/// Drives real widgets as a person would: finds controls by the names that assistive technology reads, types,
-/// presses and looks. Nothing waits: what a control does has happened when the call returns.
+/// Drives real widgets like a user: finds controls by their accessible names, types, presses and reads.
+/// Nothing waits: a control's action has completed when the call returns.
 #pragma once
 
 #include <QWidget>
@@ -35,11 +35,11 @@ public:
     QSpinBox& stepper(std::string_view name) const;
 
     void press(std::string_view button) const;
-    /// Presses the segment of a picker, which may be called like a button.
+    /// Presses a segment of a picker, whose name a button may share.
     void choose(std::string_view segment) const;
     void undo(std::string_view editor) const;
     void type(std::string_view editor, std::string_view text) const;
-    /// Types `text` in place of what a field shows.
+    /// Replaces the text of a field by typing `text`.
     void enter(std::string_view field, std::string_view text) const;
     std::string text(std::string_view editor) const;
     std::string placeholder(std::string_view editor) const;
@@ -67,7 +67,7 @@ private:
     QWidget& m_root;
 };
 
-/// Lets everything happen that is already due.
+/// Processes all events that are due.
 void settle();
 
 } // namespace korvane

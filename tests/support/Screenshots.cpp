@@ -1,5 +1,4 @@
-/// Draws the screens into picture files, with something to see in each. It shows the real window, without a
-/// display:
+/// Draws scenes of the real window into picture files, without a display:
 ///
 ///     korvane_screenshots FOLDER                         the first scene of each tool, for the gallery
 ///     korvane_screenshots FOLDER WIDTH HEIGHT [POINTS]   all scenes, also the crowded, and the controls;
@@ -25,10 +24,10 @@
 namespace korvane {
 namespace {
 
-/// The toolkit's quality of a PNG file, which loses nothing but time.
+/// Qt's quality for the smallest PNG file, which is lossless.
 constexpr int smallestFile = 0;
 
-/// The style of the program, without movement that a picture could catch in the middle.
+/// The style of the program, without animations.
 class StillStyle final : public QProxyStyle {
 public:
     StillStyle() : QProxyStyle(Theme::style()) {}

@@ -1,4 +1,4 @@
-/// Searches with regular expressions, and what they find in a form that tests can compare.
+/// Searches with regular expressions, with results in a comparable form.
 #pragma once
 
 #include "Utilities/RegularExpression.h"
@@ -29,13 +29,13 @@ search(std::string_view pattern, std::string text, bool isCaseSensitive = true,
     return {.text = shared({})};
 }
 
-/// The message about a pattern; empty if nothing is wrong with it.
+/// The error message for a pattern; empty for a valid one.
 inline std::string errorOf(std::string_view pattern, bool isCaseSensitive = true) {
     const auto findings = RegularExpression::search(pattern, isCaseSensitive, shared("abc"), {});
     return findings ? std::string() : findings.error().errorDescription();
 }
 
-/// Each piece as its place and text, a group with its number in front: "0-2 ab" or "$1 0-1 a".
+/// Each piece as its range and text, a group with its number in front: "0-2 ab" or "$1 0-1 a".
 inline std::vector<std::string> described(const RegularExpression::Findings& findings) {
     std::vector<std::string> pieces;
     for (std::size_t index = 0; index < findings.matchCount(); ++index) {

@@ -1,4 +1,4 @@
-/// The whole window, with the focus in it, for tests of what the keys do.
+/// A fixture with the whole window, for tests of the keyboard.
 #pragma once
 
 #include "Desktop/Binding/Strings.h"

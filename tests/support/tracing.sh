@@ -1,17 +1,16 @@
-# What is shared by those who trace a program to see whether it stays on this computer and leaves nothing on it. It
-# is sourced, not run.
+# Shared by the tests that trace a program: whether it opens internet sockets or writes files. It is sourced, not run.
 # shellcheck shell=bash
 
-# Becomes the command, of which the calls that matter go to the file given first: to be called in a subshell.
+# Replaces the shell by the command under strace, with the relevant calls in the file given first; for a subshell.
 become_traced() {
     local changes=creat,truncate,mkdir,mkdirat,mknod,mknodat,rename,renameat,renameat2,link,linkat,symlink,symlinkat
-    export ASAN_OPTIONS=detect_leaks=0 # which cannot work while another process traces this one
+    export ASAN_OPTIONS=detect_leaks=0 # leak detection does not work under ptrace
     exec strace --follow-forks --quiet=all --interruptible=waiting --output="$1" \
         --trace="socket,poll,ppoll,open,openat,unlink,unlinkat,rmdir,$changes" "${@:2}"
 }
 
-# The same in a world of its own, without a display or a session: in the folder given first, `calls` is the trace,
-# `home` an empty home, and `saved` the place for what the user saves.
+# The same without a display or a session. The folder given first gets the trace `calls`, an empty `home`, and `saved`
+# for files that the user saves.
 become_traced_alone() {
     local folder=$1
     mkdir "$folder/home" "$folder/saved"
@@ -34,16 +33,16 @@ whole_calls() {
         END { for (process in begun) print begun[process] }' "$1"
 }
 
-# Prints the calls of a trace by which files were changed, or could have been, outside of the folder given. What
-# fails changes nothing, and /dev/null keeps nothing.
+# Prints the successful calls of a trace that change files, or could, outside of the folder given. /dev/null does not
+# count.
 changes_outside() {
     local calls=$1 saved=$2
     whole_calls "$calls" | grep -E '^[0-9]+ +(mk|rename|link|symlink|unlink|rmdir|truncate|creat)|O_(WRONLY|RDWR|CREAT|TRUNC)' |
         grep -vE ' = -1 E[A-Z]+ |"/dev/null"' | grep -vF -e "\"$saved/" -e "\"$saved\"" || true
 }
 
-# Whether the trace shows no internet socket and no change outside of the folder for what is saved, of which the
-# name is as in the trace, and whether the home has stayed empty.
+# Whether the trace shows no internet socket and no change outside of the folder for saved files, named as in the trace,
+# and whether the home is empty.
 check_trace() {
     local calls=$1 saved=$2 home=$3 failed=0 found
     found=$(grep 'AF_INET' "$calls" || true)
@@ -53,7 +52,7 @@ check_trace() {
     fi
     found=$(changes_outside "$calls" "$saved")
     if [ -n "$found" ]; then
-        printf 'it changes files that nobody asked it to:\n%s\n' "$found"
+        printf 'it changes other files:\n%s\n' "$found"
         failed=1
     fi
     found=$(find "$home" -mindepth 1)
