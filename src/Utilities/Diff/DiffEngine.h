@@ -2,8 +2,11 @@
 /// one list. Lines are compared as they are, byte by byte; nothing inside a line is compared.
 #pragma once
 
+#include "Models/Enumeration.h"
+#include "Models/PaletteColor.h"
 #include "Utilities/UUID.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <stop_token>
@@ -11,14 +14,35 @@
 #include <string_view>
 #include <vector>
 
-namespace korvane::DiffEngine {
+namespace korvane {
+
+namespace DiffEngine {
 
 enum class DiffLineType {
     unchanged, ///< on both sides; also a filler
     added,     ///< only in the right text
     removed,   ///< only in the left text
-    modified,  ///< for whoever shows lines; no comparison gives it
+    modified,  ///< no comparison gives it yet
 };
+
+struct DiffLineTypeFacts {
+    DiffLineType value;
+    std::string_view rawValue;
+    std::string_view prefix;
+    std::optional<PaletteColor> color; ///< of prefix and background; none for plain text without a background
+};
+
+} // namespace DiffEngine
+
+template <>
+inline constexpr auto facts<DiffEngine::DiffLineType> = std::to_array<DiffEngine::DiffLineTypeFacts>({
+    {DiffEngine::DiffLineType::unchanged, "unchanged", " ", std::nullopt},
+    {DiffEngine::DiffLineType::added, "added", "+", PaletteColor::green},
+    {DiffEngine::DiffLineType::removed, "removed", "-", PaletteColor::red},
+    {DiffEngine::DiffLineType::modified, "modified", "~", PaletteColor::orange},
+});
+
+namespace DiffEngine {
 
 /// A row of a column. One without a number is a filler, which holds the place opposite a line of one side.
 struct DiffLine {
@@ -69,4 +93,6 @@ DiffResult compare(std::string left, std::string right);
 /// The same, or none once `stop` was requested.
 std::optional<DiffResult> compare(std::string left, std::string right, const std::stop_token& stop);
 
-} // namespace korvane::DiffEngine
+} // namespace DiffEngine
+
+} // namespace korvane
