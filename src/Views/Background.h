@@ -1,5 +1,4 @@
-/// Work that takes too long for the thread of the user interface, as a state starts it, holds it and lets go
-/// of it.
+/// The background work of a state: how it is started, held and cancelled.
 #pragma once
 
 #include "Views/Services.h"
@@ -13,9 +12,9 @@
 
 namespace korvane {
 
-/// One piece of work that goes on in the background. A state holds it while it waits for the result; once
-/// nobody holds it any more, the work is asked to stop and its result is dropped. Two are equal if they are
-/// the same piece of work.
+/// A piece of work in the background. A state holds it while it waits for the result; when the last copy is
+/// destroyed, the work is asked to stop and its result is dropped. Two are equal if they are the same piece
+/// of work.
 class BackgroundTask {
 public:
     BackgroundTask() : m_work(std::make_shared<Work>()) {}
@@ -30,7 +29,7 @@ public:
         explicit Identity(const BackgroundTask& task) : m_work(task.m_work) {}
 
         /// Whether `task`, a pointer or an optional, holds the task.
-        bool names(const auto& task) const { return task && task->m_work == m_work.lock(); }
+        bool matches(const auto& task) const { return task && task->m_work == m_work.lock(); }
 
     private:
         std::weak_ptr<const void> m_work;
@@ -66,7 +65,7 @@ void runTask(const Context<State>& context, const BackgroundTask& task, Held hel
         [update = context.update, identity = BackgroundTask::Identity(task), held = std::move(held),
          apply = std::move(apply), result] {
             update([&](State& current) {
-                if (identity.names(std::invoke(held, std::as_const(current))))
+                if (identity.matches(std::invoke(held, std::as_const(current))))
                     std::invoke(apply, current, std::move(**result));
             });
         });

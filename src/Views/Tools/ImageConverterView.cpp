@@ -57,7 +57,7 @@ std::string byteCountText(std::int64_t bytes) {
 }
 
 /// How to get a codec that this computer lacks: by its Debian package, where one is known.
-std::string codecNeed(std::string_view package) {
+std::string missingCodecText(std::string_view package) {
     return package.empty() ? "codec missing" : fmt::format("needs {}", package);
 }
 
@@ -72,7 +72,7 @@ LoadResult load(std::string data, Images& images, const std::stop_token& stop) {
     const auto& operations = **engine;
     if (const auto format = operations.formatOf(data); format && !operations.canDecode(*format))
         return std::unexpected(fmt::format("{} cannot be read on this computer ({})", rawValue(*format),
-                                           codecNeed(factsOf(*format).decoderPackage)));
+                                           missingCodecText(factsOf(*format).decoderPackage)));
     auto image = operations.decode(data, stop);
     if (!image)
         return std::unexpected(std::string(errorDescription(image.error())));
@@ -83,7 +83,7 @@ LoadResult load(std::string data, Images& images, const std::stop_token& stop) {
     return View::Source{std::move(data), *std::move(info), *std::move(image), *std::move(preview)};
 }
 
-/// The first picture among the files, or why the first file is none.
+/// The first picture among the files, or the failure of the first file.
 LoadResult loadFirst(const std::vector<std::string>& paths, Services& services, const std::stop_token& stop) {
     LoadResult first = std::unexpected(std::string());
     for (const auto& path : paths) {
@@ -98,8 +98,8 @@ LoadResult loadFirst(const std::vector<std::string>& paths, Services& services, 
     return first;
 }
 
-/// The result of a transform of `image`, or `image` itself where the transform fails.
-Image kept(Image image, std::expected<Image, ConversionError> result) {
+/// The result of a transform of `image`, or `image` itself where the transform failed.
+Image resultOr(Image image, std::expected<Image, ConversionError> result) {
     return result ? *std::move(result) : std::move(image);
 }
 
@@ -107,11 +107,11 @@ Image kept(Image image, std::expected<Image, ConversionError> result) {
 std::optional<View::Processed> transformed(Image image, const View::Transforms& transforms,
                                            const ImageEngine& engine) {
     if (transforms.rotation != Rotation::none)
-        image = kept(image, engine.rotate(image, transforms.rotation));
+        image = resultOr(image, engine.rotate(image, transforms.rotation));
     if (transforms.flipDirection != FlipDirection::none)
-        image = kept(image, engine.flip(image, transforms.flipDirection));
+        image = resultOr(image, engine.flip(image, transforms.flipDirection));
     if (const auto& resizing = transforms.resizing)
-        image = kept(image, engine.resize(image, resizing->to, resizing->maintainAspectRatio));
+        image = resultOr(image, engine.resize(image, resizing->to, resizing->maintainAspectRatio));
     auto preview = engine.preview(image, View::previewSide);
     if (!preview)
         return std::nullopt;
@@ -289,7 +289,7 @@ void ImageConverterView::reset() {
 
 std::string ImageConverterView::missingEncoder(ImageFormat format) const {
     const bool isMissing = std::ranges::count(formatsWithoutEncoder, format) > 0;
-    return isMissing ? codecNeed(factsOf(format).encoderPackage) : std::string();
+    return isMissing ? missingCodecText(factsOf(format).encoderPackage) : std::string();
 }
 
 std::string ImageConverterView::dimensionsText() const {
