@@ -12,8 +12,10 @@
 namespace korvane {
 
 /// The table of one enumeration: a `std::array` with a row for each case, in declaration order. A row is an
-/// aggregate with at least `value` (the case) and `rawValue` (its text or number), and those of `icon`,
-/// `label` and `description` that the enumeration has. Specialise it next to the enumeration:
+/// aggregate with at least `value` (the case) and `rawValue` (its text, or the number that it stands for),
+/// and with whichever of `icon`, `label` and `description` the enumeration has. Specialise it in the header
+/// of the enumeration, right after it: a translation unit that knows the enumeration and not the table would
+/// use the definition below, which violates the one-definition rule:
 ///
 ///     template <> inline constexpr auto facts<Mode> = std::to_array<ModeFacts>({{Mode::encode, "Encode"},
 ///     ...});

@@ -1,5 +1,4 @@
-/// Work that takes too long for the thread of the user interface, as a state starts it, holds it and lets go
-/// of it.
+/// The background work of a state: how it is started, held and cancelled.
 #pragma once
 
 #include "Views/Services.h"
@@ -13,9 +12,9 @@
 
 namespace korvane {
 
-/// One piece of work that goes on in the background. A state holds it while it waits for the result; once
-/// nobody holds it any more, the work is asked to stop and its result is dropped. Two are equal if they are
-/// the same piece of work.
+/// A piece of work in the background. A state holds it while it waits for the result; when the last copy is
+/// destroyed, the work is asked to stop and its result is dropped. Two are equal if they are the same piece
+/// of work.
 class BackgroundTask {
 public:
     BackgroundTask() : m_work(std::make_shared<Work>()) {}
@@ -29,9 +28,8 @@ public:
     public:
         explicit Identity(const BackgroundTask& task) : m_work(task.m_work) {}
 
-        bool names(const std::optional<BackgroundTask>& task) const {
-            return task && task->m_work == m_work.lock();
-        }
+        /// Whether `task`, a pointer or an optional, holds the task.
+        bool matches(const auto& task) const { return task && task->m_work == m_work.lock(); }
 
     private:
         std::weak_ptr<const void> m_work;
@@ -51,31 +49,39 @@ private:
     std::shared_ptr<Work> m_work;
 };
 
-/// Starts `work(std::stop_token)` in the background and holds it in `slot` of `state`, in place of what was
-/// there before. `work` must own all that it reads. Its result goes to `apply(State&, Result)`, on the thread
-/// of the user interface and with the slot empty again; unless the slot holds something else by then, or the
-/// state is gone.
-template <typename State, typename Work, typename Apply>
-void runInBackground(const Context<State>& context, State& state, std::optional<BackgroundTask> State::* slot,
-                     Work work, Apply apply) {
+/// Starts `work(std::stop_token)` in the background, with the stop token of `task`. `work` must own all that
+/// it reads. Its result goes to `apply(State&, Result)` on the thread of the user interface if `held(const
+/// State&)`, a pointer or an optional, still holds `task`; it is dropped otherwise, and once the state is
+/// destroyed.
+template <typename State, typename Held, typename Work, typename Apply>
+void runTask(const Context<State>& context, const BackgroundTask& task, Held held, Work work, Apply apply) {
     using Result = std::invoke_result_t<Work&, std::stop_token>;
-    const BackgroundTask task;
     const auto result = std::make_shared<std::optional<Result>>();
-    state.*slot = task;
     context.services.background.run(
         [work = std::move(work), token = task.stopToken(), result]() mutable {
             if (!token.stop_requested())
                 *result = work(token);
         },
-        [update = context.update, identity = BackgroundTask::Identity(task), slot, apply = std::move(apply),
-         result] {
+        [update = context.update, identity = BackgroundTask::Identity(task), held = std::move(held),
+         apply = std::move(apply), result] {
             update([&](State& current) {
-                if (!identity.names(current.*slot))
-                    return;
-                (current.*slot).reset();
-                std::invoke(apply, current, std::move(**result));
+                if (identity.matches(std::invoke(held, std::as_const(current))))
+                    std::invoke(apply, current, std::move(**result));
             });
         });
+}
+
+/// The same for a new task in `slot` of `state`, where it replaces the previous one. The slot is empty again
+/// when `apply` is called.
+template <typename State, typename Work, typename Apply>
+void runInBackground(const Context<State>& context, State& state, std::optional<BackgroundTask> State::* slot,
+                     Work work, Apply apply) {
+    const auto& task = (state.*slot).emplace();
+    runTask(context, task, slot, std::move(work),
+            [slot, apply = std::move(apply)](State& current, auto result) {
+                (current.*slot).reset();
+                std::invoke(apply, current, std::move(result));
+            });
 }
 
 } // namespace korvane

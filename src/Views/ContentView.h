@@ -1,5 +1,6 @@
-/// What the main window shows: which tool is selected, and what its commands are. Not the sidebar's search,
-/// which is the sidebar's own, and not the screens, which start from their defaults whenever they are shown.
+/// The state of the main window: the selected tool and the sidebar; also its sizes and the texts of its
+/// menus. The states of the screens are not part of it: they start from their defaults whenever they are
+/// shown.
 #pragma once
 
 #include "Models/Tool.h"
@@ -26,21 +27,21 @@ struct ContentView {
 struct WindowMetrics {
     static constexpr int defaultWidth = 1100;
     static constexpr int defaultHeight = 750;
-    static constexpr int minimumWidth = 900;
-    static constexpr int minimumHeight = 600;
-    static constexpr int sidebarMinimumWidth = 260;
+    static constexpr int minWidth = 900;
+    static constexpr int minHeight = 600;
+    static constexpr int sidebarMinWidth = 260;
     static constexpr int sidebarWidth = 280;
-    static constexpr int sidebarMaximumWidth = 320;
+    static constexpr int sidebarMaxWidth = 320;
 };
 
-/// The name under which the menu announces a chosen tool. Nothing in the program listens: the shortcuts act
-/// by themselves, and the announcement is there for whoever wants to know.
+/// The name of the notification that the menu posts for a chosen tool. Nothing in the program observes it
+/// yet.
 inline constexpr std::string_view selectToolNotification = "selectTool";
 
-/// Choosing `tool` in the menu: posts the notification and changes nothing.
+/// Choosing `tool` in the menu: posts the notification, and does not select the tool.
 void postSelectTool(Tool tool, Services& services);
 
-/// The texts of the menus that do not come from the catalogue.
+/// The texts of the menus that do not come from `Tool`.
 struct MenuTexts {
     static constexpr std::string_view tools = "Tools";
     static constexpr std::string_view help = "Korvane Help";
@@ -48,7 +49,7 @@ struct MenuTexts {
     static constexpr std::string_view localProcessing = "100% Local Processing";
 };
 
-/// The view in place of a screen while no tool is selected.
+/// Shown in place of a screen while no tool is selected.
 struct WelcomeView {
     static constexpr std::string_view icon = "hammer.fill";
     static constexpr std::string_view title = "Korvane";

@@ -11,7 +11,7 @@ char lowerCase(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
-bool names(std::string_view extension, const std::vector<std::string>& extensions) {
+bool contains(const std::vector<std::string>& extensions, std::string_view extension) {
     return std::ranges::any_of(extensions, [&](const std::string& known) {
         return std::ranges::equal(extension, known, {}, lowerCase, lowerCase);
     });
@@ -22,11 +22,12 @@ bool names(std::string_view extension, const std::vector<std::string>& extension
 std::string withExtension(std::string path, const FileKind& kind) {
     const auto name = path.rfind('/') + 1;
     const auto dot = path.rfind('.');
-    const bool hasExtension = dot != std::string::npos && dot > name; // a hidden file's name begins with one
+    const bool hasExtension =
+        dot != std::string::npos && dot > name; // a hidden file's name begins with a dot
     const auto extension = hasExtension ? std::string_view(path).substr(dot + 1) : std::string_view();
-    if (names(extension, kind.extensions))
+    if (contains(kind.extensions, extension))
         return path;
-    if (names(extension, kind.otherExtensions))
+    if (contains(kind.otherExtensions, extension))
         path.erase(dot);
     return std::move(path) + "." + kind.extensions.front();
 }

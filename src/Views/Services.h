@@ -1,5 +1,5 @@
-/// The outside world as the screens see it: a few tiny interfaces, real in the window, scripted in tests.
-/// What is not in here, no screen can reach.
+/// The interfaces between the screens and the system, implemented by the front end and faked in tests.
+/// Screens reach nothing else.
 #pragma once
 
 #include "Models/Tool.h"
@@ -17,19 +17,18 @@ namespace korvane {
 
 struct ImageEngine;
 
-/// The system's clipboard, as far as it holds plain text.
+/// The plain text on the system's clipboard.
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
 
-    /// The plain text on the clipboard, or none when it holds something else or nothing.
+    /// The plain text, or none if the clipboard is empty or holds something else.
     virtual std::optional<std::string> text() const = 0;
 
-    /// Replaces whatever is on the clipboard; an empty text is put there like any other.
+    /// Replaces the content of the clipboard, also by an empty text.
     virtual void setText(std::string_view text) = 0;
 
-    /// The same for a text that is not to be shown or kept by programs which remember the clipboard's
-    /// content.
+    /// The same, with a request to clipboard managers neither to show nor to keep the text.
     virtual void setSecret(std::string_view text) = 0;
 };
 
@@ -46,11 +45,11 @@ class Timers {
 public:
     virtual ~Timers() = default;
 
-    /// Runs `action` once, `delay` from now. It cannot be called off, so it must bear its subject being gone.
+    /// Runs `action` once, after `delay`. It cannot be cancelled; it must tolerate its target's destruction.
     virtual void after(std::chrono::milliseconds delay, std::function<void()> action) = 0;
 };
 
-/// Other threads. States use it through `runInBackground`.
+/// Runs work on other threads. States use it through `runInBackground` and `runTask`.
 class Background {
 public:
     virtual ~Background() = default;
@@ -59,35 +58,35 @@ public:
     virtual void run(std::function<void()> work, std::function<void()> done) = 0;
 };
 
-/// The program that the user has chosen for web pages.
+/// The user's web browser.
 class Browser {
 public:
     virtual ~Browser() = default;
 
-    /// Asks it to open `url`. Whether it does is not known here.
+    /// Asks it to open `url`. Failures are not reported.
     virtual void open(std::string_view url) = 0;
 };
 
-/// Files on the disks. May be used on any thread. Paths are UTF-8; errors are texts for the user.
+/// The file system. May be used on any thread. Paths are UTF-8; errors are texts for the user.
 class Files {
 public:
     virtual ~Files() = default;
 
-    /// The content of the file, or why it cannot be had: it is missing, forbidden, no ordinary file, or
-    /// longer than `maximumBytes`.
+    /// The content of the file, or why it cannot be read: it is missing, not permitted, not a regular file,
+    /// or longer than `maxBytes`.
     virtual std::expected<std::string, std::string> read(const std::string& path,
-                                                         std::size_t maximumBytes) const = 0;
+                                                         std::size_t maxBytes) const = 0;
 
-    /// Makes `bytes` the content of the file. They are written beside it first and take its place at once
-    /// when they are all there, so a failure leaves what was there before.
+    /// Replaces the content of the file by `bytes`. They are written to another file beside it, which then
+    /// replaces it atomically, so a failure keeps the previous content.
     virtual std::expected<void, std::string> write(const std::string& path, std::string_view bytes) = 0;
 };
 
 /// The kind of files that a panel offers. Extensions are without the dot; their case does not matter.
 struct FileKind {
     std::string name{};
-    std::vector<std::string> extensions{};      ///< the first is given to a name that has none of them
-    std::vector<std::string> otherExtensions{}; ///< of other kinds, which the first takes the place of
+    std::vector<std::string> extensions{};      ///< the first is appended to a name that has none of them
+    std::vector<std::string> otherExtensions{}; ///< of other kinds; replaced by the first
 
     bool operator==(const FileKind&) const = default;
 };
@@ -95,32 +94,32 @@ struct FileKind {
 /// `path`, with an extension of the kind.
 std::string withExtension(std::string path, const FileKind& kind);
 
-/// The desktop's panels to choose a file with. They come back at once; `chosen` runs later, with the path, on
-/// the thread of the user interface, and not at all if the user changes his mind.
+/// The desktop's file dialogs. They return at once; `chosen` runs later with the path, on the thread of the
+/// user interface, and not at all if the user cancels.
 class FilePanels {
 public:
     using Chosen = std::function<void(std::string path)>;
 
     virtual ~FilePanels() = default;
 
-    /// Offers files of the kind, and, if the user wants so, all others.
+    /// Offers files of the kind, and all others on request.
     virtual void open(const FileKind& kind, Chosen chosen) = 0;
 
-    /// Asks where to save, proposing a name, and before another file is replaced. The path that is chosen has
-    /// an extension of the kind.
+    /// Asks where to save, with a proposed name, and asks again before it replaces another file. The chosen
+    /// path has an extension of the kind.
     virtual void save(const FileKind& kind, const std::string& proposedName, Chosen chosen) = 0;
 };
 
-/// Where the image engine comes from.
+/// Loads the image engine.
 class Images {
 public:
     virtual ~Images() = default;
 
-    /// The engine, or why there is none; the first call takes some 50 ms.
+    /// The engine, or why it cannot be loaded; the first call takes about 50 ms.
     virtual std::expected<const ImageEngine*, std::string> engine() = 0;
 };
 
-/// Announcements that carry a tool. Posting is synchronous: all observers have run when `post` returns.
+/// Notifications that carry a tool. Posting is synchronous: all observers have run when `post` returns.
 class NotificationCenter {
 public:
     using Observer = std::function<void(std::string_view name, Tool object)>;
@@ -136,7 +135,7 @@ private:
     std::vector<Observer> m_observers;
 };
 
-/// What the window hands to every screen. The services outlive all screens.
+/// Passed to every screen by the window. The services outlive all screens.
 struct Services {
     Clipboard& clipboard;
     Clock& clock;
@@ -149,12 +148,13 @@ struct Services {
     Images& images;
 };
 
-/// What an operation gets that reaches beyond its own state: the services, and a way to change the state
+/// Passed to operations that need more than their own state: the services, and a way to change the state
 /// later.
 template <typename State>
 struct Context {
     Services& services;
-    /// Runs a change on the state, at once or whenever it is called; does nothing once the state is gone.
+    /// Applies a change to the state when it is called, which may be after the operation; does nothing once
+    /// the state is destroyed.
     std::function<void(std::function<void(State&)>)> update;
 };
 

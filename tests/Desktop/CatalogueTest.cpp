@@ -106,8 +106,8 @@ TEST_P(CatalogueTest, TheWheelChangesNothingWithoutTheFocus) {
 }
 
 TEST_P(CatalogueTest, FitsTheSmallestWindow) {
-    const auto width = WindowMetrics::minimumWidth - WindowMetrics::sidebarMaximumWidth;
-    const QSize detail(Theme::px(width), Theme::px(WindowMetrics::minimumHeight - stripHeight));
+    const auto width = WindowMetrics::minWidth - WindowMetrics::sidebarMaxWidth;
+    const QSize detail(Theme::px(width), Theme::px(WindowMetrics::minHeight - stripHeight));
     const ScreenDriver screen(*widget, detail);
     EXPECT_EQ(widget->size(), detail);
     for (auto* control : widget->findChildren<QAbstractButton*>()) {

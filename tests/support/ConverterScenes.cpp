@@ -63,7 +63,7 @@ std::vector<Scene> converterScenes() {
         {"hash-busy", Tool::hashGenerator,
          [](const ScreenDriver& screen, FakeServices& fakes) {
              std::string large;
-             while (large.size() <= HashGeneratorView::largestTextHandledAtOnce)
+             while (large.size() <= HashGeneratorView::maxImmediateSize)
                  large.append(pangrams).append("\n");
              paste(screen, fakes, large);
              screen.press("SHA256");

@@ -107,13 +107,13 @@ public:
     std::optional<std::string> writeFailure{}; ///< of every write
 
     std::expected<std::string, std::string> read(const std::string& path,
-                                                 std::size_t maximumBytes) const override {
+                                                 std::size_t maxBytes) const override {
         const auto found = contents.find(path);
         if (readFailure)
             return std::unexpected(*readFailure);
         if (found == contents.end())
             return std::unexpected("No such file or directory");
-        if (found->second.size() > maximumBytes)
+        if (found->second.size() > maxBytes)
             return std::unexpected("The file is too large");
         return found->second;
     }

@@ -1,7 +1,5 @@
 #include "Desktop/Text/LineBreaks.h"
 
-#include "Models/Enumeration.h"
-
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
 
@@ -10,27 +8,6 @@
 #include <cassert>
 
 namespace korvane {
-
-struct LineBreakFacts {
-    LineBreak value;
-    QStringView text;
-    int newlines;
-};
-
-template <>
-inline constexpr auto facts<LineBreak> = std::to_array<LineBreakFacts>({
-    {LineBreak::lineFeed, u"\n", 1},
-    {LineBreak::carriageReturnLineFeed, u"\r\n", 2},
-    {LineBreak::carriageReturn, u"\r", 1},
-    {LineBreak::verticalTab, u"\v", 1},
-    {LineBreak::formFeed, u"\f", 1},
-    {LineBreak::nextLine, u"\u0085", 1},
-    {LineBreak::lineSeparator, u"\u2028", 1},
-    {LineBreak::paragraphSeparator, u"\u2029", 1},
-    {LineBreak::noncharacterFDD0, u"\uFDD0", 0},
-    {LineBreak::noncharacterFDD1, u"\uFDD1", 0},
-    {LineBreak::seam, u"", 0},
-});
 
 namespace {
 

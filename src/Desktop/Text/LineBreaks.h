@@ -3,10 +3,14 @@
 /// lines on the screen.
 #pragma once
 
+#include "Models/Enumeration.h"
+
 #include <QString>
 #include <QStringView>
 #include <QTextBlock>
 #include <QTextCursor>
+
+#include <array>
 
 namespace korvane {
 
@@ -24,6 +28,27 @@ enum class LineBreak {
     noncharacterFDD1,
     seam, ///< nothing at all: a line too long for one block goes on in the next
 };
+
+struct LineBreakFacts {
+    LineBreak value;
+    QStringView text;
+    int newlines;
+};
+
+template <>
+inline constexpr auto facts<LineBreak> = std::to_array<LineBreakFacts>({
+    {LineBreak::lineFeed, u"\n", 1},
+    {LineBreak::carriageReturnLineFeed, u"\r\n", 2},
+    {LineBreak::carriageReturn, u"\r", 1},
+    {LineBreak::verticalTab, u"\v", 1},
+    {LineBreak::formFeed, u"\f", 1},
+    {LineBreak::nextLine, u"\u0085", 1},
+    {LineBreak::lineSeparator, u"\u2028", 1},
+    {LineBreak::paragraphSeparator, u"\u2029", 1},
+    {LineBreak::noncharacterFDD0, u"\uFDD0", 0},
+    {LineBreak::noncharacterFDD1, u"\uFDD1", 0},
+    {LineBreak::seam, u"", 0},
+});
 
 /// The characters that `lineBreak` stands for.
 QStringView textOf(LineBreak lineBreak);

@@ -38,8 +38,8 @@ MainWindow::MainWindow(Services& services) : m_store(services, ContentView()) {
 
     m_menus = menuBar(this, services);
     m_sidebar = sidebar(m_store, menuStrip(m_menus), [this] { enterScreen(); });
-    m_sidebar->setMinimumWidth(Theme::px(WindowMetrics::sidebarMinimumWidth));
-    m_sidebar->setMaximumWidth(Theme::px(WindowMetrics::sidebarMaximumWidth));
+    m_sidebar->setMinimumWidth(Theme::px(WindowMetrics::sidebarMinWidth));
+    m_sidebar->setMaximumWidth(Theme::px(WindowMetrics::sidebarMaxWidth));
     auto* detail = new QWidget;
     m_detail = new QVBoxLayout(detail);
     m_detail->setContentsMargins({});

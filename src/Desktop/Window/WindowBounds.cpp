@@ -15,7 +15,7 @@ WindowSizes windowSizes(QSize available) {
         return QSize(Theme::px(width), Theme::px(height)).boundedTo(available);
     };
     return {.initial = bounded(WindowMetrics::defaultWidth, WindowMetrics::defaultHeight),
-            .minimum = bounded(WindowMetrics::minimumWidth, WindowMetrics::minimumHeight)};
+            .minimum = bounded(WindowMetrics::minWidth, WindowMetrics::minHeight)};
 }
 
 WindowBounds::WindowBounds(QWidget* window) : QObject(window), m_window(window) {

@@ -2,8 +2,11 @@
 /// columns and in one list. Lines are compared byte by byte; differences within a line are not reported.
 #pragma once
 
+#include "Models/Enumeration.h"
+#include "Models/PaletteColor.h"
 #include "Utilities/UUID.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <stop_token>
@@ -11,14 +14,35 @@
 #include <string_view>
 #include <vector>
 
-namespace korvane::DiffEngine {
+namespace korvane {
+
+namespace DiffEngine {
 
 enum class DiffLineType {
     unchanged, ///< in both texts; also a filler
     added,     ///< only in the right text
     removed,   ///< only in the left text
-    modified,  ///< for display only; no comparison returns it
+    modified,  ///< not returned by any comparison
 };
+
+struct DiffLineTypeFacts {
+    DiffLineType value;
+    std::string_view rawValue;
+    std::string_view prefix;
+    std::optional<PaletteColor> color; ///< of prefix and background; none for plain text without a background
+};
+
+} // namespace DiffEngine
+
+template <>
+inline constexpr auto facts<DiffEngine::DiffLineType> = std::to_array<DiffEngine::DiffLineTypeFacts>({
+    {DiffEngine::DiffLineType::unchanged, "unchanged", " ", std::nullopt},
+    {DiffEngine::DiffLineType::added, "added", "+", PaletteColor::green},
+    {DiffEngine::DiffLineType::removed, "removed", "-", PaletteColor::red},
+    {DiffEngine::DiffLineType::modified, "modified", "~", PaletteColor::orange},
+});
+
+namespace DiffEngine {
 
 /// A row of a column. A row without a number is a filler opposite a line that only the other side has.
 struct DiffLine {
@@ -67,4 +91,6 @@ DiffResult compare(std::string left, std::string right);
 /// The same, or none once `stop` was requested.
 std::optional<DiffResult> compare(std::string left, std::string right, const std::stop_token& stop);
 
-} // namespace korvane::DiffEngine
+} // namespace DiffEngine
+
+} // namespace korvane

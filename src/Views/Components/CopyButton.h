@@ -1,4 +1,4 @@
-/// The button that puts a text on the clipboard and says so for a moment.
+/// The button that copies a text to the clipboard and confirms it briefly.
 #pragma once
 
 #include "Models/PaletteColor.h"
@@ -12,14 +12,14 @@
 namespace korvane {
 
 struct CopyButton {
-    /// How long after a press the feedback goes away.
+    /// How long the feedback stays after a press.
     static constexpr std::chrono::milliseconds feedbackDuration{1500};
 
     std::string text{};
     std::string label{};
     bool showLabel = true;
-    std::string_view idleIcon = "doc.on.doc"; ///< the name of a glyph, which outlives the button
-    bool isSecret = false; ///< the text is not one for programs that remember the clipboard
+    std::string_view idleIcon = "doc.on.doc"; ///< a glyph name that outlives the button
+    bool isSecret = false;                    ///< copied by `Clipboard::setSecret`
     bool copied = false;
 
     std::string_view icon() const { return copied ? "checkmark" : idleIcon; }
@@ -31,8 +31,8 @@ struct CopyButton {
         return copied ? std::optional(PaletteColor::green) : std::nullopt;
     }
 
-    /// Puts `text` on the clipboard, even an empty one, and shows so. Every press schedules its own reset,
-    /// and the first that is due ends the feedback even if others are still to come.
+    /// Copies `text`, even if it is empty, and shows the feedback. Every press schedules its own reset; the
+    /// first one due ends the feedback, even if others are pending.
     void copyToClipboard(const Context<CopyButton>& context);
 
     bool operator==(const CopyButton&) const = default;

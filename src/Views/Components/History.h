@@ -1,5 +1,4 @@
-/// What the histories of generated values have in common. Each keeps its newest entries, in front the last
-/// one.
+/// Shared by the histories of generated values, which keep their newest entries, the last one first.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +9,7 @@
 
 namespace korvane {
 
-/// Puts `entry` in front of `history`, which keeps no more than `limit` entries.
+/// Inserts `entry` at the front of `history`, which keeps at most `limit` entries.
 template <typename Entry>
 void addToHistory(std::vector<Entry>& history, Entry entry, std::size_t limit) {
     history.insert(history.begin(), std::move(entry));
@@ -18,12 +17,12 @@ void addToHistory(std::vector<Entry>& history, Entry entry, std::size_t limit) {
         history.erase(history.begin() + static_cast<std::ptrdiff_t>(limit), history.end());
 }
 
-/// The heading of a history of so many entries, such as "History (3)".
+/// The heading of a history with `count` entries, such as "History (3)".
 inline std::string historyTitle(std::size_t count) {
     return "History (" + std::to_string(count) + ")";
 }
 
-/// What `textOf` gives for each entry, a line each, without a line feed at the end.
+/// The result of `textOf` for each entry, one per line, without a line feed at the end.
 template <typename Entry, typename Text>
 std::string historyText(const std::vector<Entry>& history, Text textOf) {
     std::string lines;

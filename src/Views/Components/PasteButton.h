@@ -1,4 +1,4 @@
-/// The buttons that replace a text: by the clipboard's, and by nothing.
+/// The button that replaces a text by the clipboard's, and the button that empties it.
 #pragma once
 
 #include "Views/Services.h"
@@ -12,7 +12,7 @@ namespace korvane {
 struct PasteButton {
     static constexpr std::string_view icon = "doc.on.clipboard";
 
-    /// Hands the clipboard's plain text to `setText`; without one on the clipboard nothing happens.
+    /// Passes the clipboard's plain text to `setText`; does nothing without one.
     static void paste(const Clipboard& clipboard, const std::function<void(std::string)>& setText) {
         if (auto text = clipboard.text())
             setText(std::move(*text));

@@ -1,4 +1,4 @@
-/// A small figure with its name, told apart by a dot of colour.
+/// A small number with its name and a coloured dot.
 #pragma once
 
 #include "Models/PaletteColor.h"
@@ -14,7 +14,7 @@ struct StatBadge {
     int value = 0;
     std::optional<PaletteColor> color{}; ///< none: the colour of secondary text
 
-    /// What it says, such as "Added: 5".
+    /// The visible text, such as "Added: 5".
     std::string text() const { return std::string(label) + ": " + std::to_string(value); }
 
     bool operator==(const StatBadge&) const = default;

@@ -1,4 +1,4 @@
-/// A small counter: a figure in its colour above what it counts.
+/// A small counter: a coloured number above the name of what it counts.
 #pragma once
 
 #include "Models/PaletteColor.h"

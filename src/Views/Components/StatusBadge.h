@@ -1,4 +1,4 @@
-/// A short message and how to take it.
+/// A short message with its severity.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -10,11 +10,12 @@
 
 namespace korvane {
 
+/// No message has the status `info` yet.
 enum class Status { success, error, warning, info };
 
 struct StatusFacts {
     Status value;
-    std::string_view rawValue;
+    std::string_view rawValue; ///< not shown anywhere yet
     std::string_view icon;
     PaletteColor color;
 };

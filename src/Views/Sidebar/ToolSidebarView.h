@@ -1,4 +1,5 @@
-/// The sidebar's own state, the search text, and what follows from it. The selection is the window's.
+/// The state of the sidebar: the search text and the tools that it finds. The selection belongs to the
+/// window.
 #pragma once
 
 #include "Models/Tool.h"
@@ -20,14 +21,14 @@ struct ToolSidebarView {
 
     void setSearchText(std::string text) { searchText = std::move(text); }
 
-    /// The tools whose name or description contains the search text, whatever its case, in the catalogue's
-    /// order; all of them while it is empty. The text is not trimmed: a space finds what has a space.
+    /// The tools whose name or description contains the search text, ignoring case, in the order of `Tool`;
+    /// all tools while it is empty. The text is not trimmed: a space matches a space.
     std::vector<Tool> filteredTools() const;
 
     bool operator==(const ToolSidebarView&) const = default;
 };
 
-/// The text of a tool's shortcut badge, such as "⌘1", or nothing for a tool without a shortcut.
+/// The text of a tool's shortcut badge, such as "⌘1"; empty for a tool without a shortcut.
 std::string shortcutBadge(Tool tool);
 
 } // namespace korvane

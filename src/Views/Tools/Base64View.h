@@ -1,4 +1,4 @@
-/// The state of the Base64 screen: text to Base64 and back, on a button press and never by itself.
+/// The state of the Base64 screen: text is converted to Base64 and back only on a button press.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -19,13 +19,13 @@ struct Base64View {
     Mode mode = Mode::encode;
     std::optional<std::string> errorMessage{};
 
-    /// What any change of the input entails, wherever it came from: an old message no longer belongs to it.
+    /// Also drops the message, which belongs to the previous input.
     void setInputText(std::string text);
 
     void setMode(Mode newMode) { mode = newMode; }
 
-    /// Converts the input in the direction of `mode`. A failure leaves a message; it empties the output only
-    /// where the input was tried and found wrong.
+    /// Converts the input in the direction of `mode`. A failure sets a message; decoding invalid input also
+    /// empties the output.
     void convert();
 
     /// The badge for `errorMessage`.
@@ -35,8 +35,8 @@ struct Base64View {
 
     bool hasOutput() const { return !outputText.empty(); }
 
-    /// How many user-perceived characters there are, such as "Input: 5 characters", with those of the output
-    /// behind a bullet once there is an output.
+    /// The number of user-perceived characters, such as "Input: 5 characters", followed by a bullet and those
+    /// of the output if there is one.
     std::string statistics() const;
 
     bool operator==(const Base64View&) const = default;

@@ -19,7 +19,7 @@ int wholeChannel(double channel) {
     return static_cast<int>(channel * Color::maxChannel);
 }
 
-/// The number that two hexadecimal digits are, in either letter case.
+/// The value of two hexadecimal digits in either letter case.
 std::optional<int> hexadecimalPair(std::string_view digits) {
     unsigned value = 0;
     const auto* end = digits.data() + digits.size();
@@ -29,7 +29,7 @@ std::optional<int> hexadecimalPair(std::string_view digits) {
     return static_cast<int>(value);
 }
 
-/// The colour of six hexadecimal digits and nothing else.
+/// The colour of exactly six hexadecimal digits.
 std::optional<Color> colorFromDigits(std::string_view digits) {
     if (digits.size() != 6)
         return std::nullopt;

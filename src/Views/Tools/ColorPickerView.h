@@ -1,5 +1,5 @@
 /// The state of the Color Picker screen: one colour in seven notations, which the user picks, types or mixes.
-/// Every number that is shown is cut off, never rounded: half of 255 is 127.
+/// Whole numbers are truncated, not rounded: half of 255 is 127.
 #pragma once
 
 #include "Models/Color.h"
@@ -23,30 +23,29 @@ struct ColorPickerView {
 
     Color selectedColor = Color::fromChannels(50, 173, 230);
     std::string hexInput{};
-    /// What the sliders stand at, from 0 to 255. They follow the colour whenever it changes, but do not begin
-    /// with it, and change it only by `applyRGB`.
+    /// The values of the sliders, from 0 to 255. They follow each change of the colour, but start with
+    /// others, and change the colour only by `applyRGB`.
     double rgbR = 0;
     double rgbG = 200;
     double rgbB = 255;
-    /// Held, and bound to no control.
+    /// Nothing reads these yet.
     double hslH = 190;
     double hslS = 100;
     double hslL = 50;
-    double alpha = 1; ///< how opaque the colour is shown, and written where a notation says so, from 0 to 1
+    double alpha = 1; ///< the opacity, from 0 to 1, of the colour shown and in the notations that have one
 
-    /// What any change of the colour entails, wherever it came from: field and sliders follow. Choosing the
-    /// same colour again changes nothing.
+    /// Also updates field and sliders. Does nothing if the colour is the same.
     void setSelectedColor(Color color);
 
     void setHexInput(std::string text);
 
     void setAlpha(double opacity) { alpha = opacity; }
 
-    /// Takes the colour of the six hexadecimal digits in `hexInput`, around which white space and among which
-    /// any "#" are ignored. Does nothing if it is anything else.
+    /// Sets the colour to the six hexadecimal digits in `hexInput`, ignoring white space around them and
+    /// every "#". Does nothing if it holds anything else.
     void applyHex();
 
-    /// Takes the colour that the sliders stand at.
+    /// Sets the colour to that of the sliders.
     void applyRGB();
 
     /// The notations; each has a fixed text for a colour that is not in sRGB.

@@ -1,31 +1,14 @@
-/// How one line of a comparison is shown: what stands before it, and in which colour.
+/// A line of a comparison as the screen shows it: its number, prefix, content and colour.
 #pragma once
 
-#include "Models/Enumeration.h"
 #include "Models/PaletteColor.h"
 #include "Utilities/Diff/DiffEngine.h"
 
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace korvane {
-
-struct DiffLineTypeFacts {
-    DiffEngine::DiffLineType value;
-    std::string_view rawValue;
-    std::string_view prefix;
-    std::optional<PaletteColor> color; ///< of prefix and background; none for plain text without a background
-};
-
-template <>
-inline constexpr auto facts<DiffEngine::DiffLineType> = std::to_array<DiffLineTypeFacts>({
-    {DiffEngine::DiffLineType::unchanged, "unchanged", " ", std::nullopt},
-    {DiffEngine::DiffLineType::added, "added", "+", PaletteColor::green},
-    {DiffEngine::DiffLineType::removed, "removed", "-", PaletteColor::red},
-    {DiffEngine::DiffLineType::modified, "modified", "~", PaletteColor::orange},
-});
 
 /// Refers to a line, which must outlive it.
 struct DiffLineView {
@@ -41,7 +24,7 @@ struct DiffLineView {
     /// The character of the line's type; empty where prefixes are not shown.
     std::string_view prefix() const { return showPrefix ? factsOf(line.type).prefix : std::string_view(); }
 
-    /// The whole line in words, such as "added 12 content", for those who do not see the colour.
+    /// The accessible description of the line, such as "added 12 content".
     std::string description() const {
         if (!line.lineNumber)
             return "no line";

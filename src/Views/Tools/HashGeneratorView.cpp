@@ -16,13 +16,13 @@ std::string HashResultRow::lengthText() const {
     return fmt::format("{} chars", factsOf(algorithm).digitCount);
 }
 
-/// Gives what `compute` makes of the input to `apply`: at once, or later and from another thread if the input
-/// is large.
+/// Passes the result of `compute` for the input to `apply`: at once, or later from the background if the
+/// input is large.
 template <typename Compute, typename Apply>
 void HashGeneratorView::computeFromInput(const Context<HashGeneratorView>& context,
                                          std::optional<BackgroundTask> HashGeneratorView::* slot,
                                          Compute compute, Apply apply) {
-    if (inputText.size() > largestTextHandledAtOnce) {
+    if (inputText.size() > maxImmediateSize) {
         runInBackground(
             context, *this, slot,
             [text = inputText, compute](const std::stop_token& stop) { return compute(text, stop); }, apply);
@@ -46,7 +46,7 @@ void HashGeneratorView::setInputText(std::string text, const Context<HashGenerat
 }
 
 void HashGeneratorView::generateAll(const Context<HashGeneratorView>& context) {
-    hashes.clear(); // they may be another text's
+    hashes.clear(); // they may belong to another text
     computeFromInput(
         context, &HashGeneratorView::hashing,
         [](const std::string& input, const std::stop_token& stop) {

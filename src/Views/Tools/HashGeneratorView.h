@@ -1,5 +1,5 @@
-/// The state of the Hash Generator screen: a text and its digests, which follow the typing as long as the
-/// user wants that. Large texts are hashed and counted in the background.
+/// The state of the Hash Generator screen: a text and its digests, updated at every change if the user wants
+/// that. Large texts are hashed and counted in the background.
 #pragma once
 
 #include "Models/PaletteColor.h"
@@ -15,7 +15,7 @@
 
 namespace korvane {
 
-/// The colour that an algorithm has on this screen.
+/// The colour of an algorithm on this screen.
 constexpr PaletteColor color(HashGenerator::HashAlgorithm algorithm) {
     using enum HashGenerator::HashAlgorithm;
     switch (algorithm) {
@@ -31,24 +31,24 @@ constexpr PaletteColor color(HashGenerator::HashAlgorithm algorithm) {
     return {};
 }
 
-/// One algorithm as the screen lists it.
+/// An algorithm in the list on the screen.
 struct HashResultRow {
     static constexpr std::string_view placeholder = "Enter text to generate hash";
 
     HashGenerator::HashAlgorithm algorithm{};
-    std::string hash{}; ///< empty while none is computed
+    std::string hash{}; ///< empty until it is computed
     bool isSelected = false;
-    bool isComputing = false; ///< of a large text; there is no digest meanwhile
+    bool isComputing = false; ///< in the background; there is no digest meanwhile
 
     bool hasHash() const { return !hash.empty(); }
 
-    /// What stands in place of a digest: nothing while one is being computed.
+    /// The text in place of a digest; empty while one is being computed.
     std::string_view prompt() const { return isComputing ? std::string_view() : placeholder; }
 
-    /// How long the digest is, such as "32 chars".
+    /// The length of the digest, such as "32 chars".
     std::string lengthText() const;
 
-    /// Whether it is shown: the length of a digest is known before the digest is.
+    /// Whether the length is shown, which is known before the digest is.
     bool showsLength() const { return hasHash() || isComputing; }
 
     bool operator==(const HashResultRow&) const = default;
@@ -60,25 +60,24 @@ struct HashGeneratorView {
     static constexpr std::string_view footer =
         "All hashing is done locally using Apple's CryptoKit framework. No data leaves your device.";
 
-    /// A text up to this size, in bytes, is hashed and counted within milliseconds, so it does not wait for
-    /// another thread.
-    static constexpr std::size_t largestTextHandledAtOnce = std::size_t{256} << 10;
+    /// In bytes. Texts up to this size are hashed and counted within milliseconds, so they need no other
+    /// thread.
+    static constexpr std::size_t maxImmediateSize = std::size_t{256} << 10;
 
     std::string inputText{};
     /// The last digests; none while those of a large text are being computed.
     std::vector<HashGenerator::HashResult> hashes{};
     std::optional<HashAlgorithm> selectedAlgorithm{};
     bool liveUpdate = true;
-    /// How many user-perceived characters the input has; none while those of a large text are being counted.
+    /// The number of user-perceived characters; none while those of a large text are being counted.
     std::optional<std::size_t> inputCharacterCount = 0;
     std::optional<BackgroundTask> hashing{};
     std::optional<BackgroundTask> counting{};
 
-    /// What any change of the input entails, wherever it came from: with live update the digests follow it.
-    /// Without it they stay, even though they are another text's now.
+    /// Also computes the digests if `liveUpdate` is set; otherwise those of the previous input stay.
     void setInputText(std::string text, const Context<HashGeneratorView>& context);
 
-    /// Does not compute anything: that waits for the next change of the input.
+    /// Computes nothing; the next change of the input does.
     void setLiveUpdate(bool isLive) { liveUpdate = isLive; }
 
     /// Computes the digests of the input.

@@ -13,7 +13,10 @@ namespace korvane {
 
 namespace {
 
-using LocalContext = Context<ImageConverterView>;
+using View = ImageConverterView;
+using LocalContext = Context<View>;
+using LoadResult = std::expected<View::Source, std::string>;
+using WriteResult = std::expected<std::size_t, std::string>;
 
 /// The extensions that files of the format have, the usual one first.
 std::vector<std::string> extensions(ImageFormat format) {
@@ -40,7 +43,7 @@ FileKind kindOf(ImageFormat format) {
             .otherExtensions = anyImage().extensions};
 }
 
-/// The text in units of a thousand, with as many digits as tell it apart.
+/// The number in decimal units, such as "999 bytes", "482 KB" and "1.1 GB".
 std::string byteCountText(std::int64_t bytes) {
     if (bytes < 1000)
         return fmt::format("{} bytes", bytes);
@@ -53,8 +56,8 @@ std::string byteCountText(std::int64_t bytes) {
                                         : fmt::format("{:.1f} {}", amount, units[unit]);
 }
 
-/// What a codec that this computer lacks takes, which is a Debian package where one is known.
-std::string codecNeed(std::string_view package) {
+/// How to get a codec that this computer lacks: by its Debian package, where one is known.
+std::string missingCodecText(std::string_view package) {
     return package.empty() ? "codec missing" : fmt::format("needs {}", package);
 }
 
@@ -62,9 +65,71 @@ std::string sizeText(int width, int height) {
     return fmt::format("{} × {}", width, height);
 }
 
-/// What a transform makes of `image`, which stays as it is where the transform fails.
-Image kept(Image image, std::expected<Image, ConversionError> result) {
+LoadResult load(std::string data, Images& images, const std::stop_token& stop) {
+    const auto engine = images.engine();
+    if (!engine)
+        return std::unexpected(engine.error());
+    const auto& operations = **engine;
+    if (const auto format = operations.formatOf(data); format && !operations.canDecode(*format))
+        return std::unexpected(fmt::format("{} cannot be read on this computer ({})", rawValue(*format),
+                                           missingCodecText(factsOf(*format).decoderPackage)));
+    auto image = operations.decode(data, stop);
+    if (!image)
+        return std::unexpected(std::string(errorDescription(image.error())));
+    auto info = operations.getImageInfo(data);
+    auto preview = operations.preview(*image, View::previewSide);
+    if (!info || !preview)
+        return std::unexpected(std::string(errorDescription(ConversionError::invalidImage)));
+    return View::Source{std::move(data), *std::move(info), *std::move(image), *std::move(preview)};
+}
+
+/// The first picture among the files, or the failure of the first file.
+LoadResult loadFirst(const std::vector<std::string>& paths, Services& services, const std::stop_token& stop) {
+    LoadResult first = std::unexpected(std::string());
+    for (const auto& path : paths) {
+        auto data = services.files.read(path, View::maxFileBytes);
+        auto result = data ? load(*std::move(data), services.images, stop)
+                           : LoadResult(std::unexpected(std::move(data.error())));
+        if (result)
+            return result;
+        if (first.error().empty())
+            first = std::move(result);
+    }
+    return first;
+}
+
+/// The result of a transform of `image`, or `image` itself where the transform failed.
+Image resultOr(Image image, std::expected<Image, ConversionError> result) {
     return result ? *std::move(result) : std::move(image);
+}
+
+/// None where memory does not suffice even for a preview.
+std::optional<View::Processed> transformed(Image image, const View::Transforms& transforms,
+                                           const ImageEngine& engine) {
+    if (transforms.rotation != Rotation::none)
+        image = resultOr(image, engine.rotate(image, transforms.rotation));
+    if (transforms.flipDirection != FlipDirection::none)
+        image = resultOr(image, engine.flip(image, transforms.flipDirection));
+    if (const auto& resizing = transforms.resizing)
+        image = resultOr(image, engine.resize(image, resizing->to, resizing->maintainAspectRatio));
+    auto preview = engine.preview(image, View::previewSide);
+    if (!preview)
+        return std::nullopt;
+    return View::Processed{std::move(image), *std::move(preview), transforms};
+}
+
+/// The size of the file that was written, or why it was not.
+WriteResult write(const Image& image, double quality, const View::Destination& destination,
+                  Services& services) {
+    const auto engine = services.images.engine();
+    if (!engine)
+        return std::unexpected(engine.error());
+    const auto bytes = (*engine)->convert(image, destination.format, quality);
+    if (!bytes)
+        return std::unexpected(std::string(errorDescription(bytes.error())));
+    if (const auto written = services.files.write(destination.path, *bytes); !written)
+        return std::unexpected(written.error());
+    return bytes->size();
 }
 
 } // namespace
@@ -81,19 +146,8 @@ void ImageConverterView::appear(const LocalContext& context) {
 
 void ImageConverterView::openFilePicker(const LocalContext& context) {
     context.services.panels.open(anyImage(), [context](std::string path) {
-        context.update([&](ImageConverterView& state) {
-            state.loadInBackground({.files = {std::move(path)}}, context);
-        });
+        context.update([&](View& state) { state.loadInBackground({.files = {std::move(path)}}, context); });
     });
-}
-
-void ImageConverterView::handleDrop(DroppedItems items, const LocalContext& context) {
-    isDropTargeted = false;
-    loadInBackground(std::move(items), context);
-}
-
-void ImageConverterView::loadImage(std::string data, const LocalContext& context) {
-    loadInBackground({.data = std::move(data)}, context);
 }
 
 void ImageConverterView::loadInBackground(DroppedItems items, const LocalContext& context) {
@@ -106,56 +160,15 @@ void ImageConverterView::loadInBackground(DroppedItems items, const LocalContext
         &ImageConverterView::finishLoading);
 }
 
-ImageConverterView::LoadResult ImageConverterView::load(std::string data, Images& images,
-                                                        const std::stop_token& stop) {
-    const auto engine = images.engine();
-    if (!engine)
-        return std::unexpected(engine.error());
-    const auto& operations = **engine;
-    const auto failure = [](ConversionError error) {
-        return std::unexpected(std::string(errorDescription(error)));
-    };
-    if (const auto format = operations.formatOf(data); format && !operations.canDecode(*format))
-        return std::unexpected(fmt::format("{} cannot be read on this computer ({})", rawValue(*format),
-                                           codecNeed(factsOf(*format).decoderPackage)));
-    auto image = operations.decode(data, stop);
-    if (!image)
-        return failure(image.error());
-    auto info = operations.getImageInfo(data);
-    auto preview = operations.preview(*image, previewSide);
-    if (!info || !preview)
-        return failure(ConversionError::invalidImage);
-    return Loaded{std::move(data), *std::move(info), *std::move(image), *std::move(preview)};
-}
-
-ImageConverterView::LoadResult ImageConverterView::loadFirst(const std::vector<std::string>& paths,
-                                                             Services& services,
-                                                             const std::stop_token& stop) {
-    LoadResult first = std::unexpected(std::string());
-    for (const auto& path : paths) {
-        auto data = services.files.read(path, maximumFileBytes);
-        auto result = data ? load(*std::move(data), services.images, stop)
-                           : LoadResult(std::unexpected(std::move(data.error())));
-        if (result)
-            return result;
-        if (first.error().empty())
-            first = std::move(result);
-    }
-    return first;
-}
-
 void ImageConverterView::finishLoading(LoadResult result) {
     if (!result) {
         errorMessage = fmt::format("Failed to load image: {}", result.error());
         return;
     }
     remove();
-    sourceData = std::move(result->data);
-    sourceImage = std::move(result->image);
-    sourcePreview = std::move(result->preview);
-    resizeWidth = result->info.width;
-    resizeHeight = result->info.height;
-    imageInfo = std::move(result->info);
+    resizeWidth = result->imageInfo.width;
+    resizeHeight = result->imageInfo.height;
+    source = *std::move(result);
 }
 
 ImageConverterView::Transforms ImageConverterView::transforms() const {
@@ -165,63 +178,46 @@ ImageConverterView::Transforms ImageConverterView::transforms() const {
     return chosen;
 }
 
-std::optional<ImageConverterView::Processed>
-ImageConverterView::transformed(Image image, const Transforms& transforms, const ImageEngine& engine) {
-    if (transforms.rotation != Rotation::none)
-        image = kept(image, engine.rotate(image, transforms.rotation));
-    if (transforms.flipDirection != FlipDirection::none)
-        image = kept(image, engine.flip(image, transforms.flipDirection));
-    if (const auto& resizing = transforms.resizing)
-        image = kept(image, engine.resize(image, resizing->to, resizing->maintainAspectRatio));
-    auto preview = engine.preview(image, previewSide);
-    if (!preview)
-        return std::nullopt;
-    return Processed{std::move(image), *std::move(preview)};
-}
-
 void ImageConverterView::applyTransforms(const LocalContext& context) {
-    if (!sourceImage)
+    if (!source)
         return;
     errorMessage.reset();
-    savedMessage.reset();
+    dropSavedMessage();
     const auto engine = context.services.images.engine();
     if (!engine) {
         errorMessage = engine.error();
         return;
     }
-    applied = transforms();
-    runInBackground(
-        context, *this, &ImageConverterView::applying,
-        [&operations = **engine, image = *sourceImage, chosen = *applied](const std::stop_token&) mutable {
-            return transformed(std::move(image), chosen, operations);
-        },
-        [context](ImageConverterView& state, std::optional<Processed> result) {
-            state.finishApplying(std::move(result), context);
-        });
+    const auto previous = std::exchange(source->applying, Applying{.transforms = transforms()});
+    if (previous) // the new result is saved instead
+        source->applying->destination = previous->destination;
+    runTask(
+        context, source->applying->task,
+        [](const View& state) { return state.isApplying() ? &state.source->applying->task : nullptr; },
+        [&operations = **engine, image = source->image, chosen = source->applying->transforms](
+            const std::stop_token&) mutable { return transformed(std::move(image), chosen, operations); },
+        [context](View& state, auto result) { state.finishApplying(std::move(result), context); });
 }
 
 void ImageConverterView::finishApplying(std::optional<Processed> result, const LocalContext& context) {
-    if (result) { // else there is no memory even for a small picture
-        processedImage = std::move(result->image);
-        processedPreview = std::move(result->preview);
-    }
-    if (const auto destination = std::exchange(savesAfterApplying, std::nullopt))
-        save(*destination, context);
+    const auto finished = std::exchange(source->applying, std::nullopt);
+    if (result)
+        source->processed = std::move(result);
+    if (finished->destination)
+        save(*finished->destination, context);
 }
 
 bool ImageConverterView::hasUnappliedChanges() const {
-    if (!sourceImage)
+    if (!source)
         return false;
     const auto chosen = transforms();
-    if (applied)
-        return chosen != *applied;
-    const ImageSize sourceSize{sourceImage->width, sourceImage->height};
+    if (source->applying)
+        return chosen != source->applying->transforms;
+    if (source->processed)
+        return chosen != source->processed->transforms;
+    const ImageSize sourceSize{source->image.width, source->image.height};
     const bool keepsSize = !chosen.resizing || chosen.resizing->to == sourceSize;
     return chosen.rotation != Rotation::none || chosen.flipDirection != FlipDirection::none || !keepsSize;
-}
-
-std::string ImageConverterView::unappliedChangesText() const {
-    return hasUnappliedChanges() ? "Changes not applied" : "";
 }
 
 void ImageConverterView::saveImage(const LocalContext& context) {
@@ -230,115 +226,89 @@ void ImageConverterView::saveImage(const LocalContext& context) {
     context.services.panels.save(
         kindOf(targetFormat), fmt::format("converted.{}", fileExtension(targetFormat)),
         [context, format = targetFormat](const std::string& path) {
-            context.update([&](ImageConverterView& state) { state.save({path, format}, context); });
+            context.update([&](View& state) { state.save({path, format}, context); });
         });
 }
 
 void ImageConverterView::save(const Destination& destination, const LocalContext& context) {
-    if (applying)
-        savesAfterApplying = destination;
+    if (isApplying())
+        source->applying->destination = destination;
     if (cannotSave())
         return;
     errorMessage.reset();
-    savedMessage.reset();
-    using Result = std::expected<std::size_t, std::string>;
-    runInBackground(
-        context, *this, &ImageConverterView::saving,
-        [image = processedImage.value_or(*sourceImage), quality = quality, destination,
-         &services = context.services](const std::stop_token&) -> Result {
-            const auto engine = services.images.engine();
-            if (!engine)
-                return std::unexpected(engine.error());
-            const auto bytes = (*engine)->convert(image, destination.format, quality);
-            if (!bytes)
-                return std::unexpected(std::string(errorDescription(bytes.error())));
-            const auto written = services.files.write(destination.path, *bytes);
-            if (!written)
-                return std::unexpected(written.error());
-            return bytes->size();
+    runTask(
+        context, saving.emplace<BackgroundTask>(),
+        [](const View& state) { return std::get_if<BackgroundTask>(&state.saving); },
+        [image = hasProcessed() ? *processedImage() : *sourceImage(), quality = quality, destination,
+         &services = context.services](const std::stop_token&) {
+            return write(image, quality, destination, services);
         },
-        [path = destination.path, context](ImageConverterView& state, const Result& result) {
-            if (result)
-                state.finishSaving(path, *result, context);
+        [path = destination.path, context](View& state, const WriteResult& size) {
+            state.saving = std::monostate();
+            if (size)
+                state.showSaved(path, *size, context);
             else
-                state.errorMessage = fmt::format("Failed to save: {}", result.error());
+                state.errorMessage = fmt::format("Failed to save: {}", size.error());
         });
 }
 
-void ImageConverterView::finishSaving(const std::string& path, std::size_t size,
-                                      const LocalContext& context) {
+void ImageConverterView::showSaved(const std::string& path, std::size_t size, const LocalContext& context) {
     const auto name = std::string_view(path).substr(path.rfind('/') + 1);
-    savedMessage = std::make_shared<const std::string>(
+    const auto message = std::make_shared<const std::string>(
         fmt::format("Saved {} ({})", name, byteCountText(static_cast<std::int64_t>(size))));
-    context.services.timers.after(savedDuration,
-                                  [update = context.update, shown = std::weak_ptr(savedMessage)] {
-                                      update([&](ImageConverterView& state) {
-                                          if (state.savedMessage == shown.lock())
-                                              state.savedMessage.reset();
-                                      });
-                                  });
+    saving = message;
+    const auto expire = [shown = std::weak_ptr(message)](View& state) {
+        if (state.saving == Saving(shown.lock()))
+            state.saving = std::monostate();
+    };
+    context.services.timers.after(savedDuration, [update = context.update, expire] { update(expire); });
+}
+
+void ImageConverterView::dropSavedMessage() {
+    if (std::holds_alternative<SavedMessage>(saving))
+        saving = std::monostate();
 }
 
 std::optional<StatusBadge> ImageConverterView::savedBadge() const {
-    return savedMessage ? std::optional(StatusBadge{Status::success, *savedMessage}) : std::nullopt;
+    const auto* message = std::get_if<SavedMessage>(&saving);
+    return message ? std::optional(StatusBadge{Status::success, **message}) : std::nullopt;
 }
 
 void ImageConverterView::remove() {
-    auto fresh = ImageConverterView{.targetFormat = targetFormat,
-                                    .quality = quality,
-                                    .rotation = rotation,
-                                    .flipDirection = flipDirection,
-                                    .maintainAspectRatio = maintainAspectRatio,
-                                    .isDropTargeted = isDropTargeted,
-                                    .formatsWithoutEncoder = formatsWithoutEncoder,
-                                    .saving = saving};
-    *this = std::move(fresh);
+    source.reset();
+    loading.reset();
+    resizeWidth = resizeHeight = 0;
+    errorMessage.reset();
+    dropSavedMessage();
 }
 
 void ImageConverterView::reset() {
-    *this = ImageConverterView{.formatsWithoutEncoder = formatsWithoutEncoder, .saving = saving};
+    dropSavedMessage();
+    *this = {.saving = saving, .formatsWithoutEncoder = formatsWithoutEncoder};
 }
 
 std::string ImageConverterView::missingEncoder(ImageFormat format) const {
     const bool isMissing = std::ranges::count(formatsWithoutEncoder, format) > 0;
-    return isMissing ? codecNeed(factsOf(format).encoderPackage) : std::string();
-}
-
-std::string ImageConverterView::qualityText() const {
-    return fmt::format("{}%", static_cast<int>(quality * 100));
+    return isMissing ? missingCodecText(factsOf(format).encoderPackage) : std::string();
 }
 
 std::string ImageConverterView::dimensionsText() const {
-    return imageInfo ? sizeText(imageInfo->width, imageInfo->height) : std::string();
-}
-
-std::string ImageConverterView::formatText() const {
-    return imageInfo ? imageInfo->format : std::string();
+    return source ? sizeText(source->imageInfo.width, source->imageInfo.height) : std::string();
 }
 
 std::string ImageConverterView::fileSizeText() const {
-    return imageInfo ? byteCountText(imageInfo->fileSize) : std::string();
-}
-
-std::string ImageConverterView::colorSpaceText() const {
-    return imageInfo ? imageInfo->colorSpace : std::string();
-}
-
-std::string ImageConverterView::alphaText() const {
-    return !imageInfo ? std::string() : imageInfo->hasAlpha ? "Yes" : "No";
-}
-
-std::string ImageConverterView::resolutionText() const {
-    return imageInfo ? fmt::format("{}", imageInfo->dpi) : std::string();
+    return source ? byteCountText(source->imageInfo.fileSize) : std::string();
 }
 
 std::string ImageConverterView::firstOfManyText() const {
-    return isFirstOfMany() ? fmt::format("The first of {} pictures in the file", imageInfo->pictureCount)
-                           : std::string();
+    if (!isFirstOfMany())
+        return {};
+    return fmt::format("The first of {} pictures in the file", source->imageInfo.pictureCount);
 }
 
 std::string ImageConverterView::processedDimensionsText() const {
-    return processedImage ? sizeText(processedImage->width, processedImage->height) : std::string();
+    const auto* image = processedImage();
+    return image ? sizeText(image->width, image->height) : std::string();
 }
 
 } // namespace korvane

@@ -1,6 +1,11 @@
-/// The state of the image screen: a picture that is loaded, transformed on request and saved in another
-/// format. All that takes long runs in the background; what comes of it is dropped once the state has moved
-/// on.
+/// The state of the Image Converter screen: a picture that is loaded, transformed on request and saved in
+/// another format, all in the background. The possible states are every combination of these:
+///
+/// - Source: none, or one with its facts. A file may be loading in either case, and then replaces the source.
+/// - Processed picture, part of the source: none, or one with the transforms that it was made with.
+///   Transforms may be running in either case, possibly with a destination for saving their result.
+/// - Saving, with or without a source: idle, writing, or done with its message. Choosing a file is not a
+///   state, as a panel does not report that it was cancelled.
 #pragma once
 
 #include "Utilities/ImageConverter.h"
@@ -14,18 +19,20 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <variant>
 #include <vector>
 
 namespace korvane {
 
-/// What another program has dropped: files, or else the bytes of a picture.
+/// Dropped by another program: files, or else the bytes of a picture.
 struct DroppedItems {
     std::vector<std::string> files{};
     std::string data{};
 };
 
 struct ImageConverterView {
-    /// What is made of the source: it is turned, mirrored and resized, in this order.
+    /// Applied to the source in this order: rotation, flip, resizing.
     struct Transforms {
         struct Resizing {
             ImageSize to{}; ///< at least one pixel
@@ -41,7 +48,6 @@ struct ImageConverterView {
         bool operator==(const Transforms&) const = default;
     };
 
-    /// Where to save.
     struct Destination {
         std::string path{};
         ImageFormat format = ImageFormat::png;
@@ -49,10 +55,39 @@ struct ImageConverterView {
         bool operator==(const Destination&) const = default;
     };
 
-    std::optional<Image> sourceImage{};
-    std::optional<std::string> sourceData{}; ///< the file that `sourceImage` was decoded from
-    std::optional<Image> processedImage{};
-    std::optional<ImageInfo> imageInfo{}; ///< of `sourceData`
+    struct Processed {
+        Image image{};
+        Image preview{}; ///< `image` in the size and colours of the screen
+        Transforms transforms{};
+
+        bool operator==(const Processed&) const = default;
+    };
+
+    struct Applying {
+        BackgroundTask task{};
+        Transforms transforms{};
+        std::optional<Destination> destination{}; ///< to save the result to; chosen while `task` ran
+
+        bool operator==(const Applying&) const = default;
+    };
+
+    struct Source {
+        std::string data{};    ///< the file that `image` was decoded from; nothing reads it yet
+        ImageInfo imageInfo{}; ///< of `data`
+        Image image{};
+        Image preview{}; ///< `image` in the size and colours of the screen
+        std::optional<Processed> processed{};
+        std::optional<Applying> applying{};
+
+        bool operator==(const Source&) const = default;
+    };
+
+    using SavedMessage = std::shared_ptr<const std::string>; ///< its address tells two savings apart
+    using Saving = std::variant<std::monostate, BackgroundTask, SavedMessage>; ///< idle, writing, or done
+
+    std::optional<Source> source{};
+    std::optional<BackgroundTask> loading{};
+    Saving saving{};
     ImageFormat targetFormat = ImageFormat::png;
     double quality = 0.9; ///< from 0.1 to 1
     Rotation rotation = Rotation::none;
@@ -62,42 +97,35 @@ struct ImageConverterView {
     bool maintainAspectRatio = true;
     std::optional<std::string> errorMessage{};
     bool isDropTargeted = false;
-    std::vector<ImageFormat> formatsWithoutEncoder{}; ///< what this computer cannot write
+    std::vector<ImageFormat> formatsWithoutEncoder{}; ///< that this computer cannot write
 
-    std::optional<Image> sourcePreview{};    ///< `sourceImage` in the size and colours of the screen
-    std::optional<Image> processedPreview{}; ///< the same of `processedImage`
-    std::optional<Transforms> applied{};     ///< of `processedImage`, or of what is being made
-    /// What to say of the last saving. Whoever remembers the pointer can tell it from a later one.
-    std::shared_ptr<const std::string> savedMessage{};
-    std::optional<BackgroundTask> loading{};
-    std::optional<BackgroundTask> applying{};
-    std::optional<BackgroundTask> saving{};
-
-    /// Chosen while the picture that is to be saved was being made.
-    std::optional<Destination> savesAfterApplying{};
-
-    /// How long it is said that a file has been saved.
+    /// How long the message about a saved file stays.
     static constexpr std::chrono::seconds savedDuration{6};
 
-    /// A larger file is not read: it holds more than the largest picture.
-    static constexpr std::size_t maximumFileBytes = ImageConverter::maxBytes;
+    /// Larger files are not read: no picture within the engine's limits needs as much.
+    static constexpr std::size_t maxFileBytes = ImageConverter::maxBytes;
 
     /// The longer side of a preview, in pixels: enough for a large screen.
     static constexpr int previewSide = 1600;
 
-    /// Gets the engine ready and learns what it can write, or says why it is missing.
+    /// Loads the engine and finds out what it can write, or reports why it is missing.
     void appear(const Context<ImageConverterView>& context);
 
     /// Loads the file that the user chooses.
     void openFilePicker(const Context<ImageConverterView>& context);
 
-    /// Loads what has been dropped: of several files the first that is a picture.
-    void handleDrop(DroppedItems items, const Context<ImageConverterView>& context);
+    /// Loads what was dropped: of several files the first that is a picture.
+    void handleDrop(DroppedItems items, const Context<ImageConverterView>& context) {
+        isDropTargeted = false;
+        loadInBackground(std::move(items), context);
+    }
 
     void setDropTargeted(bool targeted) { isDropTargeted = targeted; }
 
-    /// Loads the picture in a file's bytes. Until it is there, and if it cannot be, the one before stays.
-    void loadImage(std::string data, const Context<ImageConverterView>& context);
+    /// Loads the picture in a file's bytes. The previous picture stays until then, and if loading fails.
+    void loadImage(std::string data, const Context<ImageConverterView>& context) {
+        loadInBackground({.data = std::move(data)}, context);
+    }
 
     void setTargetFormat(ImageFormat format) { change(targetFormat, format); }
 
@@ -113,33 +141,45 @@ struct ImageConverterView {
 
     void setMaintainAspectRatio(bool maintain) { change(maintainAspectRatio, maintain); }
 
-    /// Makes `processedImage` of the source. A transform that fails is left out.
+    /// Makes the processed picture from the source. A transform that fails is skipped.
     void applyTransforms(const Context<ImageConverterView>& context);
 
-    /// Saves the processed picture, or the source while there is none, where the user chooses. What has begun
-    /// is finished even if the picture is removed meanwhile.
+    /// Saves the processed picture, or the source while there is none, where the user chooses. Writing that
+    /// has begun is finished even if the picture is removed meanwhile.
     void saveImage(const Context<ImageConverterView>& context);
 
-    /// Lets go of the picture; format and transforms stay as they are chosen.
+    /// Drops the picture; format, quality, rotation and flip stay as they are chosen.
     void remove();
 
-    /// Everything as it was at the start.
+    /// Restores the initial state, but for what is being written.
     void reset();
 
-    bool hasSource() const { return sourceImage.has_value(); }
+    const Image* sourceImage() const { return source ? &source->image : nullptr; }
 
-    bool hasProcessed() const { return processedImage.has_value(); }
+    const Image* processedImage() const { return hasProcessed() ? &source->processed->image : nullptr; }
 
-    bool cannotApply() const { return !sourceImage; }
+    std::optional<Image> sourcePreview() const {
+        return source ? std::optional(source->preview) : std::nullopt;
+    }
+
+    std::optional<Image> processedPreview() const {
+        return hasProcessed() ? std::optional(source->processed->preview) : std::nullopt;
+    }
+
+    bool hasSource() const { return source.has_value(); }
+
+    bool hasProcessed() const { return source && source->processed; }
+
+    bool cannotApply() const { return !hasSource(); }
 
     /// Also while the picture that would be saved is being made.
-    bool cannotSave() const { return !sourceImage || applying || saving; }
+    bool cannotSave() const { return !hasSource() || isApplying() || isSaving(); }
 
-    /// Whether the transforms that are chosen are others than those of the picture that would be saved.
+    /// Whether the chosen transforms differ from those of the picture that would be saved.
     bool hasUnappliedChanges() const;
 
     /// What `hasUnappliedChanges` means for the user; empty where it is false.
-    std::string unappliedChangesText() const;
+    std::string unappliedChangesText() const { return hasUnappliedChanges() ? "Changes not applied" : ""; }
 
     std::optional<StatusBadge> savedBadge() const;
 
@@ -150,66 +190,51 @@ struct ImageConverterView {
     bool showsQuality() const { return supportsQuality(targetFormat); }
 
     /// The quality in whole percent, such as "90%".
-    std::string qualityText() const;
+    std::string qualityText() const { return std::to_string(static_cast<int>(quality * 100)) + "%"; }
 
-    /// The facts of `imageInfo` as texts, empty without it: such as "1920 × 1280", "JPEG image", "482 KB",
-    /// "RGB", "No" and "72".
+    /// The source's facts as texts, empty without a source: such as "1920 × 1280", "482 KB", "72", "JPEG
+    /// image", "RGB" and "No".
     std::string dimensionsText() const;
-    std::string formatText() const;
     std::string fileSizeText() const;
-    std::string colorSpaceText() const;
-    std::string alphaText() const;
-    std::string resolutionText() const;
+
+    std::string resolutionText() const { return source ? std::to_string(source->imageInfo.dpi) : ""; }
+
+    std::string formatText() const { return source ? source->imageInfo.format : ""; }
+
+    std::string colorSpaceText() const { return source ? source->imageInfo.colorSpace : ""; }
+
+    std::string alphaText() const { return !source ? "" : source->imageInfo.hasAlpha ? "Yes" : "No"; }
 
     /// That only one of the pictures in the file is read; empty where there are no others.
     std::string firstOfManyText() const;
 
-    bool isFirstOfMany() const { return imageInfo && imageInfo->pictureCount > 1; }
+    bool isFirstOfMany() const { return source && source->imageInfo.pictureCount > 1; }
 
     /// The size of `processedImage`; empty without it.
     std::string processedDimensionsText() const;
 
     bool isLoading() const { return loading.has_value(); }
 
-    bool isApplying() const { return applying.has_value(); }
+    bool isApplying() const { return source && source->applying; }
 
-    bool isSaving() const { return saving.has_value(); }
+    bool isSaving() const { return std::holds_alternative<BackgroundTask>(saving); }
 
     bool operator==(const ImageConverterView&) const = default;
 
 private:
-    struct Loaded {
-        std::string data{};
-        ImageInfo info{};
-        Image image{};
-        Image preview{};
-    };
-
-    struct Processed {
-        Image image{};
-        Image preview{};
-    };
-
     template <typename T>
     void change(T& field, T value) {
         field = value;
-        savedMessage.reset();
+        dropSavedMessage();
     }
 
+    void dropSavedMessage();
     Transforms transforms() const;
-
-    using LoadResult = std::expected<Loaded, std::string>;
-
-    static LoadResult load(std::string data, Images& images, const std::stop_token& stop);
-    static LoadResult loadFirst(const std::vector<std::string>& paths, Services& services,
-                                const std::stop_token& stop);
     void loadInBackground(DroppedItems items, const Context<ImageConverterView>& context);
-    void finishLoading(LoadResult result);
-    static std::optional<Processed> transformed(Image image, const Transforms& transforms,
-                                                const ImageEngine& engine);
+    void finishLoading(std::expected<Source, std::string> result);
     void finishApplying(std::optional<Processed> result, const Context<ImageConverterView>& context);
     void save(const Destination& destination, const Context<ImageConverterView>& context);
-    void finishSaving(const std::string& path, std::size_t size, const Context<ImageConverterView>& context);
+    void showSaved(const std::string& path, std::size_t size, const Context<ImageConverterView>& context);
 };
 
 } // namespace korvane

@@ -6,7 +6,7 @@ namespace korvane {
 
 namespace {
 
-/// The engine ignores the indentation that it is given.
+/// The engine ignores its value.
 constexpr int indent = 2;
 
 } // namespace
@@ -23,7 +23,7 @@ void JSONFormatterView::setInputText(std::string text) {
 
 void JSONFormatterView::setShowTreeView(bool show) {
     if (!show)
-        tree.expandAll(); // the rows leave the screen, and what was collapsed is forgotten with them
+        tree.expandAll(); // which rows are collapsed is not kept while the tree is hidden
     showTreeView = show;
 }
 

@@ -1,5 +1,5 @@
-/// The state of the JSON Formatter screen: a document as the user typed it, its pretty or compact text, a
-/// verdict, and, in tree mode, the tree of the input as it was last edited.
+/// The state of the JSON Formatter screen: the input, its pretty or compact text, a verdict, and, in tree
+/// mode, the tree of the input as it was last edited.
 #pragma once
 
 #include "Models/PaletteColor.h"
@@ -20,34 +20,33 @@ struct JSONFormatterView {
     std::optional<std::string> errorMessage{};
     std::optional<bool> isValid{};
     bool showTreeView = false;
-    /// The last tree built in tree mode; absent when the text could not be read. Shared and never changed, so
-    /// that the rows of `tree` can point into it whoever copies the state.
+    /// The last tree built in tree mode; null if the input could not be parsed. Shared and never changed, so
+    /// that the rows of `tree` stay valid in copies of the state.
     std::shared_ptr<const JSONNode> treeRoot{};
     JSONTree tree{};
-    /// What the last result or tree leaves out.
+    /// Left out of the last result or tree.
     JSONFormatter::DuplicateNames duplicates{};
 
-    /// What any change of the input entails: what was said of another text goes, and in tree mode the tree
-    /// follows the input, with no message when it cannot. After Clear, which leaves nothing to be wrong
-    /// about, all that was said stays until the next edit.
+    /// Also drops message, verdict and warning, unless the new input is empty, and rebuilds the tree in tree
+    /// mode, without a message if the input is not valid.
     void setInputText(std::string text);
 
-    /// Switches between output and tree. Does not build a tree: that waits for the next change of the input.
+    /// Switches between output and tree. Does not build a tree; the next change of the input does.
     void setShowTreeView(bool show);
 
     void prettify();
     void minify();
 
-    /// Judges the input and discards any earlier output.
+    /// Checks the input and empties the output.
     void validate();
 
     /// Shows or hides the children of the row at `index` of `tree`.
     void toggleRow(std::size_t index);
 
-    /// What the status line says: the message before the verdict, or nothing.
+    /// The status line: the message, else the verdict, else none.
     std::optional<StatusBadge> status() const;
 
-    /// The warning beside it: names that occur twice.
+    /// The warning beside it about names that occur twice.
     std::optional<StatusBadge> warning() const;
 
     bool hasOutput() const { return !outputText.empty(); }

@@ -106,7 +106,7 @@ void JSONTree::setRoot(const JSONNode* root) {
     if (rootStaysCollapsed)
         m_collapsed.insert(root->id);
     m_root = root;
-    layOut();
+    updateRows();
 }
 
 void JSONTree::toggle(std::size_t row) {
@@ -115,12 +115,12 @@ void JSONTree::toggle(std::size_t row) {
     const auto id = m_rows[row].node->id;
     if (m_collapsed.erase(id) == 0)
         m_collapsed.insert(id);
-    layOut();
+    updateRows();
 }
 
 void JSONTree::expandAll() {
     m_collapsed.clear();
-    layOut();
+    updateRows();
 }
 
 std::string JSONTree::copiedValue(std::size_t row) const {
@@ -139,11 +139,11 @@ std::optional<std::string> JSONTree::copiedKey(std::size_t row) const {
 }
 
 std::string JSONTree::path(std::size_t row) const {
-    std::vector<std::size_t> way;
+    std::vector<std::size_t> steps;
     for (std::optional<std::size_t> step = row; step; step = parentOf(*step))
-        way.push_back(*step);
+        steps.push_back(*step);
     std::string path = "$";
-    for (auto step = way.rbegin() + 1; step != way.rend(); ++step) {
+    for (auto step = steps.rbegin() + 1; step != steps.rend(); ++step) {
         const auto& key = m_rows[*step].node->key;
         if (!isMember(*step)) {
             path += key;
@@ -172,7 +172,7 @@ bool JSONTree::isMember(std::size_t row) const {
     return parent && m_rows[*parent].node->type == JSONValueType::object;
 }
 
-void JSONTree::layOut() {
+void JSONTree::updateRows() {
     m_rows.clear();
     ++m_revision;
     if (!m_root)
@@ -183,7 +183,7 @@ void JSONTree::layOut() {
         int depth;
     };
 
-    // Nodes wait on the stack last child first, so that they come off it in reading order.
+    // Children are pushed in reverse, so that they are popped in reading order.
     std::vector<Pending> pending{{m_root, 0}};
     while (!pending.empty()) {
         const auto [node, depth] = pending.back();

@@ -1,4 +1,4 @@
-/// The rows in which a JSON tree is shown, one for each node whose ancestors are all expanded.
+/// The visible rows of a JSON tree: one for each node whose ancestors are all expanded.
 #pragma once
 
 #include "Models/PaletteColor.h"
@@ -20,51 +20,51 @@ struct JSONTreeNodeView {
 
     bool hasChildren() const;
 
-    /// The number of children as it is shown beside a container, such as "{3}" or "[0]"; empty for a scalar.
+    /// The number of children shown beside a container, such as "{3}" or "[0]"; empty for a scalar.
     std::string count() const;
 
     bool operator==(const JSONTreeNodeView&) const = default;
 };
 
-/// The colour of a kind's glyph and of its values.
+/// The colour of a type's glyph and values.
 PaletteColor colorForType(JSONValueType type);
 
-/// All rows of a tree, and which of its nodes are collapsed. Every row starts expanded. Rows are known by the
-/// identity of their nodes, so a tree that is built anew starts expanded, except for its root: there is only
-/// ever one, and it stays as it was. The rows point into the tree, which whoever sets it keeps alive.
+/// The rows of a tree, and which of its nodes are collapsed. Every node starts expanded. Nodes are recognised
+/// by their ids, so a tree that is rebuilt starts expanded, except that a collapsed root stays so. The rows
+/// point into the tree, which must outlive them.
 class JSONTree {
 public:
-    /// Shows the tree below `root`, or nothing for a null pointer.
+    /// Shows the tree of `root`, or nothing if it is null.
     void setRoot(const JSONNode* root);
 
-    /// Shows or hides the children of a row; a row without children stays as it is. Costs a pass over all
-    /// rows.
+    /// Shows or hides the children of a row; ignores a row without children. Takes time proportional to the
+    /// number of rows.
     void toggle(std::size_t row);
 
     void expandAll();
 
-    /// What is copied as the value of a row: of a string its content, of another scalar what is shown, of an
-    /// object or array its JSON, pretty-printed. Costs a pass over all that is under the row.
+    /// The value of a row for the clipboard: the content of a string, another scalar as it is shown, the
+    /// pretty-printed JSON of an object or array. Takes time proportional to the nodes below the row.
     std::string copiedValue(std::size_t row) const;
 
     /// The name of a member; none for the root and for the elements of an array.
     std::optional<std::string> copiedKey(std::size_t row) const;
 
-    /// Where the row's value is in the document, as a JSONPath (RFC 9535), such as `$.modules[0]`. Names that
-    /// cannot stand behind a dot are in brackets and quotes.
+    /// The JSONPath (RFC 9535) of the row's value in the document, such as `$.modules[0]`. Names that cannot
+    /// follow a dot are in brackets and quotes.
     std::string path(std::size_t row) const;
 
     const std::vector<JSONTreeNodeView>& rows() const { return m_rows; }
 
-    /// Grows with every change of the rows, so that an unchanged tree is known without comparing it.
+    /// Incremented with every change of the rows, to detect changes without comparing the rows.
     std::size_t revision() const { return m_revision; }
 
     bool operator==(const JSONTree&) const = default;
 
 private:
-    void layOut();
+    void updateRows();
 
-    /// The row of the node that `row` is a child of; none for the root.
+    /// The row of the parent; none for the root.
     std::optional<std::size_t> parentOf(std::size_t row) const;
     bool isMember(std::size_t row) const;
 

@@ -21,8 +21,8 @@ namespace {
 using ExpiryInfo = JWTDecoderView::ExpiryInfo;
 using NumericDate = JWTDecoderView::NumericDate;
 
-/// The bytes that `part` stands for in the URL-safe alphabet of Base64 without padding (RFC 4648, section 5),
-/// or none. The characters of the standard alphabet do as well, and so does padding.
+/// The bytes that `part` encodes in the URL-safe alphabet of Base64 without padding (RFC 4648, section 5), or
+/// none. The standard alphabet and padding are accepted, too.
 std::optional<std::string> decodingBase64URL(std::string_view part) {
     constexpr std::size_t groupLength = 4;
     std::string standard(part);
@@ -33,17 +33,17 @@ std::optional<std::string> decodingBase64URL(std::string_view part) {
     return Base64::decode(standard);
 }
 
-/// The JSON in one part of a token. It stays where it was made, because the document refers to the text.
+/// The JSON in one part of a token. It is neither copied nor moved, because the document refers to the text.
 class JSONPart {
 public:
     explicit JSONPart(std::string_view part)
-        : m_text(decodingBase64URL(part).value_or("")), // nothing is no JSON either
+        : m_text(decodingBase64URL(part).value_or("")), // empty text is not JSON either
           m_document(JSON::parse(m_text)) {}
 
     JSONPart(const JSONPart&) = delete;
     JSONPart& operator=(const JSONPart&) = delete;
 
-    /// The JSON laid out for reading, or none if the part cannot be decoded.
+    /// The pretty-printed JSON, or none if the part cannot be decoded.
     std::optional<std::string> prettyPrinted() const {
         if (!m_document)
             return std::nullopt;
@@ -51,7 +51,7 @@ public:
         return text ? std::optional(std::move(*text)) : std::nullopt;
     }
 
-    /// The date in the claim of that name: none without it, or if it is no number.
+    /// The date in the claim; none if the claim is missing or not a number.
     std::optional<NumericDate> date(std::string_view claim) const {
         const auto* value = m_document->root().member(claim);
         if (!value || value->type() != JSON::Type::number)
@@ -64,8 +64,8 @@ private:
     std::expected<JSON::Document, JSON::ParseError> m_document;
 };
 
-/// The size of what an HTTP header field has before its token (RFC 6750, section 2.1), the last space
-/// included, or of the part of it that was copied; 0 if the token begins at once.
+/// The length of the scheme before a token in an HTTP header field (RFC 6750, section 2.1) and its space,
+/// with the field's name if that was copied, too; 0 without a scheme.
 std::size_t schemeLength(std::string_view text) {
     constexpr std::string_view scheme = "bearer ";
     for (const std::string_view field : {"", "authorization: ", "authorization:"}) {
@@ -77,7 +77,7 @@ std::size_t schemeLength(std::string_view text) {
     return 0;
 }
 
-/// What a payload that could be decoded says of dates, or none if it says nothing.
+/// The dates in a payload that could be decoded; none if it has none.
 std::optional<ExpiryInfo> expiryInfoOf(const JSONPart& payload, const Clock& clock) {
     auto expiryDate = payload.date("exp");
     auto issuedAt = payload.date("iat");

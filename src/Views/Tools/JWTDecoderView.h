@@ -1,5 +1,5 @@
-/// The state of the JWT Decoder screen: a JSON Web Token (RFC 7519) in its compact form, and what is in it
-/// once Decode has been pressed. Nothing is verified: the signature is shown, never checked.
+/// The state of the JWT Decoder screen: a JSON Web Token (RFC 7519) in its compact form, and its content once
+/// Decode has been pressed. The signature is shown, not verified.
 #pragma once
 
 #include "Views/Components/StatusBadge.h"
@@ -12,10 +12,10 @@
 namespace korvane {
 
 struct JWTDecoderView {
-    /// A moment as a claim gives it.
+    /// The date in a claim.
     struct NumericDate {
-        double secondsSince1970 = 0; ///< may be infinite, where the claim is beyond all doubles
-        std::string number{};        ///< every digit of it
+        double secondsSince1970 = 0; ///< infinite if the claim exceeds the range of double
+        std::string number{};        ///< as the claim writes it, with every digit
 
         bool operator==(const NumericDate&) const = default;
     };
@@ -23,7 +23,7 @@ struct JWTDecoderView {
     struct ExpiryInfo {
         bool isExpired = false; ///< whether `expiryDate` was past when the token was decoded
         std::optional<NumericDate> expiryDate{};
-        std::optional<NumericDate> issuedAt{}; ///< not shown
+        std::optional<NumericDate> issuedAt{}; ///< not shown anywhere yet
 
         bool operator==(const ExpiryInfo&) const = default;
     };
@@ -35,27 +35,26 @@ struct JWTDecoderView {
     std::optional<std::string> errorMessage{};
     std::optional<ExpiryInfo> expiryInfo{};
 
-    /// What any change of the token entails, wherever it came from: the results do not belong to it any
-    /// longer.
+    /// Also drops the results, which belong to the previous token.
     void setInputToken(std::string token);
 
-    /// Shows header and payload of the token as JSON, and the signature as it is written. What comes before
-    /// the first failure stays shown. A blank token gives neither results nor a message.
+    /// Shows header and payload of the token as JSON, and the signature as it is written. A failure keeps the
+    /// parts before it. A blank token gives neither results nor a message.
     void decode(const Context<JWTDecoderView>& context);
 
-    /// The message, or whether the token has expired; none if the token says nothing of dates.
+    /// The message, or whether the token has expired; none if the token has no dates.
     std::optional<StatusBadge> status() const;
 
     bool hasExpiryDate() const { return expiryInfo && expiryInfo->expiryDate; }
 
-    /// "Expires: " and the date in the user's customs, or the claim's number if there is no such date.
+    /// "Expires: " and the date in the user's locale, or the claim's number if there is no such date.
     std::string expiryText() const;
 
-    /// What to take out of a token that could not be decoded, if it has one of the usual things too many: the
-    /// name of the scheme or of the whole header field before it, or line breaks and spaces in it.
+    /// What to remove from a token that could not be decoded: the scheme or the start of the header field
+    /// before it, or line breaks and spaces inside it. Empty if it has neither.
     std::string hint() const;
 
-    /// What stands beside the status: the one or the other.
+    /// The text beside the status.
     std::string details() const { return errorMessage ? hint() : expiryText(); }
 
     bool operator==(const JWTDecoderView&) const = default;

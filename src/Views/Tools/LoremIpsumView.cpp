@@ -32,7 +32,7 @@ void LoremIpsumView::copy(const Context<LoremIpsumView>& context) {
 }
 
 void LoremIpsumView::setCount(int newCount) {
-    count = std::clamp(newCount, minimumCount, maximumCount);
+    count = std::clamp(newCount, minCount, maxCount);
 }
 
 std::string LoremIpsumView::countLabel() const {

@@ -1,5 +1,4 @@
-/// The state of the Lorem Ipsum screen: what to generate, and the text generated last. Nothing is generated
-/// but on a button press.
+/// The state of the Lorem Ipsum screen: what to generate, and the text that the last button press generated.
 #pragma once
 
 #include "Utilities/LoremIpsumGenerator.h"
@@ -12,25 +11,25 @@
 namespace korvane {
 
 struct LoremIpsumView {
-    static constexpr int minimumCount = 1;
-    static constexpr int maximumCount = 100;
+    static constexpr int minCount = 1;
+    static constexpr int maxCount = 100;
 
     GenerationType generationType = GenerationType::paragraphs;
     int count = 3;
     bool startWithLorem = true;
     std::string generatedText{};
-    bool copied = false; ///< for a moment after the text was copied
+    bool copied = false; ///< reset `CopyButton::feedbackDuration` after copying
 
     void generate();
 
     void clear() { generatedText.clear(); }
 
-    /// Puts the text on the clipboard, and says so for as long as every copy button does.
+    /// Copies the text and sets `copied`.
     void copy(const Context<LoremIpsumView>& context);
 
     void setGenerationType(GenerationType type) { generationType = type; }
 
-    /// The nearest count that is allowed.
+    /// Sets the nearest allowed count.
     void setCount(int newCount);
 
     void setStartWithLorem(bool on) { startWithLorem = on; }
@@ -39,7 +38,7 @@ struct LoremIpsumView {
 
     std::string countLabel() const;
 
-    // What there is of each in the text.
+    // Counts of the text.
     StatPill words() const;
     StatPill sentences() const;
     StatPill paragraphs() const;

@@ -36,10 +36,10 @@ std::vector<Line> linesOf(std::string_view text) {
 }
 
 std::optional<Header> header(std::string_view line) {
-    constexpr std::size_t lowestLevel = 6;
+    constexpr std::size_t maxLevel = 6;
     const auto level = std::min(line.find_first_not_of('#'), line.size());
     const auto text = trimmingWhitespaces(line.substr(level));
-    if (level == 0 || level > lowestLevel || text.empty() || level + text.size() == line.size())
+    if (level == 0 || level > maxLevel || text.empty() || level + text.size() == line.size())
         return std::nullopt;
     return Header{static_cast<int>(level), std::string(text)};
 }
@@ -60,7 +60,7 @@ std::optional<std::string_view> orderedItem(std::string_view line) {
     return std::nullopt;
 }
 
-/// Whether a paragraph ends before `line`. A rule does not end it.
+/// Whether a paragraph ends before `line`. A horizontal rule does not end it.
 bool endsParagraph(std::string_view line) {
     return line.empty() || header(line) || line.starts_with(fence) || line.starts_with(quoteMarker) ||
            unorderedItem(line) || orderedItem(line);

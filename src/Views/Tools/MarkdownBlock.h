@@ -1,5 +1,5 @@
-/// The unit of the visual Markdown preview: what a run of lines is. It is independent of the HTML converter
-/// and need not agree with it.
+/// The blocks of the visual Markdown preview. Their parser is independent of the HTML converter, and the
+/// results may differ.
 #pragma once
 
 #include <string>
@@ -23,13 +23,13 @@ struct Paragraph {
 };
 
 struct CodeBlock {
-    std::string language{}; ///< what stands behind the opening fence; mostly empty
+    std::string language{}; ///< the text after the opening fence; often empty
     std::string code{};
     bool operator==(const CodeBlock&) const = default;
 };
 
 struct Blockquote {
-    std::string text{}; ///< its lines, with a line feed between them
+    std::string text{}; ///< its lines, joined by line feeds
     bool operator==(const Blockquote&) const = default;
 };
 
@@ -54,9 +54,9 @@ using MarkdownBlock =
                  MarkdownBlocks::Blockquote, MarkdownBlocks::UnorderedList, MarkdownBlocks::OrderedList,
                  MarkdownBlocks::HorizontalRule>;
 
-/// The blocks of `markdown` in their order. Any newline character ends a line, CR LF being one; blank lines
-/// give no block. A paragraph goes on until a blank line, or until the next block begins that is not a
-/// horizontal rule. Costs a few milliseconds a megabyte.
+/// The blocks of `markdown` in order. Any newline character ends a line, and CR LF counts as one; blank lines
+/// give no block. A paragraph ends at a blank line, or where a block other than a horizontal rule begins.
+/// Takes a few milliseconds per megabyte.
 std::vector<MarkdownBlock> parseBlocks(std::string_view markdown);
 
 } // namespace korvane

@@ -13,15 +13,15 @@ namespace {
 
 using namespace MarkdownPatterns;
 
-/// A text in which each byte has its style, from which the delimiters disappear pattern by pattern.
+/// A text with a style for each byte. Each pattern that is applied removes its delimiters.
 class StyledText {
 public:
     explicit StyledText(std::string_view text) : m_text(text), m_matched(text), m_styles(text.size()) {}
 
-    /// What the patterns are to see: the text, with code made unrecognisable.
+    /// The text for the patterns to match, without the delimiters in code.
     std::string_view matched() const { return m_matched; }
 
-    /// Adds `style` to what the first group of each match has caught, and removes the rest of the match.
+    /// Adds `style` to the first group of each match, and removes the rest of the match.
     template <typename Matcher>
     void apply(Matcher matcher, std::uint32_t style) {
         rebuild(matcher, [&](const Match&) { return style; });
@@ -35,7 +35,7 @@ public:
         });
     }
 
-    /// Hides from the patterns what is code.
+    /// Hides delimiters in code from the patterns.
     void protectCode() {
         for (std::size_t i = 0; i < m_text.size(); ++i) {
             if ((m_styles[i] & code) != 0 && isDelimiter(m_matched[i]))
@@ -58,7 +58,7 @@ public:
     static constexpr std::uint32_t bold = 1, italic = 2, struck = 4, code = 8;
 
 private:
-    static constexpr int linkShift = 4; ///< above the styles stands the number of the link, counted from 1
+    static constexpr int linkShift = 4; ///< the bits above the styles are the number of the link, from 1
     static constexpr char ordinary = 'x';
 
     static bool isDelimiter(char character) { return std::string_view("*_~[]()`").contains(character); }

@@ -1,5 +1,5 @@
-/// The inline styling of the visual Markdown preview: which characters of a paragraph or an item are shown,
-/// and how. Delimiters and link targets are not shown.
+/// The inline styles of the visual Markdown preview: the visible characters of a paragraph or an item, and
+/// their styles. Delimiters and link targets are not visible.
 #pragma once
 
 #include <string>
@@ -8,22 +8,21 @@
 
 namespace korvane {
 
-/// A stretch of text that is styled alike.
+/// A part of a text with one style.
 struct InlineRun {
     std::string text{};
     bool isBold = false;
     bool isItalic = false;
     bool isStruck = false;
     bool isCode = false;
-    std::string target{}; ///< where the link leads that the text belongs to; empty outside links
+    std::string target{}; ///< of the link that the text belongs to; empty outside links
 
     bool operator==(const InlineRun&) const = default;
 };
 
-/// The runs of `text`, none of them empty, each styled differently from its neighbours or of another link.
-/// Styles nest: a run has all
-/// that reach over it. What looks like a delimiter inside inline code or a link's target is none. Images are
-/// the links they contain. The time grows with the text and not with its square.
+/// The runs of `text`. None is empty, and neighbours differ in style or link. Styles nest: a run has all that
+/// enclose it. Inside inline code and link targets, delimiters are ordinary characters. Images become the
+/// links in them. Takes linear time.
 std::vector<InlineRun> renderInline(std::string_view text);
 
 } // namespace korvane

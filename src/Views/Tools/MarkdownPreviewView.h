@@ -1,5 +1,5 @@
-/// The state of the Markdown Preview screen: a Markdown text, and which of its pictures are shown. The text
-/// is drawn from its blocks (`parseBlocks`); the HTML comes from `MarkdownParser`, which need not agree.
+/// The state of the Markdown Preview screen: a Markdown text, and which of its views are shown. The preview
+/// shows the blocks of `parseBlocks`; the HTML comes from `MarkdownParser` and may differ.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -14,7 +14,7 @@ namespace korvane {
 struct MarkdownPreviewView {
     enum class ViewMode { sideBySide, editorOnly, previewOnly, htmlOutput };
 
-    /// Every construct that the preview knows.
+    /// Uses every construct that the preview supports.
     static constexpr std::string_view sampleDocument = R"(# Welcome to Markdown Preview
 
 This is a **live preview** of your Markdown.
@@ -71,18 +71,18 @@ That's all for now!)";
 
     bool showsHTML() const { return viewMode == ViewMode::htmlOutput; }
 
-    /// The text as HTML. Computed anew at each call.
+    /// The text as HTML, computed at each call.
     std::string html() const;
 
-    /// The HTML that is seen: nothing while the mode is another, so that none is computed in vain.
+    /// The visible HTML; empty in other modes, which saves computing it.
     std::string shownHTML() const { return showsHTML() ? html() : std::string(); }
 
-    /// Such as "98 words • 40 lines • 633 characters". Words are what white space parts, an empty text has no
-    /// line, CR LF ends one line, and characters are the user-perceived ones.
+    /// Such as "98 words • 40 lines • 633 characters". Words are separated by white space, an empty text has
+    /// no line, CR LF ends one line, and characters are user-perceived.
     std::string counts() const;
 
-    /// Hands the target of a link to the browser if it is a web or mail address. A text can come from anyone,
-    /// so a click in it neither opens files nor runs anything.
+    /// Opens the target of a link in the browser if it is a web or mail address. Other targets do nothing, so
+    /// that an untrusted text cannot open files or run programs.
     void openLink(const std::string& target, const Context<MarkdownPreviewView>& context) const;
 
     bool operator==(const MarkdownPreviewView&) const = default;

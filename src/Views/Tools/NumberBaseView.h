@@ -1,5 +1,5 @@
-/// The state of the Number Base screen: a number as the user types it, and what it is in all four bases, at
-/// every change.
+/// The state of the Number Base screen: a number as the user types it, converted to all four bases at every
+/// change.
 #pragma once
 
 #include "Utilities/NumberBaseConverter.h"
@@ -17,10 +17,10 @@ struct BaseResultCard {
     std::string value{};
     bool isSource = false; ///< whether the input is in this base
 
-    /// What stands beside the base's name: "(source)", or nothing.
+    /// The text beside the base's name: "(source)", or empty.
     std::string_view note() const { return isSource ? "(source)" : ""; }
 
-    /// The radix, as "base 16".
+    /// The radix, such as "base 16".
     std::string caption() const;
 
     bool operator==(const BaseResultCard&) const = default;
@@ -31,18 +31,18 @@ struct NumberBaseView {
 
     std::string inputText{};
     Base sourceBase = Base::decimal;
-    std::map<Base, std::string> results{}; ///< a text for every base, or empty while there is no number
+    std::map<Base, std::string> results{}; ///< one text per base; empty without a number
     std::optional<std::string> errorMessage{};
     bool showGrouped = false;
 
-    /// Either change converts anew.
+    // Both convert the number.
     void setInputText(std::string text);
     void setSourceBase(Base base);
 
     /// Changes only how the results are shown.
     void setShowGrouped(bool show) { showGrouped = show; }
 
-    /// The result as it is shown and copied: grouped if that is wanted, "-" while there is none.
+    /// The result as it is shown and copied: grouped if `showGrouped` is set, "-" if there is none.
     std::string formatResult(Base base) const;
 
     BaseResultCard resultCard(Base base) const;
@@ -52,7 +52,7 @@ struct NumberBaseView {
     /// The title of the input, such as "Input (Decimal)".
     std::string inputTitle() const;
 
-    /// What stands in the empty input, such as "Enter decimal number...".
+    /// The placeholder of the input, such as "Enter decimal number...".
     std::string_view placeholder() const { return factsOf(sourceBase).placeholder; }
 
     /// The hint before the input, such as "0x"; empty in decimal.

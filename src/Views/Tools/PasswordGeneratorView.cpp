@@ -27,11 +27,11 @@ void PasswordGeneratorView::copyAllHistory(const Context<PasswordGeneratorView>&
 }
 
 void PasswordGeneratorView::setLength(int newLength) {
-    length = std::clamp(newLength, minimumLength, maximumLength);
+    length = std::clamp(newLength, minLength, maxLength);
 }
 
 void PasswordGeneratorView::setBulkCount(int count) {
-    bulkCount = std::clamp(count, minimumBulkCount, maximumBulkCount);
+    bulkCount = std::clamp(count, minBulkCount, maxBulkCount);
 }
 
 PasswordStrength PasswordGeneratorView::strength() const {

@@ -1,5 +1,5 @@
-/// The state of the password screen: random passwords, singly or many at once, how strong they are, and the
-/// last of them. They live in this state only, and go to the clipboard as secrets.
+/// The state of the Password Generator screen: random passwords, one or many at a time, their strength and
+/// their history. Passwords are stored only in this state, and copied as secrets.
 #pragma once
 
 #include "Utilities/PasswordGenerator.h"
@@ -17,21 +17,21 @@ struct PasswordEntry {
     UUID id = UUID::random();
     std::string password{};
     std::chrono::system_clock::time_point timestamp{};
-    PasswordStrength strength = PasswordStrength::veryWeak; ///< as rated when the entry was made
+    PasswordStrength strength = PasswordStrength::veryWeak; ///< rated when the entry was made
 
     bool operator==(const PasswordEntry&) const = default;
 };
 
 struct PasswordGeneratorView {
-    /// Old entries give way to new ones beyond this number.
+    /// Beyond this number, new entries replace the oldest.
     static constexpr std::size_t historyLimit = 50;
 
-    static constexpr int minimumLength = 8;
-    static constexpr int maximumLength = 128;
-    static constexpr int minimumBulkCount = 1;
-    static constexpr int maximumBulkCount = 50; ///< as many as the history keeps
+    static constexpr int minLength = 8;
+    static constexpr int maxLength = 128;
+    static constexpr int minBulkCount = 1;
+    static constexpr int maxBulkCount = 50; ///< as many as the history keeps
 
-    std::string currentPassword{};                ///< empty until there was something to draw from
+    std::string currentPassword{};                ///< empty if no class was chosen
     std::vector<PasswordEntry> passwordHistory{}; ///< newest first
     int length = 16;
     bool includeUppercase = true;
@@ -41,23 +41,23 @@ struct PasswordGeneratorView {
     bool excludeAmbiguous = false;
     int bulkCount = 5;
 
-    /// The screen opens with a password. With no class chosen there is none, but still an entry in the
+    /// Called when the screen opens, too. If no class is chosen, the password is empty and still enters the
     /// history.
     void generatePassword(const Context<PasswordGeneratorView>& context);
 
-    /// Makes `bulkCount` passwords. The first one drawn becomes the current one; the last ends on top of the
+    /// Generates `bulkCount` passwords. The first becomes the current one; the last is the first in the
     /// history.
     void generateBulk(const Context<PasswordGeneratorView>& context);
 
-    /// Puts the whole history on the clipboard, a line an entry, newest first.
+    /// Copies the whole history, one entry per line, newest first.
     void copyAllHistory(const Context<PasswordGeneratorView>& context) const;
 
     void clearHistory() { passwordHistory.clear(); }
 
-    /// The nearest length that is allowed.
+    /// Sets the nearest allowed length.
     void setLength(int newLength);
 
-    /// The nearest count that is allowed.
+    /// Sets the nearest allowed count.
     void setBulkCount(int count);
 
     void setIncludeUppercase(bool on) { includeUppercase = on; }

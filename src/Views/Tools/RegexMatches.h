@@ -1,5 +1,5 @@
-/// The matches of a regular expression as a list that costs little: a match is made from the places of its
-/// pieces when somebody asks for it, and a million of them are as quick to copy as one.
+/// The matches of a regular expression as a list whose copies share their content. A match is made from the
+/// ranges of its groups when it is read.
 #pragma once
 
 #include "Utilities/RegularExpression.h"
@@ -14,34 +14,34 @@
 
 namespace korvane {
 
-/// What is to be searched for, and where.
+/// A pattern and the text to search.
 struct RegexSearch {
     std::string pattern{};
     bool isCaseSensitive = true;
     std::shared_ptr<const std::string> text{};
 };
 
-/// One match. Its texts are parts of the text that was searched, and valid as long as the list it comes from.
+/// One match. Its texts refer to the text that was searched and are valid as long as the list. Nothing in
+/// the program reads it yet.
 struct RegexMatch {
-    UUID id{}; ///< fresh for each match of each run
+    UUID id{}; ///< new for each match of each run
     std::string_view fullMatch{};
     RegularExpression::TextRange range{};
-    std::vector<std::string_view> groups{}; ///< of the groups that took part, in their order
+    std::vector<std::string_view> groups{}; ///< of the groups that took part, in order
 
     bool operator==(const RegexMatch&) const = default;
 };
 
 /// One line of the list on the screen: a match, or one of its groups.
 struct RegexMatchLine {
-    std::size_t match = 0; ///< counted from 0
-    std::optional<std::size_t>
-        group{}; ///< counted from 0 among those that took part; none for the match itself
+    std::size_t match = 0;              ///< from 0
+    std::optional<std::size_t> group{}; ///< from 0, among those that took part; none for the match itself
     std::string_view text{};
 
-    /// What stands before the text: "Match 1", or "Group 1" among the lines of its match.
+    /// The text before the match or group: "Match 1", or "Group 1" below its match.
     std::string heading() const;
 
-    /// What tells the line from all others: "Match 1", or "Match 1 Group 1".
+    /// A name that no other line has: "Match 1", or "Match 1 Group 1".
     std::string name() const;
 
     bool operator==(const RegexMatchLine&) const = default;
@@ -49,7 +49,7 @@ struct RegexMatchLine {
 
 class RegexMatches {
 public:
-    /// An empty list that comes from no search.
+    /// An empty list without a search.
     RegexMatches() = default;
 
     RegexMatches(RegexSearch search, RegularExpression::Findings findings);
@@ -60,10 +60,10 @@ public:
 
     RegexMatch operator[](std::size_t index) const;
 
-    /// What the list comes from; null if from no search.
+    /// The search that gave the list; null without one.
     const RegexSearch* search() const { return m_contents ? &m_contents->search : nullptr; }
 
-    /// What was found; null if there was no search.
+    /// What the search found; null without one.
     const RegularExpression::Findings* findings() const {
         return m_contents ? &m_contents->findings : nullptr;
     }
@@ -72,7 +72,7 @@ public:
 
     RegexMatchLine line(std::size_t index) const;
 
-    /// The line that a match begins with; the number of lines for the index behind the last match.
+    /// The first line of a match; `lineCount` for the index after the last match.
     std::size_t firstLine(std::size_t match) const;
 
     /// Two lists are equal if they come from the same run.

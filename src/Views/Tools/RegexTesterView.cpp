@@ -10,24 +10,24 @@ namespace korvane {
 
 namespace {
 
-/// Texts and patterns up to these sizes are searched at once. Even a pattern that runs along the rest of the
-/// text at each character is through within some ten milliseconds then, and one that puts off alternatives is
-/// stopped after as long. All else goes to the background.
+/// Texts and patterns up to these sizes are searched at once, all others in the background. Within these
+/// sizes, a pattern that scans the rest of the text at each character takes about ten milliseconds, and one
+/// that backtracks is stopped after the same time.
 constexpr std::size_t quickTextSize = 4096;
 constexpr std::size_t quickPatternSize = 256;
 constexpr std::size_t quickSetCount = 4;
 constexpr std::size_t quickSteps = 8;
 
-/// How long an outdated result may stay before it gives way to the news that another is on its way.
-constexpr std::chrono::milliseconds patience{150};
+/// How long an outdated result stays before the screen shows that it is busy.
+constexpr std::chrono::milliseconds busyDelay{150};
 
 } // namespace
 
-/// All that a run needs to know.
+/// The input of a run.
 struct RegexTesterView::Job {
     RegexSearch search{};
     std::string replacement{};
-    RegexMatches matches{}; ///< what is to be replaced; from no search if it is still to be found
+    RegexMatches matches{}; ///< to be replaced; without a search if they are still to be found
 
     bool isQuick() const {
         return search.text->size() <= quickTextSize && search.pattern.size() <= quickPatternSize &&
@@ -74,7 +74,7 @@ void RegexTesterView::setReplacement(std::string text, const Context<RegexTester
     replacement = std::move(text);
     if (!liveUpdate)
         return;
-    if (matching) // its result would bring a text with the old replacement
+    if (matching) // its result would contain the old replacement
         runRegex(context);
     else
         runReplacement(context);
@@ -146,10 +146,10 @@ void RegexTesterView::start(const Context<RegexTesterView>& context, Slot slot, 
 }
 
 void RegexTesterView::announceBusy(const Context<RegexTesterView>& context) const {
-    context.services.timers.after(patience,
+    context.services.timers.after(busyDelay,
                                   [update = context.update, identity = BackgroundTask::Identity(*matching)] {
                                       update([&identity](RegexTesterView& state) {
-                                          if (!identity.names(state.matching))
+                                          if (!identity.matches(state.matching))
                                               return;
                                           state.showOutcome({});
                                           state.isBusy = true;
@@ -173,8 +173,8 @@ RegexTesterView::MatchesPanel RegexTesterView::matchesPanel() const {
         return MatchesPanel::list;
     if (isBusy)
         return MatchesPanel::busy;
-    const bool waitsForTheFirst = matching && !matches.search() && !errorMessage;
-    if (pattern.empty() || testString.empty() || waitsForTheFirst)
+    const bool waitsForFirstResult = matching && !matches.search() && !errorMessage;
+    if (pattern.empty() || testString.empty() || waitsForFirstResult)
         return MatchesPanel::prompt;
     const bool isStopped = matches.search() && matches.findings()->interruption;
     return isStopped ? MatchesPanel::stopped : MatchesPanel::noMatches;

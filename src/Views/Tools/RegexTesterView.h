@@ -21,7 +21,7 @@ struct RegexCheatItem {
 struct RegexTesterView {
     using RegexMatch = korvane::RegexMatch;
 
-    /// What stands under "Matches".
+    /// The content of the section "Matches".
     enum class MatchesPanel { prompt, noMatches, stopped, busy, list };
 
     std::string pattern{};
@@ -33,15 +33,15 @@ struct RegexTesterView {
     bool liveUpdate = true;
     bool caseSensitive = true;
     bool showReplacement = false;
-    /// The runs whose results are waited for. Until these come, or `isBusy`, everything stays as it was, so
-    /// that nothing flickers while somebody types.
+    /// Running tasks. Earlier results stay until these finish or `isBusy` is set, so that nothing flickers
+    /// while the user types.
     std::optional<BackgroundTask> matching{};
     std::optional<BackgroundTask> replacing{};
-    /// Whether the wait has become so long that the old result has gone.
+    /// Whether matching has taken so long that the earlier result was removed.
     bool isBusy = false;
 
-    // With `liveUpdate`, a change of pattern, text or case runs the expression, and one of the replacement
-    // replaces.
+    // With `liveUpdate`, a change of pattern, text or case runs the expression; a change of the replacement
+    // only replaces.
 
     void setPattern(std::string text, const Context<RegexTesterView>& context);
     void setTestString(std::string text, const Context<RegexTesterView>& context);
@@ -52,22 +52,22 @@ struct RegexTesterView {
 
     void setShowReplacement(bool show) { showReplacement = show; }
 
-    /// Finds and replaces anew.
+    /// Finds and replaces.
     void runRegex(const Context<RegexTesterView>& context);
 
-    /// Only replaces anew. What cannot be replaced leaves an empty text, without a message.
+    /// Only replaces. A failure gives an empty text without a message.
     void runReplacement(const Context<RegexTesterView>& context);
 
     MatchesPanel matchesPanel() const;
 
-    /// What stands in the panel; above a list of matches it is their count.
+    /// The text of the panel; empty for a list, which shows `matchCount` instead.
     static constexpr std::string_view message(MatchesPanel panel) {
         switch (panel) {
         case MatchesPanel::prompt:
             return "Enter a pattern and test string";
         case MatchesPanel::noMatches:
             return "No matches found";
-        case MatchesPanel::stopped: // which leaves open whether there are any
+        case MatchesPanel::stopped: // there may be matches
             return "Matching stopped";
         case MatchesPanel::busy:
             return "Matching...";
@@ -77,7 +77,7 @@ struct RegexTesterView {
         return {};
     }
 
-    /// What the panel has to announce: nothing beside an error message, which announces itself and says more.
+    /// The text that the panel announces; empty while an error message is shown, which is announced itself.
     std::string announcedMessage() const;
 
     /// Such as "3 matches found".

@@ -10,9 +10,9 @@ namespace korvane {
 
 namespace {
 
-/// Texts up to this size, in bytes, are compared at once. The worst that they can be, nothing but lines of
-/// one character, takes some 40 ms, which nobody notices after pressing a button.
-constexpr std::size_t immediateSize = std::size_t{32} * 1024;
+/// Texts up to this size, in bytes, are compared at once. The worst case, lines of one character, takes about
+/// 40 ms, which is not noticed after a button press.
+constexpr std::size_t maxImmediateSize = std::size_t{32} * 1024;
 
 } // namespace
 
@@ -33,7 +33,7 @@ void TextDiffView::setRightText(std::string text) {
 void TextDiffView::compare(const Context<TextDiffView>& context) {
     if ((leftText.empty() && rightText.empty()) || comparison)
         return;
-    if (leftText.size() <= immediateSize && rightText.size() <= immediateSize)
+    if (leftText.size() <= maxImmediateSize && rightText.size() <= maxImmediateSize)
         diffResult = DiffEngine::compare(leftText, rightText);
     else
         compareInBackground(context);
@@ -49,10 +49,10 @@ void TextDiffView::compareInBackground(const Context<TextDiffView>& context) {
         [](TextDiffView& state, std::optional<DiffEngine::DiffResult> result) {
             state.diffResult = std::move(result);
         });
-    context.services.timers.after(patience,
+    context.services.timers.after(busyDelay,
                                   [update = context.update, task = BackgroundTask::Identity(*comparison)] {
                                       update([&](TextDiffView& state) {
-                                          if (task.names(state.comparison))
+                                          if (task.matches(state.comparison))
                                               state.comparisonTakesLong = true;
                                       });
                                   });

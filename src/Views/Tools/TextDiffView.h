@@ -1,5 +1,4 @@
-/// The state of the Text Diff screen: two texts, and the comparison that was last asked for. Nothing is
-/// compared by itself.
+/// The state of the Text Diff screen: two texts, and their last comparison, which is made only on request.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -18,29 +17,28 @@ namespace korvane {
 struct TextDiffView {
     enum class ViewMode { sideBySide, unified };
 
-    /// How long a comparison goes on before the screen tells of it, so that none of the usual ones flickers.
-    static constexpr std::chrono::milliseconds patience{250};
+    /// How long a comparison runs before the screen shows that it is busy, so that usual ones do not flicker.
+    static constexpr std::chrono::milliseconds busyDelay{250};
 
     std::string leftText{};
     std::string rightText{};
     std::optional<DiffEngine::DiffResult> diffResult{}; ///< replaces the editors while present
     ViewMode viewMode = ViewMode::sideBySide;
     bool showStats = true;
-    std::optional<BackgroundTask> comparison{}; ///< of the present texts, while it goes on
+    std::optional<BackgroundTask> comparison{}; ///< of the current texts, while it runs
     bool comparisonTakesLong = false;           ///< of `comparison`
 
-    /// A change of a text abandons the comparison that goes on: its result would no longer belong to the
-    /// texts.
+    /// A change of a text cancels a running comparison, whose result would belong to the previous texts.
     void setLeftText(std::string text);
     void setRightText(std::string text);
 
     void setViewMode(ViewMode mode) { viewMode = mode; }
 
-    /// Compares the texts, unless both are empty or they are being compared already: small ones at once,
-    /// others in the background. An earlier result stays until then.
+    /// Compares the texts, unless both are empty or a comparison is running: small ones at once, others in
+    /// the background. An earlier result stays until then.
     void compare(const Context<TextDiffView>& context);
 
-    /// Exchanges the texts. A result is not touched.
+    /// Swaps the texts and keeps the result.
     void swap();
 
     void clearAll();
@@ -52,7 +50,7 @@ struct TextDiffView {
 
     bool isSideBySide() const { return viewMode == ViewMode::sideBySide; }
 
-    /// Whether a comparison has been going on for so long that the screen tells of it.
+    /// Whether a comparison has been running for `busyDelay`.
     bool isBusy() const { return comparison && comparisonTakesLong; }
 
     bool showsCounts() const { return showStats && hasResult(); }
@@ -63,8 +61,7 @@ struct TextDiffView {
 
     StatBadge unchanged() const { return {"Unchanged", stats().unchanged}; }
 
-    /// How much of the rows is unchanged, such as "66% similar", truncated to a whole number; empty where
-    /// there is nothing to count.
+    /// The share of unchanged rows, such as "66% similar", truncated to a whole number; empty without rows.
     std::string similarity() const;
 
     bool operator==(const TextDiffView&) const = default;

@@ -1,5 +1,5 @@
-/// The state of the text transformer's screen. A result is made on the press of a button, and stays until the
-/// next; figures about the texts always tell of the texts as they are.
+/// The state of the Text Transformer screen. The output changes only on a button press; the statistics always
+/// describe the current texts.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -12,7 +12,7 @@
 
 namespace korvane {
 
-/// What the screen offers for a text.
+/// The tabs of the screen.
 enum class TransformTab { caseTransform, lineOperations, statistics };
 
 struct TransformTabFacts {
@@ -40,16 +40,16 @@ struct TextTransformerView {
     CaseTransform selectedCaseTransform = CaseTransform::uppercase;
     LineOperation selectedLineOperation = LineOperation::sortAZ;
 
-    /// The statistics of the texts. They are kept, as a screen asks for them with every key that is pressed.
+    /// The statistics of the texts, stored because the screen reads them on every key press.
     TextTransformer::RunningStats inputStats{};
     TextTransformer::RunningStats outputStats{};
 
-    /// What any change of the input entails, wherever it came from.
+    /// Also updates the statistics of the input.
     void setInputText(std::string text);
 
     void setSelectedTab(TransformTab tab) { selectedTab = tab; }
 
-    /// A press of one of the buttons: selects, and computes the output even if it was selected before.
+    /// A button press: selects, and computes the output even if the selection is the same.
     void selectCaseTransform(CaseTransform transform);
     void selectLineOperation(LineOperation operation);
 
@@ -60,14 +60,14 @@ struct TextTransformerView {
 
     bool hasOutput() const { return !outputText.empty(); }
 
-    /// Whether the selected tab makes an output of the input.
+    /// Whether the selected tab has an output.
     bool showsOutput() const { return selectedTab != TransformTab::statistics; }
 
     bool showsFooter() const { return hasInput() && showsOutput(); }
 
-    /// The line below the editors. With the case transforms it is such as "5 characters • 1 words • 1 lines";
-    /// with the line operations such as "Input: 3 lines", with those of the output behind a bullet once there
-    /// is an output. The statistics have none.
+    /// The line below the editors. Case transforms: such as "5 characters • 1 words • 1 lines". Line
+    /// operations: such as "Input: 3 lines", followed by a bullet and the lines of the output if there is
+    /// one. Statistics: empty.
     std::string footer() const;
 
     bool operator==(const TextTransformerView&) const = default;

@@ -1,5 +1,5 @@
-/// The state of the Timestamp screen: the time that it is, a Unix timestamp that becomes a date on a button
-/// press, and a date that is a Unix timestamp at once.
+/// The state of the Timestamp screen: the current time, a Unix timestamp that is converted to a date on a
+/// button press, and a date that is converted to Unix timestamps at every change.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -29,23 +29,24 @@ inline constexpr auto facts<TimestampUnit> = std::to_array<TimestampUnitFacts>({
 });
 
 struct TimestampView {
-    /// What is said of a number that is more likely to count something finer than the unit.
+    /// Shown for a number that is probably in a finer unit.
     static constexpr std::string_view unitHint =
         "Takes seconds or milliseconds, as chosen. Divide microseconds by 1000 and nanoseconds by 1000000 to "
         "get milliseconds.";
 
-    /// A moment in milliseconds, which reaches further than any calendar.
+    /// A time in milliseconds, whose range exceeds every calendar's.
     using Date = std::chrono::sys_time<std::chrono::milliseconds>;
 
     std::string unixTimestamp{};
     std::string dateString{};
     Date selectedDate{};
-    std::int64_t currentTimestamp = 0; ///< whole seconds since 1970-01-01T00:00:00Z, cut off towards zero
+    std::int64_t currentTimestamp = 0; ///< seconds since 1970-01-01T00:00:00Z, truncated
     std::optional<std::string> errorMessage{};
     TimestampUnit timestampUnit = TimestampUnit::seconds;
-    bool isBeyondYear9999 = false; ///< what was converted last, either way
+    /// Whether the last conversion gave a time beyond the year 9999, or as far before 1970.
+    bool isBeyondYear9999 = false;
 
-    /// Selects the present moment and sets the clock going, which then ticks until the screen is gone.
+    /// Selects the current time and starts the clock, which ticks until the screen is destroyed.
     void appear(const Context<TimestampView>& context);
 
     void setUnixTimestamp(std::string text);
@@ -54,23 +55,23 @@ struct TimestampView {
 
     void setSelectedDate(Date date) { selectedDate = date; }
 
-    /// Shows the date that `unixTimestamp` stands for in `timestampUnit`, spelled out in the user's language
-    /// and time zone, or a message if it stands for none.
+    /// Converts `unixTimestamp`, in `timestampUnit`, to a date in the user's language and time zone, or sets
+    /// a message if there is no such date.
     void convertTimestampToDate();
 
     bool hasDate() const { return !dateString.empty(); }
 
-    /// What the field takes, while what was converted suggests that something else was meant.
+    /// What the field accepts, if the last number converted was probably in another unit.
     std::string_view hint() const { return isBeyondYear9999 ? unitHint : std::string_view(); }
 
-    /// The present moment, in whole seconds.
+    /// The current time, in whole seconds.
     Date currentDate() const { return Date(std::chrono::seconds(currentTimestamp)); }
 
     std::string currentSeconds() const;
     std::string currentMilliseconds() const;
 
-    /// What `selectedDate` is in Unix seconds and milliseconds (cut off towards zero) and in the internet
-    /// form of ISO 8601 in UTC; the latter is empty outside of the years 0 to 9999.
+    /// `selectedDate` in Unix seconds and milliseconds (truncated), and in the internet form of ISO 8601 in
+    /// UTC; the latter is empty outside of the years 0 to 9999.
     std::string selectedSeconds() const;
     std::string selectedMilliseconds() const;
     std::string selectedISO8601() const;

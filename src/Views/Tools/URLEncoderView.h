@@ -1,5 +1,5 @@
-/// The state of the URL Encoder screen: text percent-encoded for a query and back, and URLs taken apart; each
-/// on a button press and never by itself.
+/// The state of the URL Encoder screen. On a button press, it percent-encodes text for a query, decodes it,
+/// or splits a URL into its components.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -15,22 +15,22 @@
 
 namespace korvane {
 
-/// One component of a URL as the screen lists it.
+/// A row in the list of a URL's components.
 struct ComponentRow {
     std::string label{};
-    std::optional<std::string> value{}; ///< none, as opposed to an empty one, for a parameter without a `=`
+    std::optional<std::string> value{}; ///< none for a parameter without a `=`, unlike an empty one
     PaletteColor color{};
 
     bool operator==(const ComponentRow&) const = default;
 };
 
-/// The list of what a URL consists of.
+/// The list of a URL's components.
 struct URLComponentsView {
     static constexpr std::string_view queryHeading = "Query Parameters";
 
     URLComponentsBreakdown components{};
 
-    /// A row for each component that is present, in the order they have in a URL.
+    /// A row for each component that is present, in the order of a URL.
     std::vector<ComponentRow> rows() const;
 
     /// A row for each item of the query.
@@ -48,16 +48,15 @@ struct URLEncoderView {
     std::string outputText{};
     Mode mode = Mode::encode;
     std::optional<std::string> errorMessage{};
-    std::string errorDetails{}; ///< what stands wrong where, as far as more is known than the message says
+    std::string errorDetails{}; ///< what is wrong where; empty if that is not known
     std::optional<URLComponentsBreakdown> urlComponents{};
 
-    /// What any change of the input entails, wherever it came from: neither message nor components belong to
-    /// it any longer.
+    /// Also drops the message and the components, which belong to the previous input.
     void setInputText(std::string text);
 
     void setMode(Mode newMode) { mode = newMode; }
 
-    /// Does with the input what `mode` says. A failure leaves a message, and the output as it was.
+    /// Processes the input by `mode`. A failure sets a message and keeps the output.
     void performAction();
 
     /// The badge for `errorMessage`.

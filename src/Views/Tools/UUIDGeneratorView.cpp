@@ -30,7 +30,7 @@ void UUIDGeneratorView::copyAllHistory(const Context<UUIDGeneratorView>& context
 }
 
 void UUIDGeneratorView::setBulkCount(int count) {
-    bulkCount = std::clamp(count, minimumBulkCount, maximumBulkCount);
+    bulkCount = std::clamp(count, minBulkCount, maxBulkCount);
 }
 
 std::string UUIDGeneratorView::format(std::string_view uuid) const {

@@ -1,5 +1,5 @@
-/// The state of the UUID screen: random UUIDs, singly or many at once, and the last of them. What is stored
-/// is canonical; how it is shown and copied is chosen apart from that.
+/// The state of the UUID Generator screen: random UUIDs, one or many at a time, and their history. UUIDs are
+/// stored in canonical form and formatted when they are shown or copied.
 #pragma once
 
 #include "Utilities/UUID.h"
@@ -22,11 +22,11 @@ struct UUIDEntry {
 };
 
 struct UUIDGeneratorView {
-    /// Old entries give way to new ones beyond this number.
+    /// Beyond this number, new entries replace the oldest.
     static constexpr std::size_t historyLimit = 100;
 
-    static constexpr int minimumBulkCount = 1;
-    static constexpr int maximumBulkCount = 100; ///< as many as the history keeps
+    static constexpr int minBulkCount = 1;
+    static constexpr int maxBulkCount = 100; ///< as many as the history keeps
 
     std::string currentUUID = UUID::random().text(); ///< canonical
     std::vector<UUIDEntry> uuidHistory{};            ///< newest first
@@ -34,27 +34,27 @@ struct UUIDGeneratorView {
     bool uppercased = true;
     bool includeHyphens = true;
 
-    /// The history begins with the UUID that the screen opens with.
+    /// Adds the UUID that the screen opens with to the history.
     void appear(const Context<UUIDGeneratorView>& context);
 
     void generateNew(const Context<UUIDGeneratorView>& context);
 
-    /// Makes `bulkCount` UUIDs; the last one made becomes the current one.
+    /// Generates `bulkCount` UUIDs; the last one becomes the current one.
     void generateBulk(const Context<UUIDGeneratorView>& context);
 
-    /// Puts the whole history on the clipboard as it is shown, a line an entry, newest first.
+    /// Copies the whole history as it is shown, one entry per line, newest first.
     void copyAllHistory(const Context<UUIDGeneratorView>& context) const;
 
     void clearHistory() { uuidHistory.clear(); }
 
-    /// The nearest count that is allowed.
+    /// Sets the nearest allowed count.
     void setBulkCount(int count);
 
     void setUppercased(bool on) { uppercased = on; }
 
     void setIncludeHyphens(bool on) { includeHyphens = on; }
 
-    /// A canonical UUID as it is to be shown.
+    /// A canonical UUID in the chosen format.
     std::string format(std::string_view uuid) const;
 
     std::string formattedUUID() const { return format(currentUUID); }

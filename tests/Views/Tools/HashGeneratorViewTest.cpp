@@ -19,7 +19,7 @@ struct HashGeneratorViewTest : testing::Test {
     void type(std::string text) { view.setInputText(std::move(text), context); }
 
     static std::string large(char character) {
-        return std::string(HashGeneratorView::largestTextHandledAtOnce + 1, character);
+        return std::string(HashGeneratorView::maxImmediateSize + 1, character);
     }
 };
 
@@ -104,7 +104,7 @@ TEST_F(HashGeneratorViewTest, NumbersHaveNoSeparators) {
 }
 
 TEST_F(HashGeneratorViewTest, ALargeTextIsHashedAndCountedInTheBackground) {
-    type(std::string(HashGeneratorView::largestTextHandledAtOnce, 'x'));
+    type(std::string(HashGeneratorView::maxImmediateSize, 'x'));
     EXPECT_EQ(fakes.background.pendingCount(), 0U);
     type(large('x'));
     EXPECT_TRUE(view.hashes.empty()) << "the digests of another text are not shown";

@@ -36,7 +36,7 @@ TEST_F(ImageConverterViewTest, SavesTheProcessedPictureOrElseTheSource) {
     apply();
     saveAs("/turned.png");
     EXPECT_TRUE(haveSamePixels(imageEngine().decode(fakes.files.contents["/turned.png"], {}).value(),
-                               *state->processedImage));
+                               *state->processedImage()));
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
@@ -103,7 +103,7 @@ TEST_F(ImageConverterViewTest, APlaceChosenWhileTheTransformsAreAppliedGetsTheir
     EXPECT_TRUE(fakes.files.contents.empty());
     fakes.background.runAll();
     EXPECT_TRUE(haveSamePixels(imageEngine().decode(fakes.files.contents["/turned.png"], {}).value(),
-                               *state->processedImage));
+                               *state->processedImage()));
     apply();
     EXPECT_EQ(fakes.files.contents.size(), 1) << "it is saved once";
 }
@@ -201,7 +201,7 @@ TEST_F(ImageConverterViewTest, ComparesWhatIsChosenWithThePreview) {
     EXPECT_TRUE(state->hasUnappliedChanges());
     saveAs("/preview.png");
     EXPECT_TRUE(haveSamePixels(imageEngine().decode(fakes.files.contents["/preview.png"], {}).value(),
-                               *state->processedImage));
+                               *state->processedImage()));
     load();
     EXPECT_FALSE(state->hasUnappliedChanges()) << "another picture, of another size";
     EXPECT_EQ(state->processedDimensionsText(), "");
@@ -217,7 +217,7 @@ TEST_F(ImageConverterViewTest, SaysWhyAFileCannotBeSaved) {
     fakes.files.writeFailure.reset();
     saveAs("/converted.png");
     EXPECT_EQ(state->errorMessage, std::nullopt);
-    state->sourceImage = Image{};
+    state->source->image = Image{};
     saveAs("/nothing.png");
     EXPECT_EQ(state->errorMessage, "Failed to save: Invalid or corrupted image");
 }
@@ -229,7 +229,7 @@ TEST_F(ImageConverterViewTest, WhatIsBeingSavedIsSaved) {
     EXPECT_TRUE(state->isSaving());
     EXPECT_TRUE(state->cannotSave());
     state->reset();
-    EXPECT_TRUE(state->saving);
+    EXPECT_TRUE(state->isSaving());
     fakes.background.runAll();
     EXPECT_TRUE(fakes.files.contents.contains("/converted.png"));
     EXPECT_TRUE(state->savedBadge());

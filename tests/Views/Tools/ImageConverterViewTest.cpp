@@ -45,8 +45,8 @@ TEST_F(ImageConverterViewTest, LoadingShowsThePictureAndItsFacts) {
     EXPECT_FALSE(state->hasSource()) << "it comes later";
     fakes.background.runAll();
     ASSERT_TRUE(state->hasSource());
-    EXPECT_TRUE(haveSamePixels(*state->sourceImage, picture));
-    EXPECT_EQ(state->sourceData, file);
+    EXPECT_TRUE(haveSamePixels(*state->sourceImage(), picture));
+    EXPECT_EQ(state->source->data, file);
     EXPECT_EQ(state->resizeWidth, 40);
     EXPECT_EQ(state->resizeHeight, 30);
     EXPECT_EQ(state->dimensionsText(), "40 × 30");
@@ -174,8 +174,8 @@ TEST_F(ImageConverterViewTest, TransformsAreAppliedInTheirOrder) {
     expected = imageEngine().flip(expected, FlipDirection::horizontal).value();
     expected = imageEngine().resize(expected, {12, 11}, false).value();
     ASSERT_TRUE(state->hasProcessed());
-    EXPECT_TRUE(haveSamePixels(*state->processedImage, expected));
-    EXPECT_TRUE(haveSamePixels(*state->sourceImage, picture)) << "the source stays";
+    EXPECT_TRUE(haveSamePixels(*state->processedImage(), expected));
+    EXPECT_TRUE(haveSamePixels(*state->sourceImage(), picture)) << "the source stays";
 }
 
 TEST_F(ImageConverterViewTest, WithoutASizeItOnlyTurnsAndMirrors) {
@@ -185,8 +185,8 @@ TEST_F(ImageConverterViewTest, WithoutASizeItOnlyTurnsAndMirrors) {
         state->setResizeWidth(width);
         state->setResizeHeight(height);
         apply();
-        EXPECT_EQ(state->processedImage->width, 30);
-        EXPECT_EQ(state->processedImage->height, 40);
+        EXPECT_EQ(state->processedImage()->width, 30);
+        EXPECT_EQ(state->processedImage()->height, 40);
     }
 }
 
@@ -198,8 +198,8 @@ TEST_F(ImageConverterViewTest, ATransformThatFailsIsLeftOut) {
     state->setResizeHeight(2'000'000'000);
     apply();
     ASSERT_TRUE(state->hasProcessed());
-    EXPECT_TRUE(
-        haveSamePixels(*state->processedImage, imageEngine().rotate(picture, Rotation::degrees180).value()));
+    EXPECT_TRUE(haveSamePixels(*state->processedImage(),
+                               imageEngine().rotate(picture, Rotation::degrees180).value()));
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
@@ -218,7 +218,7 @@ TEST_F(ImageConverterViewTest, SaysThatAFileHoldsMorePictures) {
     load();
     EXPECT_FALSE(state->isFirstOfMany());
     EXPECT_EQ(state->firstOfManyText(), "");
-    state->imageInfo->pictureCount = 12;
+    state->source->imageInfo.pictureCount = 12;
     EXPECT_TRUE(state->isFirstOfMany());
     EXPECT_EQ(state->firstOfManyText(), "The first of 12 pictures in the file");
 }
@@ -273,7 +273,7 @@ TEST_F(ImageConverterViewTest, ShowsTheQualityWhereThereIsOne) {
 }
 
 TEST_F(ImageConverterViewTest, TellsFileSizesInThousands) {
-    state->imageInfo = ImageInfo{.hasAlpha = true, .dpi = 300};
+    state->source = {.imageInfo = {.hasAlpha = true, .dpi = 300}};
     for (const auto& [size, text] : {std::pair<std::int64_t, const char*>{0, "0 bytes"},
                                      {999, "999 bytes"},
                                      {1000, "1 KB"},
@@ -282,7 +282,7 @@ TEST_F(ImageConverterViewTest, TellsFileSizesInThousands) {
                                      {12'340'000, "12.3 MB"},
                                      {345'678'000, "346 MB"},
                                      {1'073'741'824, "1.1 GB"}}) {
-        state->imageInfo->fileSize = size;
+        state->source->imageInfo.fileSize = size;
         EXPECT_EQ(state->fileSizeText(), text);
     }
     EXPECT_EQ(state->alphaText(), "Yes");
@@ -296,7 +296,7 @@ TEST_F(ImageConverterViewTest, SaysThatTheEngineIsMissing) {
     state->loadImage(file, context);
     fakes.background.runAll();
     EXPECT_EQ(state->errorMessage, "Failed to load image: " + *fakes.images.failure);
-    state->sourceImage = picture;
+    state->source = {.image = picture};
     apply();
     EXPECT_EQ(state->errorMessage, fakes.images.failure);
     saveAs("/converted.png");

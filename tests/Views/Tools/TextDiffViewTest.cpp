@@ -148,13 +148,13 @@ TEST_F(TextDiffViewTest, ComparesLargeTextsInTheBackground) {
     EXPECT_FALSE(view.isBusy()) << "there is nothing to tell yet";
     fakes.background.runAll();
     EXPECT_EQ(counts(), (std::vector{0, 0, 10'000}));
-    fakes.timers.advance(TextDiffView::patience);
+    fakes.timers.advance(TextDiffView::busyDelay);
     EXPECT_FALSE(view.isBusy());
 }
 
 TEST_F(TextDiffViewTest, TellsOfAComparisonThatTakesLong) {
     compare(manyLines("old"), manyLines("new"));
-    fakes.timers.advance(TextDiffView::patience);
+    fakes.timers.advance(TextDiffView::busyDelay);
     EXPECT_TRUE(view.isBusy());
     view.compare(context);
     EXPECT_EQ(fakes.background.pendingCount(), 1) << "it goes on already";
@@ -165,12 +165,12 @@ TEST_F(TextDiffViewTest, TellsOfAComparisonThatTakesLong) {
 
 TEST_F(TextDiffViewTest, PatienceBeginsAnewWithEachComparison) {
     compare(manyLines("old"), manyLines("new"));
-    fakes.timers.advance(TextDiffView::patience);
+    fakes.timers.advance(TextDiffView::busyDelay);
     view.swap();
     EXPECT_FALSE(view.isBusy());
     view.compare(context);
     EXPECT_FALSE(view.isBusy());
-    fakes.timers.advance(TextDiffView::patience);
+    fakes.timers.advance(TextDiffView::busyDelay);
     EXPECT_TRUE(view.isBusy());
 }
 
@@ -193,7 +193,7 @@ TEST_F(TextDiffViewTest, WhateverChangesATextAbandonsTheComparison) {
         row.change(view);
         EXPECT_TRUE(token.stop_requested()) << row.name;
         fakes.background.runAll();
-        fakes.timers.advance(TextDiffView::patience);
+        fakes.timers.advance(TextDiffView::busyDelay);
         EXPECT_FALSE(view.hasResult()) << row.name;
         EXPECT_FALSE(view.isBusy()) << row.name;
     }

@@ -31,9 +31,9 @@ QWidget* options(Store& store) {
         {
             segmentedPicker(store, "Type", &State::generationType, &State::setGenerationType, typePickerWidth,
                             SegmentLook::withIcons),
-            labelledStepper(
-                store, "Count", &State::count, &State::setCount, {&State::countLabel, countLabelWidth},
-                {.minimum = State::minimumCount, .maximum = State::maximumCount, .width = stepperWidth}),
+            labelledStepper(store, "Count", &State::count, &State::setCount,
+                            {&State::countLabel, countLabelWidth},
+                            {.minimum = State::minCount, .maximum = State::maxCount, .width = stepperWidth}),
             toggle(store, "Start with \"Lorem ipsum...\"", &State::startWithLorem, &State::setStartWithLorem,
                    {.look = ToggleLook::checkbox}),
             stretch(),

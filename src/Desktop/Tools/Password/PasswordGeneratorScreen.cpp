@@ -60,8 +60,8 @@ QWidget* passwordLength(Store& store) {
             row({
                 textLabel(store, "8", TextStyle::caption, Role::secondary, {.width = sliderEndWidth}),
                 slider(store, "Password Length", &State::length, &State::setLength,
-                       {.minimum = State::minimumLength,
-                        .maximum = State::maximumLength,
+                       {.minimum = State::minLength,
+                        .maximum = State::maxLength,
                         .stepsOfOne = 1,
                         .isContinuous = false,
                         .color = PaletteColor::red}),
@@ -79,8 +79,8 @@ QWidget* bulkGenerate(Store& store) {
         {
             row({textLabel(store, "Count:", TextStyle::body, Role::secondary),
                  stepper(store, "Count", &State::bulkCount, &State::setBulkCount,
-                         {.minimum = State::minimumBulkCount,
-                          .maximum = State::maximumBulkCount,
+                         {.minimum = State::minBulkCount,
+                          .maximum = State::maxBulkCount,
                           .width = stepperWidth})}),
             actionButton(store, &State::bulkTitle, "plus.square.on.square", PaletteColor::indigo,
                          &State::generateBulk),

@@ -149,7 +149,7 @@ TEST_F(TextDiffScreenTest, IsBusyWithLargeTextsUntilTheResultComes) {
     const std::string many(50'000, '\n');
     compare(many, "x");
     EXPECT_FALSE(screen.shows(busy));
-    fakes.timers.advance(TextDiffView::patience);
+    fakes.timers.advance(TextDiffView::busyDelay);
     EXPECT_TRUE(screen.shows(busy));
     EXPECT_FALSE(screen.button("Compare").isEnabled());
     fakes.background.runAll();
@@ -159,7 +159,7 @@ TEST_F(TextDiffScreenTest, IsBusyWithLargeTextsUntilTheResultComes) {
 
     screen.press("Clear All");
     compare(many, "y");
-    fakes.timers.advance(TextDiffView::patience);
+    fakes.timers.advance(TextDiffView::busyDelay);
     screen.press("Clear All");
     EXPECT_FALSE(screen.shows(busy));
     fakes.background.runAll();

@@ -108,7 +108,7 @@ TEST_F(HashGeneratorScreenTest, ADigestCanBeSelectedThoughItDoesNotFit) {
 
 TEST_F(HashGeneratorScreenTest, ALargeTextIsHashedWithoutHoldingUpTheWindow) {
     screen.type("Input Text", "abc");
-    fakes.clipboard.content = std::string(HashGeneratorView::largestTextHandledAtOnce + 1, 'x');
+    fakes.clipboard.content = std::string(HashGeneratorView::maxImmediateSize + 1, 'x');
     screen.press("Paste");
     EXPECT_EQ(digest("MD5"), "");
     EXPECT_EQ(field("MD5").placeholderText(), "") << "the text is there";
