@@ -208,8 +208,7 @@ TEST_F(ImageFilesTest, WideGamutColorsAreKeptOrConverted) {
     for (const auto* suffix : {".png", ".tif", ".jpg[Q=100]"}) {
         const auto image = decoded(libraryFile(wide, suffix));
         EXPECT_NE(image.colorProfile, "");
-        EXPECT_GT(std::abs(pixelAt(image, 4, 4)[0] - 200), 5)
-            << "the samples are still in the wide gamut";
+        EXPECT_GT(std::abs(pixelAt(image, 4, 4)[0] - 200), 5) << "the samples are still in the wide gamut";
         for (const auto format :
              {ImageFormat::png, ImageFormat::tiff, ImageFormat::jpeg, ImageFormat::heic}) {
             const auto kept = throughFile(image, format, 1);
@@ -293,7 +292,7 @@ TEST_F(ImageFilesTest, TIFFsWithUnusualSampleTypesAreRead) {
         {"16 bits with a sign", VIPS_FORMAT_SHORT, -32768, 32767},
         {"32 bits", VIPS_FORMAT_UINT, 0, 4294967295.0},
         {"32 bits with a sign", VIPS_FORMAT_INT, -2147483648.0, 2147483647.0},
-{"linear light", VIPS_FORMAT_FLOAT, 0, 1},
+        {"linear light", VIPS_FORMAT_FLOAT, 0, 1},
         {"linear light beyond black and white", VIPS_FORMAT_FLOAT, -3, 7},
     };
     for (const auto& row : rows) {

@@ -20,8 +20,8 @@ namespace {
 using namespace ImageConverter;
 using namespace support;
 
-/// The place, in a stored picture of `size`, of the pixel displayed at (x, y), for each orientation that a file
-/// can state (TIFF 6.0, page 36).
+/// The place, in a stored picture of `size`, of the pixel displayed at (x, y), for each orientation that a
+/// file can state (TIFF 6.0, page 36).
 ImageSize storedPlace(int orientation, ImageSize size, int x, int y) {
     const int right = size.width - 1;
     const int bottom = size.height - 1;

@@ -43,8 +43,8 @@ TEST(Base64, RejectsTextThatIsNotPaddedStandardBase64) {
     EXPECT_EQ(Base64::decode(std::string_view("SG\0s", 4)), std::nullopt);
 }
 
-/// The last character before the padding has two or four bits more than the bytes need. RFC 4648, section 3.5,
-/// lets a decoder accept ones there; this decoder accepts them, as most do.
+/// The last character before the padding has two or four bits more than the bytes need. RFC 4648,
+/// section 3.5, lets a decoder accept ones there; this decoder accepts them, as most do.
 TEST(Base64, AcceptsAnyUnusedBitsBeforeThePadding) {
     constexpr Vector rows[] = {
         {"A", "QQ=="},         {"A", "QR=="},         {"A", "Qf=="},

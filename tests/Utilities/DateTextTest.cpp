@@ -32,7 +32,8 @@ TEST(DateTextTest, FollowsChangesOfTheSystemTimeZone) {
     EXPECT_EQ(timeIn("Asia/Tokyo"), "12:04");
     EXPECT_EQ(timeIn("UTC"), "03:04");
     const LocalZone tokyo("Asia/Tokyo");
-    EXPECT_EQ(DateText::shortTime(1704164645, {"de_DE", "Europe/Berlin"}), "04:04") << "an explicit zone is unaffected";
+    EXPECT_EQ(DateText::shortTime(1704164645, {"de_DE", "Europe/Berlin"}), "04:04")
+        << "an explicit zone is unaffected";
     EXPECT_EQ(DateText::shortTime(1704164645, local), "12:04");
 }
 

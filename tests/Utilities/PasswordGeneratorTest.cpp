@@ -235,8 +235,8 @@ TEST(PasswordGenerator, RatesByLengthVarietyAndEntropy) {
             << row.name << ": " << row.password;
 }
 
-/// Whether a text has a common pattern: with one, a password of 20 characters and all classes is only strong. The
-/// rest of that password neither has nor continues a run.
+/// Whether a text has a common pattern: with one, a password of 20 characters and all classes is only strong.
+/// The rest of that password neither has nor continues a run.
 bool isCommon(std::string_view text) {
     const std::string rest = "k7#Vq9!mZx2@Rw4L8p?T";
     EXPECT_EQ(calculateStrength(rest), PasswordStrength::veryStrong);

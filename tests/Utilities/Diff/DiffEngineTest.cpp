@@ -143,7 +143,7 @@ bool showsAllLines(const std::vector<DiffLine>& column, const std::string& text)
             continue;
         if (*line.lineNumber != ++number)
             return false;
-shown.append(number > 1 ? "\n" : "").append(line.content);
+        shown.append(number > 1 ? "\n" : "").append(line.content);
     }
     return shown == text;
 }

@@ -92,7 +92,8 @@ constexpr MarkdownParserRow markdownParserRows[] = {
      "<pre><code class=\"language-\"><strong>a</strong>\n</code></pre>"},
     {"an open fence", "```c\na", "<p>```c\na</p>"},
     {"a language of two words", "```c d\na\n```", "<p>``<code>c d\na\n</code>``</p>"},
-    {"a language with letters beyond ASCII", "```größe\na```", "<pre><code class=\"language-größe\">a</code></pre>"},
+    {"a language with letters beyond ASCII", "```größe\na```",
+     "<pre><code class=\"language-größe\">a</code></pre>"},
 
     {"a link", "[a](b)", "<p><a href=\"b\">a</a></p>"},
     {"an image", "![a](b)", "<p><img src=\"b\" alt=\"a\"></p>"},
@@ -129,8 +130,8 @@ RC_GTEST_PROP(MarkdownParser, AgreesWithTheRegularExpressions, ()) {
         RC_ASSERT(MarkdownParser::toHTML(text) == htmlByICU(text));
 }
 
-/// Texts on which a matcher that tries again from every position takes minutes. The time limit of the test run
-/// fails it then; the benchmark measures the exact times.
+/// Texts on which a matcher that tries again from every position takes minutes. The time limit of the test
+/// run fails it then; the benchmark measures the exact times.
 TEST(MarkdownParser, FinishesInTimeOnHostileText) {
     constexpr std::size_t size = 1'000'000;
     for (const std::string_view piece :

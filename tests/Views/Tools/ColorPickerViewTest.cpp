@@ -131,8 +131,9 @@ struct Fraction {
     double value() const { return static_cast<double>(numerator) / denominator; }
 };
 
-/// Expects `number` to equal the fraction within the precision of doubles, and to truncate to the same integer.
-/// Where the fraction is an integer, a double may lie just below it and truncate to the integer before.
+/// Expects `number` to equal the fraction within the precision of doubles, and to truncate to the same
+/// integer. Where the fraction is an integer, a double may lie just below it and truncate to the integer
+/// before.
 void expectTruncated(double number, Fraction exact, std::string_view name) {
     EXPECT_NEAR(number, exact.value(), 1e-9) << name;
     const auto shown = static_cast<int>(number);

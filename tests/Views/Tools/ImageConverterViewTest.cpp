@@ -122,7 +122,8 @@ TEST_F(ImageConverterViewTest, TheFirstImageOfSeveralFilesIsLoaded) {
     state->reset();
     state->handleDrop({.files = {"/gone.png", "/notes.txt"}}, context);
     fakes.background.runAll();
-    EXPECT_EQ(state->errorMessage, "Failed to load image: No such file or directory") << "the error of the first file";
+    EXPECT_EQ(state->errorMessage, "Failed to load image: No such file or directory")
+        << "the error of the first file";
 }
 
 TEST_F(ImageConverterViewTest, TheBytesOfAPictureCanBeDropped) {

@@ -12,8 +12,8 @@
 namespace korvane {
 namespace {
 
-/// The runs of `text`, each in angle brackets after the letters of its styles (Bold, Italic, Struck, Code, Link)
-/// and before its target.
+/// The runs of `text`, each in angle brackets after the letters of its styles (Bold, Italic, Struck, Code,
+/// Link) and before its target.
 std::string rendered(std::string_view text) {
     std::string result;
     for (const auto& run : renderInline(text)) {
