@@ -139,7 +139,7 @@ TEST(Design, FixedSizesAreAsDesigned) {
         Kind kind;
         std::string name;
         int width;      ///< in pixels at a 13-pixel body text; 0: any
-        int height = 0; ///< likewise
+        int height = 0; ///< like `width`
     };
 
     using enum Kind;

@@ -205,7 +205,7 @@ TEST_F(KeyboardTest, TheSearchOpensAToolAndFocusesItByKeyboardAlone) {
     EXPECT_EQ(focus(), "Plain Text");
 }
 
-TEST_F(KeyboardTest, ReturnOpensTheFirstToolFound) {
+TEST_F(KeyboardTest, ReturnOpensTheToolThatTheSearchFound) {
     press(Qt::Key_F, Qt::ControlModifier);
     QTest::keyClicks(window.focusWidget(), "hash");
     press(Qt::Key_Return);

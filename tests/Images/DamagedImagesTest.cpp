@@ -31,7 +31,7 @@ protected:
     std::string file = convert(source, GetParam(), 0.9).value();
 };
 
-TEST_P(DamagedImagesTest, ATruncatedFileIsRejectedOrDecodesWhole) {
+TEST_P(DamagedImagesTest, ATruncatedFileIsRejectedOrDecodesCompletely) {
     const auto whole = decode(file, {}).value();
     for (std::size_t size = 0; size < file.size(); ++size) {
         const auto image = decode(file.substr(0, size), {});

@@ -136,7 +136,7 @@ TEST_F(JPEGTest, ScanParametersOfSequentialFilesAreIgnored) {
     }
 }
 
-TEST_F(JPEGTest, ATruncatedFileIsRejectedOrDecodesWhole) {
+TEST_F(JPEGTest, ATruncatedFileIsRejectedOrDecodesCompletely) {
     for (const auto& variant : variants()) {
         const auto whole = decoded(variant.file);
         const auto pixels = segments(variant.file).back();

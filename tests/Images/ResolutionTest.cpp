@@ -67,7 +67,7 @@ TEST(Resolution, CountsOnlyWithItsUnit) {
 
     const Row rows[] = {
         {"PNG without a unit", pngWithResolution(2, 0), 72},
-        {"PNG without a unit, as a density might look", pngWithResolution(11811, 0), 72},
+        {"PNG without a unit, with a plausible density", pngWithResolution(11811, 0), 72},
         {"PNG, a thousand dots a metre", pngWithResolution(1000, 1), 25},
         {"PNG, 300 dots an inch", pngWithResolution(11811, 1), 300},
         {"PNG, none", pngWithResolution(0, 1), 72},

@@ -112,7 +112,7 @@ TEST(PasswordGenerator, HasTheDistributionOfTheModulo) {
         for (std::size_t i = 0; i < pool.characters.size(); ++i) {
             inOrder.push_back(counts[pool.characters[i]]);
             const auto bytes = (256 - i + pool.characters.size() - 1) / pool.characters.size();
-            weights.push_back(static_cast<double>(bytes)); // of the 256 that stand for this character
+            weights.push_back(static_cast<double>(bytes)); // of the 256 that map to this character
         }
         EXPECT_EQ(counts.size(), pool.characters.size()) << pool.name << " has no other characters";
         EXPECT_TRUE(fitsWeights(inOrder, weights)) << pool.name;

@@ -159,7 +159,7 @@ TEST_F(MainWindowTest, TheFocusRingFollowsTheFocusFromScreenToScreen) {
     screen.button("Clear").setFocus();
     EXPECT_TRUE(ringOn(screen.button("Clear")));
     EXPECT_FALSE(ringOn(screen.editor("Plain Text")));
-    QTest::keyClick(&window, '3', Qt::ControlModifier); // nothing there to take the focus
+    QTest::keyClick(&window, '3', Qt::ControlModifier);
     QTest::keyClick(&window, '1', Qt::ControlModifier);
     settle();
     EXPECT_TRUE(ringOn(screen.editor("Input")));

@@ -146,7 +146,7 @@ RC_GTEST_PROP(CommonSubsequence, AgreesWithTheTableOnArbitraryLists, ()) {
     RC_ASSERT(longestCommonSubsequence(a, b, {}, tight) == support::naiveSubsequence(a, b));
 }
 
-TEST(CommonSubsequence, OfALongListAndItsReverseHasOneElement) {
+TEST(CommonSubsequence, ALongListAndItsReverseHaveOneCommonElement) {
     Identities a(30'000);
     std::iota(a.begin(), a.end(), LineIdentity{0});
     const Identities b(a.rbegin(), a.rend());

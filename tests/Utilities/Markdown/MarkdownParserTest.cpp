@@ -81,7 +81,7 @@ constexpr MarkdownParserRow markdownParserRows[] = {
     {"struck through", "~~a~~", "<p><del>a</del></p>"},
     {"bold does not span lines", "**a\nb**", "<p>**a\nb**</p>"},
     {"words with underscores", "snake_case_name", "<p>snake<em>case</em>name</p>"},
-    {"asterisks that stand alone", "2 * 3 * 4", "<p>2 <em> 3 </em> 4</p>"},
+    {"asterisks between spaces", "2 * 3 * 4", "<p>2 <em> 3 </em> 4</p>"},
 
     {"inline code", "`a`", "<p><code>a</code></p>"},
     {"inline code over lines", "`a\nb`", "<p><code>a\nb</code></p>"},

@@ -106,7 +106,7 @@ TEST_F(PasswordGeneratorViewTest, KeepsTheNewestFifty) {
     const auto second = view.passwordHistory[48].password;
     view.generatePassword(context);
     EXPECT_EQ(view.passwordHistory.size(), 50U);
-    EXPECT_EQ(view.passwordHistory.back().password, second) << "the oldest is gone";
+    EXPECT_EQ(view.passwordHistory.back().password, second) << "the oldest is removed";
 }
 
 TEST_F(PasswordGeneratorViewTest, ABulkOfFiftyReplacesTheHistory) {

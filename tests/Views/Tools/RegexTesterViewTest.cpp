@@ -54,7 +54,7 @@ std::string hostileText() {
     return std::string(50, 'a') + "b";
 }
 
-TEST_F(RegexTesterViewTest, BeginsEmptyLiveAndCaseSensitive) {
+TEST_F(RegexTesterViewTest, StartsEmptyLiveAndCaseSensitive) {
     EXPECT_EQ(state->pattern, "");
     EXPECT_EQ(state->testString, "");
     EXPECT_EQ(state->replacement, "");

@@ -115,17 +115,17 @@ TEST_F(URLEncoderScreenTest, NamesOfParametersAreNotCutOffUpToHalfTheWidth) {
     widget->resize(Theme::px(900), 750);
     settle();
     analyze("?a=1&a_rather_long_name_of_a_parameter=2");
-    const auto* longest = nameLabel("a_rather_long_name_of_a_parameter");
-    EXPECT_GE(longest->width(), longest->sizeHint().width());
-    EXPECT_EQ(nameLabel("a")->width(), longest->width()) << "the values line up";
+    const auto* nameOfLongParameter = nameLabel("a_rather_long_name_of_a_parameter");
+    EXPECT_GE(nameOfLongParameter->width(), nameOfLongParameter->sizeHint().width());
+    EXPECT_EQ(nameLabel("a")->width(), nameOfLongParameter->width()) << "the values line up";
     analyze("?a=1&" + std::string(500, 'n') + "=value");
-    longest = nameLabel(std::string(500, 'n'));
-    EXPECT_LT(longest->width(), widget->width() / 2) << "the value needs space, too";
-    EXPECT_EQ(longest->toolTip(), longest->text());
+    nameOfLongParameter = nameLabel(std::string(500, 'n'));
+    EXPECT_LT(nameOfLongParameter->width(), widget->width() / 2) << "the value needs space, too";
+    EXPECT_EQ(nameOfLongParameter->toolTip(), nameOfLongParameter->text());
     widget->resize(Theme::px(620), 750);
     settle();
     EXPECT_EQ(widget->width(), Theme::px(620));
-    EXPECT_LT(longest->width(), widget->width() / 2);
+    EXPECT_LT(nameOfLongParameter->width(), widget->width() / 2);
 }
 
 TEST_F(URLEncoderScreenTest, KeepsInputAndOutputWhenTheModeChanges) {
