@@ -115,17 +115,17 @@ TEST_F(URLEncoderScreenTest, NamesOfParametersAreNotCutOffUpToHalfTheWidth) {
     widget->resize(Theme::px(900), 750);
     settle();
     analyze("?a=1&a_rather_long_name_of_a_parameter=2");
-    const auto* nameOfLongParameter = nameLabel("a_rather_long_name_of_a_parameter");
-    EXPECT_GE(nameOfLongParameter->width(), nameOfLongParameter->sizeHint().width());
-    EXPECT_EQ(nameLabel("a")->width(), nameOfLongParameter->width()) << "the values line up";
+    const auto* longLabel = nameLabel("a_rather_long_name_of_a_parameter");
+    EXPECT_GE(longLabel->width(), longLabel->sizeHint().width());
+    EXPECT_EQ(nameLabel("a")->width(), longLabel->width()) << "the values line up";
     analyze("?a=1&" + std::string(500, 'n') + "=value");
-    nameOfLongParameter = nameLabel(std::string(500, 'n'));
-    EXPECT_LT(nameOfLongParameter->width(), widget->width() / 2) << "the value needs space, too";
-    EXPECT_EQ(nameOfLongParameter->toolTip(), nameOfLongParameter->text());
+    longLabel = nameLabel(std::string(500, 'n'));
+    EXPECT_LT(longLabel->width(), widget->width() / 2) << "the value needs space, too";
+    EXPECT_EQ(longLabel->toolTip(), longLabel->text());
     widget->resize(Theme::px(620), 750);
     settle();
     EXPECT_EQ(widget->width(), Theme::px(620));
-    EXPECT_LT(nameOfLongParameter->width(), widget->width() / 2);
+    EXPECT_LT(longLabel->width(), widget->width() / 2);
 }
 
 TEST_F(URLEncoderScreenTest, KeepsInputAndOutputWhenTheModeChanges) {
