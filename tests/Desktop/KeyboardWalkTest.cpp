@@ -136,7 +136,7 @@ bool isReadBefore(QWidget* a, QWidget* b) {
 struct KeyboardWalkTest : testing::TestWithParam<Scene> {};
 
 TEST_P(KeyboardWalkTest, TabStopsOnceAtEveryControlInReadingOrder) {
-    const Stage stage(GetParam(), {1100, 1600}); // high maxChildren that nothing scrolls
+    const Stage stage(GetParam(), {1100, 1600}); // high enough that nothing scrolls
     stage.search().setFocus();
     const auto walk = stage.walk(Qt::Key_Tab);
     const auto stops = stage.stops();

@@ -20,8 +20,8 @@ namespace {
 using Pieces = std::vector<std::string>;
 
 Pieces charactersOf(std::string_view text) {
-    const auto all = characters(text);
-    return {all.begin(), all.end()};
+    const auto views = characters(text);
+    return {views.begin(), views.end()};
 }
 
 /// The same by ICU's iterator over the whole text.
