@@ -31,7 +31,7 @@ def until(condition: Callable[[], object], failure: Callable[[], str]) -> object
             if found := condition():
                 return found
         except GLib.Error:
-            pass  # the object was destroyed between two calls; the next check finds another
+            pass  # the object was destroyed between two calls; the next check searches again
         assert time.monotonic() < deadline, failure()
         GLib.timeout_add(TICK, lambda: GLib.SOURCE_REMOVE)
         context.iteration(True)

@@ -80,7 +80,7 @@ TEST_F(HistoryPanelTest, GivesEveryVisibleRowAButton) {
     add(2);
     EXPECT_EQ(names(), (std::vector<std::string>{"Copy 2", "Copy 1"}));
     add(100);
-    EXPECT_LE(buttons().size(), 6U) << "200 pixels show five rows of 40, or parts of a sixth";
+    EXPECT_LE(buttons().size(), 6U) << "200 pixels show five rows of 40, or six in part";
     EXPECT_EQ(names().front(), "Copy 100");
 }
 

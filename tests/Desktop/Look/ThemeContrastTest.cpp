@@ -3,9 +3,8 @@
 ///
 /// Deliberately excluded:
 /// - White on the solid named colours (action buttons, tags) and on the accent, which the design fixes.
-/// - Placeholders, line numbers and the shortcuts in the sidebar, which are faint by design: a placeholder is
-/// also
-///   the editor's accessible description, and disappears with the first character; the menu shows the
+/// - Placeholders, line numbers and the shortcuts in the sidebar, which are faint by design. A placeholder is
+///   also the editor's accessible description, and disappears with the first character; the menu shows the
 ///   shortcuts too.
 /// - Disabled controls.
 

@@ -26,7 +26,7 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-/// The result in which the lines are as in `rows`, each after its mark: " same", "-removed" or "+added".
+/// The result whose unified lines are `rows`, each after its mark: " same", "-removed" or "+added".
 NaiveDiff diffOf(const std::vector<std::string_view>& rows) {
     NaiveDiff diff;
     int left = 0;
