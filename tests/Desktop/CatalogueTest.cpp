@@ -1,4 +1,4 @@
-/// What holds for every screen alike.
+/// Properties of every screen.
 
 #include "Desktop/Binding/Screen.h"
 #include "Desktop/Look/Theme.h"
@@ -46,14 +46,14 @@ struct CatalogueTest : testing::TestWithParam<Tool> {
     ~CatalogueTest() override { Theme::setScheme(Theme::Scheme::light); }
 };
 
-TEST_P(CatalogueTest, BuildsAndGoesCleanly) {
+TEST_P(CatalogueTest, CanBeBuiltAndDestroyed) {
     const ScreenDriver screen(*widget);
     EXPECT_TRUE(screen.shows(rawValue(GetParam())));
     widget.reset();
     settle();
 }
 
-TEST_P(CatalogueTest, ShowsNoWindowOfItsOwnWhileItIsBuilt) {
+TEST_P(CatalogueTest, BuildingShowsNoWindow) {
     const WindowCounter windows;
     const std::unique_ptr<QWidget> another(toolView(GetParam(), fakes.services));
     EXPECT_EQ(windows.count, 0);
@@ -75,7 +75,7 @@ TEST_P(CatalogueTest, RefreshingPerformsNoOperation) {
     }
 }
 
-TEST_P(CatalogueTest, GivesEveryControlAName) {
+TEST_P(CatalogueTest, EveryFocusableControlHasADistinctName) {
     const ScreenDriver screen(*widget);
     std::map<std::pair<std::string, QString>, int> names;
     for (auto* control : widget->findChildren<QWidget*>()) {
@@ -105,7 +105,7 @@ TEST_P(CatalogueTest, TheWheelChangesNothingWithoutTheFocus) {
     }
 }
 
-TEST_P(CatalogueTest, FitsTheSmallestWindow) {
+TEST_P(CatalogueTest, FitsTheMinimumWindowSize) {
     const auto width = WindowMetrics::minWidth - WindowMetrics::sidebarMaxWidth;
     const QSize detail(Theme::px(width), Theme::px(WindowMetrics::minHeight - stripHeight));
     const ScreenDriver screen(*widget, detail);
@@ -114,13 +114,13 @@ TEST_P(CatalogueTest, FitsTheSmallestWindow) {
         if (!control->isVisible())
             continue;
         const QRect place(control->mapTo(widget.get(), QPoint()), control->size());
-        EXPECT_GE(place.left(), 0) << control->accessibleName().toStdString(); // downwards it may scroll
+        EXPECT_GE(place.left(), 0) << control->accessibleName().toStdString(); // vertically it may scroll
         EXPECT_LE(place.right(), widget->width()) << control->accessibleName().toStdString();
         EXPECT_GE(control->width(), control->sizeHint().width()) << control->accessibleName().toStdString();
     }
 }
 
-TEST_P(CatalogueTest, IsPaintedInLightAndInDark) {
+TEST_P(CatalogueTest, LooksDifferentInLightAndDark) {
     const ScreenDriver screen(*widget);
     std::map<Theme::Scheme, QImage> pictures;
     for (const auto scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {

@@ -1,5 +1,5 @@
-/// What the design fixes of single screens: title, glyph and colour of the action buttons, and the sizes of
-/// what is not as large as its content.
+/// The fixed parts of the design of each screen: title, glyph and colour of the action buttons, and fixed
+/// sizes.
 
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Controls/Buttons.h"
@@ -35,7 +35,7 @@ void PrintTo(const ButtonDesign& button, std::ostream* out) {
     *out << button.title << ", " << button.icon << ", " << static_cast<int>(button.color);
 }
 
-/// The action buttons in the order of the screen, whether they can be seen by now or not.
+/// All action buttons, visible or hidden, in the order of the screen.
 std::vector<ButtonDesign> actionButtons(const QWidget& screen) {
     std::vector<ButtonDesign> found;
     for (const auto* child : screen.findChildren<QAbstractButton*>()) {
@@ -48,7 +48,7 @@ std::vector<ButtonDesign> actionButtons(const QWidget& screen) {
 TEST(Design, EveryActionButtonHasItsTitleGlyphAndColour) {
     struct Row {
         Tool tool;
-        std::string segment; ///< chosen before, if any
+        std::string segment; ///< chosen first, if any
         std::vector<ButtonDesign> buttons;
     };
 
@@ -110,36 +110,36 @@ TEST(Design, AnActionButtonIsFilledWithItsColour) {
 
 enum class Kind { picker, stepper, tag, label, field, editor };
 
-/// The visible parts of that kind and name.
+/// The visible parts of the given kind and name.
 std::vector<const QWidget*> parts(const QWidget& screen, Kind kind, std::string_view name) {
     std::vector<const QWidget*> found;
-    const auto wanted = qString(name);
+    const auto expectedName = qString(name);
     for (const auto* child : screen.findChildren<QWidget*>()) {
         if (!child->isVisible())
             continue;
-        const bool isNamed = child->accessibleName() == wanted;
+        const bool isNamed = child->accessibleName() == expectedName;
         const auto* label = qobject_cast<const QLabel*>(child);
         const bool isTag = label && label->accessibleName().isEmpty();
         if ((kind == Kind::picker && isNamed &&
              std::string_view(child->metaObject()->className()) == "QWidget") ||
             (kind == Kind::stepper && isNamed && qobject_cast<const QSpinBox*>(child)) ||
-            (kind == Kind::tag && isTag && label->text() == wanted) ||
-            (kind == Kind::label && label && !isTag && label->text() == wanted))
+            (kind == Kind::tag && isTag && label->text() == expectedName) ||
+            (kind == Kind::label && label && !isTag && label->text() == expectedName))
             found.push_back(child);
         else if ((kind == Kind::field && isNamed && qobject_cast<const QLineEdit*>(child)) ||
                  (kind == Kind::editor && isNamed && dynamic_cast<const TextArea*>(child)))
-            found.push_back(child->parentWidget()); // the surface that it lies on
+            found.push_back(child->parentWidget()); // the surface below it
     }
     return found;
 }
 
-TEST(Design, WhatHasAFixedSizeHasIt) {
+TEST(Design, FixedSizesAreAsDesigned) {
     struct Row {
         Tool tool;
         Kind kind;
         std::string name;
-        int width;      ///< in pixels at a 13-pixel body text; 0: as may be
-        int height = 0; ///< likewise
+        int width;      ///< in pixels at a 13-pixel body text; 0: any
+        int height = 0; ///< like `width`
     };
 
     using enum Kind;
@@ -180,7 +180,7 @@ TEST(Design, WhatHasAFixedSizeHasIt) {
         const ScreenDriver screen(*widget, {1100, 900});
         const auto found = parts(*widget, row.kind, row.name);
         ASSERT_EQ(found.size(), 1U) << rawValue(row.tool) << " " << row.name;
-        // No font cuts off the titles of a picker's segments.
+        // A picker is wider where its titles need it.
         const auto needed = row.kind == picker ? found.front()->sizeHint().width() : 0;
         if (row.width > 0) {
             EXPECT_EQ(found.front()->width(), std::max(Theme::px(row.width), needed))

@@ -1,4 +1,4 @@
-/// The whole program by keyboard alone: what the keys do that mean the same on every screen.
+/// The whole program by keyboard alone: the keys that do the same on every screen.
 
 #include "Desktop/Lists/RowList.h"
 #include "Desktop/Text/TextArea.h"
@@ -34,7 +34,7 @@ struct KeyboardTest : WindowTest {
     QLineEdit& search() { return screen.field("Search tools..."); }
 };
 
-TEST_F(KeyboardTest, AFreshScreenIsReadyForWhatItIsThereFor) {
+TEST_F(KeyboardTest, ANewScreenFocusesItsMainControl) {
     const std::map<Tool, std::string> first{
         {Tool::jsonFormatter, "Input"},        {Tool::base64, "Plain Text"},
         {Tool::urlEncoder, "Plain Text"},      {Tool::jwtDecoder, "JWT Token"},
@@ -52,7 +52,7 @@ TEST_F(KeyboardTest, AFreshScreenIsReadyForWhatItIsThereFor) {
     }
 }
 
-TEST_F(KeyboardTest, ControlAndTabLeaveAnEditorBothWays) {
+TEST_F(KeyboardTest, ControlTabLeavesAnEditorInBothDirections) {
     screen.editor("Input").setFocus();
     press(Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(focus(), "Output");
@@ -63,7 +63,7 @@ TEST_F(KeyboardTest, ControlAndTabLeaveAnEditorBothWays) {
     EXPECT_EQ(screen.text("Input"), "");
 }
 
-TEST_F(KeyboardTest, ReturnIsALineBreakInAnEditorAndPressesNothingThere) {
+TEST_F(KeyboardTest, ReturnInAnEditorInsertsALineBreakAndPressesNoButton) {
     screen.type("Input", "a");
     press(Qt::Key_Return);
     press(Qt::Key_Enter, Qt::KeypadModifier);
@@ -71,7 +71,7 @@ TEST_F(KeyboardTest, ReturnIsALineBreakInAnEditorAndPressesNothingThere) {
     EXPECT_EQ(screen.text("Output"), "");
 }
 
-TEST_F(KeyboardTest, ReturnInAFieldDoesWhatItsButtonDoes) {
+TEST_F(KeyboardTest, ReturnInAFieldPressesItsButton) {
     open(Tool::timestamp);
     QTest::keyClicks(window.focusWidget(), "0");
     press(Qt::Key_Return);
@@ -95,7 +95,7 @@ TEST_F(KeyboardTest, AHeldReturnPressesOnce) {
     EXPECT_EQ(screen.text("UUID"), generated);
 }
 
-TEST_F(KeyboardTest, SegmentsAreChosenByArrowsHomeAndEnd) {
+TEST_F(KeyboardTest, ArrowsHomeAndEndChooseSegments) {
     open(Tool::markdownPreview);
     press(Qt::Key_Backtab);
     ASSERT_TRUE(qobject_cast<QRadioButton*>(window.focusWidget()));
@@ -113,7 +113,7 @@ TEST_F(KeyboardTest, SegmentsAreChosenByArrowsHomeAndEnd) {
     EXPECT_TRUE(static_cast<QAbstractButton*>(window.focusWidget())->isChecked());
 }
 
-TEST_F(KeyboardTest, AMenuPickerOpensByKeyAndGivesTheFocusBack) {
+TEST_F(KeyboardTest, AMenuPickerOpensByKeyAndReturnsTheFocus) {
     open(Tool::imageConverter);
     auto& picker = screen.picker("Rotation");
     picker.setFocus();
@@ -143,7 +143,7 @@ TEST_F(KeyboardTest, AMenuPickerOpensByKeyAndGivesTheFocusBack) {
     }
 }
 
-TEST_F(KeyboardTest, AListIsGoneThroughByArrowsAndPages) {
+TEST_F(KeyboardTest, ArrowsAndPageKeysMoveThroughAList) {
     auto& list = screen.list("Tools");
     list.setFocus();
     const int last = static_cast<int>(allCases<Tool>.size()) - 1;
@@ -158,10 +158,10 @@ TEST_F(KeyboardTest, AListIsGoneThroughByArrowsAndPages) {
     press(Qt::Key_PageUp);
     EXPECT_EQ(list.currentRow(), 0);
     press(Qt::Key_Escape);
-    EXPECT_EQ(focus(), "Input") << "back to where the user was";
+    EXPECT_EQ(focus(), "Input") << "back to the control used before";
 }
 
-TEST_F(KeyboardTest, TheTreeIsGoneThroughAndCopiedByKey) {
+TEST_F(KeyboardTest, TheTreeIsNavigatedAndCopiedByKey) {
     screen.press("Tree View");
     paste(screen, fakes, "{\"a\":[1,2],\"b\":true}");
     auto& tree = screen.list("Tree View");
@@ -187,7 +187,7 @@ TEST_F(KeyboardTest, OnePressOfEscapeLeavesTheSearch) {
     EXPECT_EQ(focus(), "Prettify");
 }
 
-TEST_F(KeyboardTest, TheSearchIsReadyToBeTypedOver) {
+TEST_F(KeyboardTest, TypingInTheSearchReplacesItsText) {
     search().setFocus();
     QTest::keyClicks(&search(), "hash");
     screen.editor("Input").setFocus();
@@ -196,7 +196,7 @@ TEST_F(KeyboardTest, TheSearchIsReadyToBeTypedOver) {
     EXPECT_EQ(search().text(), "j");
 }
 
-TEST_F(KeyboardTest, FromTheSearchToAToolAndIntoItByKeyboardAlone) {
+TEST_F(KeyboardTest, TheSearchOpensAToolAndFocusesItByKeyboardAlone) {
     QTest::keySequence(window.focusWidget(), QKeySequence::Find);
     QTest::keyClicks(&search(), "base64");
     press(Qt::Key_Down);
@@ -205,7 +205,7 @@ TEST_F(KeyboardTest, FromTheSearchToAToolAndIntoItByKeyboardAlone) {
     EXPECT_EQ(focus(), "Plain Text");
 }
 
-TEST_F(KeyboardTest, ReturnOpensWhatTheSearchFound) {
+TEST_F(KeyboardTest, ReturnOpensTheToolThatTheSearchFound) {
     press(Qt::Key_F, Qt::ControlModifier);
     QTest::keyClicks(window.focusWidget(), "hash");
     press(Qt::Key_Return);
@@ -219,13 +219,13 @@ TEST_F(KeyboardTest, ReturnOpensWhatTheSearchFound) {
     EXPECT_EQ(focus(), "Search tools...");
 }
 
-TEST_F(KeyboardTest, F10OpensTheMenusAndEscapeGoesBack) {
+TEST_F(KeyboardTest, F10OpensTheMenusAndEscapeReturnsTheFocus) {
     screen.editor("Input").setFocus();
     press(Qt::Key_F10);
     const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->title(), "&File");
-    EXPECT_EQ(menu->activeAction()->text(), "JSON Formatter") << "the first that can be chosen";
+    EXPECT_EQ(menu->activeAction()->text(), "JSON Formatter") << "the first enabled item";
     press(Qt::Key_Right);
     menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);
@@ -246,7 +246,7 @@ TEST_F(KeyboardTest, ShiftF10OpensTheMenuOfAControl) {
     menu->close();
 }
 
-TEST_F(KeyboardTest, TheShortcutsWorkAlsoFromTheMenuBar) {
+TEST_F(KeyboardTest, TheShortcutsWorkFromTheMenuBar) {
     auto* bar = window.findChild<QMenuBar*>();
     for (const auto& [key, tool] : {std::pair(Qt::Key_2, Tool::base64), {Qt::Key_0, Tool::textDiff}}) {
         bar->setFocus(Qt::MenuBarFocusReason);
@@ -254,10 +254,10 @@ TEST_F(KeyboardTest, TheShortcutsWorkAlsoFromTheMenuBar) {
         press(key, Qt::ControlModifier);
         EXPECT_EQ(window.store().state<ContentView>().selectedTool, tool);
     }
-    EXPECT_TRUE(fakes.posted.empty()) << "no entry of the menu was chosen";
+    EXPECT_TRUE(fakes.posted.empty()) << "no menu item was triggered";
 }
 
-TEST_F(KeyboardTest, TheKeysToQuitAndToCloseWorkInAnEditor) {
+TEST_F(KeyboardTest, QuitAndCloseShortcutsWorkInAnEditor) {
     for (const auto* action : window.findChildren<QAction*>()) {
         if (action->text() != "&Quit")
             continue;
@@ -269,7 +269,7 @@ TEST_F(KeyboardTest, TheKeysToQuitAndToCloseWorkInAnEditor) {
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(KeyboardTest, AMessageIsReachedAndCopied) {
+TEST_F(KeyboardTest, AMessageCanBeFocusedAndCopied) {
     open(Tool::timestamp);
     QTest::keyClicks(window.focusWidget(), "x");
     press(Qt::Key_Return);
@@ -288,12 +288,12 @@ TEST_F(KeyboardTest, AMessageIsReachedAndCopied) {
     EXPECT_EQ(window.focusWidget(), field);
 }
 
-TEST_F(KeyboardTest, TheFocusOfWhatGoesStaysNearIt) {
+TEST_F(KeyboardTest, TheFocusOfARemovedControlMovesToANearbyOne) {
     open(Tool::loremIpsum);
     press(Qt::Key_Return);
     screen.button("Clear").setFocus();
     press(Qt::Key_Return);
-    EXPECT_EQ(focus(), "Generate") << "the last control before what went";
+    EXPECT_EQ(focus(), "Generate") << "the last control before the removed one";
 
     open(Tool::urlEncoder);
     screen.choose("Analyze URL");
@@ -304,10 +304,10 @@ TEST_F(KeyboardTest, TheFocusOfWhatGoesStaysNearIt) {
     screen.button("Analyze URL").click();
     settle();
     ASSERT_TRUE(window.focusWidget());
-    EXPECT_TRUE(window.focusWidget()->isVisible()) << "though the rows are others";
+    EXPECT_TRUE(window.focusWidget()->isVisible()) << "though the rows have been replaced";
 }
 
-TEST_F(KeyboardTest, AKeyThatOpenedAPictureDoesNotRemoveIt) {
+TEST_F(KeyboardTest, OpeningAPictureByKeyDoesNotFocusRemove) {
     fakes.files.contents["/picture.png"] =
         (*ImageModule::load())
             ->convert(support::plainPicture({8, 6}, {1, 2, 3}), ImageFormat::png, 1)
@@ -319,12 +319,12 @@ TEST_F(KeyboardTest, AKeyThatOpenedAPictureDoesNotRemoveIt) {
     settle();
     EXPECT_EQ(focus(), "Format");
     press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(focus(), "Remove") << "the Tab key stops there as ever";
+    EXPECT_EQ(focus(), "Remove") << "the Tab key still stops there";
     press(Qt::Key_Return);
     EXPECT_EQ(focus(), "Choose File");
 }
 
-TEST_F(KeyboardTest, AButtonThatIsBusyGetsTheFocusBack) {
+TEST_F(KeyboardTest, AButtonDisabledWhileBusyGetsTheFocusBack) {
     open(Tool::textDiff);
     QApplication::clipboard()->setText(QString(100'000, '\n'));
     QTest::keySequence(&screen.editor("Original Text"), QKeySequence::Paste);
@@ -345,13 +345,13 @@ TEST_F(KeyboardTest, AButtonThatIsBusyGetsTheFocusBack) {
     QTest::keySequence(&screen.editor("Original Text"), QKeySequence::Paste);
     compareLong();
     ASSERT_FALSE(compare.isEnabled());
-    press(Qt::Key_Right); // the user goes on with something else
+    press(Qt::Key_Right); // the user moves the focus meanwhile
     fakes.background.runAll();
     settle();
     EXPECT_EQ(focus(), "Unified");
 }
 
-TEST_F(KeyboardTest, TheColorDialogOpensAndClosesByKeyAndGivesTheFocusBack) {
+TEST_F(KeyboardTest, TheColorDialogOpensAndClosesByKeyAndReturnsTheFocus) {
     open(Tool::colorPicker);
     auto& well = screen.button("Select Color");
     for (const auto key : {Qt::Key_Return, Qt::Key_Space}) {

@@ -1,5 +1,4 @@
-/// The way of the Tab key through the whole window, on every screen and in every state of it that the
-/// pictures show.
+/// The order of the Tab stops in the whole window, in every scene.
 
 #include "Desktop/Binding/Screen.h"
 #include "Desktop/Look/FocusRing.h"
@@ -65,7 +64,7 @@ struct Stage {
 
     QWidget& search() const { return *m_search; }
 
-    /// All controls that the Tab key is to stop at.
+    /// All controls that the Tab key should stop at.
     Walk stops() const {
         Walk found;
         for (auto* control : window.findChildren<QWidget*>()) {
@@ -76,27 +75,27 @@ struct Stage {
         return found;
     }
 
-    /// Where one key leads, from where the focus is until it is there again. A control that keeps the key for
-    /// some presses, to go through its links, counts once.
+    /// The controls that presses of `key` focus, from the focused one until it is focused again. A control
+    /// that handles some of the presses, to move through its links, counts once.
     Walk walk(Qt::Key key) const {
-        constexpr int longest = 400;
-        Walk way{window.focusWidget()};
-        for (int step = 0; step < longest; ++step) {
+        constexpr int maxSteps = 400;
+        Walk walk{window.focusWidget()};
+        for (int step = 0; step < maxSteps; ++step) {
             QTest::keyClick(window.focusWidget(), key);
             settle();
             auto* now = window.focusWidget();
-            if (now == way.front())
-                return way;
-            if (now != way.back())
-                way.push_back(now);
+            if (now == walk.front())
+                return walk;
+            if (now != walk.back())
+                walk.push_back(now);
         }
-        ADD_FAILURE() << "does not come round\n" << namesOf(way);
-        return way;
+        ADD_FAILURE() << "never returns to its start\n" << namesOf(walk);
+        return walk;
     }
 
     bool isInScreen(const QWidget* control) const { return screen().isAncestorOf(control); }
 
-    /// The sidebar, the screen, the window's own buttons.
+    /// 0 for the sidebar, 1 for the screen, 2 for the window's buttons.
     int part(const QWidget* control) const {
         const auto name = control->accessibleName();
         const bool isWindowButton = name == "Minimize" || name == "Maximize" || name == "Close";
@@ -108,7 +107,7 @@ private:
     QWidget* m_search = nullptr;
 };
 
-/// From `control` up to the window.
+/// The widgets from the window down to `control`.
 Walk branchOf(QWidget* control) {
     Walk branch;
     for (; control; control = control->parentWidget())
@@ -117,9 +116,9 @@ Walk branchOf(QWidget* control) {
     return branch;
 }
 
-/// Whether one reads `a` before `b`. Where the two part ways in the tree of widgets, what is side by side is
-/// read from left to right, each column to its end, and all else from top to bottom; what something lies
-/// over comes before it.
+/// Whether `a` comes before `b` in reading order. Where their branches of the widget tree diverge, widgets
+/// side by side are read from left to right, each column to its end, and others from top to bottom; a widget
+/// that contains the other comes first.
 bool isReadBefore(QWidget* a, QWidget* b) {
     const auto branchA = branchOf(a);
     const auto branchB = branchOf(b);
@@ -136,32 +135,32 @@ bool isReadBefore(QWidget* a, QWidget* b) {
 
 struct KeyboardWalkTest : testing::TestWithParam<Scene> {};
 
-TEST_P(KeyboardWalkTest, TabStopsOnceAtEveryControlInTheOrderOfReading) {
-    const Stage stage(GetParam(), {1100, 1600}); // so high that nothing scrolls
+TEST_P(KeyboardWalkTest, TabStopsOnceAtEveryControlInReadingOrder) {
+    const Stage stage(GetParam(), {1100, 1600}); // high enough that nothing scrolls
     stage.search().setFocus();
-    const auto way = stage.walk(Qt::Key_Tab);
+    const auto walk = stage.walk(Qt::Key_Tab);
     const auto stops = stage.stops();
-    EXPECT_EQ(std::set(way.begin(), way.end()), std::set(stops.begin(), stops.end()))
+    EXPECT_EQ(std::set(walk.begin(), walk.end()), std::set(stops.begin(), stops.end()))
         << "stops at\n"
-        << namesOf(way) << "has\n"
+        << namesOf(walk) << "has\n"
         << namesOf(stops);
-    EXPECT_EQ(way.size(), stops.size()) << namesOf(way);
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const auto before = stage.part(way[i - 1]);
-        const auto after = stage.part(way[i]);
-        EXPECT_TRUE(before == after ? isReadBefore(way[i - 1], way[i]) : before < after)
-            << nameOf(way[i - 1]) << " comes before " << nameOf(way[i]);
+    EXPECT_EQ(walk.size(), stops.size()) << namesOf(walk);
+    for (std::size_t i = 1; i < walk.size(); ++i) {
+        const auto before = stage.part(walk[i - 1]);
+        const auto after = stage.part(walk[i]);
+        EXPECT_TRUE(before == after ? isReadBefore(walk[i - 1], walk[i]) : before < after)
+            << nameOf(walk[i - 1]) << " comes before " << nameOf(walk[i]);
     }
 }
 
-TEST_P(KeyboardWalkTest, ShiftAndTabGoBackTheSameWay) {
+TEST_P(KeyboardWalkTest, ShiftTabVisitsTheStopsInReverseOrder) {
     const Stage stage(GetParam(), {1100, 1600});
     stage.search().setFocus();
-    auto way = stage.walk(Qt::Key_Tab);
+    auto walk = stage.walk(Qt::Key_Tab);
     ASSERT_EQ(stage.window.focusWidget(), &stage.search());
     const auto back = stage.walk(Qt::Key_Backtab);
-    std::reverse(way.begin() + 1, way.end());
-    EXPECT_EQ(back, way) << "back\n" << namesOf(back) << "instead of\n" << namesOf(way);
+    std::reverse(walk.begin() + 1, walk.end());
+    EXPECT_EQ(back, walk) << "back\n" << namesOf(back) << "instead of\n" << namesOf(walk);
 }
 
 /// The ring around the focused control of `window`; none if none is shown.
@@ -174,7 +173,7 @@ const FocusRing* ringOf(const QWidget& window) {
     return nullptr;
 }
 
-TEST_P(KeyboardWalkTest, TheFocusIsSeenWhereverItIs) {
+TEST_P(KeyboardWalkTest, EveryFocusedControlHasAVisibleFocusRing) {
     const Stage stage(GetParam(), {900, 600});
     stage.search().setFocus();
     for (auto* control : stage.walk(Qt::Key_Tab)) {
@@ -208,7 +207,7 @@ TEST_P(KeyboardWalkTest, ShortcutsWorkInEveryControl) {
     }
 }
 
-TEST_P(KeyboardWalkTest, ReturnAndSpacePressEveryButtonAndTheFocusStays) {
+TEST_P(KeyboardWalkTest, ReturnAndSpacePressEveryButtonAndTheFocusStaysInTheScreen) {
     constexpr std::array keys{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}; // in turn
     std::unique_ptr<Stage> stage;
     std::size_t count = 1;
@@ -232,15 +231,15 @@ TEST_P(KeyboardWalkTest, ReturnAndSpacePressEveryButtonAndTheFocusStays) {
         const bool isUseful = now && now->isVisible() && now->isEnabled() && stage->isInScreen(now) &&
                               (now->focusPolicy() & Qt::TabFocus);
         EXPECT_TRUE(isUseful) << nameOf(now) << " has the focus after " << name;
-        stage.reset(); // the next button is pressed in the scene as it was
+        stage.reset(); // the next button is pressed in a new scene
     }
 }
 
-/// All that shows below `object` and says that it has the focus.
+/// The names of all visible descendants of `object` that report the focus.
 std::vector<std::string> focusedBelow(const QAccessibleInterface& object) {
-    constexpr int enough = 200; // rows, of which there may be thousands
+    constexpr int maxChildren = 200; // a list may have thousands of rows
     std::vector<std::string> names;
-    for (int index = 0; index < std::min(object.childCount(), enough); ++index) {
+    for (int index = 0; index < std::min(object.childCount(), maxChildren); ++index) {
         const auto* child = object.child(index);
         if (!child || child->state().invisible)
             continue;
@@ -251,7 +250,7 @@ std::vector<std::string> focusedBelow(const QAccessibleInterface& object) {
     return names;
 }
 
-TEST_P(KeyboardWalkTest, OneThingAtATimeReportsTheFocus) {
+TEST_P(KeyboardWalkTest, ExactlyOneObjectReportsTheFocus) {
     Stage stage(GetParam(), {1100, 1600});
     const auto* window = QAccessible::queryAccessibleInterface(&stage.window);
     for (auto* control : stage.stops()) {

@@ -1,5 +1,5 @@
-/// What a person would see to be wrong at a glance, on every screen and in every state of it that the
-/// pictures show, with little and with large text: something cut off, squeezed, or laid over something else.
+/// Layout errors in every scene, with small and with large text: widgets that are cut off, squeezed, or
+/// overlap.
 
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Window/MainWindow.h"
@@ -23,7 +23,7 @@
 namespace korvane {
 namespace {
 
-constexpr QSize smallestWindow(900, 600);
+constexpr QSize minWindow(900, 600);
 constexpr double smallText = 10, largeText = 14; // in points
 
 std::vector<Scene> everyScene() {
@@ -43,7 +43,7 @@ std::string sizeText(QSize size) {
     return std::to_string(size.width()) + " x " + std::to_string(size.height());
 }
 
-/// Whether `widget` has a place of its own in its parent's layout.
+/// Whether `widget` is an item of its parent's layout.
 bool isLaidOut(const QWidget& widget) {
     const auto* parent = widget.parentWidget();
     return parent && parent->layout() && parent->layout()->indexOf(&widget) >= 0;
@@ -54,8 +54,8 @@ struct LooksTest : testing::TestWithParam<Scene> {
 
     ~LooksTest() override { QApplication::setFont(before); }
 
-    /// Plays the scene with text of `points` in a window of `size`, and has `look` at it.
-    void play(double points, QSize size, const std::function<void(const QWidget& window)>& look) const {
+    /// Plays the scene with text of `points` in a window of `size`, and passes the window to `check`.
+    void play(double points, QSize size, const std::function<void(const QWidget& window)>& check) const {
         auto font = before;
         font.setPointSizeF(points);
         QApplication::setFont(font);
@@ -66,11 +66,11 @@ struct LooksTest : testing::TestWithParam<Scene> {
         settle();
         GetParam().play(screen, fakes);
         settle();
-        look(window);
+        check(window);
     }
 };
 
-/// All that has a place in a layout, and can be seen.
+/// All visible widgets in layouts.
 std::vector<QWidget*> placedParts(const QWidget& window) {
     std::vector<QWidget*> placed;
     for (auto* widget : window.findChildren<QWidget*>()) {
@@ -82,9 +82,9 @@ std::vector<QWidget*> placedParts(const QWidget& window) {
 
 void expectRoom(const QWidget& widget) {
     const bool scrolls =
-        qobject_cast<const QAbstractScrollArea*>(&widget); // it says that it needs its scroll bars
+        qobject_cast<const QAbstractScrollArea*>(&widget); // its hint includes its scroll bars
     const auto hint = scrolls ? QSize() : widget.minimumSizeHint();
-    // To layouts, too, a minimum that was set is in place of the one that the widget hints at.
+    // As in layouts, an explicit minimum replaces the hint.
     const QSize needed = QSize(widget.minimumWidth() > 0 ? widget.minimumWidth() : hint.width(),
                                widget.minimumHeight() > 0 ? widget.minimumHeight() : hint.height())
                              .boundedTo(widget.maximumSize());
@@ -96,7 +96,7 @@ void expectRoom(const QWidget& widget) {
         << nameOf(widget) << " is too narrow";
 }
 
-/// A label may shorten its text where room is short, but not because its own width is fixed.
+/// A label may shorten its text where space is short, but not because of its own fixed width.
 void expectWholeText(const QWidget& widget) {
     const bool isFixed =
         dynamic_cast<const Label*>(&widget) && widget.minimumWidth() == widget.maximumWidth();
@@ -105,22 +105,22 @@ void expectWholeText(const QWidget& widget) {
         << widget.sizeHint().width();
 }
 
-/// What wraps when it is long is one line high where that has room.
+/// A widget that wraps is one line high where its text fits into one.
 void expectNoEmptyLine(const QWidget& widget) {
     const bool wraps = !widget.layout() && widget.hasHeightForWidth();
-    const auto wanted = widget.sizeHint();
-    EXPECT_TRUE(!wraps || widget.width() < wanted.width() || widget.height() <= wanted.height())
-        << nameOf(widget) << " has " << sizeText(widget.size()) << " and wants only " << sizeText(wanted);
+    const auto preferred = widget.sizeHint();
+    EXPECT_TRUE(!wraps || widget.width() < preferred.width() || widget.height() <= preferred.height())
+        << nameOf(widget) << " has " << sizeText(widget.size()) << " and prefers " << sizeText(preferred);
 }
 
-/// What `widget` would like to be high at its width.
-int wantedHeight(const QWidget& widget) {
+/// The preferred height of `widget` at its width.
+int preferredHeight(const QWidget& widget) {
     const auto height = widget.hasHeightForWidth() ? widget.heightForWidth(widget.width()) : -1;
-    const auto wanted = height >= 0 ? height : widget.sizeHint().height();
-    return std::clamp(wanted, widget.minimumHeight(), widget.maximumHeight());
+    const auto preferred = height >= 0 ? height : widget.sizeHint().height();
+    return std::clamp(preferred, widget.minimumHeight(), widget.maximumHeight());
 }
 
-/// Whether `widget` stands below others in a column and is not one that takes the room that is left.
+/// Whether `widget` is one of several in a column and does not expand into the remaining space.
 bool keepsItsHeight(const QWidget& widget) {
     const auto* column = qobject_cast<const QBoxLayout*>(widget.parentWidget()->layout());
     if (!column || column->direction() != QBoxLayout::TopToBottom || widget.sizeHint().height() < 0)
@@ -132,9 +132,9 @@ bool keepsItsHeight(const QWidget& widget) {
     return shown > 1 && !(item->expandingDirections() & Qt::Vertical);
 }
 
-TEST_P(LooksTest, EverythingHasTheRoomThatItNeeds) {
+TEST_P(LooksTest, EveryWidgetHasEnoughSpace) {
     for (const double points : {smallText, largeText}) {
-        play(points, smallestWindow, [](const QWidget& window) {
+        play(points, minWindow, [](const QWidget& window) {
             const auto placed = placedParts(window);
             ASSERT_GT(placed.size(), 20U);
             for (const auto* widget : placed) {
@@ -152,28 +152,28 @@ TEST_P(LooksTest, EverythingHasTheRoomThatItNeeds) {
     }
 }
 
-TEST_P(LooksTest, EveryMessageIsInView) {
+TEST_P(LooksTest, EveryMessageIsVisible) {
     for (const double points : {smallText, largeText}) {
-        play(points, smallestWindow, [](const QWidget& window) {
+        play(points, minWindow, [](const QWidget& window) {
             for (const auto* widget : placedParts(window)) {
                 const bool isMessage =
                     dynamic_cast<const StatusBadgeLabel*>(widget) || widget->accessibleName() == "Error";
                 const auto seen = widget->visibleRegion().boundingRect();
                 EXPECT_TRUE(!isMessage || (seen.left() == 0 && seen.height() == widget->height()))
-                    << nameOf(*widget) << " is out of sight in a window with text of "
+                    << nameOf(*widget) << " is not visible in a window with text of "
                     << QApplication::font().pointSizeF() << " points";
             }
         });
     }
 }
 
-TEST_P(LooksTest, RoomThatIsLeftGoesToPanesAndToTheEnd) {
-    for (const QSize size : {smallestWindow, {1920, 1080}, {3840, 2160}}) {
+TEST_P(LooksTest, OnlyExpandingWidgetsExceedTheirPreferredHeight) {
+    for (const QSize size : {minWindow, {1920, 1080}, {3840, 2160}}) {
         play(smallText, size, [](const QWidget& window) {
             for (const auto* widget : placedParts(window)) {
-                EXPECT_TRUE(!keepsItsHeight(*widget) || widget->height() <= wantedHeight(*widget))
-                    << nameOf(*widget) << " is " << widget->height() << " high and wants "
-                    << wantedHeight(*widget) << " in a window of " << sizeText(window.size());
+                EXPECT_TRUE(!keepsItsHeight(*widget) || widget->height() <= preferredHeight(*widget))
+                    << nameOf(*widget) << " is " << widget->height() << " high and prefers "
+                    << preferredHeight(*widget) << " in a window of " << sizeText(window.size());
             }
         });
     }

@@ -1,4 +1,4 @@
-/// The variants of Windows bitmaps, put together byte by byte.
+/// The variants of Windows bitmaps, built byte by byte.
 
 #include "Images/Bitmap.h"
 
@@ -58,7 +58,7 @@ Image readFile(const std::string& bytes) {
     return *image;
 }
 
-/// Whether the picture is red and blue above, blue and red below.
+/// Expects red and blue in the upper row, blue and red in the lower one.
 void expectCross(const Image& image, std::string_view name) {
     EXPECT_EQ(pixelAt(image, 0, 0), red) << name;
     EXPECT_EQ(pixelAt(image, 1, 0), blue) << name;
@@ -98,15 +98,15 @@ TEST(Bitmap, ReadsEveryVariant) {
                                     bytesOf({0, 0, 255, 9, 255, 0, 0, 9, 255, 0, 0, 9, 0, 0, 255, 9}))},
         {"runs of 8 bits", file(information({.compression = 1, .colors = 2}), redAndBlue,
                                 bytesOf({1, 1, 1, 0, 0, 0, 1, 0, 1, 1, 0, 1}))},
-        {"runs from the top down", file(information({.height = -2, .compression = 1, .colors = 2}),
-                                        redAndBlue, bytesOf({1, 0, 1, 1, 0, 0, 1, 1, 1, 0, 0, 1}))},
+        {"runs, top down", file(information({.height = -2, .compression = 1, .colors = 2}), redAndBlue,
+                                bytesOf({1, 0, 1, 1, 0, 0, 1, 1, 1, 0, 0, 1}))},
         {"OS/2 with a short palette",
          file(little(12) + little(2, 2) + little(2, 2) + little(1, 2) + little(8, 2),
               bytesOf({0, 0, 255, 255, 0, 0}), bytesOf({1, 0, 0, 0, 0, 1, 0, 0}))},
-        {"runs without their end", file(information({.compression = 1, .colors = 2}), redAndBlue,
-                                        bytesOf({1, 1, 1, 0, 0, 0, 1, 0, 1, 1}))},
-        {"runs that skip", file(information({.compression = 1, .colors = 2}), redAndBlue,
-                                bytesOf({1, 1, 0, 2, 0, 1, 1, 1, 0, 1}))},
+        {"runs without an end marker", file(information({.compression = 1, .colors = 2}), redAndBlue,
+                                            bytesOf({1, 1, 1, 0, 0, 0, 1, 0, 1, 1}))},
+        {"runs with a skip", file(information({.compression = 1, .colors = 2}), redAndBlue,
+                                  bytesOf({1, 1, 0, 2, 0, 1, 1, 1, 0, 1}))},
         {"runs of 4 bits", file(information({.bits = 4, .compression = 2, .colors = 2}), redAndBlue,
                                 bytesOf({2, 0x10, 0, 0, 2, 0x01, 0, 1}))},
         {"a longer header", file(information({.colors = 2}, 108) + std::string(68, '\0'), redAndBlue,
@@ -132,7 +132,7 @@ TEST(Bitmap, ReadsAlphaAndWideMasks) {
     EXPECT_EQ(pixelAt(image, 0, 0), (std::vector{255, 128, 0, 255}));
 }
 
-TEST(Bitmap, TellsItsResolution) {
+TEST(Bitmap, ReadsItsResolution) {
     const auto header =
         Bitmap::readHeader(file(information({.colors = 2}), redAndBlue, bytesOf({1, 0, 0, 0, 0, 1, 0, 0})));
     ASSERT_TRUE(header);
@@ -140,7 +140,7 @@ TEST(Bitmap, TellsItsResolution) {
     EXPECT_NEAR(header->verticalDPI, 300, 0.02);
 }
 
-TEST(Bitmap, RefusesWhatIsNotWhole) {
+TEST(Bitmap, RejectsDamagedAndUnsupportedFiles) {
     struct Row {
         std::string_view name;
         std::string bytes;
@@ -150,27 +150,27 @@ TEST(Bitmap, RefusesWhatIsNotWhole) {
     const auto good = file(information({.colors = 2}), redAndBlue, pixels);
     const Row rows[] = {
         {"no pixels", file(information({.colors = 2}), redAndBlue, "")},
-        {"a row too few", file(information({.height = 3, .colors = 2}), redAndBlue, pixels)},
-        {"no palette", file(information({.colors = 200}), "", "")},
+        {"a missing row", file(information({.height = 3, .colors = 2}), redAndBlue, pixels)},
+        {"an incomplete palette", file(information({.colors = 200}), "", "")},
         {"no width", file(information({.width = 0, .colors = 2}), redAndBlue, pixels)},
         {"a negative width", file(information({.width = -2, .colors = 2}), redAndBlue, pixels)},
-        {"the least height", file(information({.height = -2147483647 - 1, .colors = 2}), redAndBlue, pixels)},
+        {"the smallest possible height",
+         file(information({.height = -2147483647 - 1, .colors = 2}), redAndBlue, pixels)},
         {"5 bits", file(information({.bits = 5}), redAndBlue, pixels)},
         {"2 bits", file(information({.bits = 2}), redAndBlue, pixels)},
         {"an embedded JPEG", file(information({.bits = 0, .compression = 4}), "", pixels)},
         {"runs of 24 bits", file(information({.bits = 24, .compression = 1}), "", pixels)},
         {"runs beyond the row",
          file(information({.compression = 1, .colors = 2}), redAndBlue, bytesOf({9, 1, 0, 1}))},
-        {"runs that break off",
-         file(information({.compression = 1, .colors = 2}), redAndBlue, bytesOf({1, 1}))},
-        {"literals that break off",
+        {"truncated runs", file(information({.compression = 1, .colors = 2}), redAndBlue, bytesOf({1, 1}))},
+        {"truncated literals",
          file(information({.compression = 1, .colors = 2}), redAndBlue, bytesOf({0, 2 + 1, 1}))},
         {"a skip below the picture",
          file(information({.compression = 1, .colors = 2}), redAndBlue, bytesOf({0, 2, 0, 9, 0, 1}))},
-        {"a header of no known size", file(information({.colors = 2}, 41), redAndBlue, pixels)},
+        {"a header of an unknown size", file(information({.colors = 2}, 41), redAndBlue, pixels)},
         {"pixels inside the header", std::string(good).replace(10, 4, little(20))},
         {"pixels inside the palette", std::string(good).replace(10, 4, little(14 + 40 + 4))},
-        {"pixels inside a palette of no stated size",
+        {"pixels inside a palette of the default size",
          file(information({}), std::string(1024 - 4, '\0'), std::string(100, '\0'))},
         {"pixels inside the masks",
          std::string(file(information({.bits = 16, .compression = 3}), std::string(12, '\x1f'), pixels))
@@ -184,7 +184,7 @@ TEST(Bitmap, RefusesWhatIsNotWhole) {
         EXPECT_THROW(readFile(row.bytes), std::runtime_error) << row.name;
 }
 
-TEST(Bitmap, WritesWhatOthersExpect) {
+TEST(Bitmap, WritesGrayColorAndAlphaVariants) {
     const auto gray = Bitmap::write(plainPicture({3, 2}, {7}));
     EXPECT_EQ(gray.size(), 14 + 40 + 1024 + 2 * 4);
     const auto color = Bitmap::write(plainPicture({3, 2}, {1, 2, 3}));

@@ -1,4 +1,4 @@
-/// Files that are cut off, damaged, or made to do harm.
+/// Truncated, damaged and malicious files.
 
 #include "Utilities/ImageConverter.h"
 
@@ -31,7 +31,7 @@ protected:
     std::string file = convert(source, GetParam(), 0.9).value();
 };
 
-TEST_P(DamagedImagesTest, NoPartOfAFileIsTakenForTheWhole) {
+TEST_P(DamagedImagesTest, ATruncatedFileIsRejectedOrDecodesCompletely) {
     const auto whole = decode(file, {}).value();
     for (std::size_t size = 0; size < file.size(); ++size) {
         const auto image = decode(file.substr(0, size), {});
@@ -39,18 +39,18 @@ TEST_P(DamagedImagesTest, NoPartOfAFileIsTakenForTheWhole) {
     }
 }
 
-TEST_P(DamagedImagesTest, AThousandChangedFilesDoNoHarm) {
+TEST_P(DamagedImagesTest, RandomlyChangedFilesHoldEveryProperty) {
     std::mt19937 random(7 + static_cast<unsigned>(GetParam()));
-    constexpr int changedFiles = 1000, mostChanges = 4;
+    constexpr int changedFiles = 1000, maxChanges = 4;
     for (int i = 0; i < changedFiles; ++i) {
         auto changed = file;
-        for (auto changes = 1 + random() % mostChanges; changes > 0; --changes)
+        for (auto changes = 1 + random() % maxChanges; changes > 0; --changes)
             changed[random() % changed.size()] = static_cast<char>(random());
         EXPECT_EQ(brokenImageProperty(changed), "") << "change " << i;
     }
 }
 
-TEST_P(DamagedImagesTest, AForeignHeadOnItDoesNoHarm) {
+TEST_P(DamagedImagesTest, AFileWithAHeaderOfAnotherFormatHoldsEveryProperty) {
     for (const auto other : allCases<ImageFormat>) {
         auto changed = convert(source, other, 0.9).value().substr(0, 24);
         changed += file.substr(std::min<std::size_t>(24, file.size()));
@@ -64,13 +64,13 @@ std::string testName(const ::testing::TestParamInfo<ImageFormat>& format) {
 
 INSTANTIATE_TEST_SUITE_P(AllFormats, DamagedImagesTest, ::testing::ValuesIn(allCases<ImageFormat>), testName);
 
-TEST(ImageLimits, ATooLargePictureIsRefusedBeforeItTakesMemory) {
+TEST(ImageLimits, AnOversizedPictureIsRejectedWithoutAllocatingIt) {
     using namespace std::string_literals;
     const auto png = [](std::uint32_t side) {
-        const auto head = "IHDR" + bigEndian(side) + bigEndian(side) + "\x08\x02\0\0\0"s;
-        return "\x89PNG\r\n\x1a\n" + chunk(head) + chunk("IDAT") + chunk("IEND");
+        const auto header = "IHDR" + bigEndian(side) + bigEndian(side) + "\x08\x02\0\0\0"s;
+        return "\x89PNG\r\n\x1a\n" + chunk(header) + chunk("IDAT") + chunk("IEND");
     };
-    ASSERT_EQ(getImageInfo(png(30))->width, 30) << "such a head can be read";
+    ASSERT_EQ(getImageInfo(png(30))->width, 30) << "a smaller file of this kind can be read";
     const std::pair<std::string_view, std::string> files[] = {
         {"PNG", png(30'000)},
         {"BMP", "BM\0\0\0\0\0\0\0\0\x3e\0\0\0\x28\0\0\0\x30\x75\0\0\x30\x75\0\0\x01\0\x18\0"s +
@@ -85,7 +85,7 @@ TEST(ImageLimits, ATooLargePictureIsRefusedBeforeItTakesMemory) {
     rusage after{};
     getrusage(RUSAGE_SELF, &after);
     EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 200'000)
-        << "kilobytes; each picture would take 900,000 and more";
+        << "kilobytes; each picture would take at least 900,000";
 }
 
 /// A box of a HEIC file.
@@ -105,7 +105,7 @@ std::string withReferences(const std::string& references) {
     return box("ftyp", "heic") + box("meta", version + box("hdlr", "x") + box("iref", version + references));
 }
 
-TEST(HEICStructure, RefusesPicturesThatAreMadeOfThemselves) {
+TEST(HEICStructure, RejectsRecursiveAndExcessiveReferences) {
     struct Row {
         std::string_view name;
         std::string references;
@@ -119,7 +119,7 @@ TEST(HEICStructure, RefusesPicturesThatAreMadeOfThemselves) {
     for (char level = 1; level < 20; ++level)
         deep += reference("dimg", level, {static_cast<char>(level + 1)});
     const Row rows[] = {
-        {"none", "", true},
+        {"no references", "", true},
         {"tiles", reference("dimg", 1, "\2\3\4\5"), true},
         {"transparency", reference("auxl", 2, "\1"), true},
         {"tiles with transparency", reference("dimg", 1, "\2\3") + reference("auxl", 4, "\1"), true},
@@ -136,7 +136,7 @@ TEST(HEICStructure, RefusesPicturesThatAreMadeOfThemselves) {
         EXPECT_EQ(HEIC::hasFiniteReferences(withReferences(row.references)), row.isFinite) << row.name;
 }
 
-TEST(HEICStructure, BearsAnyBytes) {
+TEST(HEICStructure, AcceptsTruncatedAndArbitraryBytes) {
     const auto file = withReferences(reference("dimg", 1, "\2\3"));
     for (std::size_t size = 0; size < file.size(); ++size)
         EXPECT_TRUE(HEIC::hasFiniteReferences(file.substr(0, size))) << size;
@@ -144,7 +144,7 @@ TEST(HEICStructure, BearsAnyBytes) {
     EXPECT_TRUE(HEIC::hasFiniteReferences(std::string(64, '\0')));
 }
 
-TEST(ImageFuzzSeeds, KeepEveryProperty) {
+TEST(ImageFuzzSeeds, HoldEveryProperty) {
     int seeds = 0;
     for (const auto& entry : std::filesystem::directory_iterator(KORVANE_FUZZ_CORPUS "/ImageConverter")) {
         std::ifstream seed(entry.path(), std::ios::binary);

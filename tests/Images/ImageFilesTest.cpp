@@ -1,4 +1,4 @@
-/// What files hold of a picture, and what is read of files that others have made.
+/// Writing and reading each format, and reading files of other programs.
 
 #include "Utilities/ImageConverter.h"
 
@@ -26,7 +26,7 @@ struct ImageFilesTest : ::testing::Test {
     ImageFilesTest() { startVips(); }
 };
 
-TEST_F(ImageFilesTest, FormatsHaveTheirFacts) {
+TEST_F(ImageFilesTest, FormatsHaveTheirNamesAndExtensions) {
     struct Row {
         ImageFormat format;
         std::string_view rawValue;
@@ -70,7 +70,7 @@ TEST_F(ImageFilesTest, ChoicesAndErrorsHaveTheirTexts) {
     EXPECT_EQ(errorDescription(ConversionError::resizeFailed), "Failed to resize image");
 }
 
-TEST_F(ImageFilesTest, TellTheirFactsWithoutBeingDecoded) {
+TEST_F(ImageFilesTest, InfoIsReadWithoutDecoding) {
     for (const auto format : allCases<ImageFormat>) {
         auto source = distinctPicture({30, 20});
         source.horizontalDPI = 300;
@@ -89,7 +89,7 @@ TEST_F(ImageFilesTest, TellTheirFactsWithoutBeingDecoded) {
     }
 }
 
-TEST_F(ImageFilesTest, TellGrayAlphaAndCMYK) {
+TEST_F(ImageFilesTest, InfoReportsColorSpaceAndAlpha) {
     const auto infoOf = [](int channels, ImageFormat format) {
         return getImageInfo(convert(distinctPicture({9, 9}, channels), format, 0.9).value()).value();
     };
@@ -113,7 +113,7 @@ TEST_F(ImageFilesTest, TellGrayAlphaAndCMYK) {
     EXPECT_EQ(getImageInfo(libraryFile(lab, ".tif"))->colorSpace, "Unknown");
 }
 
-RC_GTEST_PROP(ImageFiles, LosslessFormatsAreTheIdentity, ()) {
+RC_GTEST_PROP(ImageFiles, LosslessFormatsKeepEveryPixel, ()) {
     const ImageSize size{*rc::gen::inRange(1, 50), *rc::gen::inRange(1, 50)};
     const int channels = *rc::gen::inRange(1, 5);
     const auto source = distinctPicture(size, channels);
@@ -126,13 +126,13 @@ RC_GTEST_PROP(ImageFiles, LosslessFormatsAreTheIdentity, ()) {
         RC_ASSERT(haveSamePixels(throughFile(source, ImageFormat::bmp), source));
 }
 
-TEST_F(ImageFilesTest, LossyFormatsComeClose) {
+TEST_F(ImageFilesTest, LossyFormatsKeepPixelsApproximately) {
     const auto source = photograph({120, 80});
     EXPECT_LE(largestDifference(throughFile(source, ImageFormat::jpeg, 1), source), 24);
     EXPECT_LE(largestDifference(throughFile(source, ImageFormat::heic, 1), source), 40);
 }
 
-TEST_F(ImageFilesTest, GIFHasAGoodPalette) {
+TEST_F(ImageFilesTest, GIFPaletteFitsThePicture) {
     const auto source = photograph({120, 80});
     const auto image = throughFile(source, ImageFormat::gif);
     double squares = 0;
@@ -144,10 +144,10 @@ TEST_F(ImageFilesTest, GIFHasAGoodPalette) {
             }
         }
     }
-    EXPECT_LE(std::sqrt(squares / (120 * 80 * 3)), 14) << "colours that do not fit the picture are far off";
+    EXPECT_LE(std::sqrt(squares / (120 * 80 * 3)), 14) << "an unfit palette gives a larger error";
 }
 
-TEST_F(ImageFilesTest, QualityCountsWhereItIsSupported) {
+TEST_F(ImageFilesTest, QualityChangesTheSizeWhereSupported) {
     const auto source = photograph({200, 150});
     for (const auto format : allCases<ImageFormat>) {
         const auto low = convert(source, format, 0.1).value().size();
@@ -159,7 +159,7 @@ TEST_F(ImageFilesTest, QualityCountsWhereItIsSupported) {
     }
 }
 
-TEST_F(ImageFilesTest, BearAnyQuality) {
+TEST_F(ImageFilesTest, AnyQualityValueGivesADecodableFile) {
     const auto source = photograph({20, 15});
     for (const auto format : {ImageFormat::jpeg, ImageFormat::heic, ImageFormat::png}) {
         for (const double quality : {-1.0, 0.0, 2.0, std::nan("")})
@@ -167,7 +167,7 @@ TEST_F(ImageFilesTest, BearAnyQuality) {
     }
 }
 
-TEST_F(ImageFilesTest, AnySizeAndShapeFitsEveryFormat) {
+TEST_F(ImageFilesTest, EveryFormatKeepsAnySize) {
     for (const auto format : allCases<ImageFormat>) {
         for (const ImageSize size : {ImageSize{1, 1}, {2, 1}, {1, 300}, {300, 1}, {15, 17}, {63, 65}}) {
             for (const int channels : {1, 2, 3, 4}) {
@@ -182,7 +182,7 @@ TEST_F(ImageFilesTest, AnySizeAndShapeFitsEveryFormat) {
     }
 }
 
-TEST_F(ImageFilesTest, AlphaLiesOnWhiteWhereThereIsNone) {
+TEST_F(ImageFilesTest, AlphaIsBlendedWithWhiteWhereUnsupported) {
     const auto half = plainPicture({16, 16}, {200, 0, 0, 128});
     const auto jpeg = throughFile(half, ImageFormat::jpeg, 1);
     EXPECT_EQ(jpeg.channels, 3);
@@ -195,21 +195,20 @@ TEST_F(ImageFilesTest, AlphaLiesOnWhiteWhereThereIsNone) {
     EXPECT_NEAR(pixelAt(throughFile(half, ImageFormat::heic, 1), 8, 8)[3], 128, 3);
 }
 
-TEST_F(ImageFilesTest, SixteenBitsStayOrBecomeEight) {
+TEST_F(ImageFilesTest, SixteenBitsAreKeptOrReducedToEight) {
     const auto deep =
         picture({16, 16}, 3, 2, [](int, int, int channel) { return channel == 0 ? 65535 : 0x8080; });
     EXPECT_EQ(pixelAt(throughFile(deep, ImageFormat::bmp), 3, 3), (std::vector{255, 128, 128}));
     EXPECT_EQ(pixelAt(throughFile(deep, ImageFormat::png), 3, 3), (std::vector{65535, 0x8080, 0x8080}));
 }
 
-TEST_F(ImageFilesTest, WideColoursArriveRight) {
+TEST_F(ImageFilesTest, WideGamutColorsAreKeptOrConverted) {
     const auto source = plainPicture({8, 8}, {200, 100, 50});
     const auto wide = vipsImage(source).icc_transform("p3", VImage::option()->set("input_profile", "srgb"));
     for (const auto* suffix : {".png", ".tif", ".jpg[Q=100]"}) {
         const auto image = decoded(libraryFile(wide, suffix));
         EXPECT_NE(image.colorProfile, "");
-        EXPECT_GT(std::abs(pixelAt(image, 4, 4)[0] - 200), 5)
-            << "the samples are still those of the wide colours";
+        EXPECT_GT(std::abs(pixelAt(image, 4, 4)[0] - 200), 5) << "the samples are still in the wide gamut";
         for (const auto format :
              {ImageFormat::png, ImageFormat::tiff, ImageFormat::jpeg, ImageFormat::heic}) {
             const auto kept = throughFile(image, format, 1);
@@ -226,7 +225,7 @@ TEST_F(ImageFilesTest, WideColoursArriveRight) {
     }
 }
 
-TEST_F(ImageFilesTest, CMYKArrivesAsTheColourItIs) {
+TEST_F(ImageFilesTest, CMYKIsConvertedToRGB) {
     const auto source = plainPicture({8, 8}, {180, 100, 80});
     const auto cmyk = vipsImage(source).icc_transform("cmyk", VImage::option()->set("input_profile", "srgb"));
     for (const auto* suffix : {".jpg[Q=100]", ".tif", ".jpg[Q=100,strip]"}) {
@@ -255,7 +254,7 @@ TEST_F(ImageFilesTest, UnusualTIFFsAreRead) {
               2);
 }
 
-TEST_F(ImageFilesTest, OfSeveralPicturesTheFirstIsRead) {
+TEST_F(ImageFilesTest, TheFirstOfSeveralPicturesIsRead) {
     const auto first = plainPicture({8, 6}, {255, 0, 0});
     const auto second = plainPicture({8, 6}, {0, 0, 255});
     auto both = vipsImage(first).join(vipsImage(second), VIPS_DIRECTION_VERTICAL);
@@ -275,12 +274,12 @@ VImage asGray(const VImage& image) {
 }
 
 VImage asColor(const VImage& image) {
-    const bool isLight = vips_band_format_isfloat(image.format()) != 0;
+    const bool isLinear = vips_band_format_isfloat(image.format()) != 0;
     return image.copy(VImage::option()->set("interpretation",
-                                            isLight ? VIPS_INTERPRETATION_scRGB : VIPS_INTERPRETATION_sRGB));
+                                            isLinear ? VIPS_INTERPRETATION_scRGB : VIPS_INTERPRETATION_sRGB));
 }
 
-TEST_F(ImageFilesTest, TIFFsWithOtherSamplesAreRead) {
+TEST_F(ImageFilesTest, TIFFsWithUnusualSampleTypesAreRead) {
     struct Row {
         std::string_view name;
         VipsBandFormat format;
@@ -293,8 +292,8 @@ TEST_F(ImageFilesTest, TIFFsWithOtherSamplesAreRead) {
         {"16 bits with a sign", VIPS_FORMAT_SHORT, -32768, 32767},
         {"32 bits", VIPS_FORMAT_UINT, 0, 4294967295.0},
         {"32 bits with a sign", VIPS_FORMAT_INT, -2147483648.0, 2147483647.0},
-        {"light", VIPS_FORMAT_FLOAT, 0, 1},
-        {"light brighter than white", VIPS_FORMAT_FLOAT, -3, 7},
+        {"linear light", VIPS_FORMAT_FLOAT, 0, 1},
+        {"linear light beyond black and white", VIPS_FORMAT_FLOAT, -3, 7},
     };
     for (const auto& row : rows) {
         for (const int bands : {1, 3}) {
@@ -303,15 +302,15 @@ TEST_F(ImageFilesTest, TIFFsWithOtherSamplesAreRead) {
             picture = bands == 1 ? asGray(picture) : asColor(VImage::bandjoin({picture, picture, picture}));
             const auto image = decoded(libraryFile(picture, ".tif"));
             ASSERT_EQ(image.channels, bands) << row.name;
-            const int most = image.bytesPerSample == 2 ? 65535 : 255;
-            const int tolerance = most / 256;
+            const int maxSample = image.bytesPerSample == 2 ? 65535 : 255;
+            const int tolerance = maxSample / 256;
             EXPECT_EQ(sampleAt(image, 1, 1, 0), 0) << row.name << ' ' << bands;
-            EXPECT_NEAR(sampleAt(image, 6, 1, bands - 1), most, tolerance) << row.name << ' ' << bands;
+            EXPECT_NEAR(sampleAt(image, 6, 1, bands - 1), maxSample, tolerance) << row.name << ' ' << bands;
         }
     }
 }
 
-TEST_F(ImageFilesTest, HalfTheLightIsBrighterThanHalfTheNumber) {
+TEST_F(ImageFilesTest, LinearLightIsConvertedToSRGB) {
     for (const int bands : {1, 2, 3, 4}) {
         const std::vector<double> half(static_cast<std::size_t>(bands), 0.5);
         const auto light = VImage::black(4, 4).cast(VIPS_FORMAT_FLOAT).new_from_image(half);
@@ -342,7 +341,7 @@ TEST_F(ImageFilesTest, AnEmptyImageIsInvalid) {
     EXPECT_EQ(convert(Image{}, ImageFormat::png, 1).error(), ConversionError::invalidImage);
 }
 
-TEST_F(ImageFilesTest, DecodingStopsWhenAsked) {
+TEST_F(ImageFilesTest, DecodingFailsOnceStopped) {
     const auto picture = photograph({60, 40});
     std::vector<std::string> files;
     for (const auto format : allCases<ImageFormat>)
@@ -354,7 +353,7 @@ TEST_F(ImageFilesTest, DecodingStopsWhenAsked) {
         EXPECT_EQ(decode(file, stop.get_token()).error(), ConversionError::invalidImage);
 }
 
-TEST_F(ImageFilesTest, ThisComputerReadsAndWritesEveryFormat) {
+TEST_F(ImageFilesTest, EveryFormatCanBeReadAndWrittenHere) {
     for (const auto format : allCases<ImageFormat>) {
         EXPECT_TRUE(canDecode(format)) << rawValue(format);
         EXPECT_TRUE(canEncode(format)) << rawValue(format) << ' ' << factsOf(format).encoderPackage;

@@ -1,4 +1,4 @@
-/// JPEG files that are unusual and whole, and others of which something is missing.
+/// Unusual but complete JPEG files, and incomplete ones.
 
 #include "Utilities/ImageConverter.h"
 
@@ -81,7 +81,7 @@ std::vector<Variant> variants() {
 constexpr char startOfScan = '\xda';
 constexpr std::size_t markerBytes = 2;
 
-/// Where the segments up to the first scan begin, which is the last of them.
+/// The offsets of the segments up to the first scan, which comes last.
 std::vector<std::size_t> segments(const std::string& file) {
     std::vector<std::size_t> starts{markerBytes};
     while (file.at(starts.back() + 1) != startOfScan) {
@@ -92,7 +92,7 @@ std::vector<std::size_t> segments(const std::string& file) {
     return starts;
 }
 
-/// The parameters of the first scan: the first and the last coefficient, and how many bits there are of them.
+/// The offset of the parameters of the first scan: the first and last coefficient, and their bits.
 std::size_t scanParameters(const std::string& file) {
     const auto scan = segments(file).back();
     return scan + markerBytes + static_cast<unsigned char>(file.at(scan + 3)) - 3;
@@ -105,19 +105,19 @@ void expectSamePicture(const std::string& changed, const Variant& variant, std::
     EXPECT_EQ(getImageInfo(changed)->width, 40) << variant.name << ", " << change;
 }
 
-TEST_F(JPEGTest, StrayBytesBetweenSegmentsDoNotMatter) {
+TEST_F(JPEGTest, StrayBytesBetweenSegmentsAreIgnored) {
     for (const auto& variant : variants()) {
         const auto starts = segments(variant.file);
-        for (std::size_t i = 1; i < starts.size(); ++i) // the first tells the format
+        for (std::size_t i = 1; i < starts.size(); ++i) // the first identifies the format
             expectSamePicture(std::string(variant.file).insert(starts[i], "\1\2\3"), variant, "stray bytes");
-        auto behindPixels = variant.file;
-        expectSamePicture(behindPixels.insert(variant.file.size() - markerBytes, 3, '\0'), variant,
+        auto paddedPixels = variant.file;
+        expectSamePicture(paddedPixels.insert(variant.file.size() - markerBytes, 3, '\0'), variant,
                           "zeros before the end");
         expectSamePicture(variant.file + "trailer", variant, "a trailer");
     }
 }
 
-TEST_F(JPEGTest, AnEndWithoutItsMarkerDoesNotMatter) {
+TEST_F(JPEGTest, AMissingEndMarkerIsIgnored) {
     for (const auto& variant : variants()) {
         const auto end = variant.file.size() - markerBytes;
         expectSamePicture(variant.file.substr(0, end), variant, "no end");
@@ -125,9 +125,9 @@ TEST_F(JPEGTest, AnEndWithoutItsMarkerDoesNotMatter) {
     }
 }
 
-TEST_F(JPEGTest, ParametersThatDecodersIgnoreDoNotMatter) {
+TEST_F(JPEGTest, ScanParametersOfSequentialFilesAreIgnored) {
     for (const auto& variant : variants()) {
-        if (variant.name == "progressive") // there they count
+        if (variant.name == "progressive") // which uses them
             continue;
         for (const auto& parameters :
              {std::string("\0\0\0", 3), std::string("\0\x40\0", 3), std::string("\1\x3f\x11")})
@@ -136,23 +136,23 @@ TEST_F(JPEGTest, ParametersThatDecodersIgnoreDoNotMatter) {
     }
 }
 
-TEST_F(JPEGTest, NoFileThatIsCutOffIsTakenForTheWhole) {
+TEST_F(JPEGTest, ATruncatedFileIsRejectedOrDecodesCompletely) {
     for (const auto& variant : variants()) {
         const auto whole = decoded(variant.file);
         const auto pixels = segments(variant.file).back();
-        int refused = 0;
+        int rejected = 0;
         for (std::size_t size = pixels; size < variant.file.size(); ++size) {
             const auto image = decode(variant.file.substr(0, size), {});
             EXPECT_TRUE(!image || haveSamePixels(*image, whole))
                 << variant.name << ", " << size << " of " << variant.file.size();
-            refused += image ? 0 : 1;
+            rejected += image ? 0 : 1;
         }
-        EXPECT_GT(refused, static_cast<int>(variant.file.size() - pixels) - 8)
+        EXPECT_GT(rejected, static_cast<int>(variant.file.size() - pixels) - 8)
             << variant.name << ": only the last few bytes may be missing";
     }
 }
 
-TEST_F(JPEGTest, DamagedDataAreRefused) {
+TEST_F(JPEGTest, DamagedScanDataAreRejected) {
     for (const auto& variant : variants()) {
         const auto pixels = scanParameters(variant.file) + 3;
         auto ended = variant.file;
@@ -166,7 +166,7 @@ TEST_F(JPEGTest, DamagedDataAreRefused) {
     EXPECT_EQ(decode(restarts.file, {}).error(), ConversionError::invalidImage) << "a lost restart";
 }
 
-TEST_F(JPEGTest, ALookAtAnUnusualFileStopsWhenAsked) {
+TEST_F(JPEGTest, CheckingForCompletenessFailsOnceStopped) {
     const auto file = variants().front().file;
     EXPECT_TRUE(JPEG::isComplete(file, stop.get_token()));
     stop.request_stop();

@@ -1,4 +1,4 @@
-/// Pictures stand upright, whichever way their files say that they lie.
+/// Decoding applies the orientation that a file states.
 
 #include "Utilities/ImageConverter.h"
 
@@ -20,7 +20,7 @@ namespace {
 using namespace ImageConverter;
 using namespace support;
 
-/// The place in a stored picture of `size` of the pixel that is shown at (x, y), for each orientation that a
+/// The place, in a stored picture of `size`, of the pixel displayed at (x, y), for each orientation that a
 /// file can state (TIFF 6.0, page 36).
 ImageSize storedPlace(int orientation, ImageSize size, int x, int y) {
     const int right = size.width - 1;
@@ -66,12 +66,12 @@ TEST(Orientation, IsAppliedOnce) {
             const bool isExact = std::string_view(suffix) == ".tif";
             EXPECT_TRUE(!isExact || haveSamePixels(image, expected)) << orientation;
             EXPECT_TRUE(haveSamePixels(throughFile(image, ImageFormat::tiff), image))
-                << "turned once, not again";
+                << "not applied a second time";
         }
     }
 }
 
-/// A HEIC file that says how to turn its picture.
+/// A HEIC file that states an orientation.
 std::string orientedHEIC(const Image& image, heif_orientation orientation) {
     auto* context = heif_context_alloc();
     heif_encoder* encoder = nullptr;
@@ -100,7 +100,7 @@ std::string orientedHEIC(const Image& image, heif_orientation orientation) {
     return file;
 }
 
-TEST(Orientation, OfHEICIsAppliedOnce) {
+TEST(Orientation, OfHEICIsApplied) {
     const auto source =
         picture({64, 32}, 3, 1, [](int x, int, int) { return x < 32 ? 20 : 230; }); // dark, light
     const auto file = orientedHEIC(source, heif_orientation_rotate_90_cw);
@@ -110,7 +110,7 @@ TEST(Orientation, OfHEICIsAppliedOnce) {
     const auto image = decoded(file);
     EXPECT_EQ(image.width, 32);
     EXPECT_EQ(image.height, 64);
-    EXPECT_NEAR(sampleAt(image, 16, 8, 0), 20, 10) << "what was on the left is above";
+    EXPECT_NEAR(sampleAt(image, 16, 8, 0), 20, 10) << "the left side is now at the top";
     EXPECT_NEAR(sampleAt(image, 16, 56, 0), 230, 10);
 }
 

@@ -1,4 +1,4 @@
-/// What files say of the resolution of their picture, and what is written of it.
+/// The resolution that is read from files and written to them.
 
 #include "Utilities/ImageConverter.h"
 
@@ -32,7 +32,7 @@ TEST(Resolution, Is72WhereNoneIsStated) {
     EXPECT_NEAR(decoded(png).horizontalDPI, 72, 0.1);
 }
 
-/// A PNG file whose chunk about the resolution is another one.
+/// A PNG file with the given resolution chunk.
 std::string pngWithResolution(std::uint32_t dots, char unit) {
     auto png = convert(distinctPicture({9, 9}), ImageFormat::png, 0.9).value();
     const auto start = png.find("pHYs") - 4;
@@ -58,7 +58,7 @@ std::string jpegWithResolution(char dots, char unit) {
     return jpeg.insert(2, std::string("\xff\xe0\0\x10JFIF\0\1\2", 11) + density);
 }
 
-TEST(Resolution, NeedsItsUnit) {
+TEST(Resolution, CountsOnlyWithItsUnit) {
     struct Row {
         std::string_view name;
         std::string file;
@@ -67,7 +67,7 @@ TEST(Resolution, NeedsItsUnit) {
 
     const Row rows[] = {
         {"PNG without a unit", pngWithResolution(2, 0), 72},
-        {"PNG without a unit, as a density might look", pngWithResolution(11811, 0), 72},
+        {"PNG without a unit, with a plausible density", pngWithResolution(11811, 0), 72},
         {"PNG, a thousand dots a metre", pngWithResolution(1000, 1), 25},
         {"PNG, 300 dots an inch", pngWithResolution(11811, 1), 300},
         {"PNG, none", pngWithResolution(0, 1), 72},
@@ -90,7 +90,7 @@ TEST(Resolution, NeedsItsUnit) {
     }
 }
 
-TEST(Resolution, OfWholeNumbersComesBack) {
+TEST(Resolution, InWholeNumbersIsKeptExactly) {
     auto source = distinctPicture({3, 2});
     for (int dpi = 2; dpi <= 1200; dpi += dpi < 160 ? 1 : 13) {
         source.horizontalDPI = dpi;
@@ -99,7 +99,7 @@ TEST(Resolution, OfWholeNumbersComesBack) {
     }
 }
 
-TEST(Resolution, IsKept) {
+TEST(Resolution, IsKeptHorizontallyAndVertically) {
     auto source = distinctPicture({9, 9});
     source.horizontalDPI = 300;
     source.verticalDPI = 150;

@@ -13,7 +13,7 @@ namespace {
 using namespace ImageConverter;
 using namespace support;
 
-/// `source`, each of whose pixels goes to where `place` says, in a picture of `size`.
+/// A picture of `size` in which each pixel is the one of `source` that `origin` names.
 Image rearranged(const Image& source, ImageSize size, const std::function<ImageSize(int x, int y)>& origin) {
     return picture(size, source.channels, source.bytesPerSample, [&](int x, int y, int channel) {
         const auto [sourceX, sourceY] = origin(x, y);
@@ -27,7 +27,7 @@ Image naivelyRotated(const Image& source, Rotation rotation) {
     switch (rotation) {
     case Rotation::none:
         return source;
-    case Rotation::degrees90: // the upper right corner becomes the upper left one
+    case Rotation::degrees90: // the upper right corner moves to the upper left
         return rearranged(source, {h, w}, [&](int x, int y) { return ImageSize{w - 1 - y, x}; });
     case Rotation::degrees180:
         return rearranged(source, {w, h}, [&](int x, int y) { return ImageSize{w - 1 - x, h - 1 - y}; });
@@ -52,12 +52,12 @@ Image anyPicture() {
     return distinctPicture(size, *rc::gen::inRange(1, 5), *rc::gen::inRange(1, 3));
 }
 
-TEST(Transforms, TurnCounterClockwise) {
+TEST(Transforms, RotateCounterclockwise) {
     const auto source = picture({2, 1}, 1, 1, [](int x, int, int) { return x == 0 ? 10 : 20; }); // 10 20
     const auto turned = rotate(source, Rotation::degrees90).value();
     EXPECT_EQ(turned.width, 1);
     EXPECT_EQ(turned.height, 2);
-    EXPECT_EQ(sampleAt(turned, 0, 0, 0), 20) << "what was on the right is above";
+    EXPECT_EQ(sampleAt(turned, 0, 0, 0), 20) << "the right side is now at the top";
     EXPECT_EQ(sampleAt(turned, 0, 1, 0), 10);
 }
 
@@ -78,7 +78,7 @@ TEST(Transforms, EveryRotationFlipAndPairMovesEveryPixelToItsPlace) {
     }
 }
 
-TEST(Transforms, HaveTheSizesOfTheirKind) {
+TEST(Transforms, GiveTheExpectedSizes) {
     const auto source = distinctPicture({400, 200});
     const auto size = [](const Image& image) { return ImageSize{image.width, image.height}; };
     EXPECT_EQ(size(rotate(source, Rotation::degrees90).value()), (ImageSize{200, 400}));
@@ -102,7 +102,7 @@ TEST(Transforms, HaveTheSizesOfTheirKind) {
             << row.to.width << " x " << row.to.height;
 }
 
-TEST(Transforms, ResizingRefusesWhatIsTooLarge) {
+TEST(Transforms, ResizingRejectsOversizedResults) {
     const auto source = distinctPicture({4, 2});
     for (const ImageSize size : {ImageSize{300'000, 300'000}, ImageSize{2'147'483'647, 2'147'483'647}}) {
         EXPECT_EQ(resize(source, size, true).error(), ConversionError::resizeFailed);
@@ -118,8 +118,8 @@ TEST(Transforms, ResizingKeepsAPlainColour) {
     }
 }
 
-TEST(Transforms, WhatIsTransparentDoesNotShineThrough) {
-    // Red that nobody sees beside opaque blue: halfway between, the blue fades out and stays blue.
+TEST(Transforms, ResizingIgnoresTheColourOfTransparentPixels) {
+    // Transparent red beside opaque blue: between them the blue fades out and stays blue.
     const auto source = picture({8, 8}, 4, 1, [](int x, int, int channel) {
         const bool isLeft = x < 4;
         return channel == 0              ? (isLeft ? 255 : 0)
@@ -135,19 +135,18 @@ TEST(Transforms, WhatIsTransparentDoesNotShineThrough) {
 }
 
 TEST(Transforms, ResizingIsSharpAndSmooth) {
-    // Of a fine checkerboard a good filter leaves even gray, where skipping pixels would leave black or
-    // white.
+    // A good filter turns a fine checkerboard into even gray; skipping pixels would leave black or white.
     const auto board = picture({64, 64}, 1, 1, [](int x, int y, int) { return (x + y) % 2 * 255; });
     const auto gray = resize(board, {16, 16}, false).value();
     EXPECT_LE(largestDifference(gray, plainPicture({16, 16}, {127})), 12);
-    // An edge stays an edge.
+    // An edge stays sharp.
     const auto edge = picture({64, 8}, 1, 1, [](int x, int, int) { return x < 32 ? 0 : 255; });
     const auto small = resize(edge, {16, 2}, false).value();
     EXPECT_LE(sampleAt(small, 6, 0, 0), 20);
     EXPECT_GE(sampleAt(small, 9, 0, 0), 235);
 }
 
-TEST(Transforms, AResolutionTurnsWithThePicture) {
+TEST(Transforms, RotatingSwapsTheResolutions) {
     auto source = distinctPicture({4, 2});
     source.horizontalDPI = 300;
     source.verticalDPI = 150;
@@ -158,7 +157,7 @@ TEST(Transforms, AResolutionTurnsWithThePicture) {
     EXPECT_NEAR(mirrored.horizontalDPI, 300, 0.01);
 }
 
-TEST(Transforms, APreviewIsSmallAndReadyForTheScreen) {
+TEST(Transforms, APreviewFitsItsSizeInRGBA) {
     for (const int channels : {1, 2, 3, 4}) {
         for (const int bytes : {1, 2}) {
             const auto source = distinctPicture({300, 100}, channels, bytes);
@@ -190,7 +189,7 @@ RC_GTEST_PROP(Transforms, FourQuarterTurnsAreTheIdentity, ()) {
         rotate(rotate(source, Rotation::degrees270).value(), Rotation::degrees90).value(), source));
 }
 
-RC_GTEST_PROP(Transforms, ResizingGivesTheSizeThatIsAskedFor, ()) {
+RC_GTEST_PROP(Transforms, ResizingGivesTheRequestedSize, ()) {
     const auto source = anyPicture();
     const ImageSize size{*rc::gen::inRange(1, 90), *rc::gen::inRange(1, 90)};
     const auto result = resize(source, size, false).value();

@@ -1,5 +1,5 @@
-/// The desktop entry and the program's description for software centres, which name the tools: by what they
-/// name them people find the program.
+/// The desktop entry and the description for software centres list all tools, so that a search for a tool
+/// finds the program.
 
 #include "Models/Tool.h"
 

@@ -34,7 +34,7 @@ TEST(Tool, IsIdentifiedByItsDisplayName) {
     EXPECT_EQ(names.size(), allCases<Tool>.size());
 }
 
-TEST(Tool, IsDescribedAsTheCatalogueHasIt) {
+TEST(Tool, HasItsNameIconDescriptionColorAndShortcut) {
     struct Row {
         Tool tool;
         std::string_view name;

@@ -23,14 +23,14 @@ constexpr Vector vectors[] = {
     {"\xfb\xff\xbf", "+/+/"},
 };
 
-TEST(Base64, FollowsThePublishedVectors) {
+TEST(Base64, MatchesThePublishedVectors) {
     for (const auto& [bytes, text] : vectors) {
         EXPECT_EQ(Base64::encode(bytes), text);
         EXPECT_EQ(Base64::decode(text), bytes);
     }
 }
 
-TEST(Base64, RejectsWhateverIsNotPaddedStandardBase64) {
+TEST(Base64, RejectsTextThatIsNotPaddedStandardBase64) {
     constexpr std::string_view wrong[] = {
         "SGVsbG8",     "SGVsbG8==",  "SGVsbG8===", "S",        "SG",
         "SGV",         "=",          "==",         "====",     "S===",
@@ -43,9 +43,9 @@ TEST(Base64, RejectsWhateverIsNotPaddedStandardBase64) {
     EXPECT_EQ(Base64::decode(std::string_view("SG\0s", 4)), std::nullopt);
 }
 
-/// The last character before the padding has two or four bits more than the bytes need. Like the usual
-/// decoders this one does not ask for zeros there, which RFC 4648, section 3.5, leaves to it.
-TEST(Base64, TakesAnyBitsInFrontOfThePadding) {
+/// The last character before the padding has two or four bits more than the bytes need. RFC 4648,
+/// section 3.5, lets a decoder accept ones there; this decoder accepts them, as most do.
+TEST(Base64, AcceptsAnyUnusedBitsBeforeThePadding) {
     constexpr Vector rows[] = {
         {"A", "QQ=="},         {"A", "QR=="},         {"A", "Qf=="},
         {"Hello", "SGVsbG8="}, {"Hello", "SGVsbG9="}, {"Hello", "SGVsbG/="},
@@ -54,7 +54,7 @@ TEST(Base64, TakesAnyBitsInFrontOfThePadding) {
         EXPECT_EQ(Base64::decode(text), bytes) << text;
 }
 
-RC_GTEST_PROP(Base64, GivesBackEveryByte, (const std::string& bytes)) {
+RC_GTEST_PROP(Base64, RoundTripsAnyBytes, (const std::string& bytes)) {
     const auto text = Base64::encode(bytes);
     RC_ASSERT(text.size() == (bytes.size() + 2) / 3 * 4);
     RC_ASSERT(Base64::decode(text) == bytes);

@@ -13,7 +13,7 @@ namespace {
 
 const DateText::Region berlin{"en_US", "Europe/Berlin"};
 
-TEST(DateTextTest, SpellsOutEverythingInTheFullStyle) {
+TEST(DateTextTest, FullStyleSpellsOutDateTimeAndZone) {
     EXPECT_EQ(DateText::fullDateAndTime(1704164645, berlin),
               "Tuesday, January 2, 2024 at 4:04:05\u202fAM Central European Standard Time");
     EXPECT_EQ(DateText::fullDateAndTime(1720000000, berlin),
@@ -22,7 +22,7 @@ TEST(DateTextTest, SpellsOutEverythingInTheFullStyle) {
               "Donnerstag, 1. Januar 1970 um 00:00:00 Koordinierte Weltzeit");
 }
 
-TEST(DateTextTest, NoticesThatTheSystemsZoneHasChanged) {
+TEST(DateTextTest, FollowsChangesOfTheSystemTimeZone) {
     const DateText::Region local{"de_DE", ""};
     const auto timeIn = [&](const char* zone) {
         const LocalZone system(zone);
@@ -32,17 +32,18 @@ TEST(DateTextTest, NoticesThatTheSystemsZoneHasChanged) {
     EXPECT_EQ(timeIn("Asia/Tokyo"), "12:04");
     EXPECT_EQ(timeIn("UTC"), "03:04");
     const LocalZone tokyo("Asia/Tokyo");
-    EXPECT_EQ(DateText::shortTime(1704164645, {"de_DE", "Europe/Berlin"}), "04:04") << "a given zone stays";
+    EXPECT_EQ(DateText::shortTime(1704164645, {"de_DE", "Europe/Berlin"}), "04:04")
+        << "an explicit zone is unaffected";
     EXPECT_EQ(DateText::shortTime(1704164645, local), "12:04");
 }
 
-TEST(DateTextTest, HasShorterStyles) {
+TEST(DateTextTest, FormatsMediumAndShortStyles) {
     EXPECT_EQ(DateText::mediumDateAndTime(1704164645, berlin), "Jan 2, 2024, 4:04:05\u202fAM GMT+1");
     EXPECT_EQ(DateText::shortTime(1704164645, berlin), "4:04\u202fAM");
     EXPECT_EQ(DateText::shortTime(1704164645, {"de_DE", "Europe/Berlin"}), "04:04");
 }
 
-TEST(DateTextTest, FollowsTheZoneAndItsSummerTime) {
+TEST(DateTextTest, AppliesTheZoneAndItsSummerTime) {
     struct Row {
         std::string_view timeZone;
         double seconds;
@@ -77,14 +78,14 @@ TEST(DateTextTest, FollowsTheZoneAndItsSummerTime) {
         EXPECT_EQ(DateText::fullDateAndTime(row.seconds, {"en_GB", std::string(row.timeZone)}), row.text);
 }
 
-TEST(DateTextTest, SpeaksEnglishInTheLocaleOfTheCLibrary) {
+TEST(DateTextTest, UsesEnglishInTheCAndPOSIXLocales) {
     for (const auto* locale : {"C", "POSIX", "C.UTF-8"})
         EXPECT_EQ(DateText::mediumDateAndTime(1720000000, {locale, "UTC"}),
                   "Jul 3, 2024, 9:46:40\u202fAM UTC")
             << locale;
 }
 
-TEST(DateTextTest, ReachesAsFarAsTheCalendarOfICU) {
+TEST(DateTextTest, CoversTheRangeOfICUsCalendar) {
     const DateText::Region utc{"en_US", "UTC"};
     EXPECT_EQ(DateText::mediumDateAndTime(183882168921600, utc), "Dec 20, 5828963, 12:00:00\u202fAM UTC");
     EXPECT_EQ(DateText::mediumDateAndTime(183882168921600.5, utc), std::nullopt);
@@ -92,7 +93,7 @@ TEST(DateTextTest, ReachesAsFarAsTheCalendarOfICU) {
     EXPECT_EQ(DateText::mediumDateAndTime(-184303902528001, utc), std::nullopt);
 }
 
-TEST(DateTextTest, HasNoTextForWhatIsNoMoment) {
+TEST(DateTextTest, ReturnsNothingForNonfiniteAndOutOfRangeTimes) {
     for (const double seconds :
          {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
           -std::numeric_limits<double>::infinity(), 1e300, 2e14, -2e14}) {
@@ -101,7 +102,7 @@ TEST(DateTextTest, HasNoTextForWhatIsNoMoment) {
     }
 }
 
-TEST(DateTextTest, WritesTheInternetForm) {
+TEST(DateTextTest, WritesISO8601) {
     EXPECT_EQ(DateText::iso8601(0), "1970-01-01T00:00:00Z");
     EXPECT_EQ(DateText::iso8601(1704164645.999), "2024-01-02T03:04:05Z");
     EXPECT_EQ(DateText::iso8601(-0.5), "1969-12-31T23:59:59Z");

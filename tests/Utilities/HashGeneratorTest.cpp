@@ -18,7 +18,7 @@ using HashGenerator::HashAlgorithm;
 using HashGenerator::HashResult;
 using enum HashGenerator::HashAlgorithm;
 
-TEST(HashGenerator, FollowsThePublishedVectors) {
+TEST(HashGenerator, MatchesThePublishedVectors) {
     struct Row {
         std::string_view name;
         HashAlgorithm algorithm;
@@ -34,7 +34,7 @@ TEST(HashGenerator, FollowsThePublishedVectors) {
     const std::string million(1'000'000, 'a');
     const Row rows[] = {
         // RFC 1321, A.5
-        {"nothing", md5, "", "d41d8cd98f00b204e9800998ecf8427e"},
+        {"the empty text", md5, "", "d41d8cd98f00b204e9800998ecf8427e"},
         {"a", md5, "a", "0cc175b9c0f1b6a831c399e269772661"},
         {"abc", md5, "abc", "900150983cd24fb0d6963f7d28e17f72"},
         {"message digest", md5, "message digest", "f96b697d7cb7938d525a2f31aaf161d0"},
@@ -43,15 +43,16 @@ TEST(HashGenerator, FollowsThePublishedVectors) {
         {"eight times the digits", md5, digits + digits + digits + digits + digits + digits + digits + digits,
          "57edf4a22be3c955ac49da2e2107b67a"},
         // The examples for FIPS 180-4
-        {"nothing", sha1, "", "da39a3ee5e6b4b0d3255bfef95601890afd80709"},
+        {"the empty text", sha1, "", "da39a3ee5e6b4b0d3255bfef95601890afd80709"},
         {"one block", sha1, "abc", "a9993e364706816aba3e25717850c26c9cd0d89d"},
         {"two blocks", sha1, twoBlocks, "84983e441c3bd26ebaae4aa1f95129e5e54670f1"},
-        {"a million", sha1, million, "34aa973cd4c4daa4f61eeb2bdbad27316534016f"},
-        {"nothing", sha256, "", "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"},
+        {"a million letters", sha1, million, "34aa973cd4c4daa4f61eeb2bdbad27316534016f"},
+        {"the empty text", sha256, "", "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"},
         {"one block", sha256, "abc", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
         {"two blocks", sha256, twoBlocks, "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1"},
-        {"a million", sha256, million, "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0"},
-        {"nothing", sha512, "",
+        {"a million letters", sha256, million,
+         "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0"},
+        {"the empty text", sha512, "",
          "cf83e1357eefb8bdf1542850d66d8007d620e4050b5715dc83f4a921d36ce9ce"
          "47d0d13c5d85f2b0ff8318d2877eec2f63b931bd47417a81a538327af927da3e"},
         {"one block", sha512, "abc",
@@ -60,7 +61,7 @@ TEST(HashGenerator, FollowsThePublishedVectors) {
         {"two blocks", sha512, twoLongBlocks,
          "8e959b75dae313da8cf4f72814fc143f8f7779c6eb9f7fa17299aeadb6889018"
          "501d289e4900f7e4331b99dec4b5433ac7d329eeb6dd26545e96e55b874be909"},
-        {"a million", sha512, million,
+        {"a million letters", sha512, million,
          "e718483d0ce769644e2e42c7bc15b4638e1f98b13b2044285632a803afa973eb"
          "de0ff244877ea60a4cb0432ce577c31beb009c5c2c49aa2e4eadb217ad8cc09b"},
     };
@@ -74,7 +75,7 @@ TEST(HashGenerator, FollowsThePublishedVectors) {
     }
 }
 
-TEST(HashGenerator, NamesItsAlgorithmsAndTheirLengths) {
+TEST(HashGenerator, AlgorithmsHaveTheirNamesAndLengths) {
     struct Row {
         std::string_view name;
         HashAlgorithm algorithm;
@@ -95,7 +96,7 @@ TEST(HashGenerator, NamesItsAlgorithmsAndTheirLengths) {
     }
 }
 
-TEST(HashGenerator, TakesEveryByteAsItIs) {
+TEST(HashGenerator, HashesTheExactBytes) {
     EXPECT_NE(HashGenerator::hash("text\n", sha256), HashGenerator::hash("text", sha256));
     EXPECT_NE(HashGenerator::hash("a\r\nb", sha256), HashGenerator::hash("a\nb", sha256));
     EXPECT_NE(HashGenerator::hash("\u00e9", sha256), HashGenerator::hash("e\u0301", sha256));
@@ -103,7 +104,7 @@ TEST(HashGenerator, TakesEveryByteAsItIs) {
     EXPECT_EQ(HashGenerator::hash("\u00e9", md5), "66ddcd97cfdeabb2f6fb8a999b4bc76f");
 }
 
-/// The digest by the library's own operation for a text at once.
+/// The digest by OpenSSL's one-shot function.
 std::string reference(const std::string& text, const char* name) {
     std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
     std::size_t length = 0;
@@ -117,7 +118,7 @@ std::string reference(const std::string& text, const char* name) {
     return hexadecimal;
 }
 
-RC_GTEST_PROP(HashGenerator, CutsNoTextWrongly, (std::uint8_t fill)) {
+RC_GTEST_PROP(HashGenerator, AgreesWithTheOneShotDigestAroundPieceBoundaries, (std::uint8_t fill)) {
     constexpr int piece = 64 << 10;
     const auto size =
         *rc::gen::oneOf(rc::gen::inRange(0, 300), rc::gen::inRange(piece - 2, piece + 3),
@@ -134,7 +135,7 @@ RC_GTEST_PROP(HashGenerator, CutsNoTextWrongly, (std::uint8_t fill)) {
     }
 }
 
-TEST(HashGenerator, StopsWhenAsked) {
+TEST(HashGenerator, ReturnsNothingOnceStopped) {
     const auto source = std::make_unique<std::stop_source>();
     EXPECT_EQ(HashGenerator::allHashes("text", source->get_token()).size(), 4U);
     source->request_stop();

@@ -52,7 +52,7 @@ std::vector<std::string> split(std::string_view text, std::string_view separator
 const std::vector<std::string>& wordList() {
     static const auto list = [] {
         auto words = split(allWords, " ");
-        words.pop_back(); // what follows the last space
+        words.pop_back(); // the empty piece after the last space
         return words;
     }();
     return list;
@@ -71,13 +71,13 @@ bool isCapitalized(const std::string& word) {
     return word.at(0) >= 'A' && word.at(0) <= 'Z';
 }
 
-/// What the laws say of one random sentence.
+/// The parts of a random sentence.
 struct Sentence {
     std::vector<std::string> words{}; ///< in lower case, without comma and full stop
-    std::size_t comma = 0;            ///< the word before it, from 0
+    std::size_t comma = 0;            ///< index of the word before it
 };
 
-/// Takes a random sentence apart; fails the test where it breaks a law.
+/// Parses a random sentence; fails the test where it breaks a rule.
 Sentence parsed(const std::string& text) {
     Sentence sentence;
     EXPECT_EQ(std::ranges::count(text, ','), 1) << text;
@@ -108,7 +108,7 @@ std::vector<std::string> sentencesOf(const std::string& text) {
     return sentences;
 }
 
-TEST(LoremIpsumGenerator, DrawsFromItsWordsInEqualShares) {
+TEST(LoremIpsumGenerator, DrawsWordsUniformly) {
     ASSERT_EQ(wordList().size(), 160U);
     constexpr int draws = 400'000;
     std::map<std::string, std::uint64_t> counts;
@@ -121,7 +121,7 @@ TEST(LoremIpsumGenerator, DrawsFromItsWordsInEqualShares) {
     EXPECT_TRUE(fitsUniform(inOrder));
 }
 
-TEST(LoremIpsumGenerator, DrawsLengthsAndCommasInEqualShares) {
+TEST(LoremIpsumGenerator, DrawsLengthsAndCommaPositionsUniformly) {
     std::vector<std::uint64_t> lengths(9);
     std::map<std::size_t, std::vector<std::uint64_t>> commas; // by the number of words
     for (const auto& text : sentencesOf(generateSentences(120'000, false))) {
@@ -136,7 +136,7 @@ TEST(LoremIpsumGenerator, DrawsLengthsAndCommasInEqualShares) {
         EXPECT_TRUE(fitsUniform(places)) << length << " words";
 }
 
-TEST(LoremIpsumGenerator, DrawsThreeToSevenSentencesAParagraphInEqualShares) {
+TEST(LoremIpsumGenerator, DrawsThreeToSevenSentencesAParagraphUniformly) {
     std::vector<std::uint64_t> counts(5);
     for (const auto& paragraph : split(generateParagraphs(20'000, false), "\n\n"))
         ++counts.at(sentencesOf(paragraph).size() - 3);
@@ -176,7 +176,7 @@ TEST(LoremIpsumGenerator, BeginsWithTheOpeningSentenceOnce) {
     }
 }
 
-TEST(LoremIpsumGenerator, OpensTheFirstParagraphOnly) {
+TEST(LoremIpsumGenerator, OnlyTheFirstParagraphBeginsWithTheOpeningSentence) {
     for (int round = 0; round < 200; ++round) {
         const auto paragraphs = split(generateParagraphs(3, true), "\n\n");
         ASSERT_EQ(paragraphs.size(), 3U);
@@ -192,7 +192,7 @@ TEST(LoremIpsumGenerator, OpensTheFirstParagraphOnly) {
     EXPECT_EQ(generateParagraphs(1, false).find('\n'), std::string::npos);
 }
 
-TEST(LoremIpsumGenerator, GivesNothingForACountBelowOne) {
+TEST(LoremIpsumGenerator, ReturnsAnEmptyTextForACountBelowOne) {
     for (const int count : {0, -1, -100}) {
         for (const bool startWithLorem : {false, true}) {
             EXPECT_EQ(generateWords(count, startWithLorem), "");
@@ -216,10 +216,10 @@ TEST(LoremIpsumGenerator, CountsWordsSentencesAndParagraphs) {
         {"two words", "Lorem ipsum", 2, 0, 1},
         {"the opening sentence", openingSentence, 8, 1, 1},
         {"runs of marks", "What?! Well... Yes.", 3, 3, 1},
-        {"marks apart", ". ! ?", 3, 3, 1},
+        {"separate marks", ". ! ?", 3, 3, 1},
         {"marks inside", "3.14 e.g. this", 3, 3, 1},
         {"only marks", "...", 1, 1, 1},
-        {"other scripts' full stops are none", "漢字。おわり。", 1, 0, 1},
+        {"full stops of other scripts do not count", "漢字。おわり。", 1, 0, 1},
         {"two paragraphs", "a\n\nb", 2, 0, 2},
         {"one line break", "a\nb", 2, 0, 1},
         {"a piece with spaces and tabs", "a\n\n \t\u00A0\n\nb", 2, 0, 2},
@@ -248,7 +248,7 @@ RC_GTEST_PROP(LoremIpsumGenerator, CountsWhatItGenerates, (bool startWithLorem))
     RC_ASSERT(sentenceCount(paragraphs) <= 7 * count);
 }
 
-TEST(LoremIpsumGenerator, NamesItsTypes) {
+TEST(LoremIpsumGenerator, TypesHaveTheirNamesAndIcons) {
     using enum GenerationType;
     EXPECT_EQ(allCases<GenerationType>, (std::array{words, sentences, paragraphs}));
     EXPECT_EQ(rawValue(words), "Words");

@@ -15,9 +15,9 @@ namespace {
 using NumberBaseConverter::Base;
 using NumberBaseConverter::ConversionError;
 
-constexpr auto largest = std::numeric_limits<std::int64_t>::max();
+constexpr auto maxNumber = std::numeric_limits<std::int64_t>::max();
 
-TEST(NumberBaseConverter, NamesItsBases) {
+TEST(NumberBaseConverter, BasesHaveTheirValuesAndNames) {
     ASSERT_EQ(allCases<Base>, (std::array{Base::binary, Base::octal, Base::decimal, Base::hexadecimal}));
     EXPECT_EQ(rawValue(Base::binary), 2);
     EXPECT_EQ(rawValue(Base::octal), 8);
@@ -33,7 +33,7 @@ TEST(NumberBaseConverter, NamesItsBases) {
     EXPECT_EQ(fromRawValue<Base>(3), std::nullopt);
 }
 
-TEST(NumberBaseConverter, SaysWhatIsWrong) {
+TEST(NumberBaseConverter, ErrorsHaveTheirDescriptions) {
     const std::pair<ConversionError, std::string_view> rows[] = {
         {ConversionError::invalidCharacters(Base::binary), "Invalid characters for Binary (base 2)"},
         {ConversionError::invalidCharacters(Base::octal), "Invalid characters for Octal (base 8)"},
@@ -70,7 +70,7 @@ TEST(NumberBaseConverter, CleansItsInput) {
         {"one prefix, not two different ones", "0x0b1", "0b1"},
         {"what looks like hexadecimal digits", "0b1", "1"},
         {"no prefix inside", "10x1", "10x1"},
-        {"space behind the prefix stays", "0x 1", " 1"},
+        {"space after the prefix stays", "0x 1", " 1"},
         {"half a prefix", "0", "0"},
         {"inner spaces, underscores, commas and signs stay", "-1 0_0,0+", "-1 0_0,0+"},
         {"a space before the prefix", "  0x1f  ", "1f"},
@@ -81,7 +81,7 @@ TEST(NumberBaseConverter, CleansItsInput) {
     }
 }
 
-TEST(NumberBaseConverter, KnowsTheDigitsOfEachBase) {
+TEST(NumberBaseConverter, AcceptsOnlyTheDigitsOfEachBase) {
     constexpr std::string_view digits[] = {"01", "01234567", "0123456789", "0123456789abcdefABCDEF"};
     for (const auto base : allCases<Base>) {
         EXPECT_TRUE(NumberBaseConverter::isValid("", base));
@@ -138,7 +138,7 @@ TEST(NumberBaseConverter, WritesANumberInEveryBase) {
     }
 }
 
-TEST(NumberBaseConverter, RefusesWhatIsNoNumber) {
+TEST(NumberBaseConverter, RejectsInvalidInput) {
     struct Row {
         std::string_view name;
         std::string input;
@@ -169,7 +169,7 @@ TEST(NumberBaseConverter, RefusesWhatIsNoNumber) {
         {"a fraction", "1.5", Base::decimal, ConversionError::invalidCharacters(Base::decimal)},
         {"a digit too high", "012", Base::binary, ConversionError::invalidCharacters(Base::binary)},
         {"a digit too high in octal", "8", Base::octal, ConversionError::invalidCharacters(Base::octal)},
-        {"hexadecimal digits behind their prefix", "0x1F", Base::decimal,
+        {"hexadecimal digits after their prefix", "0x1F", Base::decimal,
          ConversionError::invalidCharacters(Base::decimal)},
         {"a letter too high", "G", Base::hexadecimal, ConversionError::invalidCharacters(Base::hexadecimal)},
         {"a second prefix", "0x0x1", Base::hexadecimal,
@@ -211,7 +211,7 @@ TEST(NumberBaseConverter, GroupsFromTheRight) {
         EXPECT_EQ(NumberBaseConverter::groupDigits(row.digits, row.base), row.grouped);
 }
 
-/// The digits of a number by division, as one would with pen and paper.
+/// The digits of a number, by repeated division.
 std::string written(std::int64_t number, int radix) {
     std::string digits;
     do {
@@ -222,10 +222,10 @@ std::string written(std::int64_t number, int radix) {
 }
 
 std::int64_t anyNumber() {
-    return *rc::gen::inRange<std::int64_t>(0, largest) >> *rc::gen::inRange(0, 63);
+    return *rc::gen::inRange<std::int64_t>(0, maxNumber) >> *rc::gen::inRange(0, 63);
 }
 
-RC_GTEST_PROP(NumberBaseConverter, AgreesWithDivisionByHandFromAnyBaseToAnyBase, ()) {
+RC_GTEST_PROP(NumberBaseConverter, ConvertsBetweenAllBasesAsRepeatedDivisionDoes, ()) {
     const auto number = anyNumber();
     for (const auto source : allCases<Base>) {
         const auto result = NumberBaseConverter::convertToAllBases(written(number, rawValue(source)), source);
@@ -235,7 +235,7 @@ RC_GTEST_PROP(NumberBaseConverter, AgreesWithDivisionByHandFromAnyBaseToAnyBase,
     }
 }
 
-RC_GTEST_PROP(NumberBaseConverter, GroupsWithoutChangingADigit, ()) {
+RC_GTEST_PROP(NumberBaseConverter, GroupsDigitsWithoutChangingThem, ()) {
     const auto base = *rc::gen::elementOf(allCases<Base>);
     const auto digits = written(anyNumber(), rawValue(base));
     auto grouped = NumberBaseConverter::groupDigits(digits, base);
@@ -249,7 +249,7 @@ RC_GTEST_PROP(NumberBaseConverter, GroupsWithoutChangingADigit, ()) {
     RC_ASSERT(grouped == digits);
 }
 
-RC_GTEST_PROP(NumberBaseConverter, AnswersEveryText, (const std::string& text)) {
+RC_GTEST_PROP(NumberBaseConverter, ConvertsAnyTextOrReportsAnError, (const std::string& text)) {
     const auto base = *rc::gen::elementOf(allCases<Base>);
     const auto result = NumberBaseConverter::convertToAllBases(text, base);
     if (result)

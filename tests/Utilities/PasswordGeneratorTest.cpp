@@ -47,18 +47,18 @@ constexpr Pool pools[] = {
     {"numbers", numbers, false, "0123456789"},
     {"symbols", symbols, false, "!@#$%^&*()_+-=[]{}|;:,.<>?"},
     {"letters", uppercase | lowercase, false, "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"},
-    {"symbols before numbers asked for", symbols | numbers, false, "0123456789!@#$%^&*()_+-=[]{}|;:,.<>?"},
+    {"symbols and numbers", symbols | numbers, false, "0123456789!@#$%^&*()_+-=[]{}|;:,.<>?"},
     {"all", all, false,
      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789!@#$%^&*()_+-=[]{}|;:,.<>?"},
-    {"clear upper-case", uppercase, true, "ABCDEFGHJKLMNPQRSTUVWXYZ"},
-    {"clear lower-case", lowercase, true, "abcdefghijkmnopqrstuvwxyz"},
-    {"clear numbers", numbers, true, "23456789"},
-    {"clear symbols", symbols, true, "!@#$%^&*()_+-=[]{};:,.<>?"},
-    {"all that is clear", all, true,
+    {"unambiguous upper-case", uppercase, true, "ABCDEFGHJKLMNPQRSTUVWXYZ"},
+    {"unambiguous lower-case", lowercase, true, "abcdefghijkmnopqrstuvwxyz"},
+    {"unambiguous numbers", numbers, true, "23456789"},
+    {"unambiguous symbols", symbols, true, "!@#$%^&*()_+-=[]{};:,.<>?"},
+    {"all unambiguous", all, true,
      "ABCDEFGHJKLMNPQRSTUVWXYZabcdefghijkmnopqrstuvwxyz23456789!@#$%^&*()_+-=[]{};:,.<>?"},
 };
 
-/// A secure source that gives the bytes 0, 1, 2, ..., and a general one that must not be asked.
+/// A secure source that gives the bytes 0, 1, 2, ..., and a general one that must not be called.
 RandomSources countingBytes() {
     return {.fill =
                 [](std::span<std::byte> bytes) {
@@ -69,7 +69,7 @@ RandomSources countingBytes() {
             .next = []() -> std::uint64_t { throw std::logic_error("the secure source had not failed"); }};
 }
 
-/// A secure source that fails after it has written something, as a general one gives what it gives.
+/// A secure source that fails after writing something, and `next` as the general source.
 RandomSources failing(std::function<std::uint64_t()> next) {
     return {.fill =
                 [](std::span<std::byte> bytes) {
@@ -79,7 +79,7 @@ RandomSources failing(std::function<std::uint64_t()> next) {
             .next = std::move(next)};
 }
 
-TEST(CharacterOptions, AreASet) {
+TEST(CharacterOptions, FormASet) {
     EXPECT_EQ(uppercase.rawValue, 1U);
     EXPECT_EQ(lowercase.rawValue, 2U);
     EXPECT_EQ(numbers.rawValue, 4U);
@@ -91,7 +91,7 @@ TEST(CharacterOptions, AreASet) {
     EXPECT_TRUE(CharacterOptions{}.contains({}));
 }
 
-TEST(PasswordGenerator, MapsEveryByteByModulo) {
+TEST(PasswordGenerator, MapsEachByteToACharacterByModulo) {
     for (const auto& pool : pools) {
         const auto password = generate(256, pool.options, pool.excludeAmbiguous, countingBytes());
         ASSERT_EQ(password.size(), 256U) << pool.name;
@@ -101,7 +101,7 @@ TEST(PasswordGenerator, MapsEveryByteByModulo) {
     }
 }
 
-TEST(PasswordGenerator, HasTheDistributionThatTheModuloImplies) {
+TEST(PasswordGenerator, HasTheDistributionOfTheModulo) {
     constexpr int draws = 1'000'000;
     for (const auto& pool : pools) {
         std::map<char, std::uint64_t> counts;
@@ -112,14 +112,14 @@ TEST(PasswordGenerator, HasTheDistributionThatTheModuloImplies) {
         for (std::size_t i = 0; i < pool.characters.size(); ++i) {
             inOrder.push_back(counts[pool.characters[i]]);
             const auto bytes = (256 - i + pool.characters.size() - 1) / pool.characters.size();
-            weights.push_back(static_cast<double>(bytes)); // of the 256 that stand for this character
+            weights.push_back(static_cast<double>(bytes)); // of the 256 that map to this character
         }
         EXPECT_EQ(counts.size(), pool.characters.size()) << pool.name << " has no other characters";
         EXPECT_TRUE(fitsWeights(inOrder, weights)) << pool.name;
     }
 }
 
-TEST(PasswordGenerator, DrawsUniformlyWhereTheSecureSourceFails) {
+TEST(PasswordGenerator, DrawsUniformlyWhenTheSecureSourceFails) {
     constexpr int draws = 1'000'000;
     for (const auto& pool : pools) {
         std::map<char, std::uint64_t> counts;
@@ -133,14 +133,14 @@ TEST(PasswordGenerator, DrawsUniformlyWhereTheSecureSourceFails) {
     }
 }
 
-TEST(PasswordGenerator, TakesTheHighHalfOfTheProductWhereTheSecureSourceFails) {
+TEST(PasswordGenerator, UsesTheHighHalfOfTheProductWhenTheSecureSourceFails) {
     // Eighths of 2^64, and just below one: 2^64 is a multiple of 8, so nothing is drawn again.
     auto next = [values = std::vector<std::uint64_t>{0, 1ULL << 61, (1ULL << 61) - 1, ~0ULL},
                  used = std::size_t{0}]() mutable { return values.at(used++); };
     EXPECT_EQ(generate(4, numbers, true, failing(next)), "2329");
 }
 
-TEST(PasswordGenerator, GivesNothingWhereThereIsNothingToDraw) {
+TEST(PasswordGenerator, ReturnsAnEmptyTextForNoLengthOrNoCharacters) {
     EXPECT_EQ(generate(16, {}, false), "");
     EXPECT_EQ(generate(16, {}, true), "");
     EXPECT_EQ(generate(0, all, false), "");
@@ -149,12 +149,12 @@ TEST(PasswordGenerator, GivesNothingWhereThereIsNothingToDraw) {
     EXPECT_EQ(generate(16, {}, false, failing([]() -> std::uint64_t { return 0; })), "");
 }
 
-TEST(PasswordGenerator, GivesAsManyCharactersAsAskedFor) {
+TEST(PasswordGenerator, PasswordHasTheRequestedLength) {
     for (const int length : {1, 4, 16, 128, 4096})
         EXPECT_EQ(generate(length, all, false).size(), static_cast<std::size_t>(length));
 }
 
-TEST(PasswordGenerator, GeneratesIndependentPasswordsInBulk) {
+TEST(PasswordGenerator, GeneratesDistinctPasswordsInBulk) {
     const auto passwords = generateBulk(50, 32, all, false);
     ASSERT_EQ(passwords.size(), 50U);
     EXPECT_EQ(std::set(passwords.begin(), passwords.end()).size(), 50U);
@@ -183,7 +183,7 @@ TEST(PasswordGenerator, EstimatesEntropy) {
         {"a b", 58, 3},
         {"é", 26, 1},
         {"e\u0301E\u0301", 52, 2},
-        {"漢字", 1, 2}, // letters without case suggest no alphabet
+        {"漢字", 1, 2}, // letters without case add nothing to the pool
         {"漢字a", 26, 3},
         {"一", 10, 1},
         {"👍👍", 32, 2},
@@ -235,15 +235,15 @@ TEST(PasswordGenerator, RatesByLengthVarietyAndEntropy) {
             << row.name << ": " << row.password;
 }
 
-/// Whether a text has a common pattern, seen from outside: beside one, a password of 20 characters and all
-/// classes is only strong. Nothing in the rest continues a run.
+/// Whether a text has a common pattern: with one, a password of 20 characters and all classes is only strong.
+/// The rest of that password neither has nor continues a run.
 bool isCommon(std::string_view text) {
     const std::string rest = "k7#Vq9!mZx2@Rw4L8p?T";
     EXPECT_EQ(calculateStrength(rest), PasswordStrength::veryStrong);
     return calculateStrength(rest + "~" + std::string(text)) == PasswordStrength::strong;
 }
 
-TEST(PasswordGenerator, KnowsCommonPatterns) {
+TEST(PasswordGenerator, DetectsCommonPatterns) {
     struct Row {
         std::string_view text;
         bool isCommon;
@@ -278,7 +278,7 @@ TEST(PasswordGenerator, KnowsCommonPatterns) {
         {"j\u212Al", true},
         {"\t\r\n\v", true},
         {"\x7f\x80", false},
-        // none
+        // no common pattern
         {"a1b2c3d4", false},
         {"Zyx", false},
         {"cba", false},
@@ -297,7 +297,7 @@ TEST(PasswordGenerator, KnowsCommonPatterns) {
         {"äbc", false},
         {"\u03B1\u03B2\u03B3", false},
         {"12é3", false},
-        // a marked letter is another character
+        // a letter with a combining mark is another character
         {"ab\u0063\u0301", false},
         {"11\u0031\u0301", false},
     };
@@ -337,7 +337,7 @@ TEST(PasswordStrength, IsOrderedAndNamed) {
     }
 }
 
-RC_GTEST_PROP(PasswordGenerator, RatesAnything, (const std::string& password)) {
+RC_GTEST_PROP(PasswordGenerator, RatesAnyPasswordWithinTheBounds, (const std::string& password)) {
     const auto entropy = calculateEntropy(password);
     RC_ASSERT(entropy >= 0);
     RC_ASSERT(entropy <= std::log2(94) * static_cast<double>(password.size()) + 1e-9);

@@ -24,7 +24,7 @@ TEST(PercentEncoding, Encodes) {
         {"all that is kept", kept, std::string(kept)},
         {"the rest of ASCII's punctuation", "\"#%<>[\\]^`{|}", "%22%23%25%3C%3E%5B%5C%5D%5E%60%7B%7C%7D"},
         {"control characters", std::string_view("\0\t\n\r\x1f\x7f", 6), "%00%09%0A%0D%1F%7F"},
-        {"what is encoded already", "%20", "%2520"},
+        {"an encoded sequence", "%20", "%2520"},
         {"two bytes", "é", "%C3%A9"},
         {"three bytes", "✓", "%E2%9C%93"},
         {"four bytes", "👍", "%F0%9F%91%8D"},
@@ -53,7 +53,7 @@ TEST(PercentEncoding, Decodes) {
         {"lower-case digits", "%e2%9c%93", "✓"},
         {"digits of either case", "%C3%a9", "é"},
         {"a plus sign", "a+b%2B", "a+b+"},
-        {"whatever else is there", "é #\n\"", "é #\n\""},
+        {"other characters", "é #\n\"", "é #\n\""},
         {"encoded twice", "%2520", "%20"},
         {"a null byte", "a%00b", std::string("a\0b", 3)},
         {"a character half encoded", "\xc3%A9", "é"},
@@ -77,7 +77,7 @@ TEST(PercentEncoding, Decodes) {
         EXPECT_EQ(PercentEncoding::decode(row.text), row.decoded) << row.name;
 }
 
-/// Any text, with many of the characters that matter here.
+/// Texts with many percent signs and hexadecimal digits.
 rc::Gen<std::string> texts() {
     return rc::gen::map(
         rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(std::vector<std::string>{
@@ -90,14 +90,14 @@ rc::Gen<std::string> texts() {
         });
 }
 
-RC_GTEST_PROP(PercentEncoding, GivesBackEveryText, ()) {
+RC_GTEST_PROP(PercentEncoding, RoundTripsAnyText, ()) {
     const auto text = *texts();
     const auto encoded = PercentEncoding::encode(text);
     RC_ASSERT(encoded.has_value());
     RC_ASSERT(PercentEncoding::decode(*encoded) == text);
 }
 
-/// The bytes that a text stands for, one character after the other; none where a `%` stands wrongly.
+/// The bytes that a text encodes; none if two hexadecimal digits do not follow each `%`.
 std::optional<std::string> naiveBytes(const std::string& text) {
     const auto isDigit = [&](std::size_t at) {
         return at < text.size() && std::isxdigit(static_cast<unsigned char>(text[at]));
@@ -116,7 +116,7 @@ std::optional<std::string> naiveBytes(const std::string& text) {
     return bytes;
 }
 
-RC_GTEST_PROP(PercentEncoding, DecodesLikeTheNaiveWay, ()) {
+RC_GTEST_PROP(PercentEncoding, AgreesWithTheNaiveDecoder, ()) {
     const auto text = *texts();
     const auto bytes = naiveBytes(text);
     const auto decoded = PercentEncoding::decode(text);
@@ -124,7 +124,7 @@ RC_GTEST_PROP(PercentEncoding, DecodesLikeTheNaiveWay, ()) {
     if (decoded)
         RC_ASSERT(decoded == bytes);
     else if (bytes)
-        RC_ASSERT(!PercentEncoding::encode(*bytes)); // which takes only UTF-8
+        RC_ASSERT(!PercentEncoding::encode(*bytes)); // which encodes only UTF-8
 }
 
 } // namespace

@@ -23,7 +23,7 @@ auto scripted(std::vector<std::uint64_t> values) {
 
 TEST(Random, FillsEveryByte) {
     for (const std::size_t size : {0U, 1U, 255U, 256U, 257U, 100'000U}) {
-        // A byte that stays 0 in all of 64 rounds, by chance, would come once in 2^512 runs.
+        // By chance, a byte stays 0 in all 64 rounds once in 2^512 runs.
         std::vector<std::byte> seen(size);
         for (int round = 0; round < 64; ++round) {
             std::vector<std::byte> bytes(size);
@@ -35,7 +35,7 @@ TEST(Random, FillsEveryByte) {
 }
 
 TEST(Random, NeverRepeatsAWordAcrossBlocksAndThreads) {
-    // Two equal ones among 20,000 of 64 bits come once in 10^11 runs.
+    // By chance, two of 20,000 words of 64 bits are equal once in 10^11 runs.
     std::array<std::vector<std::uint64_t>, 4> drawn;
     {
         std::vector<std::jthread> threads;
@@ -49,7 +49,7 @@ TEST(Random, NeverRepeatsAWordAcrossBlocksAndThreads) {
     EXPECT_EQ(seen.size(), 20'000U);
 }
 
-TEST(Random, TakesTheHighHalfOfTheProduct) {
+TEST(Random, UsesTheHighHalfOfTheProduct) {
     constexpr auto last = std::numeric_limits<std::uint64_t>::max();
 
     struct Row {
@@ -71,7 +71,7 @@ TEST(Random, TakesTheHighHalfOfTheProduct) {
          std::numeric_limits<std::uint32_t>::max() - 1},
         // 2^64 mod 10 is 6, so of the products' low halves 0 to 5 are drawn again.
         {"a low half of 0 is drawn again", 10, {0, last}, 9},
-        {"so is every next one", 10, {0, 0, 0, 1}, 0},
+        {"each further one is drawn again", 10, {0, 0, 0, 1}, 0},
         // 2^64 mod 3 is 1, and 3 * 0x5555555555555556 is 2^64 + 2.
         {"a low half of 2 is kept by 3", 3, {0x5555555555555556}, 1},
         // 6 * 0x2AAAAAAAAAAAAAAB is 2^64 + 2, and 2^64 mod 6 is 4.

@@ -54,14 +54,14 @@ const ReplacementRow replacementRows[] = {
     {"LeadingZeroWithoutGroup", "b", "abc", "$01", "ab1c"},
     {"ManyDigits", "(b)", "abc", "$99999999999999999999", "a9999999999999999999c"},
     {"ZeroLength", "x*", "ab", "-", "-a-b-"},
-    {"BeyondASCII", "😀", "a😀é", "[$0]", "a[😀]é"},
-    {"GroupBesideTheMatch", "a(?=(b))", "ab", "$1", "bb"},
+    {"NonASCII", "😀", "a😀é", "[$0]", "a[😀]é"},
+    {"GroupOutsideTheMatch", "a(?=(b))", "ab", "$1", "bb"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, RegularExpressionReplacement, testing::ValuesIn(replacementRows),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST(RegularExpression, MakesNoTextBeyondAllBounds) {
+TEST(RegularExpression, ReturnsNothingAboveTheSizeLimit) {
     const auto findings = search("[^x]+", std::string(1 << 20, 'a'));
     std::string replacement;
     for (int copies = 0; copies < 127; ++copies)

@@ -34,8 +34,8 @@ TEST_P(RegularExpressionSearch, Finds) {
 }
 
 const SearchRow searchRows[] = {
-    {"NothingInNothing", "a", "", {}},
-    {"NothingEverywhere", "()", "a", {"0-0 ", "$1 0-0 ", "1-1 ", "$1 1-1 "}},
+    {"NoMatchInAnEmptyText", "a", "", {}},
+    {"EmptyGroupMatchesAtEveryPosition", "()", "a", {"0-0 ", "$1 0-0 ", "1-1 ", "$1 1-1 "}},
     {"Letter", "a", "AaA", {"1-2 a"}},
     {"AbsentGroup", "(a)|(b)", "b", {"0-1 b", "$2 0-1 b"}},
     {"PresentEmptyGroup", "(x*)a", "a", {"0-1 a", "$1 0-0 "}},
@@ -47,17 +47,17 @@ const SearchRow searchRows[] = {
     {"ZeroLengthBetween", "a*", "baac", {"0-0 ", "1-3 aa", "3-3 ", "4-4 "}},
     {"GroupInLookAhead", "a(?=(b))", "ab", {"0-1 a", "$1 1-2 b"}},
     {"GroupInLookBehind", "(?<=(é))b", "éb", {"2-3 b", "$1 0-2 é"}},
-    {"StartIsOfTheText", "^.", "ab\ncd", {"0-1 a"}},
-    {"EndIsOfTheText", ".$", "ab\ncd", {"4-5 d"}},
-    {"EndBeforeTheLastLineBreak", "b$", "ab\n", {"1-2 b"}},
+    {"CaretMatchesOnlyTheStartOfTheText", "^.", "ab\ncd", {"0-1 a"}},
+    {"DollarMatchesNoEarlierLineEnd", ".$", "ab\ncd", {"4-5 d"}},
+    {"DollarMatchesBeforeTheLastLineBreak", "b$", "ab\n", {"1-2 b"}},
     {"DotStopsAtLineBreaks", ".+", "a\r\nb\nc\vd\u2028e", {"0-1 a", "3-4 b", "5-6 c", "7-8 d", "11-12 e"}},
     {"CarriageReturnLineFeed", R"(\r\n)", "a\r\nb", {"1-3 \r\n"}},
-    {"SpaceCountsAndSoDoesTheHash", "a #b", "a #b", {"0-4 a #b"}},
-    {"BeyondASCII", R"(\w+)", "größer Ωmega", {"0-8 größer", "9-15 Ωmega"}},
+    {"SpaceAndHashAreLiteral", "a #b", "a #b", {"0-4 a #b"}},
+    {"NonASCII", R"(\w+)", "größer Ωmega", {"0-8 größer", "9-15 Ωmega"}},
     {"SurrogatePair", ".", "a😀é", {"0-1 a", "1-5 😀", "5-7 é"}},
     {"ZeroLengthAroundSurrogatePair", "x*", "😀", {"0-0 ", "4-4 "}},
     {"HalfOfASurrogatePair", R"(a\ud83d)", "a😀", {}},
-    {"PairAsItsHalves", R"(\ud83d\ude00)", "a😀", {"1-5 😀"}},
+    {"PairWrittenAsItsHalves", R"(\ud83d\ude00)", "a😀", {"1-5 😀"}},
     {"NotUTF8",
      "b",
      "\xff\xe2\x82"
@@ -71,7 +71,7 @@ const SearchRow searchRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, RegularExpressionSearch, testing::ValuesIn(searchRows),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST(RegularExpression, IgnoresLetterCaseOnlyWhenTold) {
+TEST(RegularExpression, IgnoresLetterCaseOnlyOnRequest) {
     EXPECT_EQ(search("a", "AaA", true).matchCount(), 1);
     EXPECT_EQ(search("a", "AaA", false).matchCount(), 3);
     EXPECT_EQ(search("STRASSE", "straße", false).matchCount(), 1);
@@ -82,7 +82,7 @@ struct ErrorRow {
     std::string_view expected;
 };
 
-TEST(RegularExpression, SaysWhatIsWrongInAPatternAndWhere) {
+TEST(RegularExpression, ReportsPatternErrorsAndTheirPositions) {
     const ErrorRow rows[] = {
         {"", "Empty pattern."},
         {"(", "Incorrectly nested parentheses at character 1."},
@@ -118,17 +118,17 @@ TEST(RegularExpression, SaysWhatIsWrongInAPatternAndWhere) {
         EXPECT_EQ(errorOf(pattern), expected) << pattern;
 }
 
-TEST(RegularExpression, RefusesPatternsThatAreTooBigToPrepare) {
+TEST(RegularExpression, RejectsPatternsAboveTheSizeAndNestingLimits) {
     EXPECT_EQ(errorOf(std::string(RegularExpression::maxPatternSize + 1, 'a')), "Pattern too big.");
     EXPECT_EQ(errorOf(std::string(RegularExpression::maxPatternSize, 'a')), "");
     EXPECT_EQ(errorOf(std::string(1000, '(')), "Nesting too deep at character 101.");
     EXPECT_EQ(errorOf(std::string(1000, '[')), "Nesting too deep at character 100.");
 }
 
-/// So few steps that a hostile pattern ends at once, on any machine.
+/// Few enough steps for a hostile pattern to end at once on any machine.
 const Budget fewSteps{.time = std::chrono::hours(1), .steps = 20};
 
-TEST(RegularExpression, StopsAtHostilePatternsAndKeepsWhatWasFound) {
+TEST(RegularExpression, StopsOnHostilePatternsAndKeepsEarlierMatches) {
     struct Row {
         std::string_view pattern;
         std::string text;
@@ -151,7 +151,7 @@ TEST(RegularExpression, StopsAtHostilePatternsAndKeepsWhatWasFound) {
     EXPECT_EQ(described(findings), (std::vector<std::string>{"0-1 ;", "$1 0-1 ;", "1-2 ;", "$1 1-2 ;"}));
 }
 
-TEST(RegularExpression, StopsWhenItsTimeIsOver) {
+TEST(RegularExpression, StopsWhenItsTimeIsUp) {
     const Budget noTime{.time = std::chrono::milliseconds(0)};
     EXPECT_EQ(search("a", std::string(100, 'a'), true, noTime).interruption, Interruption::tookTooLong);
     EXPECT_EQ(search("b", std::string(100, 'a'), true, noTime).interruption, Interruption::tookTooLong);
@@ -159,8 +159,8 @@ TEST(RegularExpression, StopsWhenItsTimeIsOver) {
               Interruption::tookTooLong);
 }
 
-// Without a look at the clock in between, each of these goes on for minutes.
-TEST(RegularExpression, StopsInTheMiddleOfWhatICUDoesNotReport) {
+// Without checks of the clock in between, each of these runs for minutes.
+TEST(RegularExpression, StopsInsideMatchesThatICUDoesNotReport) {
     std::string text;
     text.resize(10'000'000, 'a');
     const Budget littleTime{.time = std::chrono::milliseconds(20)};
@@ -170,7 +170,7 @@ TEST(RegularExpression, StopsInTheMiddleOfWhatICUDoesNotReport) {
         EXPECT_EQ(search(pattern, text, true, littleTime).interruption, Interruption::tookTooLong) << pattern;
 }
 
-TEST(RegularExpression, StopsWhenCalledOff) {
+TEST(RegularExpression, StopsWhenCancelled) {
     const auto source = std::make_unique<std::stop_source>();
     source->request_stop();
     const auto findings =
@@ -186,7 +186,7 @@ std::string repeated(std::string_view part, std::size_t count) {
     return text;
 }
 
-// To compile each of these at one go takes seconds, or much longer.
+// Compiling each of these in one piece takes seconds or much longer.
 TEST(RegularExpression, StopsWhileAPatternIsCompiled) {
     const Budget littleTime{.time = std::chrono::milliseconds(20)};
     for (const std::string_view set : {"[\\x{0}-\\x{10FFFF}]", "[\\p{L}&&[^\\p{Lu}]]", "\\p{Alphabetic}"}) {
@@ -201,13 +201,13 @@ TEST(RegularExpression, StopsWhileAPatternIsCompiled) {
     EXPECT_EQ(findings.interruption, Interruption::cancelled);
 }
 
-TEST(RegularExpression, TakesThousandsOfSets) {
+TEST(RegularExpression, SearchesWithThousandsOfSets) {
     const auto findings = search(repeated("[a-c]", 3000), std::string(7000, 'b'));
     EXPECT_EQ(findings.matchCount(), 2);
     EXPECT_FALSE(findings.interruption);
 }
 
-TEST(RegularExpression, StopsWhenItsMemoryIsFull) {
+TEST(RegularExpression, StopsAtItsMemoryLimit) {
     EXPECT_EQ(search("(a|b)*c", std::string(5'000'000, 'a')).interruption, Interruption::tookTooMuchMemory);
     EXPECT_FALSE(search("(a|b)*", std::string(1'000'000, 'a')).interruption);
 }
@@ -255,7 +255,7 @@ std::string joined(const std::vector<std::string>& pieces) {
     return text;
 }
 
-RC_GTEST_PROP(RegularExpression, FindsWhatIsFoundInTheBytesThemselves, ()) {
+RC_GTEST_PROP(RegularExpression, FindsWhatICUFindsInTheUTF8Text, ()) {
     const auto text = joined(*rc::gen::container<std::vector<std::string>>(
         rc::gen::element<std::string>("a", "b", "é", "😀", "\r\n", "\n", " ", "👩‍👧")));
     const auto pattern = *rc::gen::element<std::string>(
@@ -264,7 +264,7 @@ RC_GTEST_PROP(RegularExpression, FindsWhatIsFoundInTheBytesThemselves, ()) {
     RC_ASSERT(described(search(pattern, text)) == naiveSearch(pattern, text));
 }
 
-/// The error that ICU has for a pattern which it gets in one piece.
+/// The error of ICU for a pattern compiled in one piece.
 UErrorCode naiveError(const std::string& pattern) {
     UErrorCode status = U_ZERO_ERROR;
     const auto units = icu::UnicodeString::fromUTF8(pattern);
@@ -272,8 +272,8 @@ UErrorCode naiveError(const std::string& pattern) {
     return status;
 }
 
-/// Enough sets for a pattern to be compiled piece by piece, in which they come at every place.
-RC_GTEST_PROP(RegularExpression, CompilesTheSamePieceByPiece, ()) {
+/// Enough sets for a pattern to be compiled piece by piece, with sets at every position.
+RC_GTEST_PROP(RegularExpression, CompilingPieceByPieceAgreesWithICU, ()) {
     const auto parts = *rc::gen::container<std::vector<std::string>>(rc::gen::element<std::string>(
         "a", "é", "😀", "[a-c]", "[^\\x{1F600}]", "\\x{61}", "\\u0061", "\\ud83d\\ude00",
         "\\N{LATIN SMALL LETTER A}", "\\Q[.\\E", "(?#note)", "\\p{L}", "[[:alpha:]--[z]]", "(?<n>b)?", "(",
@@ -287,7 +287,7 @@ RC_GTEST_PROP(RegularExpression, CompilesTheSamePieceByPiece, ()) {
     }
 }
 
-TEST(RegularExpression, SaysTheSameOfAPatternPieceByPiece) {
+TEST(RegularExpression, CompilingPieceByPieceReportsErrorPositions) {
     for (std::size_t length = 0; length < 40; ++length) {
         const auto before = repeated("[a]", 6) + std::string(length, 'b');
         const auto place = [&](std::size_t characters) { return std::to_string(before.size() + characters); };
@@ -299,7 +299,7 @@ TEST(RegularExpression, SaysTheSameOfAPatternPieceByPiece) {
     }
 }
 
-TEST(RegularExpression, FindsTheSamePieceByPiece) {
+TEST(RegularExpression, FindsWhatICUFindsInALongText) {
     std::string text;
     std::uint32_t state = 1;
     while (text.size() < 400'000) {

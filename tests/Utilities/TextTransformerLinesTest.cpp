@@ -14,7 +14,7 @@
 namespace korvane {
 namespace {
 
-TEST(TextTransformerLines, NamesItsOperationsInOrder) {
+TEST(TextTransformerLines, OperationsHaveTheirNamesAndIconsInOrder) {
     const std::pair<std::string_view, std::string_view> names[] = {
         {"Reverse Lines", "arrow.up.arrow.down"},
         {"Sort A-Z", "arrow.up.doc"},
@@ -67,7 +67,7 @@ TEST(TextTransformerLines, AppliesOperations) {
             << rawValue(row.operation) << ": " << row.text;
 }
 
-TEST(TextTransformerLines, MakesNothingOfNothing) {
+TEST(TextTransformerLines, EmptyInputGivesEmptyOutput) {
     for (const auto operation : allCases<LineOperation>)
         EXPECT_EQ(TextTransformer::applyLineOperation("", operation), "") << rawValue(operation);
 }
@@ -77,7 +77,7 @@ TEST(TextTransformerLines, ShufflingKeepsEveryLine) {
     for (int line = 0; line < 1000; ++line)
         text += std::to_string(line % 700) + "\n";
     const auto shuffled = TextTransformer::applyLineOperation(text, LineOperation::shuffle);
-    EXPECT_NE(shuffled, text); // by chance once in more tries than there are atoms
+    EXPECT_NE(shuffled, text); // equal by chance in fewer than one of 10^1000 runs
     auto before = linesOf(text);
     auto after = linesOf(shuffled);
     std::ranges::sort(before);
@@ -85,9 +85,9 @@ TEST(TextTransformerLines, ShufflingKeepsEveryLine) {
     EXPECT_EQ(after, before);
 }
 
-/// Each of the six orders comes up about as often as any other: a share that is off by a quarter would be
-/// more than ten standard deviations away.
-TEST(TextTransformerLines, ShufflingDrawsEachOrderAlike) {
+/// Each of the six orders is equally frequent: a deviation of a quarter of the share would be more than ten
+/// standard deviations.
+TEST(TextTransformerLines, ShufflingDrawsEachOrderEquallyOften) {
     constexpr int draws = 12'000;
     constexpr int share = draws / 6;
     std::map<std::string, int> counts;

@@ -43,8 +43,8 @@ TEST(TextTransformerStats, Counts) {
         {"\n", {1, 0, 0, 2, 0, 0}},
         {"a\u2028b\u2029c\u0085d\ve\ff", {11, 6, 6, 6, 1, 1}},
         {"e\u0301 👨‍👩‍👧‍👦 🇳🇴🇸🇪 한국 नमस्ते", {13, 9, 5, 1, 1, 1}},
-        {"a\u0301\u0301 \u0301b", {3, 2, 2, 1, 1, 1}}, // a space that carries a mark stays one
-        {"\u0600 x", {2, 2, 2, 1, 1, 1}},              // a space that a prefix takes in is none
+        {"a\u0301\u0301 \u0301b", {3, 2, 2, 1, 1, 1}}, // a space with a mark is still a space
+        {"\u0600 x", {2, 2, 2, 1, 1, 1}},              // a space joined to a prefix is no space
         {"\u0600\nx", {3, 2, 2, 2, 1, 1}},
         {"3.14! Ünï. 漢字。", {14, 12, 3, 1, 1, 3}},
         {"a\u200Bb", {3, 3, 1, 1, 1, 1}},
@@ -73,7 +73,7 @@ std::int64_t piecesOf(std::string_view text, const std::function<bool(char32_t)>
     return count + (counts(text.substr(start)) ? 1 : 0);
 }
 
-/// Each figure by itself, as it is defined.
+/// Each count by its definition.
 TextStats naiveStats(std::string_view text) {
     if (text.empty())
         return {};
@@ -120,7 +120,7 @@ RC_GTEST_PROP(TextTransformerStats, AgreeWithEachDefinition, ()) {
     RC_ASSERT(TextTransformer::getStats(text) == naiveStats(text));
 }
 
-TEST(TextTransformerStats, KeepUpWithATextBeingWritten) {
+TEST(TextTransformerStats, UpdateAsATextIsTypedAndDeleted) {
     TextTransformer::RunningStats running;
     EXPECT_EQ(running.stats(), TextStats());
     std::string before;
@@ -138,7 +138,7 @@ TEST(TextTransformerStats, KeepUpWithATextBeingWritten) {
     }
 }
 
-RC_GTEST_PROP(TextTransformerStats, KeepUpWithAnyChange, ()) {
+RC_GTEST_PROP(TextTransformerStats, UpdateAfterAnyChange, ()) {
     auto text = anyText();
     TextTransformer::RunningStats running;
     running.update("", text);

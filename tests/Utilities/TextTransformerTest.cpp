@@ -14,7 +14,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-TEST(TextTransformer, NamesItsCasesInOrder) {
+TEST(TextTransformer, CasesHaveTheirNamesAndIconsInOrder) {
     const std::pair<std::string_view, std::string_view> names[] = {
         {"UPPERCASE", "textformat.size.larger"},
         {"lowercase", "textformat.size.smaller"},
@@ -59,7 +59,7 @@ TEST(TextTransformer, ExtractsWords) {
         {"hello\u00A0world", {"helloworld"}},
         {"hello, world", {"hello", "world"}},
         {"__a--b  c__", {"a", "b", "c"}},
-        {"a.B", {"aB"}}, // a capital behind punctuation begins no word
+        {"a.B", {"aB"}}, // a capital after punctuation begins no word
         {"A_B", {"A", "B"}},
         {"HTMLa", {"HTM", "La"}},
         {"...", {}},
@@ -129,12 +129,12 @@ TEST(TextTransformer, TransformsCase) {
             << rawValue(row.to) << ": " << row.text;
 }
 
-TEST(TextTransformer, MakesNothingOfNothing) {
+TEST(TextTransformer, EmptyInputGivesEmptyOutput) {
     for (const auto transform : allCases<CaseTransform>)
         EXPECT_EQ(TextTransformer::transform("", transform), "") << rawValue(transform);
 }
 
-TEST(TextTransformer, OffersItsStylesOneByOne) {
+TEST(TextTransformer, OffersAFunctionForEachStyle) {
     EXPECT_EQ(TextTransformer::toCamelCase("Max retry-count"), "maxRetryCount");
     EXPECT_EQ(TextTransformer::toPascalCase("max retry-count"), "MaxRetryCount");
     EXPECT_EQ(TextTransformer::toSnakeCase("Max retry-count"), "max_retry_count");
@@ -151,13 +151,13 @@ std::string someText() {
     return text;
 }
 
-/// What is joined by a separator comes apart again, and a second time changes nothing.
-RC_GTEST_PROP(TextTransformer, SnakeCaseIsItsOwnSnakeCase, ()) {
+/// Joined words are split at the separators again, so a second transformation changes nothing.
+RC_GTEST_PROP(TextTransformer, SnakeCaseIsIdempotent, ()) {
     const auto snake = TextTransformer::toSnakeCase(someText());
     RC_ASSERT(TextTransformer::toSnakeCase(snake) == snake);
 }
 
-RC_GTEST_PROP(TextTransformer, ProgrammersStylesAgreeOnTheWords, ()) {
+RC_GTEST_PROP(TextTransformer, ProgrammingStylesJoinTheExtractedWords, ()) {
     const auto text = someText();
     const auto words = TextTransformer::extractWords(text);
     std::string pascal;
@@ -173,7 +173,7 @@ RC_GTEST_PROP(TextTransformer, ProgrammersStylesAgreeOnTheWords, ()) {
     RC_ASSERT(TextTransformer::transform(text, CaseTransform::kebabCase) == kebab);
 }
 
-RC_GTEST_PROP(TextTransformer, SurvivesAnyBytes, (const std::string& bytes)) {
+RC_GTEST_PROP(TextTransformer, AcceptsAnyBytes, (const std::string& bytes)) {
     for (const auto transform : allCases<CaseTransform>)
         TextTransformer::transform(bytes, transform);
     for (const auto operation : allCases<LineOperation>)

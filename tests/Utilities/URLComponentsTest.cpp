@@ -35,7 +35,7 @@ namespace {
 
 using Items = std::vector<URLQueryItem>;
 
-TEST(URLComponents, TakesAURLApart) {
+TEST(URLComponents, ParsesEveryComponent) {
     struct Row {
         std::string_view name;
         std::string_view url;
@@ -47,7 +47,7 @@ TEST(URLComponents, TakesAURLApart) {
          "http://example.org:8080/a/b?x=1&y#end",
          {"http", "example.org", 8080, "/a/b", "x=1&y", "end", Items{{"x", "1"}, {"y"}}}},
         {"scheme and host", "https://example.org", {.scheme = "https", .host = "example.org"}},
-        {"the case as it is written", "HTTP://Example.ORG", {.scheme = "HTTP", .host = "Example.ORG"}},
+        {"the case is kept", "HTTP://Example.ORG", {.scheme = "HTTP", .host = "Example.ORG"}},
         {"a root", "http://h/", {.scheme = "http", .host = "h", .path = "/"}},
         {"empty segments", "http://h//a//", {.scheme = "http", .host = "h", .path = "//a//"}},
         {"dots are not resolved", "http://h/a/../b/.", {.scheme = "http", .host = "h", .path = "/a/../b/."}},
@@ -59,7 +59,7 @@ TEST(URLComponents, TakesAURLApart) {
          "http://[2001:db8::1]:80",
          {.scheme = "http", .host = "[2001:db8::1]", .port = 80}},
         {"an IPv6 address with an IPv4 one", "//[::ffff:192.0.2.1]", {.host = "[::ffff:192.0.2.1]"}},
-        {"an address of the future", "//[v1.x:y]/", {.host = "[v1.x:y]", .path = "/"}},
+        {"an IPvFuture address", "//[v1.x:y]/", {.host = "[v1.x:y]", .path = "/"}},
         {"an empty host", "file:///etc/hosts", {.scheme = "file", .host = "", .path = "/etc/hosts"}},
         {"no host", "file:/etc/hosts", {.scheme = "file", .path = "/etc/hosts"}},
         {"a mail address", "mailto:a@b.example", {.scheme = "mailto", .path = "a@b.example"}},
@@ -72,7 +72,7 @@ TEST(URLComponents, TakesAURLApart) {
         {"only two slashes", "//", {.host = ""}},
         {"a relative path", "a/b", {.path = "a/b"}},
         {"a word", "word", {.path = "word"}},
-        {"a colon behind a slash", "./a:b", {.path = "./a:b"}},
+        {"a colon after a slash", "./a:b", {.path = "./a:b"}},
         {"nothing", "", {}},
         {"only a query", "?a", {.query = "a", .queryItems = Items{{"a"}}}},
         {"an empty query", "p?", {.path = "p", .query = "", .queryItems = Items{}}},
@@ -80,10 +80,10 @@ TEST(URLComponents, TakesAURLApart) {
         {"an empty fragment", "p#", {.path = "p", .fragment = ""}},
         {"a question mark in the query", "?a?b", {.query = "a?b", .queryItems = Items{{"a?b"}}}},
         {"a question mark in the fragment", "#a?b", {.fragment = "a?b"}},
-        {"no port behind the colon", "http://h:/", {.scheme = "http", .host = "h", .path = "/"}},
-        {"the lowest port", "//h:0", {.host = "h", .port = 0}},
-        {"the highest port", "//h:65535", {.host = "h", .port = 65535}},
-        {"a port with zeros before it", "//h:00000000000080", {.host = "h", .port = 80}},
+        {"no port after the colon", "http://h:/", {.scheme = "http", .host = "h", .path = "/"}},
+        {"the smallest port", "//h:0", {.host = "h", .port = 0}},
+        {"the largest port", "//h:65535", {.host = "h", .port = 65535}},
+        {"a port with leading zeros", "//h:00000000000080", {.host = "h", .port = 80}},
         {"encoded characters",
          "http://b%C3%BCcher.example/%E2%9C%93/%2F?q=%26%3d&%20#%23",
          {"http", "bücher.example", std::nullopt, "/✓//", "q=&=& ", "#", Items{{"q", "&="}, {" "}}}},
@@ -130,7 +130,7 @@ TEST(URLComponents, SplitsAQueryIntoItems) {
     }
 }
 
-TEST(URLComponents, RefusesWhatIsNoURL) {
+TEST(URLComponents, RejectsInvalidURLs) {
     using namespace std::string_view_literals;
     constexpr std::string_view wrong[] = {
         "a b",
@@ -187,7 +187,7 @@ TEST(URLComponents, RefusesWhatIsNoURL) {
         EXPECT_FALSE(URLComponents::parse(url)) << '"' << url << '"';
 }
 
-TEST(URLComponents, TellsWhatStandsWrongWhere) {
+TEST(URLComponents, ReportsTheErrorAndItsPosition) {
     struct Row {
         std::string_view url;
         std::size_t offset;
@@ -234,7 +234,7 @@ TEST(URLComponents, TellsWhatStandsWrongWhere) {
     }
 }
 
-TEST(URLComponents, BearsWhateverIsLong) {
+TEST(URLComponents, ParsesLongInput) {
     constexpr std::size_t length = 200'000;
     for (const std::string unit : {"a", "/", "a/", "%41", "&", "a=1&", "?", ":", "@", "1", "#", "[", "%"}) {
         std::string text;
@@ -260,7 +260,7 @@ rc::Gen<std::string> piece(std::initializer_list<std::string> texts) {
                           }));
 }
 
-RC_GTEST_PROP(URLComponents, FindsEachComponentThatWasPutTogether, (bool hasQuery, bool hasFragment)) {
+RC_GTEST_PROP(URLComponents, ParsesURLsBuiltFromComponents, (bool hasQuery, bool hasFragment)) {
     const auto scheme = "s" + *piece({"", "+1", ".x"});
     const auto host = *piece({"", "[::1]", "127.0.0.1", "a.b-c_d~", "%C3%A9"});
     const auto port = *rc::gen::inRange(0, 65536);

@@ -19,7 +19,7 @@ TEST(UUID, IsRandomWithVersionAndVariant) {
 }
 
 TEST(UUID, IsRandomInEveryOtherBit) {
-    // A bit that is the same in all of 64 UUIDs, by chance, would come once in 2^56 runs.
+    // By chance, a bit is the same in all 64 UUIDs once in 2^56 runs.
     UUID ones;
     UUID zeros;
     for (int i = 0; i < 64; ++i) {
@@ -34,15 +34,15 @@ TEST(UUID, IsRandomInEveryOtherBit) {
 }
 
 TEST(UUID, WritesItsCanonicalForm) {
-    // The version 4 example of RFC 9562, appendix A.3, and both ends.
+    // The version 4 example of RFC 9562, appendix A.3, and both extremes.
     EXPECT_EQ((UUID{{0x91, 0x91, 0x08, 0xF7, 0x52, 0xD1, 0x43, 0x20, 0x9B, 0xAC, 0xF8, 0x47, 0xDB, 0x41, 0x48,
                      0xA8}}
                    .text()),
               "919108F7-52D1-4320-9BAC-F847DB4148A8");
     EXPECT_EQ(UUID{}.text(), "00000000-0000-0000-0000-000000000000");
-    UUID greatest;
-    greatest.bytes.fill(0xFF);
-    EXPECT_EQ(greatest.text(), "FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF");
+    UUID maxUUID;
+    maxUUID.bytes.fill(0xFF);
+    EXPECT_EQ(maxUUID.text(), "FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF");
 }
 
 } // namespace

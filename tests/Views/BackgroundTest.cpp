@@ -32,7 +32,7 @@ protected:
                              }};
 };
 
-TEST_F(BackgroundTest, TheResultComesLater) {
+TEST_F(BackgroundTest, TheResultArrivesWhenTheWorkHasRun) {
     state->start(context);
     EXPECT_TRUE(state->calculation);
     EXPECT_EQ(state->output, 0);
@@ -41,14 +41,14 @@ TEST_F(BackgroundTest, TheResultComesLater) {
     EXPECT_EQ(state->output, 42);
 }
 
-TEST_F(BackgroundTest, AResultThatNobodyWaitsForIsDropped) {
+TEST_F(BackgroundTest, ACancelledResultIsDropped) {
     state->start(context);
     state->calculation.reset();
     fakes.background.runAll();
     EXPECT_EQ(state->output, 0);
 }
 
-TEST_F(BackgroundTest, OnlyTheLastOfSeveralCounts) {
+TEST_F(BackgroundTest, OnlyTheLastOfSeveralTasksSetsTheResult) {
     state->start(context);
     state->input = 4;
     state->start(context);
@@ -58,7 +58,7 @@ TEST_F(BackgroundTest, OnlyTheLastOfSeveralCounts) {
     EXPECT_EQ(state->output, 8);
 }
 
-TEST_F(BackgroundTest, LettingGoAsksTheWorkToStop) {
+TEST_F(BackgroundTest, ReleasingTheLastCopyOfATaskRequestsAStop) {
     state->start(context);
     const auto stop = state->calculation->stopToken();
     auto copy = state->calculation;
@@ -68,7 +68,7 @@ TEST_F(BackgroundTest, LettingGoAsksTheWorkToStop) {
     EXPECT_TRUE(stop.stop_requested());
 }
 
-TEST_F(BackgroundTest, TheStateMayBeGoneWhenTheResultComes) {
+TEST_F(BackgroundTest, TheStateMayBeDestroyedBeforeTheResult) {
     state->start(context);
     const auto stop = state->calculation->stopToken();
     state.reset();

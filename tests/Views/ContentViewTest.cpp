@@ -12,7 +12,7 @@ TEST(ContentView, OpensOnTheJSONFormatter) {
     EXPECT_EQ(ContentView{}.selectedTool, Tool::jsonFormatter);
 }
 
-TEST(ContentView, ChoosingAToolInTheMenuAnnouncesItAndNothingElse) {
+TEST(ContentView, ChoosingAToolInTheMenuPostsANotification) {
     FakeServices fakes;
     for (const auto tool : allCases<Tool>)
         postSelectTool(tool, fakes.services);
@@ -26,7 +26,7 @@ TEST(ToolSidebarView, ListsAllToolsWithoutASearch) {
     EXPECT_TRUE(std::ranges::equal(tools, allCases<Tool>));
 }
 
-TEST(ToolSidebarView, FindsToolsByNameOrDescriptionWhateverTheCase) {
+TEST(ToolSidebarView, FindsToolsByNameOrDescriptionIgnoringCase) {
     struct Row {
         std::string_view search;
         std::vector<Tool> expected;
@@ -56,7 +56,7 @@ TEST(ToolSidebarView, ShowsShortcutsOfTheFirstTenTools) {
     EXPECT_EQ(shortcutBadge(Tool::textTransformer), "");
 }
 
-TEST(ToolSidebarView, SaysWhatItAlwaysSays) {
+TEST(ToolSidebarView, HasItsFixedTexts) {
     EXPECT_EQ(ToolSidebarView::title, "Korvane");
     EXPECT_EQ(ToolSidebarView::searchPlaceholder, "Search tools...");
     EXPECT_EQ(ToolSidebarView::footer, "100% Local • Privacy First");

@@ -1,8 +1,8 @@
 """The started program as assistive technology sees it: a tree of accessible objects with names, roles, states and
-actions, and the events they send. Nothing here knows of a screen.
+actions, and the events they send. This module is independent of the screens.
 
-What the program does in answer to a call may come later than the answer, so everything that looks for something
-looks again, until it is there or the deadline is over.
+The program may act on a call after the call has returned, so every search is repeated until it succeeds or the
+deadline has passed.
 """
 
 import os
@@ -18,12 +18,12 @@ from gi.repository import Atspi, GLib  # noqa: E402
 Role = Atspi.Role
 State = Atspi.StateType
 
-DEADLINE = 10  # seconds: far more than anything takes on a busy machine
-TICK = 10  # milliseconds between two looks
+DEADLINE = 10  # seconds: far longer than any step takes on a busy machine
+TICK = 10  # milliseconds between two checks
 
 
 def until(condition: Callable[[], object], failure: Callable[[], str]) -> object:
-    """Looks until `condition` holds, and returns what it gave; events arrive in the meantime."""
+    """Checks until `condition` holds, and returns its result; handles events in the meantime."""
     deadline = time.monotonic() + DEADLINE
     context = GLib.MainContext.default()
     while True:
@@ -31,7 +31,7 @@ def until(condition: Callable[[], object], failure: Callable[[], str]) -> object
             if found := condition():
                 return found
         except GLib.Error:
-            pass  # the object has gone between two calls; it is looked for again
+            pass  # the object was destroyed between two calls; the next check searches again
         assert time.monotonic() < deadline, failure()
         GLib.timeout_add(TICK, lambda: GLib.SOURCE_REMOVE)
         context.iteration(True)
@@ -76,7 +76,7 @@ class Control:
         return self.has(State.SHOWING)
 
     def descendants(self) -> Iterator["Control"]:
-        """Everything below that shows, in reading order."""
+        """All visible descendants, in reading order."""
         for child in self.children:
             if child.is_showing:
                 yield child
@@ -86,7 +86,7 @@ class Control:
     def interfaces(self) -> list[str]:
         return self.accessible.get_interfaces()
 
-    # What it shows.
+    # Content and place.
 
     @property
     def text(self) -> str:
@@ -106,7 +106,7 @@ class Control:
         place = Atspi.Component.get_extents(self.accessible, Atspi.CoordType.SCREEN)
         return place.x, place.y, place.x + place.width, place.y + place.height
 
-    # What can be done with it.
+    # Actions.
 
     @property
     def actions(self) -> list[str]:
@@ -114,32 +114,32 @@ class Control:
         return [Atspi.Action.get_action_name(self.accessible, index) for index in range(count)]
 
     def act(self, action: str) -> None:
-        assert action in self.actions, f"{self} offers {self.actions}, and not {action}"
+        assert action in self.actions, f"{self} offers {self.actions}, not {action}"
         Atspi.Action.do_action(self.accessible, self.actions.index(action))
 
     def press(self) -> None:
-        """Presses a button or a row, or switches what has two states."""
+        """Presses a button or a row, or toggles a switch."""
         self.act("Toggle" if "Toggle" in self.actions else "Press")
 
     def set_text(self, text: str) -> None:
-        assert Atspi.EditableText.set_text_contents(self.accessible, text), f"{self} refuses a text"
+        assert Atspi.EditableText.set_text_contents(self.accessible, text), f"{self} rejects the text"
 
     def insert_text(self, position: int, text: str) -> None:
         length = len(text.encode())
-        assert Atspi.EditableText.insert_text(self.accessible, position, text, length), f"{self} refuses a text"
+        assert Atspi.EditableText.insert_text(self.accessible, position, text, length), f"{self} rejects the text"
 
     def delete_text(self, start: int, end: int) -> None:
         assert Atspi.EditableText.delete_text(self.accessible, start, end), f"{self} deletes nothing"
 
     def set_value(self, value: float) -> None:
-        assert Atspi.Value.set_current_value(self.accessible, value), f"{self} refuses a value"
+        assert Atspi.Value.set_current_value(self.accessible, value), f"{self} rejects the value"
 
     def grab_focus(self) -> None:
-        assert Atspi.Component.grab_focus(self.accessible), f"{self} takes no focus"
+        assert Atspi.Component.grab_focus(self.accessible), f"{self} does not take the focus"
 
 
 class Event:
-    """What an object sent, with the name and the role that it had then."""
+    """An event, with the name and the role that its source had when it was sent."""
 
     def __init__(self, event: Atspi.Event):
         self.type = event.type
@@ -149,7 +149,7 @@ class Event:
 
     @property
     def is_announcement(self) -> bool:
-        """Whether screen readers read it out: a notification is reported to show."""
+        """Whether screen readers announce it: a notification has become visible."""
         return self.type == "object:state-changed:showing" and self.detail == 1 and self.role == Role.NOTIFICATION
 
     def __repr__(self) -> str:
@@ -161,9 +161,9 @@ class Program:
 
     def __init__(self, path: str):
         self.events: list[Event] = []
-        self._listener = Atspi.EventListener.new(self._hear)
+        self._listener = Atspi.EventListener.new(self._record)
         self._types: list[str] = []
-        Control(Atspi.get_desktop(0)).children  # has the registry started before the program looks for it
+        Control(Atspi.get_desktop(0)).children  # starts the registry before the program looks for it
         environment = os.environ | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_QPA_PLATFORM": "xcb"}
         self._process = subprocess.Popen([path], env=environment)
         self.window = until(self._window, lambda: "the program opens no window")
@@ -171,19 +171,19 @@ class Program:
     def windows(self) -> list[Control]:
         for application in Control(Atspi.get_desktop(0)).children:
             if application.accessible.get_process_id() == self._process.pid:
-                application.accessible.set_cache_mask(Atspi.Cache.NONE)  # what was true is of no use
+                application.accessible.set_cache_mask(Atspi.Cache.NONE)  # tests need the current state
                 return [window for window in application.children if window.is_showing]
         return []
 
     def _window(self) -> Control | None:
         return next(iter(self.windows()), None)
 
-    def _hear(self, event: Atspi.Event) -> None:
+    def _record(self, event: Atspi.Event) -> None:
         try:
             if event.source.get_process_id() == self._process.pid:
                 self.events.append(Event(event))
         except GLib.Error:
-            pass  # its source has gone
+            pass  # its source was destroyed
 
     def listen(self, *types: str) -> None:
         for type in types:

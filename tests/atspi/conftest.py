@@ -7,7 +7,7 @@ from korvane import Korvane
 
 @pytest.fixture
 def korvane():
-    """The program, newly started."""
+    """A newly started program."""
     program = Korvane(os.environ["KORVANE_PROGRAM"])
     yield program
     program.stop()

@@ -1,8 +1,8 @@
-"""What a user of Korvane does and reads, in the words of its screens. Controls are found by role and name, as they show
-in the window; each must be the only one of its kind and name.
+"""What a user of Korvane does and reads. Visible controls are found by role and name; each must be the only one of its
+role and name.
 """
 
-from __future__ import annotations  # the name of a method below is one of a type too
+from __future__ import annotations  # the method `list` below hides the type of that name
 
 from accessible import Atspi, Control, Program, Role, State, until
 
@@ -24,7 +24,7 @@ class Korvane(Program):
         ]
 
     def find(self, name: str, *roles: Role) -> Control:
-        """The one control of that name which shows, once it does."""
+        """The only visible control of that name; waits for it."""
 
         def failure() -> str:
             showing = [control for control in self.window.descendants() if not roles or control.role in roles]
@@ -49,18 +49,18 @@ class Korvane(Program):
         return [row.name for row in self.list(name).children]
 
     def dialog(self) -> Control:
-        """The one window beside the program's own, once it shows."""
+        """The only other window of the program; waits for it."""
 
         def others() -> list[Control]:
             return [window for window in self.windows() if window.is_showing and window.name != self.window.name]
 
-        until(lambda: len(others()) == 1, lambda: f"beside the program's window there are {others()}")
+        until(lambda: len(others()) == 1, lambda: f"the other windows are {others()}")
         return others()[0]
 
-    # Doing.
+    # Acting.
 
     def activate(self) -> None:
-        """Gives the window the keyboard. There is no window manager to do it; a click into the empty strip does."""
+        """Gives the window the keyboard by a click into the empty strip, as there is no window manager."""
         left, top, right, _ = self.window.extents
         Atspi.generate_mouse_event((left + right) // 2, top + 10, "b1c")
         until(lambda: self.window.has(State.ACTIVE), lambda: "the window is not active")
@@ -71,7 +71,7 @@ class Korvane(Program):
         until(lambda: row.has(State.SELECTED), lambda: f"{tool} is not the chosen tool")
 
     def write(self, name: str, text: str) -> None:
-        """Sets the text of an editor, which may have the name of an output too."""
+        """Sets the text of an editor, which may share its name with an output."""
 
         def editors() -> list[Control]:
             return [control for control in self.all(name, Role.TEXT) if control.has(State.EDITABLE)]
@@ -84,13 +84,13 @@ class Korvane(Program):
             self.button(name).press()
 
     def choose(self, segment: str) -> None:
-        """Presses a segment, which may be called like a button."""
+        """Presses a segment, which may share its name with a button."""
         control = self.find(segment, Role.RADIO_BUTTON)
         control.press()
         until(lambda: control.has(State.CHECKED), lambda: f"{segment} is not chosen")
 
     def pick(self, picker: str, choice: str) -> None:
-        """Takes one of the choices of a menu."""
+        """Chooses an item of a menu."""
         choices = self.find(picker, Role.COMBO_BOX).children
         next(control for control in choices if control.name == choice).press()
         self.describes(picker, choice)
@@ -101,26 +101,26 @@ class Korvane(Program):
     def step(self, name: str, value: int) -> None:
         self.find(name, Role.SPIN_BUTTON).set_value(value)
 
-    # Reading. Each waits until it holds.
+    # Reading. Each of these waits until it holds.
 
     def shows(self, text: str) -> None:
-        """A label says that."""
+        """A label has that text."""
         self.find(text, Role.LABEL)
 
     def lacks(self, text: str) -> None:
         until(lambda: not self.all(text, Role.LABEL), lambda: f"{text!r} still shows")
 
     def reads(self, name: str, text: str) -> None:
-        """An editor or an output holds exactly that."""
+        """An editor or an output has exactly that text."""
         editor = self.editor(name)
-        until(lambda: editor.text == text, lambda: f"{name} reads {editor.text!r}, and not {text!r}")
+        until(lambda: editor.text == text, lambda: f"{name} reads {editor.text!r}, not {text!r}")
 
     def reads_something(self, name: str) -> str:
         editor = self.editor(name)
         return until(lambda: editor.text, lambda: f"{name} stays empty")
 
     def describes(self, name: str, description: str) -> None:
-        """A control says that of itself beside its name."""
+        """A control has that description."""
         until(
             lambda: any(control.description == description for control in self.all(name)),
             lambda: f"{name} is described by {[control.description for control in self.all(name)]}",
@@ -140,8 +140,8 @@ class Korvane(Program):
         until(lambda: abs(control.value - value) < 1e-3, lambda: f"{name} is at {control.value}")
 
     def announces(self, text: str) -> None:
-        """A screen reader hears that, wherever the focus is."""
+        """That is announced to screen readers, wherever the focus is."""
         until(
             lambda: any(event.is_announcement and event.name == text for event in self.events),
-            lambda: f"nothing announces {text!r}; heard were {self.events}",
+            lambda: f"nothing announces {text!r}; the events were {self.events}",
         )

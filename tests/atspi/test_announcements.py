@@ -1,4 +1,4 @@
-"""What appears by itself is announced, wherever the focus is."""
+"""Messages are announced, wherever the focus is."""
 
 import pytest
 
@@ -22,7 +22,7 @@ def test_an_error_is_announced(listening):
     listening.announces("Input is empty")
 
 
-def test_another_error_is_announced_too(listening):
+def test_a_result_after_an_error_is_announced(listening):
     listening.press("Validate")
     listening.announces("Input is empty")
     listening.write("Input", "[]")
@@ -37,7 +37,7 @@ def test_a_message_below_a_field_is_announced(listening):
     listening.announces(listening.reads_something("Error"))
 
 
-def test_what_a_token_is_worth_is_announced(listening):
+def test_an_invalid_token_is_announced(listening):
     listening.open("JWT Decoder")
     listening.write("JWT Token", "one.two")
     listening.press("Decode")
@@ -66,7 +66,7 @@ def test_the_count_of_matches_is_announced(listening):
     listening.announces("No matches found")
 
 
-def test_how_similar_texts_are_is_announced(listening):
+def test_the_similarity_of_texts_is_announced(listening):
     listening.open("Text Diff")
     listening.write("Original Text", "a")
     listening.write("Modified Text", "a")
@@ -81,7 +81,7 @@ def test_progress_is_announced(listening):
     listening.announces("Matching...")
 
 
-def test_what_was_announced_is_gone_a_while_later(listening):
+def test_an_announcement_is_removed_after_a_while(listening):
     listening.press("Validate")
     listening.announces("Input is empty")
 
@@ -91,7 +91,7 @@ def test_what_was_announced_is_gone_a_while_later(listening):
     until(lambda: not left(), lambda: f"there are still {left()}")
 
 
-def test_a_new_screen_is_not_read_out(listening):
+def test_opening_a_screen_is_not_announced(listening):
     listening.open("Regex Tester")
     listening.open("Base64")
     listening.press("Encode")

@@ -1,4 +1,4 @@
-"""Every control of every tool says what it is, and nothing else does."""
+"""Every control of every tool has a role and a name; decorations have neither name nor description."""
 
 import os
 
@@ -39,13 +39,13 @@ CONTROLS = (
 
 PARTS = (Role.LIST_ITEM, Role.LABEL, Role.IMAGE)
 
-# What stands between the window and its controls.
+# The containers between the window and its controls.
 GROUPS = (Role.FILLER, Role.PANEL, Role.SPLIT_PANE, Role.SEPARATOR, Role.MENU_BAR, Role.MENU_ITEM)
 
 
 @pytest.fixture(scope="module")
 def running():
-    """One program for all tools, of which nothing is changed."""
+    """One program for all tools; no test changes its state."""
     program = Korvane(os.environ["KORVANE_PROGRAM"])
     yield program
     program.stop()
@@ -53,7 +53,7 @@ def running():
 
 @pytest.fixture(scope="module", params=TOOLS)
 def tool(running, request):
-    """All that shows while a tool is open."""
+    """Everything visible while a tool is open."""
     running.open(request.param)
     running.shows(request.param)
     return list(running.window.descendants())
@@ -67,23 +67,23 @@ def test_every_control_has_a_name(tool):
     assert [control for control in tool if control.role in (*CONTROLS, Role.LIST_ITEM) and not control.name] == []
 
 
-def test_everything_is_of_a_known_kind(tool):
+def test_everything_has_a_known_role(tool):
     known = (*CONTROLS, *PARTS, *GROUPS, Role.NOTIFICATION)
     assert [control for control in tool if control.role not in known] == []
 
 
-def test_what_takes_the_focus_is_a_control(tool):
+def test_only_controls_take_the_focus(tool):
     takers = [control for control in tool if control.has(State.FOCUSABLE)]
     kinds = (*CONTROLS, *PARTS, Role.MENU_BAR, Role.MENU_ITEM)
     assert takers and [control for control in takers if control.role not in kinds] == []
 
 
-def test_controls_of_one_kind_have_names_of_their_own(tool):
+def test_controls_of_one_role_have_distinct_names(tool):
     named = [(control.role, control.name) for control in tool if control.role in CONTROLS]
     assert [control for control in named if named.count(control) > 1] == []
 
 
-def test_decorations_say_nothing(tool):
+def test_decorations_have_no_name_or_description(tool):
     leaves = [control for control in tool if control.role == Role.FILLER and not control.children]
     assert [leaf for leaf in leaves if leaf.name or leaf.description] == []
 

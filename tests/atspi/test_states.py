@@ -1,4 +1,4 @@
-"""Where the focus is, and where things are."""
+"""Which control has the focus, and where rows are."""
 
 import pytest
 
@@ -23,7 +23,7 @@ FIELDS = (
 
 
 @pytest.mark.parametrize("tool, name, role", FIELDS)
-def test_a_field_alone_has_the_focus(korvane, tool, name, role):
+def test_only_the_focused_field_has_the_focus(korvane, tool, name, role):
     korvane.activate()
     korvane.open(tool)
     field = korvane.find(name, role)
@@ -32,7 +32,7 @@ def test_a_field_alone_has_the_focus(korvane, tool, name, role):
     assert [(control.name, control.role) for control in focused(korvane)] == [(name, role)]
 
 
-def test_a_row_has_the_focus_of_its_list(korvane):
+def test_the_focused_row_of_a_list_has_the_focus(korvane):
     korvane.activate()
     korvane.list("Tools").children[2].act("SetFocus")
     until(lambda: [control.name for control in focused(korvane)] == ["URL Encoder"], lambda: f"{focused(korvane)}")

@@ -1,4 +1,4 @@
-"""What assistive technology writes arrives exactly, and what it reads is exactly what is there."""
+"""Assistive technology writes and reads texts exactly."""
 
 import pytest
 
@@ -12,7 +12,7 @@ def test_every_line_break_is_kept(korvane):
     korvane.reads("Input", LINES)
 
 
-def test_what_is_computed_knows_the_line_breaks(korvane):
+def test_line_breaks_are_encoded_exactly(korvane):
     korvane.open("Base64")
     korvane.write("Plain Text", "a\r\nb")
     korvane.press("Encode")
@@ -28,7 +28,7 @@ def test_text_is_inserted_and_deleted_in_the_middle(korvane):
     korvane.reads("Input", "one\r\nthree")
 
 
-def test_a_long_line_is_read_without_seams(korvane):
+def test_a_long_line_is_read_without_breaks(korvane):
     text = '["' + "0123456789" * 3000 + '"]'
     korvane.write("Input", text)
     korvane.reads("Input", text)
@@ -37,7 +37,7 @@ def test_a_long_line_is_read_without_seams(korvane):
 
 
 @pytest.mark.parametrize("text", ["", " ", "é👩‍🔬𝄞"])
-def test_any_text_is_taken(korvane, text):
+def test_any_text_can_be_written(korvane, text):
     korvane.write("Input", text)
     korvane.reads("Input", text)
 
@@ -48,14 +48,14 @@ def test_an_output_is_read_only(korvane):
     assert "EditableText" not in output.interfaces
 
 
-def test_an_empty_editor_says_what_belongs_in_it(korvane):
+def test_an_empty_editor_has_its_placeholder_as_description(korvane):
     assert korvane.editor("Input").description == "Paste your JSON here..."
     korvane.write("Input", "[]")
     korvane.reads("Input", "[]")
     assert korvane.editor("Input").description == ""
 
 
-def test_a_field_refuses_what_its_keys_refuse(korvane):
+def test_a_field_rejects_text_that_cannot_be_typed_into_it(korvane):
     korvane.open("Image Converter")
     korvane.write("Width", "640")
     korvane.write("Width", "wide")

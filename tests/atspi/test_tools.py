@@ -1,4 +1,4 @@
-"""Every tool, used through assistive technology alone: what it is for, in a few sentences."""
+"""The main uses of every tool, through assistive technology only."""
 
 from accessible import Role, State, until
 
@@ -114,7 +114,7 @@ def test_timestamp_converter(korvane):
     until(lambda: korvane.editor("Date in Seconds").text != shown, lambda: f"{day} changes nothing")
 
 
-def test_the_time_of_a_timestamp_is_a_value(korvane):
+def test_the_time_of_a_date_is_a_value_in_minutes(korvane):
     korvane.open("Timestamp")
     time = korvane.find("Select Date", Role.SPIN_BUTTON)
     assert time.range == (0, 24 * 60 - 1)
@@ -254,4 +254,4 @@ def test_image_converter(korvane):
     korvane.press("Choose File")
     cancel = next(button for button in korvane.dialog().descendants() if button.name.replace("&", "") == "Cancel")
     cancel.press()
-    until(lambda: len(korvane.windows()) == 1, lambda: "the dialog stays")
+    until(lambda: len(korvane.windows()) == 1, lambda: "the dialog stays open")

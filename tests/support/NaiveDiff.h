@@ -1,5 +1,5 @@
-/// The comparison as the textbook has it: the whole table, the walk through it, and the layout. Slow and
-/// plain, to compare the engine with.
+/// The textbook comparison: the whole table, the walk back through it, and the layout. Slow and simple, as a
+/// reference for the engine.
 #pragma once
 
 #include <algorithm>
@@ -36,7 +36,7 @@ std::vector<Element> naiveSubsequence(const std::vector<Element>& a, const std::
     return {reversed.rbegin(), reversed.rend()};
 }
 
-/// A line as it should be shown; a filler has no number.
+/// An expected line; a filler has no number.
 struct NaiveLine {
     std::optional<int> number{};
     std::string content{};

@@ -1,4 +1,4 @@
-/// What the kit's controls tell assistive technology, asked of their interfaces without any of it running.
+/// The accessible interfaces of the controls, called directly without assistive technology.
 
 #include "Desktop/Access/Accessibility.h"
 #include "Desktop/Controls/Labels.h"
@@ -31,7 +31,7 @@ QAccessibleInterface& interfaceOf(QWidget& widget) {
     return *QAccessible::queryAccessibleInterface(&widget);
 }
 
-TEST(AccessibilityTest, TextIsTakenInExactly) {
+TEST(AccessibilityTest, TextIsWrittenAndReadExactly) {
     TextArea area;
     std::string edited;
     area.onEdit = [&](std::string text) { edited = std::move(text); };
@@ -48,7 +48,7 @@ TEST(AccessibilityTest, TextIsTakenInExactly) {
     EXPECT_EQ(edited, "\r\xe2\x80\xa8\xc2\x85");
 }
 
-TEST(AccessibilityTest, SeamsWithinALongLineAreNotCounted) {
+TEST(AccessibilityTest, BlockBoundariesInsideALongLineAreNotCounted) {
     TextArea area(nullptr, 8);
     area.setText("0123456789abcdefghij");
     ASSERT_GT(area.document()->blockCount(), 1);
@@ -62,26 +62,26 @@ TEST(AccessibilityTest, SeamsWithinALongLineAreNotCounted) {
     EXPECT_EQ(area.selectedText(), "789");
 }
 
-TEST(AccessibilityTest, ATextThatIsOnlyShownCannotBeEdited) {
+TEST(AccessibilityTest, AReadOnlyTextCannotBeEdited) {
     TextArea area;
     area.setReadOnly(true);
     EXPECT_EQ(interfaceOf(area).editableTextInterface(), nullptr);
     EXPECT_TRUE(interfaceOf(area).state().readOnly);
 }
 
-TEST(AccessibilityTest, AFieldTakesATextInUnlessItsValidatorRefusesIt) {
+TEST(AccessibilityTest, AFieldAcceptsATextUnlessItsValidatorRejectsIt) {
     LineEdit edit(Theme::TextStyle::body);
     edit.setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]*"), &edit));
     std::vector<std::string> edits;
     edit.onEdit = [&](const std::string& text) { edits.push_back(text); };
     edit.display("1");
-    edit.setText("12"); // which is how assistive technology sets it
+    edit.setText("12"); // as assistive technology sets it
     edit.setText("x");
     EXPECT_EQ(edits, std::vector<std::string>{"12"});
     EXPECT_EQ(edit.text(), "12");
 }
 
-TEST(AccessibilityTest, RowsAreItemsThatCanBePressed) {
+TEST(AccessibilityTest, RowsAreListItemsThatCanBePressed) {
     int pressed = -1;
     RowList list({.count = [] { return 1'000'000; },
                   .name = [](int row) { return "row " + std::to_string(row); },
@@ -104,7 +104,7 @@ TEST(AccessibilityTest, RowsAreItemsThatCanBePressed) {
     EXPECT_EQ(pressed, 999'999);
 }
 
-TEST(AccessibilityTest, ARowIsWhereItIsSeen) {
+TEST(AccessibilityTest, ARowHasTheRectangleOfItsVisiblePart) {
     QWidget window;
     window.resize(400, 300);
     RowList list({.count = [] { return 100; },
@@ -129,7 +129,7 @@ TEST(AccessibilityTest, ARowIsWhereItIsSeen) {
     EXPECT_EQ(rows.child(99)->rect(), QRect(origin + QPoint(0, 70), QSize(200, 30)));
 }
 
-TEST(AccessibilityTest, TheFocusIsInTheRowOfAList) {
+TEST(AccessibilityTest, TheCurrentRowOfAFocusedListHasTheFocus) {
     RowList list({.count = [] { return 3; },
                   .name = [](int row) { return std::to_string(row); },
                   .paint = [](QPainter&, const QRect&, int, RowState) {},
@@ -146,7 +146,7 @@ TEST(AccessibilityTest, TheFocusIsInTheRowOfAList) {
     EXPECT_FALSE(rows.state().focused);
 }
 
-TEST(AccessibilityTest, AnAnnouncementGoesAfterAWhile) {
+TEST(AccessibilityTest, AnAnnouncementExpires) {
     QWidget window;
     window.show();
     announce(window, "one");
@@ -154,7 +154,7 @@ TEST(AccessibilityTest, AnAnnouncementGoesAfterAWhile) {
     EXPECT_EQ(ScreenDriver(window).announcement(), "two");
     auto* expiry = window.findChild<QTimer*>();
     ASSERT_TRUE(expiry && expiry->isActive());
-    expiry->setInterval(0); // as if the time were over
+    expiry->setInterval(0); // expires at once
     settle();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(interfaceOf(window).childCount(), 0);
@@ -183,7 +183,7 @@ struct AccessibleScreenTest : testing::Test {
     ScreenDriver screen{*widget};
 };
 
-TEST_F(AccessibleScreenTest, ASliderHasTheValueOfTheScreen) {
+TEST_F(AccessibleScreenTest, ASliderReadsAndSetsTheValueOfTheState) {
     auto* value = interfaceOf(screen.slider("Level")).valueInterface();
     EXPECT_EQ(value->currentValue().toDouble(), 0.25);
     EXPECT_EQ(value->maximumValue().toDouble(), 1);
@@ -193,7 +193,7 @@ TEST_F(AccessibleScreenTest, ASliderHasTheValueOfTheScreen) {
     EXPECT_EQ(store.state<Level>().value, 1);
 }
 
-TEST_F(AccessibleScreenTest, ASwitchIsTurnedOver) {
+TEST_F(AccessibleScreenTest, ASwitchTogglesByItsAction) {
     auto& toggle = interfaceOf(screen.button("On"));
     EXPECT_EQ(toggle.role(), QAccessible::CheckBox);
     toggle.actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
@@ -203,14 +203,14 @@ TEST_F(AccessibleScreenTest, ASwitchIsTurnedOver) {
 }
 
 TEST_F(AccessibleScreenTest, AnnouncesEachNewMessage) {
-    const auto say = [&](const std::string& message) {
+    const auto announced = [&](const std::string& message) {
         store.perform([&](Level& state) { state.message = message; });
         return screen.announcement();
     };
-    EXPECT_EQ(say(""), "");
-    EXPECT_EQ(say("one"), "one");
-    EXPECT_EQ(say(""), "one") << "which was the newest";
-    EXPECT_EQ(say("two"), "two");
+    EXPECT_EQ(announced(""), "");
+    EXPECT_EQ(announced("one"), "one");
+    EXPECT_EQ(announced(""), "one") << "the newest announcement stays";
+    EXPECT_EQ(announced("two"), "two");
 }
 
 } // namespace

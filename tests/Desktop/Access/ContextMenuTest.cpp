@@ -1,4 +1,4 @@
-/// The menus of texts that can only be read: what they offer, and what they copy without a selection.
+/// The context menus of read-only texts, and what Copy copies without a selection.
 
 #include "Desktop/Access/ContextMenu.h"
 
@@ -23,7 +23,7 @@ std::string copied() {
     return QApplication::clipboard()->text().toStdString();
 }
 
-/// What is the same for every text that can be read: `select` selects its second word, of two.
+/// Checks the menu of a read-only text of two words; `select` selects the second.
 template <typename Select>
 void expectReadingMenu(QWidget& text, Select select, const std::string& whole = "two words") {
     text.resize(300, 100);
@@ -33,11 +33,11 @@ void expectReadingMenu(QWidget& text, Select select, const std::string& whole = 
         const ContextMenu menu(text);
         EXPECT_EQ(menu.items(), "Copy; Select All; ");
         menu.choose("Copy");
-        EXPECT_EQ(copied(), whole) << "the whole";
+        EXPECT_EQ(copied(), whole) << "without a selection the whole text is copied";
     }
     QApplication::clipboard()->setText("before");
     QTest::keySequence(&text, QKeySequence::Copy);
-    EXPECT_EQ(copied(), whole) << "by key as well";
+    EXPECT_EQ(copied(), whole) << "the shortcut copies the same";
     select();
     const ContextMenu menu(text);
     menu.choose("Copy");
@@ -54,10 +54,10 @@ void expectDisabledMenu(QWidget& text) {
         EXPECT_EQ(menu.items(), "(Copy); (Select All); ");
     }
     QTest::keySequence(&text, QKeySequence::Copy);
-    EXPECT_EQ(copied(), "before") << "nothing to copy leaves the clipboard alone";
+    EXPECT_EQ(copied(), "before") << "an empty text leaves the clipboard unchanged";
 }
 
-TEST(ContextMenuTest, AnOutputOffersItsWholeText) {
+TEST(ContextMenuTest, AnOutputCopiesItsWholeText) {
     TextArea area;
     area.setReadOnly(true);
     expectDisabledMenu(area);
@@ -68,17 +68,17 @@ TEST(ContextMenuTest, AnOutputOffersItsWholeText) {
     });
 }
 
-TEST(ContextMenuTest, AnEditorKeepsItsOwnMenu) {
+TEST(ContextMenuTest, AnEditorKeepsTheStandardMenu) {
     TextArea area;
     area.setText("text");
     QApplication::clipboard()->setText("before");
     const ContextMenu menu(area);
     EXPECT_NE(menu.items().find("Paste"), std::string::npos);
     QTest::keySequence(&area, QKeySequence::Copy);
-    EXPECT_EQ(copied(), "before") << "in a text that is being edited, Copy copies what is selected";
+    EXPECT_EQ(copied(), "before") << "in an editor, Copy copies only a selection";
 }
 
-TEST(ContextMenuTest, AValueOffersItsWholeText) {
+TEST(ContextMenuTest, AValueCopiesItsWholeText) {
     SelectableText value({});
     expectDisabledMenu(value);
     value.display("two words");
@@ -90,7 +90,7 @@ TEST(ContextMenuTest, AValueOffersItsWholeText) {
     });
 }
 
-TEST(ContextMenuTest, ASecretIsCopiedAsOne) {
+TEST(ContextMenuTest, ASecretIsCopiedAsSecret) {
     SelectableText value({.isSecret = true});
     value.display("secret");
     const ContextMenu menu(value);
@@ -99,14 +99,14 @@ TEST(ContextMenuTest, ASecretIsCopiedAsOne) {
     EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasFormat("x-kde-passwordManagerHint"));
 }
 
-TEST(ContextMenuTest, AnElidedFieldOffersItsWholeText) {
+TEST(ContextMenuTest, AnElidedFieldCopiesItsWholeText) {
     ElidedField field("Name", "");
     expectDisabledMenu(field);
     field.display("two words");
     expectReadingMenu(field, [&] { field.setSelection(4, 5); });
 }
 
-TEST(ContextMenuTest, APreviewOffersItsWholeTextAndItsLinks) {
+TEST(ContextMenuTest, APreviewCopiesItsWholeTextAndItsLinks) {
     std::string markdown;
     MarkdownBrowser browser([&]() -> const std::string& { return markdown; });
     browser.show();

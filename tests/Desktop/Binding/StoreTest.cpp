@@ -66,14 +66,14 @@ struct StoreTest : testing::Test {
     ScreenDriver screen{*frame};
 };
 
-TEST_F(StoreTest, AnOperationChangesTheStateAndEveryControlReadsItAgain) {
+TEST_F(StoreTest, AnOperationChangesTheStateAndRefreshesEveryControl) {
     screen.press("0");
     EXPECT_EQ(frame->store().state<Counter>().value, 1);
     EXPECT_TRUE(screen.hasButton("1"));
     EXPECT_TRUE(screen.shows("1"));
 }
 
-TEST_F(StoreTest, AnEditorShowsItsLineNumbersUnlessToldOtherwise) {
+TEST_F(StoreTest, AnEditorShowsItsLineNumbersByDefault) {
     Store store(fakes.services, Counter());
     const std::unique_ptr<QWidget> both(
         row({section(store, "With", "", codeEditor(store, &Counter::text, &Counter::setText, "")),
@@ -97,7 +97,7 @@ TEST_F(StoreTest, ARefreshPerformsNoOperation) {
     EXPECT_EQ(state.value, 2) << "one operation for each key";
 }
 
-TEST_F(StoreTest, AnOperationOnlyRequestedDuringARefreshIsRefused) {
+TEST_F(StoreTest, AnOperationDuringARefreshIsIgnored) {
     frame->store().onRefresh([this] { frame->store().perform(&Counter::increase); });
     frame->store().refresh();
     EXPECT_EQ(frame->store().state<Counter>().value, 0);
@@ -113,13 +113,13 @@ TEST_F(StoreTest, ADisabledButtonDoesNothing) {
     EXPECT_EQ(frame->store().state<Counter>().value, 1);
 }
 
-TEST_F(StoreTest, LateChangesReachTheStateWhileItLives) {
+TEST_F(StoreTest, DelayedChangesUpdateTheState) {
     screen.press("Later");
     fakes.timers.advance(1s);
     EXPECT_TRUE(screen.hasButton("1"));
 }
 
-TEST_F(StoreTest, LateChangesAndFeedbackOutliveTheScreenHarmlessly) {
+TEST_F(StoreTest, DelayedChangesAfterTheScreenIsDestroyedAreHarmless) {
     screen.press("Later");
     screen.press("Copy number");
     frame.reset();
@@ -128,7 +128,7 @@ TEST_F(StoreTest, LateChangesAndFeedbackOutliveTheScreenHarmlessly) {
     EXPECT_EQ(fakes.timers.pendingCount(), 0U);
 }
 
-TEST_F(StoreTest, TheCopyButtonOverAnOutputIsThereOnlyWhileThereIsSomethingToCopy) {
+TEST_F(StoreTest, TheCopyButtonOfAnOutputIsVisibleOnlyWithOutput) {
     EXPECT_FALSE(screen.hasButton("Copy Output"));
     screen.type("Text", "x");
     EXPECT_TRUE(screen.hasButton("Copy Output"));
@@ -136,7 +136,7 @@ TEST_F(StoreTest, TheCopyButtonOverAnOutputIsThereOnlyWhileThereIsSomethingToCop
     EXPECT_EQ(fakes.clipboard.content, "x");
 }
 
-TEST_F(StoreTest, NarrowScreensDropLabelsButKeepNames) {
+TEST_F(StoreTest, NarrowScreensHideLabelsAndShowToolTips) {
     const std::unique_ptr<QWidget> base64(base64Screen(fakes.services));
     const ScreenDriver driver(*base64, {900, 700});
     const auto wide = driver.button("Paste").width();

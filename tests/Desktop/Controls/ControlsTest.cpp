@@ -100,7 +100,7 @@ TEST_F(ControlsTest, ATogglePressedAnywhereOrBySpaceChangesItsValue) {
     EXPECT_FALSE(screen.button("Switch").isChecked());
 }
 
-TEST_F(ControlsTest, ASliderWithAStepGoesFromValueToValue) {
+TEST_F(ControlsTest, ASliderWithAStepMovesByWholeSteps) {
     EXPECT_EQ(screen.slider("Length").value(), 8);
     QTest::keyClick(&screen.slider("Length"), Qt::Key_Right);
     EXPECT_EQ(state().length, 17);
@@ -110,12 +110,12 @@ TEST_F(ControlsTest, ASliderWithAStepGoesFromValueToValue) {
     EXPECT_EQ(state().length, 8);
 }
 
-TEST_F(ControlsTest, TheKeysOfASliderReachEveryWholeStepExactly) {
+TEST_F(ControlsTest, TheKeysOfASliderReachEveryStepExactly) {
     auto& slider = screen.slider("Quality");
     QTest::keyClick(&slider, Qt::Key_Home);
     EXPECT_EQ(state().quality, 0.1);
     for (int percent = 10; percent < 100; ++percent) {
-        EXPECT_EQ(static_cast<int>(state().quality * 100), percent) << "as a screen shows it";
+        EXPECT_EQ(static_cast<int>(state().quality * 100), percent) << "truncated as on a screen";
         EXPECT_NEAR(state().quality, percent / 100.0, 1e-15);
         QTest::keyClick(&slider, Qt::Key_Right);
     }
@@ -127,7 +127,7 @@ TEST_F(ControlsTest, TheKeysOfASliderReachEveryWholeStepExactly) {
     EXPECT_EQ(state().quality, 0.1);
 }
 
-TEST_F(ControlsTest, TheKeysOfASliderStepFromWhatIsShown) {
+TEST_F(ControlsTest, TheKeysOfASliderMoveToTheNextWholeStep) {
     auto& slider = screen.slider("Channel");
 
     struct Step {
@@ -150,7 +150,7 @@ TEST_F(ControlsTest, TheKeysOfASliderStepFromWhatIsShown) {
     }
 }
 
-TEST_F(ControlsTest, TheWheelChangesOnlyWhatHasTheFocus) {
+TEST_F(ControlsTest, TheWheelChangesOnlyTheFocusedControl) {
     const auto turn = [](QWidget& control, int angle) {
         const auto place = QPointF(control.rect().center());
         QWheelEvent event(place, control.mapToGlobal(place), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
@@ -163,7 +163,7 @@ TEST_F(ControlsTest, TheWheelChangesOnlyWhatHasTheFocus) {
                                                          &screen.stepper("Count")}) {
         screen.field("Text").setFocus();
         const auto before = state();
-        EXPECT_FALSE(turn(*control, notch)) << "what is around it scrolls";
+        EXPECT_FALSE(turn(*control, notch)) << "left for the enclosing scroll area";
         EXPECT_EQ(state(), before);
         EXPECT_FALSE(control->hasFocus());
         control->setFocus();
@@ -179,7 +179,7 @@ TEST_F(ControlsTest, TheWheelChangesOnlyWhatHasTheFocus) {
     EXPECT_EQ(state().channel, before + QApplication::wheelScrollLines());
 }
 
-TEST_F(ControlsTest, ASliderGoesWhereItIsPressed) {
+TEST_F(ControlsTest, ASliderMovesToThePressedPosition) {
     auto& slider = screen.slider("Share");
     QTest::mouseClick(&slider, Qt::LeftButton, {}, {slider.width() / 2, slider.height() / 2});
     EXPECT_NEAR(state().share, 0.5, 0.01);
@@ -187,7 +187,7 @@ TEST_F(ControlsTest, ASliderGoesWhereItIsPressed) {
     EXPECT_EQ(state().share, 1);
 }
 
-TEST_F(ControlsTest, ASliderLeavesAValueAsItIsThatItCannotShow) {
+TEST_F(ControlsTest, ASliderKeepsValuesThatItCannotShow) {
     for (const double share : {0.123456789, -3.0, 7.0}) {
         change([share](Form& form) { form.share = share; });
         EXPECT_EQ(state().share, share);
@@ -195,7 +195,7 @@ TEST_F(ControlsTest, ASliderLeavesAValueAsItIsThatItCannotShow) {
     EXPECT_EQ(screen.slider("Share").value(), screen.slider("Share").maximum());
 }
 
-TEST_F(ControlsTest, AStepperHasAButtonAtEitherEnd) {
+TEST_F(ControlsTest, AStepperHasAButtonAtEachEnd) {
     auto& stepper = screen.stepper("Count");
     QTest::mouseClick(&stepper, Qt::LeftButton, {}, {3, stepper.height() / 2});
     EXPECT_EQ(state().count, 4);
@@ -216,7 +216,7 @@ TEST_F(ControlsTest, AStepperStaysWithinItsBounds) {
     EXPECT_EQ(state().count, 1);
 }
 
-TEST_F(ControlsTest, AClickIntoANumberHasTypingReplaceIt) {
+TEST_F(ControlsTest, TypingAfterAClickIntoANumberReplacesIt) {
     auto& number = *screen.stepper("Count").findChild<QLineEdit*>();
     change([](Form& form) { form.count = 42; });
     QTest::mouseClick(&number, Qt::LeftButton, {}, {number.width() - 2, number.height() / 2});
@@ -227,10 +227,10 @@ TEST_F(ControlsTest, AClickIntoANumberHasTypingReplaceIt) {
     EXPECT_EQ(state().count, 75);
     QTest::mouseClick(&number, Qt::LeftButton, {}, {number.width() - 2, number.height() / 2});
     QTest::keyClick(&screen.stepper("Count"), Qt::Key_Backspace);
-    EXPECT_EQ(state().count, 7) << "a second click puts the caret there";
+    EXPECT_EQ(state().count, 7) << "a second click places the caret";
 }
 
-TEST_F(ControlsTest, AClickOnTheLabelOfAStepperIsOneIntoItsNumber) {
+TEST_F(ControlsTest, AClickOnTheLabelOfAStepperSelectsItsNumber) {
     auto& stepper = screen.stepper("Hidden Count");
     auto* label = stepper.parentWidget()->findChild<QLabel*>();
     ASSERT_TRUE(screen.shows("Count: 5"));
@@ -245,7 +245,7 @@ TEST_F(ControlsTest, AClickOnTheLabelOfAStepperIsOneIntoItsNumber) {
     EXPECT_EQ(state().count, 29);
 }
 
-TEST_F(ControlsTest, AFieldGivesBackWhatIsTypedAndCanUndoWhatWasSet) {
+TEST_F(ControlsTest, AFieldReportsTypedTextAndCanUndoASetText) {
     screen.enter("Text", "año");
     EXPECT_EQ(state().text, "año");
     QTest::keyClick(&screen.field("Text"), Qt::Key_Return);
@@ -256,7 +256,7 @@ TEST_F(ControlsTest, AFieldGivesBackWhatIsTypedAndCanUndoWhatWasSet) {
     EXPECT_EQ(state().text, "año");
 }
 
-TEST_F(ControlsTest, ASelectableTextIsAsHighAsItsTextNeeds) {
+TEST_F(ControlsTest, ASelectableTextHasTheHeightOfItsRows) {
     auto& text = screen.editor("Shown");
     change([](Form& form) { form.text = "short"; });
     settle();
@@ -283,22 +283,22 @@ TEST_F(ControlsTest, AValueBreaksAtAnyCharacterAndASentenceBetweenWords) {
     ASSERT_GT(even.size(), 2U);
     std::string mixed(400, 'm');
     for (auto place = static_cast<std::size_t>(even.front() / 2); place < mixed.size(); place += 20)
-        mixed[place] = '-'; // at which a sentence may be broken
+        mixed[place] = '-'; // where a sentence may break
     EXPECT_GE(rowsOf(mixed).front(), even.front());
     EXPECT_LE(rowsOf(mixed).size(), even.size());
-    const auto almost = even.front() - 10; // as many as fit into a row
+    const auto almost = even.front() - 10; // fits into a row
     const auto words =
         rowsOf(std::string(static_cast<std::size_t>(almost), 'm') + " " + std::string(20, 'm'));
     EXPECT_EQ(words, (std::vector{almost + 1, 20})) << "the second word stays whole";
 }
 
-TEST_F(ControlsTest, AnErrorIsShownWhileThereIsOne) {
+TEST_F(ControlsTest, AnErrorIsVisibleOnlyWhenSet) {
     EXPECT_FALSE(screen.hasEditor("Error"));
     change([](Form& form) { form.error = "Went wrong"; });
     EXPECT_EQ(screen.text("Error"), "Went wrong");
 }
 
-TEST_F(ControlsTest, AButtonIsNamedAfterWhatItActsOn) {
+TEST_F(ControlsTest, AButtonNameIncludesItsSubject) {
     Store store(fakes.services, Form());
     const std::unique_ptr<QWidget> both(
         row({copyButton(store, "a", {.look = {.subject = "HEX"}}),

@@ -70,7 +70,7 @@ struct ValueRowTest : testing::Test {
 
     void show(std::string value) {
         frame->store().perform([&](Result& state) { state.value = std::move(value); });
-        for (int round = 0; round < 3; ++round) // a new height goes up through the layouts, and down again
+        for (int round = 0; round < 3; ++round) // a new height takes several layout passes
             settle();
     }
 };
@@ -84,7 +84,7 @@ TEST_F(ValueRowTest, CopiesTheValueOfItsRowOrCard) {
     }
 }
 
-TEST_F(ValueRowTest, OutlinesACardWhileItIsToBe) {
+TEST_F(ValueRowTest, OutlinesACardWhileItsFlagIsSet) {
     EXPECT_FALSE(screen.shows("(best)"));
     const auto plain = card("First").grab().toImage();
     frame->store().perform([](Result& state) { state.setBest(true); });
@@ -108,7 +108,7 @@ TEST_F(ValueRowTest, CardsStayEquallyHighWhenAValueWraps) {
     EXPECT_EQ(card("Third").height(), before);
 }
 
-TEST_F(ValueRowTest, ARowGrowsWithItsValue) {
+TEST_F(ValueRowTest, ARowGrowsWithAWrappedValue) {
     const auto height = [this] { return screen.button("Copy Fourth").parentWidget()->height(); };
     EXPECT_EQ(height(), Theme::px(36));
     show(std::string(300, '1'));

@@ -36,7 +36,7 @@ struct OverlayScrollBarTest : testing::Test {
         screen.press("Paste");
     }
 
-    /// How far the thumb is along its way, from 0 to 1.
+    /// The position of the thumb, from 0 at the top to 1 at the bottom.
     double share() const {
         const auto thumb = bar().thumb();
         const auto inset = Theme::px(scrollEndInset);
@@ -44,7 +44,7 @@ struct OverlayScrollBarTest : testing::Test {
     }
 };
 
-TEST_F(OverlayScrollBarTest, IsThereOnlyWhileThereIsSomethingToScroll) {
+TEST_F(OverlayScrollBarTest, IsVisibleOnlyWhileThereIsSomethingToScroll) {
     EXPECT_FALSE(bar().isVisible());
     paste(std::string(500, '\n'));
     EXPECT_TRUE(bar().isVisible());
@@ -52,10 +52,10 @@ TEST_F(OverlayScrollBarTest, IsThereOnlyWhileThereIsSomethingToScroll) {
     EXPECT_FALSE(bar().isVisible());
 }
 
-TEST_F(OverlayScrollBarTest, IsAtTheEndWhenTheTextIs) {
+TEST_F(OverlayScrollBarTest, ThumbFollowsThePositionOfTheText) {
     for (const auto& text : {std::string(500, '\n'), "start " + std::string(500'000, 'x') + " end"}) {
         paste(text);
-        EXPECT_GT(share(), 0.99); // the last line is in view, if not the room below it
+        EXPECT_GT(share(), 0.99); // the last line is visible, but not all of the space below it
         driven().setValue(0);
         EXPECT_DOUBLE_EQ(share(), 0);
     }
@@ -77,7 +77,7 @@ protected:
     }
 };
 
-TEST_F(OverlayScrollBarTest, IsPaintedAnewWhenTheTextAreaHasMovedItsBarSilently) {
+TEST_F(OverlayScrollBarTest, IsRepaintedWhenTheTextAreaMovesItsBarWithoutASignal) {
     paste(std::string(500, '\n'));
     settle();
     PaintCounter counter(bar());
@@ -85,7 +85,7 @@ TEST_F(OverlayScrollBarTest, IsPaintedAnewWhenTheTextAreaHasMovedItsBarSilently)
     driven().setValue(0);
     screen.editor("Plain Text").viewport()->repaint();
     settle();
-    EXPECT_EQ(counter.paints, 1) << "also what of it lies beside the viewport";
+    EXPECT_EQ(counter.paints, 1) << "including the part beside the viewport";
     screen.editor("Plain Text").viewport()->repaint();
     settle();
     EXPECT_EQ(counter.paints, 1) << "the bar has not moved again";

@@ -16,7 +16,7 @@ namespace {
 constexpr int spacing = 8;
 constexpr int lineSpacing = 4;
 
-/// Three boxes of 100 by 20, the last one behind a stretch.
+/// Three boxes of 100 by 20, the last one after a stretch.
 struct WrappingLayoutTest : testing::Test {
     QWidget container{};
     WrappingLayout* layout = new WrappingLayout(&container, spacing, lineSpacing);
@@ -43,19 +43,19 @@ struct WrappingLayoutTest : testing::Test {
     }
 };
 
-TEST_F(WrappingLayoutTest, PutsEverythingOnOneLineWhereThereIsRoom) {
+TEST_F(WrappingLayoutTest, UsesOneLineWhereItFits) {
     EXPECT_EQ(places(400), (std::vector<QPoint>{{0, 0}, {108, 0}, {300, 0}}));
     EXPECT_EQ(layout->heightForWidth(400), 20);
     EXPECT_EQ(places(316), (std::vector<QPoint>{{0, 0}, {108, 0}, {216, 0}}));
 }
 
-TEST_F(WrappingLayoutTest, GoesOnInFurtherLinesWhereThereIsNot) {
+TEST_F(WrappingLayoutTest, WrapsIntoMoreLinesWhereItDoesNotFit) {
     EXPECT_EQ(places(315), (std::vector<QPoint>{{0, 0}, {108, 0}, {215, 24}}));
     EXPECT_EQ(places(150), (std::vector<QPoint>{{0, 0}, {0, 24}, {50, 48}}));
     EXPECT_EQ(layout->heightForWidth(150), 68);
 }
 
-TEST_F(WrappingLayoutTest, LeavesNoControlAloneOnTheLastLine) {
+TEST_F(WrappingLayoutTest, AvoidsASingleControlOnTheLastLine) {
     auto* box = new QWidget;
     box->setFixedSize(100, 20);
     layout->addWidget(box);
@@ -65,7 +65,7 @@ TEST_F(WrappingLayoutTest, LeavesNoControlAloneOnTheLastLine) {
     EXPECT_EQ(places(207), (std::vector<QPoint>{{0, 0}, {0, 24}, {107, 48}, {0, 72}}));
 }
 
-TEST_F(WrappingLayoutTest, TakesAsManyLinesAsItNeedsBesideWhatGrows) {
+TEST_F(WrappingLayoutTest, GetsTheHeightOfItsLinesAboveAGrowingWidget) {
     auto* wrapping = wrappingRow(
         {withHeight(20, withWidth(100, new QWidget)), withHeight(20, withWidth(100, new QWidget))});
     auto* grows = growing(new QWidget);
@@ -80,13 +80,13 @@ TEST_F(WrappingLayoutTest, TakesAsManyLinesAsItNeedsBesideWhatGrows) {
     EXPECT_EQ(grows->height(), 400 - wrapping->height());
 }
 
-TEST_F(WrappingLayoutTest, LeavesOutWhatIsHidden) {
+TEST_F(WrappingLayoutTest, IgnoresHiddenWidgets) {
     boxes[1]->hide();
     EXPECT_EQ(layout->heightForWidth(208), 20);
     EXPECT_EQ(places(208)[2], QPoint(108, 0));
 }
 
-TEST_F(WrappingLayoutTest, WantsOneLineAndNeedsItsWidestItem) {
+TEST_F(WrappingLayoutTest, PrefersOneLineAndRequiresItsWidestItem) {
     EXPECT_EQ(layout->sizeHint(), QSize(316, 20));
     EXPECT_EQ(layout->minimumSize(), QSize(100, 20));
 }

@@ -80,11 +80,11 @@ TEST_F(HistoryPanelTest, GivesEveryVisibleRowAButton) {
     add(2);
     EXPECT_EQ(names(), (std::vector<std::string>{"Copy 2", "Copy 1"}));
     add(100);
-    EXPECT_LE(buttons().size(), 6U) << "200 pixels show five rows of 40, or parts of six";
+    EXPECT_LE(buttons().size(), 6U) << "200 pixels show five rows of 40, or six in part";
     EXPECT_EQ(names().front(), "Copy 100");
 }
 
-TEST_F(HistoryPanelTest, CopiesTheRowOfTheButtonAndSaysSo) {
+TEST_F(HistoryPanelTest, CopiesTheRowOfTheButtonAndShowsFeedback) {
     add(3);
     QTest::mouseClick(buttons()[1], Qt::LeftButton);
     EXPECT_EQ(fakes.clipboard.content, "2");
@@ -102,7 +102,7 @@ TEST_F(HistoryPanelTest, TheFeedbackMovesWithItsRow) {
     EXPECT_EQ(buttons()[1]->text(), "Copied!");
 }
 
-TEST_F(HistoryPanelTest, CopiesWhatIsShownByNow) {
+TEST_F(HistoryPanelTest, CopiesTheCurrentTextOfARow) {
     add(1);
     store.perform([](Values& values) { values.rows[0].text = "other"; });
     QTest::mouseClick(buttons()[0], Qt::LeftButton);
@@ -121,10 +121,10 @@ TEST_F(HistoryPanelTest, CopiesTheCurrentRowByKey) {
     QTest::keyClick(&list(), Qt::Key_Up);
     QTest::keySequence(&list(), QKeySequence::Copy);
     EXPECT_EQ(fakes.clipboard.content, "2");
-    EXPECT_TRUE(fakes.clipboard.isSecret) << "by every way";
+    EXPECT_TRUE(fakes.clipboard.isSecret) << "also by the shortcut";
 }
 
-TEST_F(HistoryPanelTest, PressesTheCurrentRowEvenIfItIsScrolledAway) {
+TEST_F(HistoryPanelTest, PressesTheCurrentRowWhileItIsScrolledOutOfView) {
     add(100);
     list().setFocus();
     list().verticalScrollBar()->setValue(2000);
@@ -144,7 +144,7 @@ TEST_F(HistoryPanelTest, ItsButtonsAreTabStopsInTheOrderOfTheRows) {
     EXPECT_EQ(tabStops(*widget), expected);
 }
 
-TEST_F(HistoryPanelTest, TheRowOfAFocusedButtonIsTheCurrentOne) {
+TEST_F(HistoryPanelTest, TheRowOfAFocusedButtonIsTheCurrentRow) {
     add(100);
     buttons()[1]->setFocus();
     EXPECT_EQ(list().currentRow(), 1);
@@ -152,16 +152,16 @@ TEST_F(HistoryPanelTest, TheRowOfAFocusedButtonIsTheCurrentOne) {
     EXPECT_EQ(fakes.clipboard.content, "99");
 }
 
-TEST_F(HistoryPanelTest, KeepsTheFocusWhenItsButtonGoes) {
+TEST_F(HistoryPanelTest, TheListTakesTheFocusOfARemovedButton) {
     add(100);
     buttons()[0]->setFocus();
     list().verticalScrollBar()->setValue(2000);
     EXPECT_EQ(widget->focusWidget(), &list());
 }
 
-TEST_F(HistoryPanelTest, ScrollsUnderAButtonToo) {
+TEST_F(HistoryPanelTest, TheWheelOverAButtonScrollsTheList) {
     add(100);
-    // A button ignores the wheel, so its event comes to what lies around the list.
+    // A button ignores the wheel, so the event goes to the widget around the list.
     auto* around = list().parentWidget();
     const QPointF place(buttons()[0]->mapTo(around, QPoint(5, 5)));
     QWheelEvent wheel(place, around->mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
@@ -170,7 +170,7 @@ TEST_F(HistoryPanelTest, ScrollsUnderAButtonToo) {
     EXPECT_GT(list().verticalScrollBar()->value(), 0);
 }
 
-TEST_F(HistoryPanelTest, NamesItsRowsWithAllTheyShow) {
+TEST_F(HistoryPanelTest, RowNamesContainValueNoteAndTime) {
     add(1);
     const auto name = list().model()->index(0, 0).data(Qt::AccessibleTextRole).toString().toStdString();
     EXPECT_TRUE(name.starts_with("1, noted, ")) << name;
@@ -238,7 +238,7 @@ TEST_F(HistoryPanelTest, APartOfAValueIsSelectedByKeyAndCopiedAsASecret) {
     QTest::keySequence(&list(), QKeySequence::Copy);
     EXPECT_EQ(fakes.clipboard.content, "bc");
     EXPECT_TRUE(fakes.clipboard.isSecret);
-    EXPECT_EQ(buttons()[0]->text(), "Copy") << "which would have copied all of it";
+    EXPECT_EQ(buttons()[0]->text(), "Copy") << "the button, which copies the whole value, shows no feedback";
 }
 
 TEST_F(HistoryPanelTest, ADoubleClickSelectsAWordAndAThirdClickTheValue) {
@@ -251,7 +251,7 @@ TEST_F(HistoryPanelTest, ADoubleClickSelectsAWordAndAThirdClickTheValue) {
     EXPECT_EQ(list().selection().text(), "one two");
 }
 
-TEST_F(HistoryPanelTest, ForgetsTheSelectionWhenTheRowsMove) {
+TEST_F(HistoryPanelTest, AddingARowClearsTheSelection) {
     add(1);
     QTest::keySequence(&list(), QKeySequence::SelectAll);
     EXPECT_EQ(list().selection().text(), "1");
@@ -259,7 +259,7 @@ TEST_F(HistoryPanelTest, ForgetsTheSelectionWhenTheRowsMove) {
     EXPECT_TRUE(list().selection().isEmpty());
 }
 
-TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowThatItIsOpenedOn) {
+TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowUnderThePointer) {
     add(3);
     list().setFocus();
     QTest::keyClick(&list(), Qt::Key_Right, Qt::ShiftModifier);
@@ -269,7 +269,7 @@ TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowThatItIsOpenedOn) {
     EXPECT_EQ(fakes.clipboard.content, "2");
 }
 
-TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowOrWhatIsSelected) {
+TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowOrTheSelection) {
     add(3);
     const auto place = list().visualRect(list().model()->index(1, 0)).center();
     const ContextMenu menu(list(), place);

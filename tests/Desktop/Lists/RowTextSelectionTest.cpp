@@ -34,7 +34,7 @@ struct RowTextSelectionTest : testing::Test {
     }
 };
 
-TEST_F(RowTextSelectionTest, BeginsWithNothingAtTheStart) {
+TEST_F(RowTextSelectionTest, StartsEmptyAtTheFirstCharacter) {
     EXPECT_TRUE(selection.isEmpty());
     EXPECT_EQ(selection.caret(), RowTextPlace());
     EXPECT_EQ(selection.text(), "");
@@ -47,11 +47,11 @@ TEST_F(RowTextSelectionTest, SelectsWithinARow) {
     EXPECT_EQ(selection.in(0), (RowTextRange{.start = 2, .end = 5}));
     EXPECT_TRUE(selection.in(1).isEmpty());
     selection.extendTo({0, 0});
-    EXPECT_EQ(selection.text(), "fi") << "the other way round";
+    EXPECT_EQ(selection.text(), "fi") << "backwards";
     EXPECT_EQ(selection.caret(), (RowTextPlace{0, 0}));
 }
 
-TEST_F(RowTextSelectionTest, SelectsAcrossRowsAndLeavesOutThoseWithoutText) {
+TEST_F(RowTextSelectionTest, SelectsAcrossRowsAndSkipsThoseWithoutText) {
     selection.press({3, 3}, Unit::character);
     selection.extendTo({0, 6});
     EXPECT_EQ(selection.text(), "row\nsecond\nthe");
@@ -62,7 +62,7 @@ TEST_F(RowTextSelectionTest, SelectsAcrossRowsAndLeavesOutThoseWithoutText) {
     EXPECT_EQ(selection.rows(), std::pair(0, 3));
 }
 
-TEST_F(RowTextSelectionTest, ARowWithoutTextGivesNoLine) {
+TEST_F(RowTextSelectionTest, ARowWithoutTextAddsNoLine) {
     selection.press({1, 0}, Unit::character);
     selection.extendTo({2, 3});
     EXPECT_EQ(selection.text(), "sec");
@@ -70,28 +70,28 @@ TEST_F(RowTextSelectionTest, ARowWithoutTextGivesNoLine) {
     EXPECT_EQ(selection.text(), "");
 }
 
-TEST_F(RowTextSelectionTest, ARowOfWhichNothingIsSelectedIsNotAmongItsRows) {
+TEST_F(RowTextSelectionTest, RowsExcludeARowWithoutSelectedText) {
     selection.press({2, 0}, Unit::character);
     selection.extendTo({3, 0});
     EXPECT_EQ(selection.text(), "second\n");
     EXPECT_EQ(selection.rows(), std::pair(2, 2));
 }
 
-TEST_F(RowTextSelectionTest, SelectsWordsAndThenMoreOfThem) {
+TEST_F(RowTextSelectionTest, ExtendsASelectionOfWordsByWords) {
     selection.press({3, 5}, Unit::word);
     EXPECT_EQ(selection.text(), "third");
     selection.extendTo({3, 11});
     EXPECT_EQ(selection.text(), "third one");
     selection.extendTo({3, 1});
-    EXPECT_EQ(selection.text(), "the third") << "the word it began with stays";
+    EXPECT_EQ(selection.text(), "the third") << "the first word stays selected";
     selection.press({2, 6}, Unit::word);
-    EXPECT_EQ(selection.text(), "second") << "behind the last word";
+    EXPECT_EQ(selection.text(), "second") << "after the last word";
     rows[2] = "";
     selection.press({2, 0}, Unit::word);
     EXPECT_EQ(selection.text(), "");
 }
 
-TEST_F(RowTextSelectionTest, SelectsRowsAndThenMoreOfThem) {
+TEST_F(RowTextSelectionTest, ExtendsASelectionOfRowsByRows) {
     selection.press({2, 4}, Unit::row);
     EXPECT_EQ(selection.text(), "second");
     selection.extendTo({3, 2});
@@ -100,7 +100,7 @@ TEST_F(RowTextSelectionTest, SelectsRowsAndThenMoreOfThem) {
     EXPECT_EQ(selection.text(), "first row\nsecond");
 }
 
-TEST_F(RowTextSelectionTest, SelectsAll) {
+TEST_F(RowTextSelectionTest, SelectAllSelectsEveryRow) {
     selection.selectAll();
     EXPECT_EQ(selection.text(), "first row\nsecond\nthe third one");
     rows.clear();
@@ -109,7 +109,7 @@ TEST_F(RowTextSelectionTest, SelectsAll) {
     EXPECT_FALSE(press(Qt::Key_Right));
 }
 
-TEST_F(RowTextSelectionTest, FollowsTheKeysOfATextFromRowToRow) {
+TEST_F(RowTextSelectionTest, NavigationKeysMoveTheCaretAcrossRows) {
     struct Step {
         int key;
         Qt::KeyboardModifiers modifiers;
@@ -135,7 +135,7 @@ TEST_F(RowTextSelectionTest, FollowsTheKeysOfATextFromRowToRow) {
     EXPECT_FALSE(press(Qt::Key_A));
 }
 
-TEST_F(RowTextSelectionTest, ShiftSelectsWhatTheCaretGoesOver) {
+TEST_F(RowTextSelectionTest, ShiftExtendsTheSelectionToTheCaret) {
     const auto shift = Qt::ShiftModifier;
     selection.moveTo({2, 3});
     press(Qt::Key_Right, shift);
@@ -147,21 +147,21 @@ TEST_F(RowTextSelectionTest, ShiftSelectsWhatTheCaretGoesOver) {
     press(Qt::Key_Home, shift | Qt::ControlModifier);
     EXPECT_EQ(selection.text(), "first row\nsec");
     press(Qt::Key_Right);
-    EXPECT_EQ(selection.caret(), (RowTextPlace{2, 3})) << "ends the selection at its end";
+    EXPECT_EQ(selection.caret(), (RowTextPlace{2, 3})) << "collapses the selection to its end";
     press(Qt::Key_Left, shift);
     press(Qt::Key_Left);
-    EXPECT_EQ(selection.caret(), (RowTextPlace{2, 2})) << "and at its start";
+    EXPECT_EQ(selection.caret(), (RowTextPlace{2, 2})) << "or to its start";
     EXPECT_TRUE(selection.isEmpty());
 }
 
-TEST_F(RowTextSelectionTest, AClickWithShiftExtendsWhatKeysSelected) {
+TEST_F(RowTextSelectionTest, ExtendingKeepsTheAnchorSetByKeys) {
     selection.moveTo({0, 6});
     press(Qt::Key_End, Qt::ShiftModifier);
     selection.extendTo({2, 1});
     EXPECT_EQ(selection.text(), "row\ns");
 }
 
-TEST_F(RowTextSelectionTest, GoesByWholeCharacters) {
+TEST_F(RowTextSelectionTest, MovesByUserPerceivedCharacters) {
     rows = {"aé漢👩‍🚀z"};
     std::vector<std::size_t> places;
     while (places.empty() || places.back() < rows[0]->size()) {
@@ -176,17 +176,17 @@ TEST_F(RowTextSelectionTest, GoesByWholeCharacters) {
     }
 }
 
-TEST_F(RowTextSelectionTest, ALongRowCostsNoMoreThanAShortOne) {
-    constexpr std::size_t megabytes = 64'000'000;
-    rows = {std::string(megabytes, 'x')};
+TEST_F(RowTextSelectionTest, KeysInALongRowAreFast) {
+    constexpr std::size_t byteCount = 64'000'000;
+    rows = {std::string(byteCount, 'x')};
     for (int i = 0; i < 1000; ++i) {
-        selection.moveTo({0, megabytes / 2});
+        selection.moveTo({0, byteCount / 2});
         press(Qt::Key_Right);
         press(Qt::Key_Left);
         press(Qt::Key_Right, Qt::ControlModifier);
         press(Qt::Key_Left, Qt::ControlModifier);
     }
-    EXPECT_EQ(selection.caret().offset, megabytes / 2);
+    EXPECT_EQ(selection.caret().offset, byteCount / 2);
 }
 
 } // namespace

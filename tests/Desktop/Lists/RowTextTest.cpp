@@ -23,7 +23,7 @@ TEST(RowText, KeepsAShortLine) {
     EXPECT_EQ(shortenedLine(std::string(1024, 'x')), std::string(1024, 'x'));
 }
 
-TEST(RowText, PutsEverythingOnOneLine) {
+TEST(RowText, ReplacesLineBreaksAndTabsBySpaces) {
     EXPECT_EQ(shortenedLine("a\nb\r\nc\td\u2028e"), "a b  c d e");
 }
 
@@ -38,7 +38,7 @@ QFont rowFont() {
     return Theme::font(Theme::TextStyle::codeSmall);
 }
 
-TEST(RowText, KnowsWhereEachCharacterIs) {
+TEST(RowText, ConvertsBetweenOffsetsAndPositions) {
     const auto column = QFontMetricsF(rowFont()).horizontalAdvance('0');
     const auto text = std::string(5000, 'x') + "é" + std::string(5000, 'y');
     for (const std::size_t offset : {0U, 1U, 1023U, 1024U, 1025U, 4999U, 5000U, 5002U, 5003U, 10'002U}) {
@@ -54,7 +54,7 @@ TEST(RowText, KnowsWhereEachCharacterIs) {
     EXPECT_EQ(rowTextX("", 0, rowFont()), 0);
 }
 
-TEST(RowText, NeverFindsAPlaceInsideACharacter) {
+TEST(RowText, FindsNoOffsetInsideACharacter) {
     const std::string text = "aé漢👍z";
     for (double x = 0; x < 100; x += 1) {
         const auto offset = rowTextOffset(text, x, rowFont());
@@ -62,7 +62,7 @@ TEST(RowText, NeverFindsAPlaceInsideACharacter) {
     }
 }
 
-/// A row as it is drawn, on white.
+/// A row, drawn on white.
 template <typename Draw>
 QImage drawnRow(Draw draw) {
     QImage image(400, 20, QImage::Format_RGB32);
@@ -113,7 +113,7 @@ TEST(RowText, ShowsLineBreaksAndTabsAsMarks) {
         EXPECT_NE(draw(text, Qt::red), draw("a b", Qt::red));
     }
     EXPECT_NE(draw("a\nb", Qt::red), draw("a\tb", Qt::red));
-    EXPECT_NE(draw("a\nb", Qt::red), draw("a↵b", Qt::red)) << "a mark has a colour of its own";
+    EXPECT_NE(draw("a\nb", Qt::red), draw("a↵b", Qt::red)) << "marks have their own colour";
 }
 
 } // namespace

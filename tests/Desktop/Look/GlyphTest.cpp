@@ -15,7 +15,7 @@
 namespace korvane {
 namespace {
 
-/// How often the toolkit warns while it lives, which then fails no test.
+/// Counts the warnings of Qt during its lifetime; they fail no test meanwhile.
 class WarningCounter {
 public:
     WarningCounter() {
@@ -43,17 +43,17 @@ QImage painted(std::string_view glyph) {
     return image;
 }
 
-TEST(Glyph, WarnsOfANameWithoutAnIcon) {
+TEST(Glyph, WarnsAboutAnUnknownName) {
     const WarningCounter warnings;
     EXPECT_NE(painted("number"), painted(""));
     EXPECT_EQ(WarningCounter::count, 0);
     EXPECT_EQ(painted("no such glyph"), painted(""));
     EXPECT_EQ(WarningCounter::count, 1);
     painted("no such glyph");
-    EXPECT_EQ(WarningCounter::count, 2) << "every test that paints it shall fail";
+    EXPECT_EQ(WarningCounter::count, 2) << "it warns at every painting, so that every such test fails";
 }
 
-TEST(Glyph, HasAnIconForEveryKindOfValueAndMessage) {
+TEST(Glyph, HasAnIconForEveryStatusAndJSONType) {
     for (const auto status : allCases<Status>)
         EXPECT_TRUE(Glyph::exists(icon(status))) << icon(status);
     for (const auto type : allCases<JSONValueType>)
@@ -61,8 +61,8 @@ TEST(Glyph, HasAnIconForEveryKindOfValueAndMessage) {
     EXPECT_FALSE(Glyph::exists("no such glyph"));
 }
 
-/// An unknown glyph would warn, and a warning fails the test.
-TEST(Glyph, HasAnIconForWhatIsSeldomSeen) {
+/// An unknown glyph causes a warning, which fails the test.
+TEST(Glyph, HasAnIconForRarelyShownGlyphs) {
     FakeServices fakes;
     MainWindow window(fakes.services);
     const ScreenDriver screen(window, {1100, 900});
@@ -82,7 +82,7 @@ TEST_P(GlyphSceneTest, EveryGlyphHasAnIcon) {
     FakeServices fakes;
     MainWindow window(fakes.services);
     window.store().perform([](ContentView& state) { state.selectedTool = GetParam().tool; });
-    const ScreenDriver screen(window, {1100, 2400}); // so that nothing is scrolled out of sight
+    const ScreenDriver screen(window, {1100, 2400}); // high enough that nothing scrolls
     GetParam().play(screen, fakes);
     settle();
     EXPECT_FALSE(window.grab().isNull());

@@ -1,13 +1,12 @@
-/// Every text can be read: its colour has a contrast of at least 4.5 to 1 to each ground that it stands on,
-/// in light and in dark.
+/// The colour of every text has a contrast of at least 4.5 to 1 to each of its backgrounds, in light and in
+/// dark.
 ///
-/// Left out, on purpose:
-/// - White on the solid named colours (action buttons, tags) and on the accent: these are the looks of the
-///   product.
-/// - Placeholders, line numbers and the keys in the sidebar, which only accompany a text and are faint by
-///   design: what a placeholder says is the editor's accessible description too, and goes with the first
-///   character; the keys stand in the menu as well.
-/// - What cannot be used at the moment, such as a disabled button.
+/// Deliberately excluded:
+/// - White on the solid named colours (action buttons, tags) and on the accent, which the design fixes.
+/// - Placeholders, line numbers and the shortcuts in the sidebar, which are faint by design. A placeholder is
+///   also the editor's accessible description, and disappears with the first character; the menu shows the
+///   shortcuts too.
+/// - Disabled controls.
 
 #include "Desktop/Look/Theme.h"
 #include "Models/PaletteColor.h"
@@ -27,9 +26,9 @@ using Theme::Role;
 using Theme::Scheme;
 using Theme::Tint;
 
-constexpr double leastContrast = 4.5;
+constexpr double minContrast = 4.5;
 
-/// As the Web Content Accessibility Guidelines define it.
+/// The relative luminance of the Web Content Accessibility Guidelines.
 double luminance(const QColor& color) {
     const auto linear = [](float channel) {
         return channel <= 0.03928F ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -42,19 +41,19 @@ double contrast(const QColor& one, const QColor& other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-/// What is seen where `upper`, which may be translucent, is painted over `lower`, which is opaque.
+/// The colour of `upper`, which may be translucent, painted over `lower`, which is opaque.
 QColor over(const QColor& upper, const QColor& lower) {
     auto opaque = upper;
     opaque.setAlphaF(1);
     return Theme::mixed(lower, opaque, upper.alphaF());
 }
 
-/// What is seen where the colours are painted one after the other.
+/// The colour of `layers` painted one after the other.
 QColor painted(std::initializer_list<QColor> layers) {
-    auto seen = *layers.begin();
+    auto result = *layers.begin();
     for (const auto& layer : layers)
-        seen = over(layer, seen);
-    return seen;
+        result = over(layer, result);
+    return result;
 }
 
 struct NamedColor {
@@ -69,19 +68,20 @@ const std::vector<NamedColor> namedColors = {
     {PaletteColor::purple, "purple"}, {PaletteColor::red, "red"},       {PaletteColor::teal, "teal"},
     {PaletteColor::yellow, "yellow"}};
 
-struct Ground {
+struct TextBackground {
     std::string name;
     QColor color;
 };
 
-void expectReadable(const std::string& text, const QColor& ink, const std::vector<Ground>& grounds) {
-    for (const auto& [name, ground] : grounds)
-        EXPECT_GE(contrast(over(ink, ground), ground), leastContrast) << text << " on " << name;
+void expectReadable(const std::string& text, const QColor& ink,
+                    const std::vector<TextBackground>& backgrounds) {
+    for (const auto& [name, background] : backgrounds)
+        EXPECT_GE(contrast(over(ink, background), background), minContrast) << text << " on " << name;
 }
 
-/// What coloured text stands on while nobody points at it: the surfaces of the window, and those in its own
+/// The backgrounds of coloured text that is not hovered: the surfaces of the window, and those in its own
 /// colour.
-std::vector<Ground> groundsOf(PaletteColor color) {
+std::vector<TextBackground> coloredTextBackgrounds(PaletteColor color) {
     const auto window = Theme::color(Role::windowBackground);
     const auto panel = over(Theme::color(Role::panelFill), window);
     const auto control = Theme::color(Role::controlFill);
@@ -98,51 +98,53 @@ std::vector<Ground> groundsOf(PaletteColor color) {
             {"a line of its colour", over(Theme::withTint(color, Tint::diffLine), panel)}};
 }
 
-/// What secondary text stands on: all of the window, but for what is pointed at, pressed or selected.
-std::vector<Ground> groundsOfSecondaryText() {
+/// The backgrounds of secondary text: all surfaces and rows, but no hovered or pressed control and no
+/// selection.
+std::vector<TextBackground> secondaryTextBackgrounds() {
     const auto window = Theme::color(Role::windowBackground);
     const auto sidebar = Theme::color(Role::sidebarBackground);
     const auto panel = over(Theme::color(Role::panelFill), window);
     const auto control = Theme::color(Role::controlFill);
-    std::vector<Ground> grounds = {{"the window", window},
-                                   {"the sidebar", sidebar},
-                                   {"a menu", Theme::color(Role::popupBackground)},
-                                   {"a panel", panel},
-                                   {"a card in a panel", over(Theme::color(Role::panelFill), panel)},
-                                   {"a control", over(control, window)},
-                                   {"a control in the sidebar", over(control, sidebar)},
-                                   {"a control in a panel", over(control, panel)},
-                                   {"the button over a text", Theme::color(Role::overlayFill)},
-                                   {"a row under the pointer", over(Theme::color(Role::rowHover), panel)},
-                                   {"a tool under the pointer", over(Theme::color(Role::rowHover), sidebar)},
-                                   {"a plain badge", over(Theme::color(Role::plainBadgeFill), window)}};
+    std::vector<TextBackground> backgrounds = {
+        {"the window", window},
+        {"the sidebar", sidebar},
+        {"a menu", Theme::color(Role::popupBackground)},
+        {"a panel", panel},
+        {"a card in a panel", over(Theme::color(Role::panelFill), panel)},
+        {"a control", over(control, window)},
+        {"a control in the sidebar", over(control, sidebar)},
+        {"a control in a panel", over(control, panel)},
+        {"the button over a text", Theme::color(Role::overlayFill)},
+        {"a row under the pointer", over(Theme::color(Role::rowHover), panel)},
+        {"a tool under the pointer", over(Theme::color(Role::rowHover), sidebar)},
+        {"a plain badge", over(Theme::color(Role::plainBadgeFill), window)}};
     for (const auto& [color, name] : namedColors) {
         const auto row = Theme::withTint(color, Tint::row);
-        grounds.push_back({"a card in " + name, over(row, window)});
-        grounds.push_back({"the chosen tool in " + name, over(row, sidebar)});
+        backgrounds.push_back({"a card in " + name, over(row, window)});
+        backgrounds.push_back({"the chosen tool in " + name, over(row, sidebar)});
     }
-    return grounds;
+    return backgrounds;
 }
 
-/// What primary text stands on, over every surface that it can be.
-std::vector<Ground> groundsOfPrimaryText() {
-    auto grounds = groundsOfSecondaryText();
+/// The backgrounds of primary text: all that there are.
+std::vector<TextBackground> primaryTextBackgrounds() {
+    auto backgrounds = secondaryTextBackgrounds();
     const auto window = Theme::color(Role::windowBackground);
     const auto panel = over(Theme::color(Role::panelFill), window);
     for (const auto role : {Role::controlHover, Role::controlPressed, Role::selection, Role::segmentSelected})
-        grounds.push_back(
+        backgrounds.push_back(
             {"role " + std::to_string(static_cast<int>(role)), over(Theme::color(role), panel)});
-    grounds.push_back({"the button over a text, pressed",
-                       painted({Theme::color(Role::overlayFill), Theme::color(Role::controlPressed)})});
+    backgrounds.push_back({"the button over a text, pressed",
+                           painted({Theme::color(Role::overlayFill), Theme::color(Role::controlPressed)})});
     for (const auto& [color, name] : namedColors) {
         for (const auto tint : {Tint::toggleHover, Tint::togglePressed, Tint::tileHover, Tint::tilePressed})
-            grounds.push_back({name + " at " + std::to_string(static_cast<int>(tint)),
-                               over(Theme::withTint(color, tint), window)});
+            backgrounds.push_back({name + " at " + std::to_string(static_cast<int>(tint)),
+                                   over(Theme::withTint(color, tint), window)});
         const auto line = over(Theme::withTint(color, Tint::diffLine), panel);
-        grounds.push_back({"a selected line", over(Theme::color(Role::selection), line)});
-        grounds.push_back({"the current line", over(Theme::color(Role::rowHover), line)});
+        backgrounds.push_back({"a selected line", over(Theme::color(Role::selection), line)});
+        backgrounds.push_back({"the current line", over(Theme::color(Role::rowHover), line)});
     }
-    return grounds;
+    return backgrounds;
 }
 
 struct ThemeContrastTest : testing::TestWithParam<Scheme> {
@@ -151,27 +153,27 @@ struct ThemeContrastTest : testing::TestWithParam<Scheme> {
     ~ThemeContrastTest() override { Theme::setScheme(Scheme::light); }
 };
 
-TEST_P(ThemeContrastTest, PrimaryTextIsReadableOnEveryGround) {
-    expectReadable("primary", Theme::color(Role::primary), groundsOfPrimaryText());
+TEST_P(ThemeContrastTest, PrimaryTextIsReadableOnEveryBackground) {
+    expectReadable("primary", Theme::color(Role::primary), primaryTextBackgrounds());
 }
 
-TEST_P(ThemeContrastTest, SecondaryTextIsReadableOnGroundsOfRest) {
-    expectReadable("secondary", Theme::color(Role::secondary), groundsOfSecondaryText());
+TEST_P(ThemeContrastTest, SecondaryTextIsReadableOnRestingBackgrounds) {
+    expectReadable("secondary", Theme::color(Role::secondary), secondaryTextBackgrounds());
 }
 
-TEST_P(ThemeContrastTest, ColoredTextIsReadableOnGroundsOfRestAndOfItsColor) {
+TEST_P(ThemeContrastTest, ColoredTextIsReadableOnRestingAndTintedBackgrounds) {
     for (const auto& [color, name] : namedColors)
-        expectReadable(name, Theme::textTone(color), groundsOf(color));
+        expectReadable(name, Theme::textTone(color), coloredTextBackgrounds(color));
 }
 
-TEST_P(ThemeContrastTest, TheFiguresOfTheTimeAreReadableOnTheirCard) {
+TEST_P(ThemeContrastTest, TheCurrentTimestampIsReadableOnItsCard) {
     const auto card =
         over(Theme::withTint(PaletteColor::yellow, Tint::row), Theme::color(Role::windowBackground));
     expectReadable("seconds", Theme::textTone(PaletteColor::yellow), {{"the card", card}});
     expectReadable("milliseconds", Theme::textTone(PaletteColor::orange), {{"the card", card}});
 }
 
-TEST_P(ThemeContrastTest, UnchangedLinesAreReadableAlsoWhereSelected) {
+TEST_P(ThemeContrastTest, UnchangedLinesAreReadableWhenSelectedOrNot) {
     const auto panel = over(Theme::color(Role::panelFill), Theme::color(Role::windowBackground));
     expectReadable("unchanged", Theme::color(Role::unchangedLine),
                    {{"the panel", panel},

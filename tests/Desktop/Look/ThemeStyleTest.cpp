@@ -1,4 +1,4 @@
-/// Menus and dialogs are windows of their own, and look like the main window all the same, whoever made them.
+/// Menus and dialogs look like the main window, including those that Qt creates.
 
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Window/MainWindow.h"
@@ -30,7 +30,7 @@ struct ThemeStyleTest : testing::Test {
 
     ~ThemeStyleTest() override { window.showScheme(Theme::Scheme::light); }
 
-    /// A menu of a kind that the program has, open.
+    /// Opens `menu`, a menu of a kind that the program has.
     std::unique_ptr<QMenu> opened(QMenu* menu) {
         menu->setParent(&window, menu->windowFlags());
         menu->popup({40, 40});
@@ -66,7 +66,7 @@ TEST_F(ThemeStyleTest, AllMenusHaveTheColorsOfTheWindow) {
     }
 }
 
-TEST_F(ThemeStyleTest, MenusAreCutToTheirRoundedShape) {
+TEST_F(ThemeStyleTest, MenusAreMaskedToTheirRoundedShape) {
     for (const auto& make : makers()) {
         const auto menu = opened(make());
         const auto shape = menu->mask();
@@ -78,9 +78,9 @@ TEST_F(ThemeStyleTest, MenusAreCutToTheirRoundedShape) {
     }
 }
 
-TEST_F(ThemeStyleTest, AMenuHasRoomForTitleTickAndKeys) {
+TEST_F(ThemeStyleTest, AMenuHasSpaceForTitleTickAndShortcut) {
     QMenu plain(&window);
-    auto* copy = plain.addAction(QStringLiteral("A title that is longer than the least width of a menu"));
+    auto* copy = plain.addAction(QStringLiteral("A title that is longer than the minimum width of a menu"));
     const auto width = [&] {
         plain.ensurePolished();
         return plain.sizeHint().width();
@@ -95,7 +95,7 @@ TEST_F(ThemeStyleTest, AMenuHasRoomForTitleTickAndKeys) {
     EXPECT_EQ(width(), withKeys + Theme::px(Size::menuTick) + Theme::px(Size::menuTickGap));
 }
 
-TEST_F(ThemeStyleTest, DialogsFollowTheWindow) {
+TEST_F(ThemeStyleTest, DialogsHaveTheColorsOfTheWindow) {
     QFileDialog dialog(&window);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     for (const auto scheme : {Theme::Scheme::dark, Theme::Scheme::light}) {

@@ -56,7 +56,7 @@ struct LineEditTest : testing::Test {
     }
 };
 
-TEST_F(LineEditTest, WhatIsPastedComesOnOneLine) {
+TEST_F(LineEditTest, PastedTextIsJoinedIntoOneLine) {
     struct Row {
         std::string_view pasted;
         std::string_view line;
@@ -78,7 +78,7 @@ TEST_F(LineEditTest, WhatIsPastedComesOnOneLine) {
     }
 }
 
-TEST_F(LineEditTest, ATrailingBreakIsDroppedInsideOfATextToo) {
+TEST_F(LineEditTest, ATrailingBreakIsDroppedWhenPastedInsideAText) {
     screen.enter("Line", "ad");
     line.setCursorPosition(1);
     paste(line, "b\nc\n");
@@ -90,7 +90,7 @@ TEST_F(LineEditTest, ATrailingBreakIsDroppedInsideOfATextToo) {
     EXPECT_EQ(line.cursorPosition(), 2);
 }
 
-TEST_F(LineEditTest, PastingIsUndoneAtOnce) {
+TEST_F(LineEditTest, PastingIsOneUndoStep) {
     screen.enter("Line", "before");
     line.setCursorPosition(6);
     paste(line, " and\nafter\n");
@@ -105,7 +105,7 @@ TEST_F(LineEditTest, PastingIsUndoneAtOnce) {
     EXPECT_EQ(state().text, "");
 }
 
-TEST_F(LineEditTest, WhatIsDroppedOrSetByAssistiveTechnologyComesOnOneLine) {
+TEST_F(LineEditTest, TextDroppedOrSetByAssistiveTechnologyIsJoinedIntoOneLine) {
     QMimeData dropped;
     dropped.setText("dropped\n");
     QDragEnterEvent enter(QPoint(2, 2), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
@@ -118,7 +118,7 @@ TEST_F(LineEditTest, WhatIsDroppedOrSetByAssistiveTechnologyComesOnOneLine) {
     EXPECT_EQ(line.text(), "set by voice");
 }
 
-TEST_F(LineEditTest, NumbersTakeWhatIsPastedWithALineBreak) {
+TEST_F(LineEditTest, NumberFieldsAcceptPastedTextWithATrailingLineBreak) {
     auto& number = screen.field("Number");
     number.selectAll();
     paste(number, "800\n");
@@ -126,7 +126,7 @@ TEST_F(LineEditTest, NumbersTakeWhatIsPastedWithALineBreak) {
     EXPECT_EQ(number.text(), "800");
     number.selectAll();
     paste(number, "8\n0\n");
-    EXPECT_EQ(state().number, 800) << "two numbers are none";
+    EXPECT_EQ(state().number, 800) << "two lines are no number";
     EXPECT_EQ(number.text(), "800");
     number.setCursorPosition(1);
     paste(number, "5\n");
@@ -138,7 +138,7 @@ TEST_F(LineEditTest, NumbersTakeWhatIsPastedWithALineBreak) {
     EXPECT_EQ(count.text(), "42");
 }
 
-TEST_F(LineEditTest, KeepsWhatTheProgramDisplays) {
+TEST_F(LineEditTest, KeepsLineBreaksSetByTheProgram) {
     frame->store().perform([](Note& note) { note.text = "two\nlines\n"; });
     EXPECT_EQ(line.text(), "two\nlines\n");
     EXPECT_EQ(state().text, "two\nlines\n");

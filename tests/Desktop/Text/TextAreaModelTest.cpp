@@ -13,49 +13,50 @@ using TextAreaModelTest = TextAreaTest;
 
 using Pieces = std::vector<std::string>;
 
-/// Characters that have gone wrong in some text control.
-std::string anyText(std::size_t most) {
-    const auto pieces = *rc::gen::resize(
-        static_cast<int>(most), rc::gen::container<Pieces>(rc::gen::elementOf(Pieces{"a",
-                                                                                     "b ",
-                                                                                     "\t",
-                                                                                     "ü",
-                                                                                     "e\u0301",
-                                                                                     "👍",
-                                                                                     "👩‍👧",
-                                                                                     "漢",
-                                                                                     "ש",
-                                                                                     "\n",
-                                                                                     "\n",
-                                                                                     "\r",
-                                                                                     "\r\n",
-                                                                                     "\v",
-                                                                                     "\f",
-                                                                                     "\u0085",
-                                                                                     "\u2028",
-                                                                                     "\u2029",
-                                                                                     "\uFDD0",
-                                                                                     "\uFDD1",
-                                                                                     "\uFFFC",
-                                                                                     "\u00A0",
-                                                                                     "\uFEFF",
-                                                                                     std::string(1, '\0'),
-                                                                                     "a long line to be cut",
-                                                                                     "😀😀😀😀😀😀"})));
+/// Texts of characters that text controls often handle wrongly.
+std::string anyText(std::size_t maxPieces) {
+    const auto pieces =
+        *rc::gen::resize(static_cast<int>(maxPieces),
+                         rc::gen::container<Pieces>(rc::gen::elementOf(Pieces{"a",
+                                                                              "b ",
+                                                                              "\t",
+                                                                              "ü",
+                                                                              "e\u0301",
+                                                                              "👍",
+                                                                              "👩‍👧",
+                                                                              "漢",
+                                                                              "ש",
+                                                                              "\n",
+                                                                              "\n",
+                                                                              "\r",
+                                                                              "\r\n",
+                                                                              "\v",
+                                                                              "\f",
+                                                                              "\u0085",
+                                                                              "\u2028",
+                                                                              "\u2029",
+                                                                              "\uFDD0",
+                                                                              "\uFDD1",
+                                                                              "\uFFFC",
+                                                                              "\u00A0",
+                                                                              "\uFEFF",
+                                                                              std::string(1, '\0'),
+                                                                              "a long line to be cut",
+                                                                              "😀😀😀😀😀😀"})));
     std::string text;
     for (const auto& piece : pieces)
         text += piece;
     return text;
 }
 
-/// A text area beside what it should hold. The model is a plain string; where the caret and the other end of
-/// the selection are in it is told by the length of the text before them.
-class Race {
+/// A text area and a plain string as its model. The caret and the anchor of the selection are byte offsets in
+/// the model.
+class ModelComparison {
 public:
     void step() {
         constexpr int operations = 10;
         const int operation = *rc::gen::inRange(0, operations);
-        place();
+        placeCaret();
         const auto from = std::min(m_anchor, m_caret);
         const auto selected = std::max(m_anchor, m_caret) - from;
         RC_ASSERT(m_subject.area.selectedText() == m_model.substr(from, selected));
@@ -86,14 +87,14 @@ public:
             if (selected > 0)
                 m_model.erase(from, selected);
             else
-                takeOver(from - (m_model.size() - m_subject.area.text().size()), from);
+                eraseFromModel(from - (m_model.size() - m_subject.area.text().size()), from);
             break;
         case 6:
             m_subject.press(Qt::Key_Delete);
             if (selected > 0)
                 m_model.erase(from, selected);
             else
-                takeOver(from, from + m_model.size() - m_subject.area.text().size());
+                eraseFromModel(from, from + m_model.size() - m_subject.area.text().size());
             break;
         case 7:
             m_model = anyText(30);
@@ -102,7 +103,7 @@ public:
             check();
             return;
         default:
-            travel();
+            moveInHistory();
             return;
         }
         check();
@@ -110,7 +111,7 @@ public:
         RC_ASSERT(m_subject.edits == editsBefore || m_subject.reported == m_model);
     }
 
-    /// The history leads back to the start and forth to the end without losing anything.
+    /// Undoing everything restores the empty text, redoing everything the last one.
     void finish() {
         m_subject.area.setText("the end");
         while (m_subject.area.document()->isUndoAvailable())
@@ -125,7 +126,7 @@ public:
 
 private:
     /// Puts the caret somewhere, with a selection or without.
-    void place() {
+    void placeCaret() {
         const int end = m_subject.area.document()->characterCount();
         const int anchor = wholeCharacter(*rc::gen::inRange(0, end));
         const int caret = *rc::gen::arbitrary<bool>() ? anchor : wholeCharacter(*rc::gen::inRange(0, end));
@@ -140,9 +141,9 @@ private:
         return m_subject.area.document()->characterAt(position).isLowSurrogate() ? position - 1 : position;
     }
 
-    /// Deleting without a selection removes what lies between two offsets: something unless the text ends
-    /// there, and not more than one user-perceived character.
-    void takeOver(std::size_t from, std::size_t to) {
+    /// Erases what a deletion without a selection has removed: at most one user-perceived character, and
+    /// nothing only at an end of the text.
+    void eraseFromModel(std::size_t from, std::size_t to) {
         RC_ASSERT(from <= to && to <= m_model.size());
         RC_ASSERT(from < to || m_caret == 0u || m_caret == m_model.size());
         const std::string_view model = m_model;
@@ -150,8 +151,8 @@ private:
         m_model.erase(from, to - from);
     }
 
-    /// Goes back in the history, forth to where it came from, and stays at one of the two.
-    void travel() {
+    /// Undoes one step, and redoes everything or not.
+    void moveInHistory() {
         const bool atTheEnd = !m_subject.area.document()->isRedoAvailable();
         const auto before = m_model;
         m_subject.area.undo();
@@ -173,12 +174,12 @@ private:
         RC_ASSERT(area.text() == m_model);
         const auto cursor = area.textCursor();
         area.selectAll();
-        RC_ASSERT(area.selectedText() == m_model); // read from the document, not from the mirror
+        RC_ASSERT(area.selectedText() == m_model); // from the document; `text` is from the mirror
         area.setTextCursor(cursor);
         area.setLineNumbers(true);
         area.verticalScrollBar()->setValue(area.verticalScrollBar()->maximum());
         const auto numbers = area.visibleNumbers();
-        // None where the last line begins above the view. (The macro would read both sides of a bare ||.)
+        // None where the last line begins above the view. (The macro would print both sides of a bare ||.)
         if (!numbers.empty())
             RC_ASSERT(numbers.back().number == lineCount(m_model));
     }
@@ -189,12 +190,12 @@ private:
     std::size_t m_caret = 0;
 };
 
-RC_GTEST_FIXTURE_PROP(TextAreaModelTest, HoldsWhatAPlainStringWouldHold, ()) {
-    Race race;
+RC_GTEST_FIXTURE_PROP(TextAreaModelTest, HoldsTheSameTextAsAPlainString, ()) {
+    ModelComparison comparison;
     const int steps = *rc::gen::inRange(1, 40);
     for (int step = 0; step < steps; ++step)
-        race.step();
-    race.finish();
+        comparison.step();
+    comparison.finish();
 }
 
 } // namespace

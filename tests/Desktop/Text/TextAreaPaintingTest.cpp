@@ -18,7 +18,7 @@ struct NumberRow {
     std::vector<std::size_t> numbers;
 };
 
-TEST_F(TextAreaPaintingTest, NumbersLinesAsTheyAreCounted) {
+TEST_F(TextAreaPaintingTest, LineNumbersAgreeWithLineCount) {
     const NumberRow rows[] = {
         {"nothing", "", {1}},
         {"two lines, each ended", "a\nb\n", {1, 2, 3}},
@@ -37,7 +37,7 @@ TEST_F(TextAreaPaintingTest, NumbersLinesAsTheyAreCounted) {
     }
 }
 
-TEST_F(TextAreaPaintingTest, EachNumberStandsBesideItsLine) {
+TEST_F(TextAreaPaintingTest, EachNumberIsBesideItsLine) {
     Subject subject(longestPieceOfLine, 200);
     subject.area.setLineNumbers(true);
     const std::string longLine(60, 'w');
@@ -64,7 +64,7 @@ TEST_F(TextAreaPaintingTest, EachNumberStandsBesideItsLine) {
     }
 }
 
-TEST_F(TextAreaPaintingTest, TheNumbersHaveTheRoomTheyNeed) {
+TEST_F(TextAreaPaintingTest, TheMarginFitsTheLineNumbers) {
     Subject subject;
     subject.area.setLineNumbers(true);
     const QFontMetrics metrics(subject.area.font());
@@ -92,7 +92,7 @@ TEST_F(TextAreaPaintingTest, EveryRowHasTheSameHeight) {
         EXPECT_EQ(subject.area.cursorRect(QTextCursor(block)).center().y() / lineHeight, row);
 }
 
-TEST_F(TextAreaPaintingTest, AClickAnywhereInARowMeetsItsCharacters) {
+TEST_F(TextAreaPaintingTest, AClickAnywhereInARowPlacesTheCaretInIt) {
     Subject subject(longestPieceOfLine);
     subject.area.setText("first\nsecond\nthird");
     const auto x = subject.area.cursorRect(QTextCursor(subject.area.document()->findBlockByNumber(1))).x();
@@ -133,7 +133,7 @@ TEST_F(TextAreaPaintingTest, AShorterTextShortensTheScrollRange) {
     }
 }
 
-TEST_F(TextAreaPaintingTest, ThePlaceholderStandsWhereTheTextWould) {
+TEST_F(TextAreaPaintingTest, ThePlaceholderIsPaintedAtThePlaceOfTheText) {
     for (const bool numbers : {false, true}) {
         Subject subject(longestPieceOfLine);
         subject.area.setLineNumbers(numbers);
@@ -155,7 +155,7 @@ TEST_F(TextAreaPaintingTest, APreeditTextHidesThePlaceholder) {
     EXPECT_EQ(subject.picture(), without);
 }
 
-TEST_F(TextAreaPaintingTest, TheCaretIsSeenInAFocusedTextEvenIfItIsReadOnly) {
+TEST_F(TextAreaPaintingTest, TheCaretIsVisibleInFocusedEditableAndReadOnlyText) {
     for (const bool readOnly : {false, true}) {
         Subject subject;
         subject.area.setReadOnly(readOnly);

@@ -1,5 +1,5 @@
-/// What the tests of the text area share: a shown control that counts what it reports, and a fixture in which
-/// every warning of the toolkit is a failure.
+/// Shared by the tests of the text area: a visible control that counts its reports, and a fixture in which
+/// every warning of Qt is a failure.
 #pragma once
 
 #include "Desktop/Text/TextArea.h"
@@ -14,10 +14,10 @@ namespace korvane {
 
 inline constexpr int lineHeight = 21;
 
-/// A shown text area that counts what it reports. Its pieces are short unless told otherwise, so that seams
-/// are everywhere.
+/// A visible text area that counts its reports. Its pieces are short by default, so that there are many
+/// seams.
 struct Subject {
-    explicit Subject(int longestPiece = 8, int width = 400) : area(nullptr, longestPiece) {
+    explicit Subject(int maxPiece = 8, int width = 400) : area(nullptr, maxPiece) {
         area.setStyle({.font = QFont(QStringLiteral("monospace")),
                        .lineHeight = lineHeight,
                        .text = Qt::black,
@@ -50,12 +50,12 @@ struct Subject {
     }
 
     void paste(std::string_view text) {
-        QApplication::clipboard()->setText(toolkitString(text));
+        QApplication::clipboard()->setText(qtString(text));
         area.paste();
     }
 
-    /// The toolkit's conversion swallows a byte-order mark, but only at the start.
-    static QString toolkitString(std::string_view text) {
+    /// Qt's conversion drops a byte-order mark at the start of a text only.
+    static QString qtString(std::string_view text) {
         return QString::fromStdString("x" + std::string(text)).sliced(1);
     }
 

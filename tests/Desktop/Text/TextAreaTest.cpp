@@ -36,9 +36,9 @@ constexpr TextRow texts[] = {
     {"replacement character", "\uFFFD"sv},
     {"control characters", "\x01\x02\x1b\x7f\t\b"sv},
     {"soft hyphens and zero-width spaces", "a\u00ADb\u200Bc\u2060"sv},
-    {"beyond the basic plane",
+    {"beyond the basic multilingual plane",
      "👍👍🏽 👨‍👩‍👧‍👦 𝔘𝔫𝔦𝔠𝔬𝔡𝔢 \U0010FFFF"sv},
-    {"marks that fit no piece",
+    {"more marks than fit into a piece",
      "e\u0301\u0301\u0301\u0301\u0301\u0301\u0301\u0301\u0301\u0301\u0301\u0301"sv},
     {"both directions", "abc שלום def مرحبا\u202E x\u202C"sv},
     {"a line of many pieces", "0123456789abcdefghijklmnopqrstuvwxyz0123456789abcdefghijklmnopqrstuvwxyz"sv},
@@ -48,10 +48,10 @@ constexpr TextRow texts[] = {
 constexpr std::string_view invalidTexts[] = {"\xff"sv, "a\xc3"sv, "\xed\xa0\x80z"sv, "\xe6\xbc\n\r\n"sv,
                                              "\xef\xbb\xbf\x80"sv};
 
-TEST_F(TextAreaTest, GivesBackWhatWasSet) {
-    for (const int longestPiece : {2, 8, 160, longestPieceOfLine}) {
+TEST_F(TextAreaTest, ReturnsTheTextThatWasSet) {
+    for (const int maxPiece : {2, 8, 160, longestPieceOfLine}) {
         for (const bool readOnly : {false, true}) {
-            Subject subject(longestPiece);
+            Subject subject(maxPiece);
             subject.area.setReadOnly(readOnly);
             for (const auto& row : texts) {
                 subject.area.setText(row.text);
@@ -64,9 +64,9 @@ TEST_F(TextAreaTest, GivesBackWhatWasSet) {
     }
 }
 
-TEST_F(TextAreaTest, CutsLongLinesBetweenWords) {
-    constexpr int longestPiece = 40;
-    Subject subject(longestPiece);
+TEST_F(TextAreaTest, DividesLongLinesBetweenWords) {
+    constexpr int maxPiece = 40;
+    Subject subject(maxPiece);
     std::string text;
     for (int number = 0; number < 100; ++number)
         text += "word-" + std::to_string(number * 37) + " ";
@@ -76,11 +76,11 @@ TEST_F(TextAreaTest, CutsLongLinesBetweenWords) {
     ASSERT_GT(document->blockCount(), 20);
     for (auto block = document->begin(); block.next().isValid(); block = block.next()) {
         EXPECT_TRUE(block.text().endsWith(' ') || block.text().endsWith('-')) << block.text().toStdString();
-        EXPECT_LE(block.text().size(), longestPiece);
+        EXPECT_LE(block.text().size(), maxPiece);
     }
 }
 
-TEST_F(TextAreaTest, PastesAndCopiesWhatItShows) {
+TEST_F(TextAreaTest, PastesAndCopiesExactly) {
     for (const auto& row : texts) {
         Subject subject;
         subject.paste(row.text);
@@ -112,7 +112,7 @@ TEST_F(TextAreaTest, KeepsBytesThatAreNotUTF8UntilAnEdit) {
     }
 }
 
-TEST_F(TextAreaTest, ReplacesHalfSurrogatePairs) {
+TEST_F(TextAreaTest, ReplacesLoneSurrogates) {
     Subject subject;
     auto* data = new QMimeData;
     data->setText(QStringLiteral("a") + QChar(0xD83D) + QStringLiteral("b") + QChar(0xDC4D));
@@ -152,7 +152,7 @@ TEST_F(TextAreaTest, ReportsEachEditOnce) {
     EXPECT_EQ(subject.edits, 0);
 }
 
-TEST_F(TextAreaTest, TakesInputMethodTextExactly) {
+TEST_F(TextAreaTest, InsertsInputMethodTextExactly) {
     Subject subject;
     QInputMethodEvent composing(QStringLiteral("か"), {});
     QApplication::sendEvent(&subject.area, &composing);
@@ -170,7 +170,7 @@ TEST_F(TextAreaTest, TakesInputMethodTextExactly) {
     EXPECT_EQ(subject.edits, 2);
 }
 
-TEST_F(TextAreaTest, TypedTextNeverTakesOverTheBreakBeforeIt) {
+TEST_F(TextAreaTest, TypingAfterALineBreakKeepsItsKind) {
     Subject subject;
     for (const auto* lineBreak : {"\r\n", "\r", "\u2028", "\v", "\uFDD0"}) {
         const std::string text = lineBreak;
@@ -182,7 +182,7 @@ TEST_F(TextAreaTest, TypedTextNeverTakesOverTheBreakBeforeIt) {
     }
 }
 
-TEST_F(TextAreaTest, ReturnReplacesASelectionInOneEditAndKeepsTheBreaksAround) {
+TEST_F(TextAreaTest, ReturnReplacesASelectionInOneEditAndKeepsSurroundingBreaks) {
     Subject subject;
     subject.area.setText("a\r\r\nb\vc");
     for (const auto& [from, to, text] : {std::tuple{0, 2, "\n\r\nb\vc"}, std::tuple{2, 4, "\n\r\n\nc"}}) {
@@ -265,7 +265,7 @@ TEST_F(TextAreaTest, AcceptsPlainTextOnly) {
     EXPECT_EQ(subject.area.text(), "<plain>");
 }
 
-TEST_F(TextAreaTest, TakesDroppedTextWhereItIsDropped) {
+TEST_F(TextAreaTest, InsertsDroppedTextAtTheDropPosition) {
     Subject subject;
     subject.area.setText("one\ntwo");
     QMimeData data;
@@ -280,7 +280,7 @@ TEST_F(TextAreaTest, TakesDroppedTextWhereItIsDropped) {
     EXPECT_EQ(subject.edits, 1);
 }
 
-TEST_F(TextAreaTest, SeamsAreNoStopsForTheCaret) {
+TEST_F(TextAreaTest, TheCaretDoesNotStopAtSeams) {
     Subject subject;
     const std::string text = "0123456789abcdefghijklmnopqrstuvwxyz";
     subject.area.setText(text);
@@ -296,7 +296,7 @@ TEST_F(TextAreaTest, SeamsAreNoStopsForTheCaret) {
     }
 }
 
-TEST_F(TextAreaTest, DeletesRealCharactersAtSeams) {
+TEST_F(TextAreaTest, DeletesCharactersAcrossSeams) {
     const std::string text = "0123456789abcdefghijklmnopqrstuvwxyz";
     Subject subject;
     subject.area.setText(text);
@@ -317,7 +317,7 @@ TEST_F(TextAreaTest, DeletesRealCharactersAtSeams) {
     EXPECT_EQ(subject.edits, 2 * static_cast<int>(text.size()));
 }
 
-TEST_F(TextAreaTest, TypingCutsALineThatBecomesTooLong) {
+TEST_F(TextAreaTest, TypingDividesALineThatBecomesTooLong) {
     Subject subject;
     std::string text;
     for (int character = 0; character < 100; ++character) {
@@ -330,7 +330,7 @@ TEST_F(TextAreaTest, TypingCutsALineThatBecomesTooLong) {
         EXPECT_LE(block.length(), 17);
 }
 
-TEST_F(TextAreaTest, NeverCutsInsideACharacter) {
+TEST_F(TextAreaTest, DividesNoUserPerceivedCharacter) {
     Subject subject;
     subject.area.setText("a👍👍👍👍👍👍e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301");
     ASSERT_GT(subject.area.document()->blockCount(), 2);
@@ -340,7 +340,7 @@ TEST_F(TextAreaTest, NeverCutsInsideACharacter) {
     }
 }
 
-TEST_F(TextAreaTest, CutsALineOfEmojiIntoShorterPieces) {
+TEST_F(TextAreaTest, DividesALineOfEmojiBetweenThem) {
     Subject subject(longestPieceOfLine);
     std::string text;
     for (int character = 0; character < 500; ++character)

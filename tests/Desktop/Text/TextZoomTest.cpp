@@ -1,4 +1,4 @@
-/// Larger and smaller text in editors, outputs, comparisons and previews.
+/// Zooming the text of editors, outputs, comparisons and previews.
 
 #include "Desktop/Text/TextZoom.h"
 
@@ -24,7 +24,7 @@ namespace {
 
 using Theme::TextStyle;
 
-constexpr int moreThanAllSizes = 50;
+constexpr int moreStepsThanSizes = 50;
 
 struct TextZoomTest : WindowTest {
     ~TextZoomTest() override {
@@ -43,21 +43,21 @@ struct TextZoomTest : WindowTest {
     }
 };
 
-TEST_F(TextZoomTest, GoesUpAndDownByKeyWithinItsBounds) {
+TEST_F(TextZoomTest, KeysZoomInAndOutWithinTheLimits) {
     press(Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_EQ(TextZoom::percent(), 110);
     press(Qt::Key_Equal, Qt::ControlModifier);
     EXPECT_EQ(TextZoom::percent(), 125);
     press(Qt::Key_Minus, Qt::ControlModifier);
     press(Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
-    EXPECT_EQ(TextZoom::percent(), TextZoom::normal) << "the same sizes back";
-    for (int step = 0; step < moreThanAllSizes; ++step)
+    EXPECT_EQ(TextZoom::percent(), TextZoom::normal) << "the same sizes in reverse";
+    for (int step = 0; step < moreStepsThanSizes; ++step)
         press(Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_EQ(TextZoom::percent(), 400);
-    for (int step = 0; step < moreThanAllSizes; ++step)
+    for (int step = 0; step < moreStepsThanSizes; ++step)
         press(Qt::Key_Minus, Qt::ControlModifier);
     EXPECT_EQ(TextZoom::percent(), 50);
-    EXPECT_EQ(screen.text("Input"), "") << "nothing is typed by it";
+    EXPECT_EQ(screen.text("Input"), "") << "the keys type nothing";
 }
 
 TEST_F(TextZoomTest, TheWheelZoomsWithControlAndScrollsWithout) {
@@ -73,7 +73,7 @@ TEST_F(TextZoomTest, TheWheelZoomsWithControlAndScrollsWithout) {
     EXPECT_EQ(TextZoom::percent(), TextZoom::normal);
 }
 
-TEST_F(TextZoomTest, IsTheSameForAllEditorsAlsoOfTheNextScreen) {
+TEST_F(TextZoomTest, AppliesToAllEditorsOfAllScreens) {
     const auto height = screen.editor("Input").font().pixelSize();
     const auto lineHeight = Theme::lineHeight(TextStyle::code);
     for (int step = 0; step < 5; ++step)
@@ -93,7 +93,7 @@ TEST_F(TextZoomTest, IsTheSameForAllEditorsAlsoOfTheNextScreen) {
     EXPECT_EQ(screen.editor("Result").font().pixelSize(), 2 * height);
 }
 
-TEST_F(TextZoomTest, RowsOfAComparisonAndOfATreeGrowWithTheirTexts) {
+TEST_F(TextZoomTest, RowsOfComparisonsAndTreesGrowWithTheirText) {
     const auto rowHeight = [](const RowList& list) {
         return list.visualRect(list.model()->index(0, 0)).height();
     };
@@ -120,7 +120,7 @@ TEST_F(TextZoomTest, RowsOfAComparisonAndOfATreeGrowWithTheirTexts) {
     EXPECT_LT(rowHeight(screen.list("Tree View")), 2 * treeRow);
 }
 
-TEST_F(TextZoomTest, ThePreviewOfMarkdownGrowsToo) {
+TEST_F(TextZoomTest, TheMarkdownPreviewGrows) {
     open(Tool::markdownPreview);
     const auto* preview = window.findChild<QTextBrowser*>();
     const auto sizeOfFirst = [&] {

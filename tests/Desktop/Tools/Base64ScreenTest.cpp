@@ -37,7 +37,7 @@ TEST_F(Base64ScreenTest, EncodesAndCopies) {
     EXPECT_TRUE(screen.hasButton("Copy Base64 Output"));
 }
 
-TEST_F(Base64ScreenTest, DecodesWhatIsPasted) {
+TEST_F(Base64ScreenTest, DecodesPastedText) {
     screen.choose("Decode");
     EXPECT_TRUE(screen.hasEditor("Base64 Input"));
     EXPECT_TRUE(screen.hasEditor("Decoded Text"));
@@ -68,7 +68,7 @@ TEST_F(Base64ScreenTest, ShowsItsMessageUntilTheInputChanges) {
     EXPECT_FALSE(screen.shows("Input is empty"));
 }
 
-TEST_F(Base64ScreenTest, PastingNothingAndClearing) {
+TEST_F(Base64ScreenTest, PastingNothingKeepsTheTextAndClearEmptiesIt) {
     screen.type("Plain Text", "kept");
     screen.press("Paste");
     EXPECT_EQ(screen.text("Plain Text"), "kept");
@@ -78,7 +78,7 @@ TEST_F(Base64ScreenTest, PastingNothingAndClearing) {
     EXPECT_FALSE(screen.shows("Input: 0 characters"));
 }
 
-TEST_F(Base64ScreenTest, AClearedTextComesBackByUndo) {
+TEST_F(Base64ScreenTest, UndoRestoresAClearedText) {
     screen.type("Plain Text", "typed");
     screen.press("Clear");
     screen.undo("Plain Text");

@@ -27,7 +27,7 @@ struct JWTDecoderScreenTest : testing::Test {
 
 constexpr std::string_view token = "eyJhbGciOiJub25lIn0.eyJleHAiOjE3OTUyNTE2MDB9.c2ln"; // exp 1795251600
 
-TEST_F(JWTDecoderScreenTest, ShowsWhatIsInAToken) {
+TEST_F(JWTDecoderScreenTest, ShowsThePartsOfAToken) {
     EXPECT_EQ(screen.placeholder("JWT Token"), "Paste your JWT token here (eyJhbG...)");
     EXPECT_EQ(screen.placeholder("Header"), "Decode to see header");
     EXPECT_EQ(screen.placeholder("Payload"), "Decode to see payload");
@@ -41,14 +41,14 @@ TEST_F(JWTDecoderScreenTest, ShowsWhatIsInAToken) {
     EXPECT_TRUE(screen.shows("Expires: " + *DateText::mediumDateAndTime(1795251600)));
 }
 
-TEST_F(JWTDecoderScreenTest, TellsWhenATokenHasExpired) {
+TEST_F(JWTDecoderScreenTest, ShowsThatATokenHasExpired) {
     fakes.clock.moment = std::chrono::system_clock::time_point(std::chrono::seconds(1795251601));
     decode(token);
     EXPECT_TRUE(screen.shows("Token Expired"));
     EXPECT_FALSE(screen.shows("Token Valid"));
 }
 
-TEST_F(JWTDecoderScreenTest, SaysWhatToTakeOutOfAToken) {
+TEST_F(JWTDecoderScreenTest, HintsWhatToRemoveFromAToken) {
     decode("Bearer " + std::string(token));
     EXPECT_TRUE(screen.shows("Could not decode header"));
     EXPECT_TRUE(screen.shows("Remove \"Bearer \" from the start"));
@@ -62,7 +62,7 @@ TEST_F(JWTDecoderScreenTest, GivesThePayloadTheWidestColumn) {
     EXPECT_LT(screen.editor("Signature").width(), header);
 }
 
-TEST_F(JWTDecoderScreenTest, OffersACopyOnlyOfWhatThereIs) {
+TEST_F(JWTDecoderScreenTest, OffersCopyOnlyForNonemptyPanels) {
     decode("e30.e30.");
     EXPECT_TRUE(screen.hasButton("Copy Header"));
     EXPECT_TRUE(screen.hasButton("Copy Payload"));
@@ -75,7 +75,7 @@ TEST_F(JWTDecoderScreenTest, OffersACopyOnlyOfWhatThereIs) {
     EXPECT_EQ(fakes.clipboard.content, "{}");
 }
 
-TEST_F(JWTDecoderScreenTest, EmptiesItsPanelsWhenTheTokenChanges) {
+TEST_F(JWTDecoderScreenTest, ChangingTheTokenEmptiesThePanels) {
     decode(token);
     screen.type("JWT Token", "x");
     for (const auto panel : {"Header", "Payload", "Signature"})
@@ -88,7 +88,7 @@ TEST_F(JWTDecoderScreenTest, EmptiesItsPanelsWhenTheTokenChanges) {
     EXPECT_TRUE(screen.shows("Invalid JWT format. Expected 3 parts separated by dots."));
 }
 
-TEST_F(JWTDecoderScreenTest, LeavesTheRoomToThePanels) {
+TEST_F(JWTDecoderScreenTest, ThePanelsGetTheRemainingHeight) {
     const auto height = [this](std::string_view panel) {
         return screen.editor(panel).parentWidget()->height();
     };

@@ -26,14 +26,14 @@ struct UUIDGeneratorScreenTest : testing::Test {
     int rowCount() const { return screen.list("History").model()->rowCount(); }
 };
 
-TEST_F(UUIDGeneratorScreenTest, ShowsEveryTextOfAScreenJustOpened) {
+TEST_F(UUIDGeneratorScreenTest, ANewScreenShowsAllItsTexts) {
     for (const auto* label : {"UUID Generator", "Generate UUIDs", "BULK GENERATE", "Count:", "History (1)"})
         EXPECT_TRUE(screen.shows(label)) << label;
     for (const auto* button :
          {"Uppercase", "Hyphens", "Generate New", "Copy UUID", "Generate 5", "Copy All", "Clear"})
         EXPECT_TRUE(screen.hasButton(button)) << button;
     EXPECT_EQ(current().size(), 36U);
-    EXPECT_TRUE(screen.hasButton("Copy " + current())) << "the history has the current one";
+    EXPECT_TRUE(screen.hasButton("Copy " + current())) << "the history contains the current UUID";
 }
 
 TEST_F(UUIDGeneratorScreenTest, GeneratesAndCopies) {
@@ -50,7 +50,7 @@ TEST_F(UUIDGeneratorScreenTest, GeneratesAndCopies) {
     EXPECT_EQ(fakes.clipboard.content, current() + "\n" + first);
 }
 
-TEST_F(UUIDGeneratorScreenTest, ShowsEverythingInTheChosenForm) {
+TEST_F(UUIDGeneratorScreenTest, ShowsAllUUIDsInTheChosenFormat) {
     const auto canonical = current();
     screen.press("Uppercase");
     screen.press("Hyphens");
@@ -64,7 +64,7 @@ TEST_F(UUIDGeneratorScreenTest, ShowsEverythingInTheChosenForm) {
     EXPECT_EQ(current(), canonical);
 }
 
-TEST_F(UUIDGeneratorScreenTest, GeneratesAsManyAsCounted) {
+TEST_F(UUIDGeneratorScreenTest, GeneratesTheChosenCount) {
     auto* count = widget->findChild<QSpinBox*>();
     ASSERT_NE(count, nullptr);
     EXPECT_EQ(count->minimum(), 1);

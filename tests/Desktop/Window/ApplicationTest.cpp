@@ -1,5 +1,5 @@
-/// The whole program as its user meets it, with the real services. Traced, it shows what the program reaches
-/// for.
+/// The whole program with the real services. These tests also run under a tracer, which checks for network
+/// access and for files written.
 
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Window/MainWindow.h"
@@ -26,8 +26,8 @@
 namespace korvane {
 namespace {
 
-/// Far more than what is waited for takes anywhere; only a failure waits that long.
-constexpr int patience = 60'000;
+/// In milliseconds: far longer than the work takes on any machine; only a failure waits that long.
+constexpr int timeout = 60'000;
 
 class ApplicationTest : public ::testing::Test {
 protected:
@@ -41,8 +41,7 @@ protected:
         settle();
     }
 
-    /// Presses, one after the other, the buttons that the tool has at first, except the one for the file
-    /// panel.
+    /// Presses the initial buttons of the tool one after the other, except the one for the file panel.
     void pressEverything() {
         static const QStringList others{"Minimize", "Maximize", "Close", "Choose File"};
         std::vector<QPointer<QAbstractButton>> buttons;
@@ -58,7 +57,9 @@ protected:
     }
 
     /// Waits for work on another thread.
-    static bool comes(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, patience); }
+    static bool holdsInTime(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, timeout);
+    }
 
     /// Chooses `path` in the file panel that is open.
     static void chooseFile(const QString& path) {
@@ -113,17 +114,17 @@ TEST_F(ApplicationTest, ConvertsAPicture) {
     select(Tool::imageConverter);
     screen.press("Choose File");
     chooseFile(folder.filePath("picture.jpg"));
-    ASSERT_TRUE(comes([&] { return screen.hasButton("Remove"); }));
+    ASSERT_TRUE(holdsInTime([&] { return screen.hasButton("Remove"); }));
     screen.press("Apply Transforms");
-    ASSERT_TRUE(comes([&] { return screen.button("Save As...").isEnabled(); }));
+    ASSERT_TRUE(holdsInTime([&] { return screen.button("Save As...").isEnabled(); }));
     screen.press("Save As...");
     const auto converted = folder.filePath("converted.png");
     chooseFile(converted);
-    ASSERT_TRUE(comes([&] { return QFile::exists(converted); }));
+    ASSERT_TRUE(holdsInTime([&] { return QFile::exists(converted); }));
     EXPECT_EQ(QImage(converted).size(), QSize(64, 48));
 }
 
-TEST_F(ApplicationTest, AFontThatTheDesktopHasChosenStays) {
+TEST_F(ApplicationTest, AFontChosenByTheDesktopIsKept) {
     const auto familyFor = [](const char* chosen, const char* family) {
         return Theme::withDefaultFamily(QFont(chosen), "Sans Serif", family).family();
     };
@@ -136,7 +137,7 @@ TEST_F(ApplicationTest, HasAnIconForEverySize) {
     for (const int size : {16, 24, 32, 48, 64, 128}) {
         const auto picture = QApplication::windowIcon().pixmap(size).toImage();
         EXPECT_EQ(picture.size(), QSize(size, size));
-        EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "round at its corners";
+        EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "transparent at its corners";
         EXPECT_EQ(picture.pixelColor(size / 2, size / 2 - size / 40), QColor(Qt::white)) << "the dot";
     }
 }

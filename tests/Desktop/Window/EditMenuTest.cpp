@@ -1,4 +1,4 @@
-/// What the Edit menu does for the control that has the focus, be it a text, a list or a number.
+/// The Edit menu for the focused control: a text, a list or a number.
 
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Lists/RowList.h"
@@ -31,7 +31,7 @@ struct EditMenuTest : WindowTest {
         throw std::runtime_error("no menu item " + title.toStdString());
     }
 
-    /// The items of the Edit menu that can be chosen while the focus is where it is.
+    /// The enabled items of the Edit menu for the focused control.
     std::string editItems() {
         std::string titles;
         auto& menu = *qobject_cast<QMenu*>(editItem("&Undo").parent());
@@ -44,7 +44,7 @@ struct EditMenuTest : WindowTest {
     }
 };
 
-TEST_F(EditMenuTest, OffersWhatTheControlCanDo) {
+TEST_F(EditMenuTest, EnablesTheActionsOfTheFocusedControl) {
     const std::string all = "&Undo &Redo Cu&t &Copy &Paste Select &All ";
     const std::string reading = "&Copy Select &All ";
     EXPECT_EQ(editItems(), all);
@@ -98,7 +98,7 @@ TEST_F(EditMenuTest, CopiesFromLists) {
     EXPECT_TRUE(fakes.clipboard.isSecret);
 }
 
-TEST_F(EditMenuTest, ServesTheNumberInAStepper) {
+TEST_F(EditMenuTest, CopiesAndPastesTheNumberOfAStepper) {
     open(Tool::uuidGenerator);
     auto& stepper = screen.stepper("Count");
     stepper.setFocus();

@@ -1,4 +1,4 @@
-/// The real files, in a folder of their own.
+/// Real files and file panels, in a temporary folder.
 
 #include "Desktop/Window/ServicesQt.h"
 
@@ -42,7 +42,7 @@ protected:
     }
 };
 
-/// While it lives, no file of this process can grow beyond a size: a disk that is full.
+/// Simulates a full disk: limits the size of files that this process writes during its lifetime.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes) {
@@ -67,10 +67,10 @@ TEST_F(FilesTest, WritesAndReads) {
     EXPECT_EQ(files.read(path("Größe 1.png"), 1000), bytes);
     EXPECT_TRUE(files.write(path("Größe 1.png"), "shorter"));
     EXPECT_EQ(content(path("Größe 1.png")), "shorter");
-    EXPECT_EQ(fileCount(), 1) << "nothing is left beside it";
+    EXPECT_EQ(fileCount(), 1) << "no temporary file is left";
 }
 
-TEST_F(FilesTest, SaysWhyItCannotRead) {
+TEST_F(FilesTest, ReportsWhyAFileCannotBeRead) {
     EXPECT_EQ(files.read(path("gone"), 1000).error(), "No such file or directory");
     EXPECT_FALSE(files.read(folder.path().toStdString(), 1000));
     EXPECT_FALSE(files.read("/dev/zero", 1000)) << "it never ends";
@@ -80,7 +80,7 @@ TEST_F(FilesTest, SaysWhyItCannotRead) {
     EXPECT_EQ(files.read(path("large"), 1000).error(), "The file is too large");
 }
 
-TEST_F(FilesTest, AFullDiskLeavesTheOldFileAndNothingElse) {
+TEST_F(FilesTest, AFailedWriteKeepsTheOldFileAndLeavesNoOther) {
     ASSERT_TRUE(files.write(path("picture"), "old"));
     {
         const FullDisk disk(4096);
@@ -91,18 +91,18 @@ TEST_F(FilesTest, AFullDiskLeavesTheOldFileAndNothingElse) {
     EXPECT_EQ(fileCount(), 1);
 }
 
-TEST_F(FilesTest, AMissingOrForbiddenFolderIsAnError) {
+TEST_F(FilesTest, WritingToAMissingOrForbiddenFolderFails) {
     EXPECT_FALSE(files.write(path("gone/picture"), "bytes"));
     EXPECT_FALSE(files.write("/proc/picture", "bytes"));
     EXPECT_FALSE(files.write(folder.path().toStdString(), "bytes")) << "it is a folder";
     if (geteuid() == 0)
-        return; // to the superuser nothing is forbidden
+        return; // the superuser may write anywhere
     std::filesystem::permissions(folder.path().toStdString(), std::filesystem::perms::owner_read);
     EXPECT_FALSE(files.write(path("picture"), "bytes"));
     std::filesystem::permissions(folder.path().toStdString(), std::filesystem::perms::owner_all);
 }
 
-/// The window of that kind that is open, or none.
+/// The open window of the given type; null if there is none.
 template <typename Window>
 Window* openWindow() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -137,7 +137,7 @@ struct PanelsTest : FilesTest {
     }
 };
 
-TEST_F(PanelsTest, APathThatIsChosenHasAnExtensionOfTheKind) {
+TEST_F(PanelsTest, AChosenPathHasAnExtensionOfItsKind) {
     for (const auto& [typed, expected] : {std::pair{"photo.jpeg", "photo.jpeg"},
                                           {"wrong.png", "wrong.jpg"},
                                           {"photo v1.2", "photo v1.2.jpg"},
@@ -149,26 +149,26 @@ TEST_F(PanelsTest, APathThatIsChosenHasAnExtensionOfTheKind) {
     }
 }
 
-TEST_F(PanelsTest, AsksBeforeAFileIsReplacedWhoseNameWasNotTyped) {
+TEST_F(PanelsTest, AsksBeforeReplacingAFileWhoseNameWasNotTyped) {
     files.write(path("photo.jpg"), "old");
     ask();
     confirm(path("photo.png"));
-    EXPECT_EQ(chosen, "") << "not before the question is answered";
+    EXPECT_EQ(chosen, "") << "nothing before the question is answered";
     answer(QMessageBox::No);
     EXPECT_EQ(chosen, "");
-    confirm(path("photo.png")); // the panel has come back
+    confirm(path("photo.png")); // the panel is open again
     answer(QMessageBox::Yes);
     EXPECT_EQ(chosen, path("photo.jpg"));
     EXPECT_FALSE(openWindow<QFileDialog>());
 }
 
-TEST_F(PanelsTest, OffersAllFilesToo) {
+TEST_F(PanelsTest, OffersAllFilesBesideTheKind) {
     panels.open({.name = "Images", .extensions = {"png"}},
                 [this](std::string path) { chosen = std::move(path); });
     auto* panel = openWindow<QFileDialog>();
     ASSERT_TRUE(panel);
     EXPECT_EQ(panel->nameFilters(), QStringList({"Images (*.png *.PNG)", "All files (*)"}));
-    EXPECT_TRUE(panel->testOption(QFileDialog::HideNameFilterDetails)) << "without the long list";
+    EXPECT_TRUE(panel->testOption(QFileDialog::HideNameFilterDetails)) << "without the list of extensions";
     panel->close();
 }
 

@@ -60,14 +60,14 @@ struct MainWindowTest : testing::Test {
     }
 };
 
-TEST_F(MainWindowTest, OpensOnTheJSONFormatterReadyForText) {
+TEST_F(MainWindowTest, OpensOnTheJSONFormatterWithTheInputFocused) {
     EXPECT_TRUE(screen.shows("JSON Formatter"));
     EXPECT_TRUE(screen.hasButton("Prettify"));
     EXPECT_EQ(screen.list("Tools").currentRow(), 0);
     EXPECT_EQ(window.focusWidget(), &screen.editor("Input"));
 }
 
-TEST_F(MainWindowTest, IsAsLargeAsTheScreenHasRoomFor) {
+TEST_F(MainWindowTest, ItsSizesFitTheScreen) {
     struct Row {
         QSize available, initial, minimum;
     };
@@ -87,12 +87,12 @@ TEST_F(MainWindowTest, IsAsLargeAsTheScreenHasRoomFor) {
     EXPECT_EQ(fresh.minimumSize(), sizes.minimum);
 }
 
-TEST_F(MainWindowTest, FitsIntoItsMinimum) {
+TEST_F(MainWindowTest, ItsContentFitsIntoTheMinimumSize) {
     EXPECT_LE(window.minimumSizeHint().width(), Theme::px(900));
     EXPECT_LE(window.minimumSizeHint().height(), Theme::px(600));
 }
 
-TEST_F(MainWindowTest, ScrollsSidewaysWhereTheScreenIsTooSmall) {
+TEST_F(MainWindowTest, ScrollsHorizontallyWhereTheScreenIsTooSmall) {
     window.store().perform([](ContentView& state) { state.selectedTool = Tool::imageConverter; });
     settle();
     const auto* body = window.findChild<QScrollArea*>();
@@ -108,7 +108,7 @@ TEST_F(MainWindowTest, ScrollsSidewaysWhereTheScreenIsTooSmall) {
     EXPECT_EQ(screen.picker("Flip").visibleRegion(), screen.picker("Flip").rect());
 }
 
-TEST_F(MainWindowTest, KeepsTheSidebarBetweenItsBounds) {
+TEST_F(MainWindowTest, KeepsTheSidebarWidthWithinItsLimits) {
     auto* splitter = window.findChild<QSplitter*>();
     EXPECT_EQ(splitter->sizes().front(), Theme::px(280));
     const auto drag = [&](int distance) {
@@ -125,7 +125,7 @@ TEST_F(MainWindowTest, KeepsTheSidebarBetweenItsBounds) {
     EXPECT_EQ(splitter->sizes().front(), Theme::px(320));
 }
 
-TEST_F(MainWindowTest, ControlAndADigitSelectsAlsoFromAnEditor) {
+TEST_F(MainWindowTest, ControlAndADigitSelectAToolFromAnyControl) {
     for (const auto tool : allCases<Tool>) {
         const auto digit = keyboardShortcut(tool);
         if (!digit)
@@ -159,13 +159,13 @@ TEST_F(MainWindowTest, TheFocusRingFollowsTheFocusFromScreenToScreen) {
     screen.button("Clear").setFocus();
     EXPECT_TRUE(ringOn(screen.button("Clear")));
     EXPECT_FALSE(ringOn(screen.editor("Plain Text")));
-    QTest::keyClick(&window, '3', Qt::ControlModifier); // nothing there to take the focus
+    QTest::keyClick(&window, '3', Qt::ControlModifier);
     QTest::keyClick(&window, '1', Qt::ControlModifier);
     settle();
     EXPECT_TRUE(ringOn(screen.editor("Input")));
 }
 
-TEST_F(MainWindowTest, AScreenWithNothingToTypeIntoBeginsWithItsAction) {
+TEST_F(MainWindowTest, AScreenWithoutAnEditorFocusesItsAction) {
     QTest::keyClick(&window, '6', Qt::ControlModifier);
     ASSERT_EQ(selectedTool(), Tool::uuidGenerator);
     EXPECT_EQ(window.focusWidget(), &screen.button("Generate New"));
@@ -173,7 +173,7 @@ TEST_F(MainWindowTest, AScreenWithNothingToTypeIntoBeginsWithItsAction) {
     EXPECT_EQ(window.focusWidget(), &screen.button("Hyphens"));
 }
 
-TEST_F(MainWindowTest, AScreenStartsFromItsDefaultsEveryTime) {
+TEST_F(MainWindowTest, AToolSelectedAgainStartsFromItsDefaults) {
     screen.type("Input", "[1]");
     screen.press("Prettify");
     QTest::keyClick(&window, '2', Qt::ControlModifier);
@@ -185,7 +185,7 @@ TEST_F(MainWindowTest, AScreenStartsFromItsDefaultsEveryTime) {
     EXPECT_EQ(screen.text("Input"), "[1]") << "the tool was selected already";
 }
 
-TEST_F(MainWindowTest, TheMenuAnnouncesAToolAndChangesNothing) {
+TEST_F(MainWindowTest, TheMenuPostsANotificationAndSelectsNothing) {
     menuItem("&File", "Base64").trigger();
     ASSERT_EQ(fakes.posted.size(), 1U);
     EXPECT_EQ(fakes.posted.front(), (std::pair<std::string, Tool>("selectTool", Tool::base64)));
@@ -200,7 +200,7 @@ TEST_F(MainWindowTest, TheMenuListsAllToolsWithTheirShortcuts) {
             .toStdString();
     };
     for (const auto tool : allCases<Tool>)
-        EXPECT_EQ(keysOf(tool), "") << "a closed menu has no claim to them";
+        EXPECT_EQ(keysOf(tool), "") << "a closed menu has no shortcuts";
     QTest::keyClick(&window, Qt::Key_F10);
     for (const auto tool : allCases<Tool>) {
         const auto digit = keyboardShortcut(tool);
@@ -233,7 +233,7 @@ TEST_F(MainWindowTest, TheEditMenuActsOnTheEditorWithTheFocus) {
     EXPECT_EQ(screen.text("Input"), "abcabc");
 }
 
-TEST_F(MainWindowTest, TheEditMenuHasNothingToActOnInAList) {
+TEST_F(MainWindowTest, TheEditMenuDoesNothingInTheToolList) {
     screen.type("Input", "abc");
     screen.list("Tools").setFocus();
     menuItem("&Edit", "Select &All").trigger();
@@ -241,7 +241,7 @@ TEST_F(MainWindowTest, TheEditMenuHasNothingToActOnInAList) {
     EXPECT_EQ(screen.text("Input"), "abc");
 }
 
-TEST_F(MainWindowTest, TheSearchFiltersTheToolsAndLeavesTheSelection) {
+TEST_F(MainWindowTest, TheSearchFiltersTheToolsAndKeepsTheSelection) {
     EXPECT_EQ(tools().size(), allCases<Tool>.size());
     EXPECT_FALSE(screen.hasButton("Clear search"));
     search().setFocus();
@@ -255,12 +255,12 @@ TEST_F(MainWindowTest, TheSearchFiltersTheToolsAndLeavesTheSelection) {
     QTest::keyClicks(&search(), "no such tool");
     EXPECT_TRUE(tools().empty());
     QTest::keyClick(&search(), Qt::Key_Down);
-    EXPECT_EQ(window.focusWidget(), &search()) << "there is nothing to go down to";
+    EXPECT_EQ(window.focusWidget(), &search()) << "the list is empty";
     QTest::keyClick(&search(), Qt::Key_Escape);
     EXPECT_EQ(tools().size(), allCases<Tool>.size());
 }
 
-TEST_F(MainWindowTest, TheListIsUsedByKeyboard) {
+TEST_F(MainWindowTest, TheToolListCanBeUsedByKeyboard) {
     search().setFocus();
     QTest::keyClicks(&search(), "generate");
     QTest::keyClick(&search(), Qt::Key_Down);
@@ -274,10 +274,10 @@ TEST_F(MainWindowTest, TheListIsUsedByKeyboard) {
     EXPECT_EQ(window.focusWidget(), &list);
     QTest::keyClick(&list, Qt::Key_Return);
     EXPECT_EQ(selectedTool(), Tool::uuidGenerator);
-    EXPECT_EQ(window.focusWidget(), &screen.button("Generate New")) << "Return goes to the screen";
+    EXPECT_EQ(window.focusWidget(), &screen.button("Generate New")) << "Return focuses the screen";
 }
 
-TEST_F(MainWindowTest, ARowsToolTipTellsPurposeAndKeys) {
+TEST_F(MainWindowTest, AToolTipShowsDescriptionAndShortcut) {
     const auto toolTip = [&](int row) {
         return screen.list("Tools").model()->index(row, 0).data(Qt::ToolTipRole).toString();
     };
@@ -285,7 +285,7 @@ TEST_F(MainWindowTest, ARowsToolTipTellsPurposeAndKeys) {
     EXPECT_EQ(toolTip(10), "Transform text case and lines");
 }
 
-TEST_F(MainWindowTest, AClickSelects) {
+TEST_F(MainWindowTest, AClickSelectsAToolAndFocusesItsInput) {
     auto& list = screen.list("Tools");
     const auto row = list.visualRect(list.model()->index(1, 0));
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, row.center());
@@ -293,7 +293,7 @@ TEST_F(MainWindowTest, AClickSelects) {
     EXPECT_EQ(window.focusWidget(), &screen.editor("Plain Text"));
 }
 
-TEST_F(MainWindowTest, WithoutASelectionItWelcomes) {
+TEST_F(MainWindowTest, WithoutASelectionItShowsTheWelcomeScreen) {
     window.store().perform([](ContentView& state) { state.selectedTool.reset(); });
     settle();
     EXPECT_TRUE(screen.shows("Select a tool from the sidebar to get started"));
@@ -303,7 +303,7 @@ TEST_F(MainWindowTest, WithoutASelectionItWelcomes) {
     EXPECT_TRUE(screen.hasButton("Prettify"));
 }
 
-TEST_F(MainWindowTest, TheWindowButtonsAndADoubleClickWork) {
+TEST_F(MainWindowTest, TheWindowButtonsAndADoubleClickOnTheStripWork) {
     screen.press("Maximize");
     EXPECT_TRUE(window.isMaximized());
     screen.press("Maximize");
@@ -322,7 +322,7 @@ TEST_F(MainWindowTest, ARefreshPerformsNoOperation) {
     EXPECT_EQ(window.store().operationCount(), before);
 }
 
-TEST_F(MainWindowTest, ChangesItsLookWhileItRuns) {
+TEST_F(MainWindowTest, ChangesItsColorSchemeWhileRunning) {
     window.showScheme(Theme::Scheme::light);
     const auto light = window.grab().toImage();
     window.showScheme(Theme::Scheme::dark);

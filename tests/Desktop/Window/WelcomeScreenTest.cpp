@@ -27,7 +27,7 @@ struct WelcomeScreenTest : testing::Test {
             if (label->text() == qString(text))
                 return *label;
         }
-        throw std::runtime_error("no label says " + std::string(text));
+        throw std::runtime_error("no label has the text " + std::string(text));
     }
 
     static std::vector<GlyphLabel*> glyphs(const QWidget& parent) {
@@ -39,7 +39,7 @@ struct WelcomeScreenTest : testing::Test {
         return found;
     }
 
-    /// What `widget` paints, without what lies below it.
+    /// The painting of `widget` without its background and its children.
     static QImage picture(QWidget& widget) {
         QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
@@ -53,13 +53,13 @@ struct WelcomeScreenTest : testing::Test {
     }
 };
 
-TEST_F(WelcomeScreenTest, SaysWhatToDo) {
+TEST_F(WelcomeScreenTest, ShowsItsTextsAndGlyph) {
     EXPECT_TRUE(screen.shows("Korvane"));
     EXPECT_TRUE(screen.shows("Select a tool from the sidebar to get started"));
     EXPECT_EQ(picture(*glyphs(*widget).front()), glyphPicture("hammer.fill", 64, GlyphLabel::Brand()));
 }
 
-TEST_F(WelcomeScreenTest, ShowsFourToolsSideBySideWhichAreNoButtons) {
+TEST_F(WelcomeScreenTest, ShowsFourToolsSideBySideWithoutButtons) {
     struct Tile {
         std::string_view name;
         std::string_view icon;

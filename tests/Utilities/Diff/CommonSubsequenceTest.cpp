@@ -47,32 +47,31 @@ Identities edited(std::mt19937& random, const Identities& list, unsigned share, 
     return result;
 }
 
-/// Limits so tight that even short lists take several attempts, snapshots of snapshots, and records of a few
-/// rows.
+/// Limits so tight that even short lists take several attempts, nested snapshots, and records of a few rows.
 constexpr TableLimits tight = {
     .minEdits = 1, .editShare = 1000, .widening = 2, .snapshots = 2, .recordedWords = 4};
 
-void expectTheNaiveOutcome(const Identities& a, const Identities& b, const TableLimits& limits) {
+void expectTheNaiveResult(const Identities& a, const Identities& b, const TableLimits& limits) {
     const auto expected = support::naiveSubsequence(a, b);
     ASSERT_EQ(longestCommonSubsequence(a, b, {}, limits), expected)
         << ::testing::PrintToString(a) << " and " << ::testing::PrintToString(b);
 }
 
-TEST(CommonSubsequence, TakesTheTableWalksChoice) {
-    struct RowOfTest {
+TEST(CommonSubsequence, BreaksTiesAsTheTableWalkDoes) {
+    struct SubsequenceRow {
         std::string_view name;
         Identities a;
         Identities b;
         Identities expected;
     };
 
-    const std::vector<RowOfTest> rows = {
+    const std::vector<SubsequenceRow> rows = {
         {"the same", {1, 2, 3}, {1, 2, 3}, {1, 2, 3}},
         {"nothing in common", {0, 1}, {2, 3}, {}},
         {"one of two, exchanged: the tie goes along the second list", {0, 1}, {1, 0}, {1}},
         {"one of three, reversed", {0, 1, 2}, {2, 1, 0}, {2}},
         {"between equal ends", {7, 0, 1, 7}, {7, 1, 0, 7}, {7, 1, 7}},
-        {"with a stranger between", {0, 9, 1}, {1, 0, 8}, {1}},
+        {"with a foreign element between", {0, 9, 1}, {1, 0, 8}, {1}},
         {"one empty", {}, {1}, {}},
         {"both empty", {}, {}, {}},
     };
@@ -98,7 +97,7 @@ TEST(CommonSubsequence, AgreesWithTheTableOnAllShortLists) {
     }
     for (const auto& a : lists) {
         for (const auto& b : lists)
-            ASSERT_NO_FATAL_FAILURE(expectTheNaiveOutcome(a, b, {}));
+            ASSERT_NO_FATAL_FAILURE(expectTheNaiveResult(a, b, {}));
     }
 }
 
@@ -108,7 +107,7 @@ TEST(CommonSubsequence, AgreesWithTheTableOnRandomLists) {
         const auto alphabet = 1 + static_cast<LineIdentity>(random() % (pair % 2 == 0 ? 4 : 60));
         const auto a = randomIdentities(random, random() % 40, alphabet);
         const auto b = randomIdentities(random, random() % 40, alphabet);
-        ASSERT_NO_FATAL_FAILURE(expectTheNaiveOutcome(a, b, pair % 3 == 0 ? tight : TableLimits()));
+        ASSERT_NO_FATAL_FAILURE(expectTheNaiveResult(a, b, pair % 3 == 0 ? tight : TableLimits()));
     }
 }
 
@@ -118,7 +117,7 @@ TEST(CommonSubsequence, AgreesWithTheTableOnEditedLists) {
         const auto alphabet = 1 + static_cast<LineIdentity>(random() % (pair % 2 == 0 ? 4 : 60));
         const auto a = randomIdentities(random, random() % 60, alphabet);
         const auto b = edited(random, a, 1 + static_cast<unsigned>(random() % 8), alphabet);
-        ASSERT_NO_FATAL_FAILURE(expectTheNaiveOutcome(a, b, pair % 3 == 0 ? TableLimits() : tight));
+        ASSERT_NO_FATAL_FAILURE(expectTheNaiveResult(a, b, pair % 3 == 0 ? TableLimits() : tight));
     }
 }
 
@@ -134,12 +133,12 @@ TEST(CommonSubsequence, AgreesWithTheTableOnListsOfManyWords) {
                                     .widening = 2 + random() % 3,
                                     .snapshots = 2 + random() % 6,
                                     .recordedWords = random() % 200};
-        ASSERT_NO_FATAL_FAILURE(expectTheNaiveOutcome(a, b, limits));
-        ASSERT_NO_FATAL_FAILURE(expectTheNaiveOutcome(b, a, {}));
+        ASSERT_NO_FATAL_FAILURE(expectTheNaiveResult(a, b, limits));
+        ASSERT_NO_FATAL_FAILURE(expectTheNaiveResult(b, a, {}));
     }
 }
 
-RC_GTEST_PROP(CommonSubsequence, IsTheTablesForWhateverLists, ()) {
+RC_GTEST_PROP(CommonSubsequence, AgreesWithTheTableOnArbitraryLists, ()) {
     const auto element = rc::gen::inRange<LineIdentity>(0, *rc::gen::inRange<LineIdentity>(1, 12));
     const auto a = *rc::gen::container<Identities>(element);
     const auto b = *rc::gen::container<Identities>(element);
@@ -147,15 +146,15 @@ RC_GTEST_PROP(CommonSubsequence, IsTheTablesForWhateverLists, ()) {
     RC_ASSERT(longestCommonSubsequence(a, b, {}, tight) == support::naiveSubsequence(a, b));
 }
 
-TEST(CommonSubsequence, OfALongListAndItsReverseHasOneElement) {
+TEST(CommonSubsequence, ALongListAndItsReverseHaveOneCommonElement) {
     Identities a(30'000);
     std::iota(a.begin(), a.end(), LineIdentity{0});
     const Identities b(a.rbegin(), a.rend());
     EXPECT_EQ(longestCommonSubsequence(a, b), Identities{29'999});
 }
 
-TEST(CommonSubsequence, GivesNothingOnceItIsStopped) {
-    const auto stop = std::make_unique<std::stop_source>(); // as a local variable it is warned of
+TEST(CommonSubsequence, ReturnsNothingOnceStopped) {
+    const auto stop = std::make_unique<std::stop_source>(); // a local variable causes a warning
     stop->request_stop();
     EXPECT_EQ(longestCommonSubsequence(Identities{0, 1}, Identities{1, 0}, stop->get_token()), std::nullopt);
 }

@@ -52,7 +52,7 @@ constexpr JSONFormatterRow jsonFormatterRows[] = {
      R"(["\"\\\b\f\n\r\t"])"},
     {"escapes of control characters", R"(["\u0000\u0008\u000B\u001F\u007F"])",
      "[\n  \"\\u0000\\b\\u000b\\u001f\x7f\"\n]", "[\"\\u0000\\b\\u000b\\u001f\x7f\"]"},
-    {"all else stands as it is", R"(["\u00e4\u2028\ud83d\udc69","ä\u2028👩","<>&'"])",
+    {"all other characters unescaped", R"(["\u00e4\u2028\ud83d\udc69","ä\u2028👩","<>&'"])",
      "[\n  \"ä\u2028👩\",\n  \"ä\u2028👩\",\n  \"<>&'\"\n]", "[\"ä\u2028👩\",\"ä\u2028👩\",\"<>&'\"]"},
     {"numbers by their value", "[1.0,1e3,-0,1.50,17478252242305210114,1e400,-0.0]",
      "[\n  1,\n  1000,\n  -0,\n  1.5,\n  17478252242305210114,\n  1e400,\n  -0\n]",
@@ -69,7 +69,7 @@ TEST(JSONFormatter, WritesTheExactLayout) {
     }
 }
 
-TEST(JSONFormatter, IgnoresTheIndentation) {
+TEST(JSONFormatter, IgnoresTheIndentArgument) {
     constexpr std::string_view text = R"({"a":[1,{"b":2}]})";
     const auto expected = JSONFormatter::prettify(text, 2);
     ASSERT_TRUE(expected);
@@ -83,7 +83,7 @@ void expectFailure(std::string_view input, const JSONError& error) {
     EXPECT_EQ(JSONFormatter::validate(input), std::unexpected(error)) << input;
 }
 
-TEST(JSONFormatter, FindsNothingInWhiteSpace) {
+TEST(JSONFormatter, WhiteSpaceAloneIsEmptyInput) {
     for (const std::string_view input : {"", " ", "\t\r\n \n", "\u00A0\u2003\u2028\u0085\v\f"}) {
         expectFailure(input, JSONError::emptyInput());
         EXPECT_EQ(JSONFormatter::parseToTree(input), std::unexpected(JSONError::emptyInput()));
@@ -91,7 +91,7 @@ TEST(JSONFormatter, FindsNothingInWhiteSpace) {
     EXPECT_EQ(JSONError::emptyInput().errorDescription(), "Input is empty");
 }
 
-TEST(JSONFormatter, SaysSoWhenTheInputIsNotText) {
+TEST(JSONFormatter, ReportsInputThatIsNotUTF8) {
     const auto error = JSONError::invalidJSON("Could not encode input");
     for (const std::string_view input : {"\xff", "[\"\xc3\"]", "no JSON either \xed\xa0\x80"}) {
         expectFailure(input, error);
@@ -100,20 +100,19 @@ TEST(JSONFormatter, SaysSoWhenTheInputIsNotText) {
     EXPECT_EQ(error.errorDescription(), "Invalid JSON: Could not encode input");
 }
 
-TEST(JSONFormatter, PassesOnWhatTheReaderFound) {
+TEST(JSONFormatter, ReportsTheErrorOfTheReader) {
     constexpr std::string_view input = "{\n  \"a\" : 1,\n}";
     const auto error = JSONError::invalidJSON(
         R"(Unexpected "}" at line 3, column 1; expected a member name in double quotes)");
     expectFailure(input, error);
     EXPECT_EQ(JSONFormatter::parseToTree(input), std::unexpected(error));
     EXPECT_EQ(error.errorDescription(), "Invalid JSON: " + error.message);
-    // Only JSON's own white space may stand around a document, though more is trimmed to see whether there is
-    // one.
+    // Only JSON's own white space may surround a document; the check for empty input trims more.
     expectFailure("\u00A0[]", JSONError::invalidJSON(
                                   "Unexpected U+00A0 at line 1, column 1; expected an object or an array"));
 }
 
-TEST(JSONFormatter, TakesALoneScalarForATreeOnly) {
+TEST(JSONFormatter, AcceptsALoneScalarForTheTreeOnly) {
     expectFailure("42", JSONError::invalidJSON(
                             R"(Unexpected "42" at line 1, column 1; expected an object or an array)"));
     const auto tree = JSONFormatter::parseToTree("42");
@@ -143,7 +142,7 @@ void expectChildren(const JSONNode& node, std::initializer_list<Child> children)
     }
 }
 
-TEST(JSONFormatter, ShowsEachKindOfValueInTheTree) {
+TEST(JSONFormatter, TreeShowsEveryTypeOfValue) {
     const auto array =
         JSONFormatter::parseToTree(R"([true, 1, "x", null, false, 0, 1.50, "a\"\n/", [], {}, 1e400])");
     ASSERT_TRUE(array);
@@ -165,7 +164,7 @@ TEST(JSONFormatter, ShowsEachKindOfValueInTheTree) {
                            });
 }
 
-TEST(JSONFormatter, SortsTheChildrenOfAnObject) {
+TEST(JSONFormatter, TreeSortsTheMembersOfAnObject) {
     const auto object = JSONFormatter::parseToTree(R"({"b":[3,1,2],"a\n":{"d":1,"c":2},"B":"","b":{}})");
     ASSERT_TRUE(object);
     expectChildren(*object, {
@@ -179,7 +178,7 @@ TEST(JSONFormatter, SortsTheChildrenOfAnObject) {
                                         });
 }
 
-TEST(JSONFormatter, TellsOfDuplicateNames) {
+TEST(JSONFormatter, ReportsDuplicateNames) {
     using JSONFormatter::DuplicateNames;
     const std::string_view text = R"({"a":1,"b":[{"a":2,"a":3}],"b":0})";
     const DuplicateNames expected{2, "a"};
@@ -219,16 +218,16 @@ TEST(JSONFormatter, DescribesDuplicateNamesOnOneLine) {
         EXPECT_EQ(duplicates.description(), description);
 }
 
-void gatherIdentifiers(const JSONNode& node, std::unordered_set<UUID>& identifiers) {
+void collectIdentifiers(const JSONNode& node, std::unordered_set<UUID>& identifiers) {
     identifiers.insert(node.id);
     for (const auto& child : node.children)
-        gatherIdentifiers(child, identifiers);
+        collectIdentifiers(child, identifiers);
 }
 
-TEST(JSONFormatter, GivesEveryNodeAnIdentifierOfItsOwn) {
+TEST(JSONFormatter, GivesEveryNodeAUniqueIdentifier) {
     std::unordered_set<UUID> identifiers;
     for (int i = 0; i < 2; ++i)
-        gatherIdentifiers(*JSONFormatter::parseToTree("[[1,2],{\"a\":[]}]"), identifiers);
+        collectIdentifiers(*JSONFormatter::parseToTree("[[1,2],{\"a\":[]}]"), identifiers);
     EXPECT_EQ(identifiers.size(), 12U);
 }
 
@@ -240,7 +239,7 @@ TEST(JSONFormatter, CopiesAndFreesTheDeepestTree) {
     EXPECT_FALSE(JSONFormatter::parseToTree(std::string(100'000, '[')));
 }
 
-TEST(JSONFormatter, KnowsTheFactsOfEveryType) {
+TEST(JSONFormatter, EveryTypeHasItsNameAndIcon) {
     const std::vector<std::pair<std::string_view, std::string_view>> expected = {
         {"object", "curlybraces"},   {"array", "brackets"},        {"string", "textformat"},
         {"number", "number"},        {"bool", "checkmark.circle"}, {"null", "circle.slash"},
@@ -253,8 +252,8 @@ TEST(JSONFormatter, KnowsTheFactsOfEveryType) {
     }
 }
 
-TEST(JSONFormatter, RefusesToIndentBeyondAllBounds) {
-    // Half a million elements below 511 brackets: a small text whose lines would be 1025 characters long.
+TEST(JSONFormatter, RefusesOutputLongerThanOneGiB) {
+    // 1.1 million elements inside 511 brackets: a small text whose lines would be 1025 characters long.
     std::string text(511, '[');
     for (int i = 0; i < 1'100'000; ++i)
         text += "[],";
@@ -265,7 +264,7 @@ TEST(JSONFormatter, RefusesToIndentBeyondAllBounds) {
     EXPECT_EQ(JSONFormatter::minify(text), text);
 }
 
-TEST(JSONFormatter, WritesStringsThatAreLongerThanAnyBuffer) {
+TEST(JSONFormatter, WritesVeryLongStrings) {
     const std::string plain(100'000, 'x');
     std::string slashes;
     std::string escapedSlashes;
@@ -295,7 +294,7 @@ TEST(JSONWriter, WritesAnyPartOfADocument) {
               "{\n  \"b\" : 2,\n  \"c\" : [\n    1\n  ]\n}");
 }
 
-RC_GTEST_PROP(JSONFormatter, KeepsEveryDocument, ()) {
+RC_GTEST_PROP(JSONFormatter, WritesAnyDocumentAsTheModelDoes, ()) {
     const auto model = support::randomJSONModel();
     const auto text = support::randomJSONText(model);
     RC_ASSERT(JSONFormatter::minify(text).value() == support::expectedMinified(model));
@@ -303,7 +302,7 @@ RC_GTEST_PROP(JSONFormatter, KeepsEveryDocument, ()) {
     RC_ASSERT(JSONFormatter::validate(text).has_value());
 }
 
-RC_GTEST_PROP(JSONFormatter, ReadsBackWhatItWrites, ()) {
+RC_GTEST_PROP(JSONFormatter, FormattingItsOutputAgainChangesNothing, ()) {
     const auto text = support::randomJSONText(support::randomJSONModel());
     const auto minified = JSONFormatter::minify(text).value();
     const auto prettified = JSONFormatter::prettify(text, 2).value();
@@ -313,7 +312,7 @@ RC_GTEST_PROP(JSONFormatter, ReadsBackWhatItWrites, ()) {
     RC_ASSERT(JSONFormatter::prettify(minified, 2).value() == prettified);
 }
 
-RC_GTEST_PROP(JSONFormatter, GivesTheSameTextWhateverTheOrderOfMembers, ()) {
+RC_GTEST_PROP(JSONFormatter, OutputIsIndependentOfTheOrderOfMembers, ()) {
     const auto model = support::randomJSONModel();
     const auto text = support::randomJSONText(model);
     const auto reordered = support::randomJSONText(model);
@@ -329,7 +328,7 @@ std::string outline(const JSONNode& node) {
     return text + ")";
 }
 
-RC_GTEST_PROP(JSONFormatter, ShowsTheSameTreeOfTheSameDocument, ()) {
+RC_GTEST_PROP(JSONFormatter, TreeIsTheSameAfterPrettifying, ()) {
     const auto text = support::randomJSONText(support::randomJSONModel());
     RC_ASSERT(outline(*JSONFormatter::parseToTree(text)) ==
               outline(*JSONFormatter::parseToTree(*JSONFormatter::prettify(text, 2))));

@@ -11,7 +11,7 @@
 namespace korvane {
 namespace {
 
-TEST(JSONFuzzSeeds, KeepEveryProperty) {
+TEST(JSONFuzzSeeds, HoldEveryProperty) {
     int seeds = 0;
     for (const auto& entry : std::filesystem::directory_iterator(KORVANE_FUZZ_CORPUS "/JSONFormatter")) {
         std::ifstream file(entry.path(), std::ios::binary);
@@ -22,8 +22,8 @@ TEST(JSONFuzzSeeds, KeepEveryProperty) {
     EXPECT_GT(seeds, 0);
 }
 
-RC_GTEST_PROP(JSONFuzzSeeds, KeepEveryPropertyWhenCutAndMixed, ()) {
-    // Pieces of the language in any order get further than any bytes would.
+RC_GTEST_PROP(JSONFuzzSeeds, RandomTokensHoldEveryProperty, ()) {
+    // Random tokens get further into the reader than random bytes.
     const auto pieces =
         *rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(std::vector<std::string>{
             "{",       "}",       "[",  "]",    ",",    ":",    "\"",      "\"a\"", "\"b\":", "1",

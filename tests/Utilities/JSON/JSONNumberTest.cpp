@@ -57,7 +57,7 @@ constexpr JSONNumberRow jsonNumberRows[] = {
     {"12345678901234567890.12345678901234567890", "12345678901234567890.1234567890123456789"},
     {"12345678901234567890.123456789012345678901", "1.2345678901234567890123456789012345678901e19"},
     {"0.1000000000000000000000000000000000000000000000", "0.1"},
-    // exponents that no machine number holds
+    // exponents beyond every integer type
     {"1e99999999999999999999999", "1e99999999999999999999999"},
     {"1e+00099999999999999999999999", "1e99999999999999999999999"},
     {"10e99999999999999999999999", "1e100000000000000000000000"},
@@ -67,7 +67,7 @@ constexpr JSONNumberRow jsonNumberRows[] = {
     {"0.01e-99999999999999999999999", "1e-100000000000000000000001"},
 };
 
-TEST(JSONNumber, IsWrittenByItsValue) {
+TEST(JSONNumber, IsWrittenInCanonicalForm) {
     for (const auto& [literal, expected] : jsonNumberRows) {
         EXPECT_EQ(JSON::canonicalNumber(literal), expected) << literal;
         const auto document = JSON::parse(literal, {.fragmentsAllowed = true});
@@ -76,12 +76,12 @@ TEST(JSONNumber, IsWrittenByItsValue) {
     }
 }
 
-TEST(JSONNumber, StaysAsItIsOnceWritten) {
+TEST(JSONNumber, CanonicalFormStaysUnchanged) {
     for (const auto& row : jsonNumberRows)
         EXPECT_EQ(JSON::canonicalNumber(row.expected), row.expected);
 }
 
-TEST(JSONNumber, TakesLinearTimeWhateverTheExponent) {
+TEST(JSONNumber, IsConvertedInLinearTimeForAnyExponent) {
     const std::string manyDigits(1'000'000, '7');
     EXPECT_EQ(JSON::canonicalNumber("1e" + manyDigits), "1e" + manyDigits);
     EXPECT_EQ(JSON::canonicalNumber("0." + std::string(1'000'000, '0') + "5e1000001"), "5");
@@ -89,7 +89,7 @@ TEST(JSONNumber, TakesLinearTimeWhateverTheExponent) {
               "7." + manyDigits.substr(1) + "e-1");
 }
 
-TEST(JSONNumber, IsTheNearestDouble) {
+TEST(JSONNumber, ConvertsToTheNearestDouble) {
     const auto number = [](std::string_view literal) {
         return JSON::parse(literal, {.fragmentsAllowed = true})->root().number();
     };
@@ -104,7 +104,7 @@ TEST(JSONNumber, IsTheNearestDouble) {
     EXPECT_EQ(number("\"12\""), 0.0);
 }
 
-/// The written form by moving a point through a string of digits, one place at a time.
+/// The canonical form, by moving the decimal point one digit at a time.
 std::string naiveForm(std::string whole, std::string fraction, int exponent) {
     for (; exponent > 0; --exponent) {
         whole += fraction.empty() ? '0' : fraction.front();
@@ -137,11 +137,11 @@ std::string naiveForm(std::string whole, std::string fraction, int exponent) {
     return whole + (fraction.empty() ? "" : "." + fraction) + "e" + std::to_string(power);
 }
 
-RC_GTEST_PROP(JSONNumber, IsWrittenAsMovingThePointByHandWould, ()) {
-    const auto digits = [](std::size_t least) {
+RC_GTEST_PROP(JSONNumber, AgreesWithMovingThePointDigitByDigit, ()) {
+    const auto digits = [](std::size_t minSize) {
         auto text = *rc::gen::container<std::string>(
             rc::gen::weightedElement<char>({{8, '0'}, {1, '1'}, {1, '2'}, {1, '5'}, {1, '9'}}));
-        text.resize(std::max(text.size(), least), '7');
+        text.resize(std::max(text.size(), minSize), '7');
         return text;
     };
     auto whole = digits(1);

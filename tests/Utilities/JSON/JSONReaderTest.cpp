@@ -22,7 +22,7 @@ constexpr std::string_view accepted[] = {
     R"({"a":1,"a":2})",
 };
 
-TEST(JSONReader, TakesWhatTheStandardAllows) {
+TEST(JSONReader, AcceptsWhatTheStandardAllows) {
     for (const auto text : accepted)
         EXPECT_TRUE(JSON::parse(text)) << text << ": " << JSON::parse(text).error().message;
 }
@@ -86,7 +86,7 @@ constexpr Rejected rejected[] = {
     {Kind::unexpectedText, "null",
      R"(Unexpected "null" at line 1, column 1; expected an object or an array)"},
     {Kind::unexpectedText, "]", R"(Unexpected "]" at line 1, column 1; expected an object or an array)"},
-    // the end
+    // unexpected end
     {Kind::unexpectedEnd, "", "Unexpected end of input at line 1, column 1; expected an object or an array"},
     {Kind::unexpectedEnd, "\xEF\xBB\xBF",
      "Unexpected end of input at line 1, column 1; expected an object or an array"},
@@ -167,7 +167,7 @@ constexpr Rejected rejected[] = {
      R"(Unescaped control character U+0000 at line 1, column 3; expected \u0000)"},
     {Kind::controlCharacter, "[\"\\n 0123456789abcdef\x1f\"]",
      R"(Unescaped control character U+001F at line 1, column 22; expected \u001f)"},
-    // bytes that are not UTF-8, which come before anything else
+    // bytes that are not UTF-8, reported before any other error
     {Kind::invalidUTF8, "[\"\xff\"]", "Invalid UTF-8 byte 0xFF at line 1, column 3; expected UTF-8 text"},
     {Kind::invalidUTF8, "[x]\n\xc3", "Invalid UTF-8 byte 0xC3 at line 2, column 1; expected UTF-8 text"},
     {Kind::invalidUTF8, "[\"\xed\xa0\x80\"]",
@@ -176,7 +176,7 @@ constexpr Rejected rejected[] = {
     {Kind::invalidUTF8, "\xFE\xFF\x00", "Invalid UTF-8 byte 0xFE at line 1, column 1; expected UTF-8 text"},
 };
 
-TEST(JSONReader, SaysWhatIsWrongAndWhere) {
+TEST(JSONReader, ReportsErrorsAndTheirPositions) {
     for (const auto& row : rejected) {
         const auto document = JSON::parse(row.text);
         ASSERT_FALSE(document) << row.text;
@@ -185,15 +185,15 @@ TEST(JSONReader, SaysWhatIsWrongAndWhere) {
     }
 }
 
-TEST(JSONReader, TellsTheOffsetInBytes) {
+TEST(JSONReader, ReportsTheOffsetInBytes) {
     EXPECT_EQ(JSON::parse("[\"ü\" x]").error().offset, 6U);
     EXPECT_EQ(JSON::parse("\xEF\xBB\xBF[x]").error().offset, 4U);
     EXPECT_EQ(JSON::parse("[\"\xff\"]").error().offset, 2U);
     EXPECT_EQ(JSON::parse("[\n x]").error().position, (TextPosition{2, 2}));
 }
 
-TEST(JSONReader, FindsAnErrorInEveryPartOfABlock) {
-    // Sixteen characters are looked at in one step, so what is wrong is tried at every place around that.
+TEST(JSONReader, FindsAnErrorAtEveryOffsetInABlock) {
+    // The reader checks sixteen characters in one step, so the error is tried at every offset around that.
     for (std::size_t before = 0; before < 40; ++before) {
         for (std::size_t after = 0; after < 40; ++after) {
             const auto text = "[\"" + std::string(before, 'a') + "\x1f" + std::string(after, '/') + "\"]";
@@ -216,7 +216,7 @@ std::string nested(std::size_t depth, std::string_view open, std::string_view in
     return text;
 }
 
-TEST(JSONReader, TakesOnlySoManyLevels) {
+TEST(JSONReader, AcceptsAtMost512Levels) {
     EXPECT_TRUE(JSON::parse(nested(512, "[", "", "]")));
     EXPECT_TRUE(JSON::parse(nested(512, "{\"a\":", "1", "}")));
     EXPECT_TRUE(JSON::parse("[" + nested(511, "[", "", "]") + "," + nested(511, "[", "", "]") + "]"));
@@ -231,7 +231,7 @@ TEST(JSONReader, TakesOnlySoManyLevels) {
     EXPECT_EQ(JSON::parse(nested(513, "{\"\":", "1", "}")).error().kind, Kind::tooDeep);
 }
 
-TEST(JSONReader, GivesValuesToWalk) {
+TEST(JSONReader, GivesAccessToTheValues) {
     const std::string text = R"({"exp": 1.50e3, "name": "J\u00fcrgen", "path": "a/b", "ok": true, "no": false,
                                  "list": [1, "x", null], "none": null, "empty": {}})";
     const auto document = JSON::parse(text);
@@ -257,7 +257,7 @@ TEST(JSONReader, GivesValuesToWalk) {
     EXPECT_EQ(elements[1].text(), "x");
     EXPECT_EQ(elements[2].type(), JSON::Type::null);
     EXPECT_TRUE(root.member("empty")->members().empty());
-    // A question that does not fit the type has an empty answer.
+    // An accessor of another type returns an empty value.
     EXPECT_EQ(elements[0].member("x"), nullptr);
     EXPECT_TRUE(root.text().empty());
     EXPECT_TRUE(root.elements().empty());
@@ -265,7 +265,7 @@ TEST(JSONReader, GivesValuesToWalk) {
     EXPECT_EQ(root.member("ok")->number(), 0.0);
 }
 
-TEST(JSONReader, KeepsADocumentWhereverItIsMoved) {
+TEST(JSONReader, AMovedDocumentKeepsItsValues) {
     const std::string text = R"({"escaped": "\n", "list": [1.0]})";
     auto document = JSON::parse(text);
     ASSERT_TRUE(document);
@@ -284,7 +284,7 @@ TEST(JSONReader, SortsMembersByTheBytesOfTheirNames) {
     EXPECT_EQ(names, (std::vector<std::string>{"", "B", "a", "aa", "ab", "b", "z", "ü", "\uffff", "👩"}));
 }
 
-TEST(JSONReader, LetsTheLastMemberOfANameCount) {
+TEST(JSONReader, KeepsTheLastOfMembersWithEqualNames) {
     const auto document = JSON::parse(R"({"a":1,"b":2,"\u0061":3,"b":4,"c":5,"a":{"a":6,"a":7}})");
     ASSERT_TRUE(document);
     const auto members = document->root().members();
@@ -294,7 +294,7 @@ TEST(JSONReader, LetsTheLastMemberOfANameCount) {
     EXPECT_EQ(members[2].value.text(), "5");
 }
 
-TEST(JSONReader, TellsOfTheMembersThatDoNotCount) {
+TEST(JSONReader, CountsDuplicateNames) {
     struct Row {
         std::string text;
         std::size_t count;
@@ -324,8 +324,8 @@ TEST(JSONReader, TellsOfTheMembersThatDoNotCount) {
     }
 }
 
-/// Quadratic time would take minutes here, and run into the time limit of the test.
-TEST(JSONReader, TakesManyMembersOfOneObject) {
+/// In quadratic time this would take minutes and exceed the time limit of the test.
+TEST(JSONReader, ReadsManyMembersOfOneObject) {
     std::string distinct = "{";
     std::string equal = "{";
     for (int i = 200'000; i > 0; --i) {

@@ -20,12 +20,12 @@ void PrintTo(const Match& match, std::ostream* stream) {
 
 namespace {
 
-/// A pattern, how it is matched by hand, and the characters whose every short combination is tried.
+/// A pattern, its hand-written matcher, and the pieces of which every short combination is tried.
 struct Pattern {
     std::string pattern;
     std::function<std::vector<Match>(std::string_view)> matches;
     std::vector<std::string> alphabet;
-    std::size_t longest;
+    std::size_t maxLength;
 };
 
 template <typename Make>
@@ -93,20 +93,20 @@ const std::vector<Pattern>& patterns() {
     return all;
 }
 
-/// Calls `check` with every text of up to `longest` letters of the alphabet.
-void forEveryText(const std::vector<std::string>& alphabet, std::size_t longest, const std::string& text,
+/// Calls `check` with every text of up to `maxLength` pieces of the alphabet.
+void forEveryText(const std::vector<std::string>& alphabet, std::size_t maxLength, const std::string& text,
                   const std::function<void(const std::string&)>& check) {
     check(text);
-    if (longest == 0)
+    if (maxLength == 0)
         return;
     for (const auto& letter : alphabet)
-        forEveryText(alphabet, longest - 1, text + letter, check);
+        forEveryText(alphabet, maxLength - 1, text + letter, check);
 }
 
 TEST(MarkdownPatterns, MatchWhatICUMatchesInEveryShortText) {
-    for (const auto& [pattern, matches, alphabet, longest] : patterns()) {
+    for (const auto& [pattern, matches, alphabet, maxLength] : patterns()) {
         std::size_t found = 0;
-        forEveryText(alphabet, longest, {}, [&](const std::string& text) {
+        forEveryText(alphabet, maxLength, {}, [&](const std::string& text) {
             const auto expected = matchesOfICU(pattern, text);
             found += expected.size();
             ASSERT_EQ(matches(text), expected) << pattern << " in " << testing::PrintToString(text);
@@ -118,12 +118,12 @@ TEST(MarkdownPatterns, MatchWhatICUMatchesInEveryShortText) {
 RC_GTEST_PROP(MarkdownPatterns, MatchWhatICUMatchesInAnyText, ()) {
     const auto texts = *rc::gen::container<std::vector<std::string>>(10, markdownText());
     for (const auto& text : texts) {
-        for (const auto& [pattern, matches, alphabet, longest] : patterns())
+        for (const auto& [pattern, matches, alphabet, maxLength] : patterns())
             RC_ASSERT(matches(text) == matchesOfICU(pattern, text));
     }
 }
 
-RC_GTEST_PROP(MarkdownPatterns, TellItemsOfOrderedListsAsICUDoes, ()) {
+RC_GTEST_PROP(MarkdownPatterns, FindMarkersOfOrderedItemsAsICUDoes, ()) {
     const auto texts = *rc::gen::container<std::vector<std::string>>(10, markdownText());
     for (const auto& text : texts) {
         const auto expected = matchesOfICU(R"(^\d+\.\s)", text);
@@ -134,7 +134,7 @@ RC_GTEST_PROP(MarkdownPatterns, TellItemsOfOrderedListsAsICUDoes, ()) {
     }
 }
 
-TEST(MarkdownPatterns, KnowTheCharactersOfItemNumbers) {
+TEST(MarkdownPatterns, FindMarkersOfOrderedItemsInAnyScript) {
     EXPECT_EQ(endOfOrderedMarker("1. a"), 3U);
     EXPECT_EQ(endOfOrderedMarker("123.\u3000a"), 7U);
     EXPECT_EQ(endOfOrderedMarker("\u0663. a"), 4U) << "digits of any script";
@@ -145,12 +145,12 @@ TEST(MarkdownPatterns, KnowTheCharactersOfItemNumbers) {
     EXPECT_EQ(endOfOrderedMarker("²."), std::nullopt);
 }
 
-/// Bytes that are not UTF-8 must neither be lost nor read beyond.
-TEST(MarkdownPatterns, BearBytesThatAreNotUTF8) {
+/// Bytes that are not UTF-8 are neither dropped nor overrun.
+TEST(MarkdownPatterns, MatchWithinTheTextWhereItIsNotUTF8) {
     for (const std::string& text :
          {std::string("**\xC2**"), std::string("# \xE2\x80"), std::string("#\x85"), std::string("\xE2"),
           std::string("*\xFF*\xC2"), std::string("```\xC2\n```")}) {
-        for (const auto& [pattern, matches, alphabet, longest] : patterns()) {
+        for (const auto& [pattern, matches, alphabet, maxLength] : patterns()) {
             for (const auto& match : matches(text))
                 EXPECT_LE(match.whole.end, text.size()) << pattern;
         }

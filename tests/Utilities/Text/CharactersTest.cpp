@@ -20,11 +20,11 @@ namespace {
 using Pieces = std::vector<std::string>;
 
 Pieces charactersOf(std::string_view text) {
-    const auto all = characters(text);
-    return {all.begin(), all.end()};
+    const auto views = characters(text);
+    return {views.begin(), views.end()};
 }
 
-/// The same by the rules' own iterator over the whole text.
+/// The same by ICU's iterator over the whole text.
 Pieces naiveCharacters(std::string_view text) {
     UErrorCode status = U_ZERO_ERROR;
     auto* rules = ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &status);
@@ -47,14 +47,14 @@ struct CharactersRow {
     Pieces characters;
 };
 
-TEST(Characters, AreWhatPeopleSee) {
+TEST(Characters, AreGraphemeClusters) {
     const CharactersRow rows[] = {
         {"nothing", "", {}},
         {"ASCII", "ab", {"a", "b"}},
         {"CR LF is one", "\r\r\n\n", {"\r", "\r\n", "\n"}},
         {"a mark and its letter", "ue\u0301", {"u", "e\u0301"}},
         {"a mark by itself", "\u0301x", {"\u0301", "x"}},
-        {"a mark behind CR LF", "\r\n\u0301", {"\r\n", "\u0301"}},
+        {"a mark after CR LF", "\r\n\u0301", {"\r\n", "\u0301"}},
         {"a family", "a👨‍👩‍👧‍👦b", {"a", "👨‍👩‍👧‍👦", "b"}},
         {"emoji side by side", "👍🏽👍", {"👍🏽", "👍"}},
         {"flags", "🇳🇴🇸🇪🇩", {"🇳🇴", "🇸🇪", "🇩"}},
@@ -63,21 +63,21 @@ TEST(Characters, AreWhatPeopleSee) {
         {"Hangul letters", "\u1112\u1161\u11ab\u1100", {"\u1112\u1161\u11ab", "\u1100"}},
         {"Devanagari", "नमस्ते", {"न", "म", "स्ते"}},
         {"Thai", "ที่", {"ที่"}},
-        {"a prefix takes the next", "\u06001\u0301!", {"\u06001\u0301", "!"}},
+        {"a prefix joins the next", "\u06001\u0301!", {"\u06001\u0301", "!"}},
         {"bytes that are not UTF-8", "a\xff\xfe", {"a", "\xff", "\xfe"}},
     };
     for (const auto& row : rows)
         EXPECT_EQ(charactersOf(row.text), row.characters) << row.name;
 }
 
-TEST(Characters, FirstCharacterTakesItsMarksAlong) {
+TEST(Characters, FirstCharacterIncludesItsMarks) {
     EXPECT_EQ(firstCharacter(""), "");
     EXPECT_EQ(firstCharacter("x"), "x");
     EXPECT_EQ(firstCharacter("e\u0301a"), "e\u0301");
     EXPECT_EQ(firstCharacter("\r\n."), "\r\n");
 }
 
-TEST(Characters, SkipsASCIIThatNothingCanJoin) {
+TEST(Characters, SkipsASCIIUpToCharactersThatMayBeJoined) {
     Characters characters("ab\r\nc\r\n\u0301z");
     EXPECT_EQ(characters.skipASCII(), 4U);
     EXPECT_EQ(characters.next(), "\r\n");
@@ -87,8 +87,8 @@ TEST(Characters, SkipsASCIIThatNothingCanJoin) {
     EXPECT_EQ(characters.next(), "");
 }
 
-/// Each twice in a row, and between letters of a kind that others join.
-TEST(Characters, FollowTheRulesAboutEveryCodePoint) {
+/// Each code point twice in a row, and next to characters that may join it.
+TEST(Characters, AgreeWithICUForEveryCodePoint) {
     std::string text;
     forEachCodePoint([&](UChar32, std::string_view character) {
         text.append("a").append(character).append(character).append("क").append(character).append("각");
@@ -96,7 +96,7 @@ TEST(Characters, FollowTheRulesAboutEveryCodePoint) {
     EXPECT_TRUE(charactersOf(text) == naiveCharacters(text)); // too many to print
 }
 
-RC_GTEST_PROP(Characters, AreThoseOfOneIteratorOverTheWholeText, ()) {
+RC_GTEST_PROP(Characters, AgreeWithOneIteratorOverTheWholeText, ()) {
     const auto pieces = *rc::gen::container<Pieces>(rc::gen::elementOf(
         Pieces{"a",  "\r", "\n", "ü", "\u0308", "\u200D", "\u200C", "©",      "❤",     "\uFE0F",
                "👩", "👍", "🏽", "🇳", "🇴",      "\u0600", "ᄀ",     "ᅡ",      "ᆨ",     "가",
@@ -113,7 +113,7 @@ struct ClassRow {
     std::string_view classes; ///< U, l, a letter (A) and a number (n)
 };
 
-TEST(Characters, BelongToTheClassesOfUnicode) {
+TEST(Characters, HaveTheirUnicodeClasses) {
     constexpr ClassRow rows[] = {
         {"capital", "A", "UA"},
         {"small", "z", "lA"},
@@ -155,7 +155,7 @@ TEST(Characters, BelongToTheClassesOfUnicode) {
     }
 }
 
-TEST(Characters, OfASCIIHaveTheClassesOfASCII) {
+TEST(Characters, OfASCIIHaveTheirClasses) {
     for (char c = 0; c >= 0 && c < 127; ++c) {
         const std::string_view character(&c, 1);
         EXPECT_EQ(isUppercase(character), c >= 'A' && c <= 'Z') << int{c};
@@ -165,7 +165,7 @@ TEST(Characters, OfASCIIHaveTheClassesOfASCII) {
     }
 }
 
-TEST(Characters, TellsCapitalsFromSmallLetters) {
+TEST(Characters, AreUppercaseLowercaseOrNeither) {
     for (const std::string_view capital : {"A", "Z", "Ä", "A\u0308", "Σ", "Ⓐ", "Ⅷ", "ẞ", "𐐀", "Ж"}) {
         EXPECT_TRUE(isUppercase(capital)) << capital;
         EXPECT_FALSE(isLowercase(capital)) << capital;
@@ -180,8 +180,8 @@ TEST(Characters, TellsCapitalsFromSmallLetters) {
     }
 }
 
-/// The properties of a code point say the same as its mappings.
-TEST(Characters, AgreesWithTheMappingsOfEveryCodePoint) {
+/// The properties of a code point agree with its case mappings.
+TEST(Characters, HaveTheCaseThatTheMappingsImply) {
     forEachCodePoint([](UChar32 codePoint, std::string_view character) {
         const bool staysUpper = uppercased(character) == character;
         const bool staysLower = lowercased(character) == character;

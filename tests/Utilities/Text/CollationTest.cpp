@@ -23,7 +23,7 @@ std::vector<std::string_view> sorted(const std::vector<std::string_view>& texts,
 
 using Texts = std::vector<std::string_view>;
 
-TEST(Collation, SortsAsPeopleLookTextsUp) {
+TEST(Collation, SortsByLetterThenAccentWithoutCase) {
     const Texts texts = {"zebra", "Apfel", "éclair", "apple", "Zoo", "eclipse", "", "10", "9", " x", "_y"};
     EXPECT_EQ(sorted(texts, SortOrder::ascending),
               (Texts{"", " x", "_y", "10", "9", "Apfel", "apple", "éclair", "eclipse", "zebra", "Zoo"}));
@@ -31,7 +31,7 @@ TEST(Collation, SortsAsPeopleLookTextsUp) {
               (Texts{"Zoo", "zebra", "eclipse", "éclair", "apple", "Apfel", "9", "10", "_y", " x", ""}));
 }
 
-TEST(Collation, LeavesWhatComparesTheSameInItsOrder) {
+TEST(Collation, KeepsTheOrderOfEqualTexts) {
     const Texts texts = {"b", "A", "a", "\u00E9", "e\u0301", "E\u0301", "a", "e"};
     EXPECT_EQ(sorted(texts, SortOrder::ascending),
               (Texts{"A", "a", "a", "b", "e", "\u00E9", "e\u0301", "E\u0301"}));
@@ -39,7 +39,7 @@ TEST(Collation, LeavesWhatComparesTheSameInItsOrder) {
               (Texts{"\u00E9", "e\u0301", "E\u0301", "e", "b", "A", "a", "a"}));
 }
 
-TEST(Collation, ComparesTextsBeyondTheirCommonStarts) {
+TEST(Collation, ComparesTextsAfterALongCommonPrefix) {
     const std::string common(100, 'x');
     const std::string first = common + "a";
     const std::string second = common + "B";
@@ -48,7 +48,7 @@ TEST(Collation, ComparesTextsBeyondTheirCommonStarts) {
               (Texts{common, first, second, third}));
 }
 
-TEST(Collation, BearsControlCharactersAndBrokenText) {
+TEST(Collation, SortsNullCharactersAndInvalidUTF8) {
     using namespace std::string_view_literals;
     EXPECT_EQ(sorted({"b", "a\0b"sv, "\xff", ""}, SortOrder::ascending).size(), 4U);
     EXPECT_TRUE(localizedCaseInsensitiveOrder({}, SortOrder::ascending).empty());

@@ -17,7 +17,7 @@ namespace {
 
 constexpr auto infinity = std::numeric_limits<double>::infinity();
 
-TEST(DoubleText, ReadsWhateverStandsForANumber) {
+TEST(DoubleText, ReadsEveryFormOfANumber) {
     const std::pair<std::string, double> rows[] = {
         {"0", 0},
         {"-0", -0.0},
@@ -61,7 +61,7 @@ TEST(DoubleText, ReadsWhateverStandsForANumber) {
     }
 }
 
-TEST(DoubleText, ReadsNothingElse) {
+TEST(DoubleText, RejectsAnyOtherText) {
     constexpr std::string_view rows[] = {
         "",      " ",   "12abc", "abc",  " 12",       "12 ",    "\n12",   "12\n",    "\t1",  "1,5", "1 000",
         "1_0",   "--1", "+-1",   "+",    "-",         ".",      "e5",     "1e",      "1e+",  "0x",  "0xg",
@@ -73,7 +73,7 @@ TEST(DoubleText, ReadsNothingElse) {
     EXPECT_EQ(doubleFromText(std::string_view("1\0002", 3)), std::nullopt);
 }
 
-/// The number in hexadecimal, in which nothing is rounded.
+/// The number in hexadecimal, without rounding.
 std::string hexadecimal(double number) {
     std::array<char, 40> digits{};
     const auto [end, error] =
@@ -81,7 +81,7 @@ std::string hexadecimal(double number) {
     return (std::signbit(number) ? "-0x" : "0x") + std::string(digits.begin(), end);
 }
 
-RC_GTEST_PROP(DoubleText, GivesBackEveryDouble, (std::uint64_t bits)) {
+RC_GTEST_PROP(DoubleText, RoundTripsEveryFiniteDouble, (std::uint64_t bits)) {
     const auto number = std::bit_cast<double>(bits);
     RC_PRE(std::isfinite(number));
     RC_ASSERT(doubleFromText(fmt::format("{}", number)) == number);

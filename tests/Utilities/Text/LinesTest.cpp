@@ -25,16 +25,16 @@ TEST(Lines, AreSeparatedByEveryNewlineCharacter) {
         {"one line", "a", {"a"}},
         {"LF", "a\nb", {"a", "b"}},
         {"LF at the end", "a\n", {"a", ""}},
-        {"nothing but LF", "\n\n", {"", "", ""}},
+        {"only LF", "\n\n", {"", "", ""}},
         {"CR LF leaves an empty line", "a\r\nb", {"a", "", "b"}},
         {"CR", "a\rb", {"a", "b"}},
         {"VT and FF", "a\vb\fc", {"a", "b", "c"}},
         {"NEL", "a\u0085b", {"a", "b"}},
         {"LS and PS", "a\u2028b\u2029c", {"a", "b", "c"}},
-        {"tab, NUL and the characters around are none",
+        {"tab, NUL and their neighbours are no newlines",
          std::string_view("\t\0\x0e\x1c\x1e\x1f\u0084\u0086", 10),
          {std::string_view("\t\0\x0e\x1c\x1e\x1f\u0084\u0086", 10)}},
-        {"neighbours of LS and PS are none", "a\u2027b\u202Ac", {"a\u2027b\u202Ac"}},
+        {"neighbours of LS and PS are no newlines", "a\u2027b\u202Ac", {"a\u2027b\u202Ac"}},
         {"a long line of ASCII",
          "0123456789abcdef0123456789abcdef\nx",
          {"0123456789abcdef0123456789abcdef", "x"}},
@@ -42,7 +42,7 @@ TEST(Lines, AreSeparatedByEveryNewlineCharacter) {
         {"a cut NEL at the end", "a\xc2", {"a\xc2"}},
         {"a cut LS before a newline", "a\xe2\x80\nb", {"a\xe2\x80", "b"}},
         {"bytes that are not UTF-8", "\xff\n\x85\n\xa8", {"\xff", "\x85", "\xa8"}},
-        {"a newline spelled too long",
+        {"an overlong newline",
          "a\xc0\x8a"
          "b",
          {"a\xc0\x8a"
@@ -52,7 +52,7 @@ TEST(Lines, AreSeparatedByEveryNewlineCharacter) {
         EXPECT_EQ(linesOf(row.text), row.expected) << row.name;
 }
 
-RC_GTEST_PROP(Lines, AreWhatIsBetweenNewlines, ()) {
+RC_GTEST_PROP(Lines, AreThePartsBetweenNewlines, ()) {
     const auto element = rc::gen::elementOf(
         std::vector<std::string>{"\n", "\r", "\v", "\f", "\u0085", "\u2028", "\u2029", "\t", "a", "bcdefgh",
                                  "\u00e9", "\u20ac", "\U0001F600", "\xff", "\xe2", "\xc2"});

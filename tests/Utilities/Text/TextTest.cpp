@@ -38,8 +38,8 @@ constexpr CountRow countRows[] = {
     {"Arabic number sign before a digit", "\u06001", 1, 1},
     {"Devanagari consonants joined by a virama", "क्षि", 1, 1},
     {"Han", "漢字かな", 4, 1},
-    {"a CR LF behind a letter that may carry marks", "各\r\n\u0308", 3, 3},
-    {"a CR LF behind a mark", "u\u0308\r\nx", 3, 3},
+    {"a CR LF after a letter that may carry marks", "各\r\n\u0308", 3, 3},
+    {"a CR LF after a mark", "u\u0308\r\nx", 3, 3},
     {"not UTF-8", "a\xff", 2, 1},
 };
 
@@ -63,7 +63,7 @@ std::size_t naiveCharacterCount(const std::string& text) {
     return count;
 }
 
-RC_GTEST_PROP(Text, CountsCharactersAsOneIteratorOverTheWholeTextWould, ()) {
+RC_GTEST_PROP(Text, CountsCharactersAsOneIteratorOverTheWholeTextDoes, ()) {
     const auto pieces =
         *rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(std::vector<std::string>{
             "a",      "\r", "\n", "ü", "u\u0308", "\u0308", "\u200D", "©", "❤", "👩", "👍",     "🏽",    "🇳",
@@ -82,7 +82,7 @@ TEST(Text, TrimsWhitespaceAndNewlinesAtTheEndsOnly) {
     EXPECT_EQ(trimmingWhitespacesAndNewlines("\xff "), "\xff");
 }
 
-TEST(Text, TrimsWhitespaceAndLeavesNewlines) {
+TEST(Text, TrimsWhitespaceButNotNewlines) {
     EXPECT_EQ(trimmingWhitespaces(" \t\u00A0a b\u3000 "), "a b");
     EXPECT_EQ(trimmingWhitespaces(" \n a\r\n \t"), "\n a\r\n");
     EXPECT_EQ(trimmingWhitespaces("\u2028"), "\u2028");
@@ -91,7 +91,7 @@ TEST(Text, TrimsWhitespaceAndLeavesNewlines) {
     EXPECT_EQ(trimmingWhitespaces("\t "), "");
 }
 
-TEST(Text, PutsATextOnOneLine) {
+TEST(Text, JoinsATextIntoOneLine) {
     struct Row {
         std::string_view text;
         std::string_view line;
@@ -126,7 +126,7 @@ TEST(Text, CountsWordsBetweenWhiteSpaceAndNewlines) {
     EXPECT_EQ(wordCount("\xff \xff"), 2U);
 }
 
-TEST(Text, TellsUTF8FromOtherBytes) {
+TEST(Text, DistinguishesUTF8FromOtherBytes) {
     for (const std::string_view good :
          {"", "plain ASCII text", "ü", "漢字", "👩", "\xef\xbf\xbf", "\xf4\x8f\xbf\xbf"})
         EXPECT_TRUE(isValidUTF8(good)) << good;
@@ -146,7 +146,7 @@ TEST(Text, FindsTheFirstByteThatIsNotUTF8) {
     EXPECT_EQ(validUTF8PrefixLength("ü\xed\xa0\x80ü"), 2U);
 }
 
-TEST(Text, TellsPositionsAsPeopleCountThem) {
+TEST(Text, PositionsCountLinesAndCharactersFromOne) {
     EXPECT_EQ(positionAt("", 0), (TextPosition{1, 1}));
     EXPECT_EQ(positionAt("ab\ncd", 4), (TextPosition{2, 2}));
     EXPECT_EQ(positionAt("ab\n", 3), (TextPosition{2, 1}));
@@ -158,7 +158,7 @@ TEST(Text, TellsPositionsAsPeopleCountThem) {
               (TextPosition{1, 3}));
 }
 
-TEST(Text, FindsTextWhateverItsCase) {
+TEST(Text, ContainsIgnoresCaseButNotAccents) {
     EXPECT_TRUE(localizedCaseInsensitiveContains("JSON Formatter", "json"));
     EXPECT_TRUE(localizedCaseInsensitiveContains("Straße", "STRASSE"));
     EXPECT_TRUE(localizedCaseInsensitiveContains("Gru\u0308n", "grÜN"));
@@ -166,7 +166,7 @@ TEST(Text, FindsTextWhateverItsCase) {
     EXPECT_FALSE(localizedCaseInsensitiveContains("Café", "cafe"));
     EXPECT_FALSE(localizedCaseInsensitiveContains("Cafe\u0301", "CAFE"));
     EXPECT_FALSE(localizedCaseInsensitiveContains("Café", "\u0301")) << "an accent without its letter";
-    EXPECT_TRUE(localizedCaseInsensitiveContains("é and e", "E")) << "another place may still fit";
+    EXPECT_TRUE(localizedCaseInsensitiveContains("é and e", "E")) << "a later position may still match";
     EXPECT_TRUE(localizedCaseInsensitiveContains("Café", "CAFÉ"));
     EXPECT_TRUE(localizedCaseInsensitiveContains("Café", "caf"));
     EXPECT_FALSE(localizedCaseInsensitiveContains("Base64", "65"));

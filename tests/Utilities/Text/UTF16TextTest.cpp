@@ -9,7 +9,7 @@
 namespace korvane {
 namespace {
 
-/// The byte offset of each UTF-16 position, found by converting what is before it.
+/// The byte offset of each UTF-16 position, by converting the text before it.
 std::vector<std::optional<std::uint32_t>> naiveOffsets(const std::string& text) {
     const auto units = icu::UnicodeString::fromUTF8(text);
     std::vector<std::optional<std::uint32_t>> offsets;
@@ -30,7 +30,7 @@ void expectOffsets(const std::string& text, const std::vector<std::optional<std:
         ASSERT_EQ(copy.byteOffset(static_cast<std::int64_t>(unit)), offsets[unit]) << text << " at " << unit;
 }
 
-RC_GTEST_PROP(UTF16Text, KnowsTheByteOffsetOfEachPosition, ()) {
+RC_GTEST_PROP(UTF16Text, FindsTheByteOffsetOfEachPosition, ()) {
     const auto pieces = *rc::gen::container<std::vector<std::string>>(rc::gen::element<std::string>(
         "a", "\n", "é", "क", "😀", "ascii and more of it", "👩‍👩‍👧"));
     std::string text;
@@ -39,12 +39,12 @@ RC_GTEST_PROP(UTF16Text, KnowsTheByteOffsetOfEachPosition, ()) {
     expectOffsets(text, naiveOffsets(text));
 }
 
-TEST(UTF16Text, KnowsThePositionsAroundEachRecordedOne) {
+TEST(UTF16Text, FindsByteOffsetsAroundRecordedPositions) {
     for (std::size_t length = 0; length < 40; ++length)
         expectOffsets(std::string(length, 'a') + "😀", naiveOffsets(std::string(length, 'a') + "😀"));
 }
 
-TEST(UTF16Text, CountsBytesThatAreNotUTF8AsTheyAre) {
+TEST(UTF16Text, CountsBytesThatAreNotUTF8) {
     expectOffsets("\xff", {0, 1});
     expectOffsets("a\xffz", {0, 1, 2, 3});
     expectOffsets("é\xff", {0, 2, 3});

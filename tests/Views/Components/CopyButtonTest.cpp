@@ -18,7 +18,7 @@ struct CopyButtonTest : testing::Test {
     void press() { button.copyToClipboard(context); }
 };
 
-TEST_F(CopyButtonTest, CopiesAndSaysSoForOneAndAHalfSeconds) {
+TEST_F(CopyButtonTest, CopiesAndShowsFeedbackForOneAndAHalfSeconds) {
     EXPECT_EQ(button.icon(), "doc.on.doc");
     EXPECT_EQ(button.title(), "Copy");
     EXPECT_EQ(button.color(), std::nullopt);
@@ -34,7 +34,7 @@ TEST_F(CopyButtonTest, CopiesAndSaysSoForOneAndAHalfSeconds) {
     EXPECT_EQ(button.title(), "Copy");
 }
 
-TEST_F(CopyButtonTest, MarksASecret) {
+TEST_F(CopyButtonTest, CopiesASecretAsSecret) {
     press();
     EXPECT_FALSE(fakes.clipboard.isSecret);
     button.isSecret = true;
@@ -53,7 +53,7 @@ TEST_F(CopyButtonTest, RevertsOneAndAHalfSecondsAfterTheFirstOfSeveralPresses) {
     press(); // a third press, before the second one's reset
     EXPECT_TRUE(button.copied);
     fakes.timers.advance(1000ms);
-    EXPECT_FALSE(button.copied); // which ends this feedback early
+    EXPECT_FALSE(button.copied); // the second press's reset ends this feedback early
     fakes.timers.advance(500ms);
     EXPECT_FALSE(button.copied);
     EXPECT_EQ(fakes.timers.pendingCount(), 0U);
@@ -67,7 +67,7 @@ TEST_F(CopyButtonTest, CopiesAnEmptyTextToo) {
     EXPECT_TRUE(button.copied);
 }
 
-TEST(PasteButton, ReplacesTheTextByTheClipboards) {
+TEST(PasteButton, ReplacesTheTextWithTheClipboard) {
     FakeClipboard clipboard;
     clipboard.content = "pasted";
     std::string text = "before";
@@ -75,7 +75,7 @@ TEST(PasteButton, ReplacesTheTextByTheClipboards) {
     EXPECT_EQ(text, "pasted");
 }
 
-TEST(PasteButton, LeavesTheTextAsItWasWithoutTextOnTheClipboard) {
+TEST(PasteButton, ChangesNothingWithoutTextOnTheClipboard) {
     const FakeClipboard clipboard;
     int calls = 0;
     PasteButton::paste(clipboard, [&](std::string) { ++calls; });

@@ -34,7 +34,7 @@ TEST(Base64View, Converts) {
     const std::vector<Row> rows = {
         {"a word", Mode::encode, "Hello", "SGVsbG8="},
         {"white space is part of the text", Mode::encode, " \n", "IAo="},
-        {"CR LF as it is", Mode::encode, "a\r\nb", "YQ0KYg=="},
+        {"CR LF is kept", Mode::encode, "a\r\nb", "YQ0KYg=="},
         {"emoji", Mode::encode, "⚓", "4pqT"},
         {"long text on one line", Mode::encode,
          "Man is distinguished, not only by his reason, but by this singular passion",
@@ -42,7 +42,7 @@ TEST(Base64View, Converts) {
          "="},
         {"not UTF-8", Mode::encode, "\xff", "before", "Could not encode text"},
         {"a lone surrogate's bytes", Mode::encode, "\xed\xa0\x80", "before", "Could not encode text"},
-        {"space around", Mode::decode, "  SGVsbG8=\n", "Hello"},
+        {"surrounding white space", Mode::decode, "  SGVsbG8=\n", "Hello"},
         {"no padding", Mode::decode, "SGVsbG8", "", "Invalid Base64 input"},
         {"URL-safe minus", Mode::decode, "-w==", "", "Invalid Base64 input"},
         {"URL-safe underscore", Mode::decode, "_w==", "", "Invalid Base64 input"},
@@ -50,7 +50,7 @@ TEST(Base64View, Converts) {
         {"line break inside", Mode::decode, "SGVs\nbG8=", "", "Invalid Base64 input"},
         {"not Base64 at all", Mode::decode, "Hello!", "", "Invalid Base64 input"},
         {"bytes that are not UTF-8", Mode::decode, "/w==", "", "Invalid Base64 input"},
-        {"only white space stands for no bytes", Mode::decode, " \n ", ""},
+        {"only white space decodes to nothing", Mode::decode, " \n ", ""},
         {"nothing to encode", Mode::encode, "", "before", "Input is empty"},
         {"nothing to decode", Mode::decode, "", "before", "Input is empty"},
     };
@@ -67,7 +67,7 @@ TEST(Base64View, ShowsItsMessageAsAnError) {
     EXPECT_EQ(converted(Mode::encode, "x").status(), std::nullopt);
 }
 
-TEST(Base64View, ForgetsItsMessageWhenTheInputChanges) {
+TEST(Base64View, ChangingTheInputClearsTheMessage) {
     auto view = converted(Mode::decode, "?");
     view.setInputText("?");
     EXPECT_TRUE(view.errorMessage) << "nothing has changed";
@@ -75,14 +75,14 @@ TEST(Base64View, ForgetsItsMessageWhenTheInputChanges) {
     EXPECT_EQ(view.errorMessage, std::nullopt);
 }
 
-TEST(Base64View, ASuccessForgetsTheMessageBefore) {
+TEST(Base64View, ASuccessClearsTheMessage) {
     auto view = converted(Mode::decode, "");
     view.inputText = "SGVsbG8=";
     view.convert();
     EXPECT_EQ(view.errorMessage, std::nullopt);
 }
 
-TEST(Base64View, NeitherTypingNorSwitchingConverts) {
+TEST(Base64View, TypingAndSwitchingDoNotConvert) {
     auto view = converted(Mode::encode, "Hello");
     view.setMode(Mode::decode);
     EXPECT_EQ(view.inputText, "Hello");
@@ -106,7 +106,7 @@ TEST(Base64View, CountsUserPerceivedCharacters) {
     EXPECT_EQ(view.statistics(), "Input: 3 characters\u2002•\u2002Output: 32 characters");
 }
 
-TEST(Base64View, NamesItsModes) {
+TEST(Base64View, ModesHaveTheirTextsAndIcons) {
     const auto& encode = factsOf(Mode::encode);
     const auto& decode = factsOf(Mode::decode);
     EXPECT_EQ(encode.rawValue, "Encode");

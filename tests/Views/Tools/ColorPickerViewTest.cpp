@@ -34,7 +34,7 @@ std::vector<std::string> notations(const ColorPickerView& view) {
     return texts;
 }
 
-TEST(ColorPickerView, StartsWithCyanAndSlidersElsewhere) {
+TEST(ColorPickerView, StartsWithCyanAndIndependentSliders) {
     const ColorPickerView view;
     EXPECT_EQ(view.hexValue(), "#32ADE6");
     EXPECT_EQ(view.hexInput, "");
@@ -48,7 +48,7 @@ TEST(ColorPickerView, StartsWithCyanAndSlidersElsewhere) {
     EXPECT_EQ(view.opacityText(), "Opacity: 100%");
 }
 
-TEST(ColorPickerView, NamesItsNotationsInOrder) {
+TEST(ColorPickerView, NotationsHaveTheirLabelsAndColorsInOrder) {
     struct Row {
         std::string_view label;
         PaletteColor color;
@@ -119,24 +119,25 @@ TEST(ColorPickerView, WritesTheBasicColorsOfCSS) {
     }
 }
 
-/// A fraction of whole numbers, for a calculation in which nothing is rounded.
+/// A fraction of integers, for exact calculations.
 struct Fraction {
     int numerator = 0;
     int denominator = 1;
 
-    bool isWhole() const { return numerator % denominator == 0; }
+    bool isInteger() const { return numerator % denominator == 0; }
 
-    int cutOff() const { return numerator / denominator; }
+    int truncated() const { return numerator / denominator; }
 
     double value() const { return static_cast<double>(numerator) / denominator; }
 };
 
-/// Whether `number` is the fraction as far as doubles go, and, cut off, the same whole number. Where the
-/// fraction is whole, a double may lie just below it, and is then cut off to the whole number before.
-void expectCutOff(double number, Fraction exact, std::string_view name) {
+/// Expects `number` to equal the fraction within the precision of doubles, and to truncate to the same
+/// integer. Where the fraction is an integer, a double may lie just below it and truncate to the integer
+/// before.
+void expectTruncated(double number, Fraction exact, std::string_view name) {
     EXPECT_NEAR(number, exact.value(), 1e-9) << name;
     const auto shown = static_cast<int>(number);
-    EXPECT_TRUE(shown == exact.cutOff() || (exact.isWhole() && shown == exact.cutOff() - 1))
+    EXPECT_TRUE(shown == exact.truncated() || (exact.isInteger() && shown == exact.truncated() - 1))
         << name << number;
 }
 
@@ -151,11 +152,11 @@ Fraction exactHue(int red, int green, int blue, int range) {
 }
 
 std::string thousandths(int channel) {
-    const auto rounded = (2000 * channel + 255) / 510; // never half-way, as 255 is odd
+    const auto rounded = (2000 * channel + 255) / 510; // never a tie, as 255 is odd
     return fmt::format("{}.{:03}", rounded / 1000, rounded % 1000);
 }
 
-TEST(ColorPickerView, AgreesWithACalculationInWholeNumbers) {
+TEST(ColorPickerView, AgreesWithIntegerArithmetic) {
     std::mt19937 random(7);
     std::uniform_int_distribution channel(0, 255);
     std::uniform_int_distribution percent(0, 100);
@@ -179,21 +180,21 @@ TEST(ColorPickerView, AgreesWithACalculationInWholeNumbers) {
         EXPECT_EQ(view.uiKitCode(), "UIColor(" + parts + ", alpha: " + alpha + ")");
         EXPECT_EQ(view.cssVariable(), "--color-custom: #" + hex + ";");
 
-        const int most = std::max({red, green, blue});
-        const int least = std::min({red, green, blue});
-        const int range = most - least;
-        const int sum = most + least;
+        const int maxChannel = std::max({red, green, blue});
+        const int minChannel = std::min({red, green, blue});
+        const int range = maxChannel - minChannel;
+        const int sum = maxChannel + minChannel;
         const auto [hue, saturation, lightness] = ColorPickerView::rgbToHsl(view.selectedColor);
-        expectCutOff(hue, exactHue(red, green, blue, range), hex);
-        expectCutOff(lightness, {100 * sum, 510}, hex);
+        expectTruncated(hue, exactHue(red, green, blue, range), hex);
+        expectTruncated(lightness, {100 * sum, 510}, hex);
         if (range > 0)
-            expectCutOff(saturation, {100 * range, sum > 255 ? 510 - sum : sum}, hex);
+            expectTruncated(saturation, {100 * range, sum > 255 ? 510 - sum : sum}, hex);
         EXPECT_EQ(view.hslValue(), fmt::format("hsl({}, {}%, {}%)", std::floor(hue), std::floor(saturation),
                                                std::floor(lightness)));
     }
 }
 
-RC_GTEST_PROP(ColorPickerView, HasAHueAndSharesForEveryColor, ()) {
+RC_GTEST_PROP(ColorPickerView, HSLIsInRangeForEveryColor, ()) {
     const auto channel = rc::gen::map(rc::gen::inRange<std::int64_t>(0, (std::int64_t{1} << 53) + 1),
                                       [](std::int64_t n) { return std::ldexp(static_cast<double>(n), -53); });
     const Color color{*channel, *channel, *channel};
@@ -206,7 +207,7 @@ RC_GTEST_PROP(ColorPickerView, HasAHueAndSharesForEveryColor, ()) {
     RC_ASSERT(lightness <= 100);
 }
 
-TEST(ColorPickerView, CutsOffAndNeverRounds) {
+TEST(ColorPickerView, TruncatesInsteadOfRounding) {
     ColorPickerView view;
     view.setSelectedColor({.red = 0.5, .green = 0.999, .blue = 0.003});
     EXPECT_EQ(view.hexValue(), "#7FFE00");
@@ -217,7 +218,7 @@ TEST(ColorPickerView, CutsOffAndNeverRounds) {
     EXPECT_EQ(view.opacityText(), "Opacity: 50%");
 }
 
-TEST(ColorPickerView, OpacityIsInTwoNotationsOnly) {
+TEST(ColorPickerView, OpacityAppearsInTwoNotationsOnly) {
     auto view = showing(10, 20, 30);
     const auto opaque = notations(view);
     view.alpha = 0.5;
@@ -228,7 +229,7 @@ TEST(ColorPickerView, OpacityIsInTwoNotationsOnly) {
         EXPECT_EQ(half[index], opaque[index]);
 }
 
-TEST(ColorPickerView, HasFixedTextsForWhatIsNotInSRGB) {
+TEST(ColorPickerView, HasFixedTextsForColorsOutsideSRGB) {
     constexpr auto nan = std::numeric_limits<double>::quiet_NaN();
     const std::vector<std::string> fallbacks = {
         "#000000",     "rgb(0, 0, 0)",  "rgba(0, 0, 0, 1)",        "hsl(0, 0%, 0%)",
@@ -254,7 +255,7 @@ TEST(ColorPickerView, AppliesSixHexadecimalDigits) {
     }
 }
 
-TEST(ColorPickerView, IgnoresAnyOtherText) {
+TEST(ColorPickerView, IgnoresTextThatIsNotSixHexadecimalDigits) {
     for (const auto* text :
          {"", "#", "F80", "#F80", "FF8000AA", "GG0000", "00GG00", "0000GG", "FF 800", "F F800", "+F8000",
           "-F8000", "0xFF80", "FF8000\n", "\u0661\u0661\u0661", "FF80\u00e9",
@@ -277,7 +278,7 @@ TEST(ColorPickerView, SlidersChangeTheColorOnlyWhenApplied) {
     EXPECT_NEAR(view.rgbR, 127.9, 1e-9) << "not rounded";
 }
 
-TEST(ColorPickerView, AChangeOfTheColorMovesFieldAndSlidersAndNothingElse) {
+TEST(ColorPickerView, ChangingTheColorUpdatesOnlyTheFieldAndTheRGBSliders) {
     ColorPickerView view;
     view.alpha = 0.25;
     auto expected = view;
@@ -290,7 +291,7 @@ TEST(ColorPickerView, AChangeOfTheColorMovesFieldAndSlidersAndNothingElse) {
     EXPECT_EQ(view, expected);
 }
 
-TEST(ColorPickerView, TheSameColorAgainIsNoChange) {
+TEST(ColorPickerView, ApplyingTheSameColorChangesNothing) {
     auto view = showing(255, 128, 0);
     view.rgbR = 7;
     view.setHexInput("ff8000");
@@ -299,7 +300,7 @@ TEST(ColorPickerView, TheSameColorAgainIsNoChange) {
     EXPECT_EQ(view, before);
 }
 
-RC_GTEST_PROP(ColorPickerView, GivesBackEveryHexadecimalColor, ()) {
+RC_GTEST_PROP(ColorPickerView, RoundTripsEveryHexadecimalColor, ()) {
     const auto number = *rc::gen::inRange(0, 0x1000000);
     const auto view = applied(fmt::format("{:06x}", number));
     RC_ASSERT(view.hexValue() == fmt::format("#{:06X}", number));

@@ -34,7 +34,7 @@ TEST_F(HashGeneratorViewTest, StartsEmptyAndLive) {
                   (HashResultRow{.algorithm = algorithm, .hash = "", .isSelected = false}));
 }
 
-TEST_F(HashGeneratorViewTest, FollowsTheTyping) {
+TEST_F(HashGeneratorViewTest, HashesAsTextIsTyped) {
     type("abc");
     EXPECT_EQ(view.hashes, HashGenerator::allHashes("abc"));
     EXPECT_EQ(view.row(md5).hash, "900150983cd24fb0d6963f7d28e17f72");
@@ -44,14 +44,14 @@ TEST_F(HashGeneratorViewTest, FollowsTheTyping) {
     EXPECT_EQ(view.row(sha512).lengthText(), "128 chars");
 }
 
-TEST_F(HashGeneratorViewTest, AClearedTextHasDigestsToo) {
+TEST_F(HashGeneratorViewTest, AClearedTextHasDigests) {
     type("abc");
     type("");
     EXPECT_EQ(view.row(md5).hash, "d41d8cd98f00b204e9800998ecf8427e");
     EXPECT_FALSE(view.hasStatistics());
 }
 
-TEST_F(HashGeneratorViewTest, ATextThatStaysTheSameIsNoChange) {
+TEST_F(HashGeneratorViewTest, SettingTheSameTextChangesNothing) {
     type("");
     EXPECT_TRUE(view.hashes.empty());
 }
@@ -66,7 +66,7 @@ TEST_F(HashGeneratorViewTest, WithoutLiveUpdateTypingLeavesTheDigests) {
     EXPECT_EQ(view.hashes, HashGenerator::allHashes("other"));
 }
 
-TEST_F(HashGeneratorViewTest, TurningLiveUpdateOnWaitsForTheNextChange) {
+TEST_F(HashGeneratorViewTest, TurningLiveUpdateOnHashesAtTheNextChange) {
     view.setLiveUpdate(false);
     type("abc");
     view.setLiveUpdate(true);
@@ -75,7 +75,7 @@ TEST_F(HashGeneratorViewTest, TurningLiveUpdateOnWaitsForTheNextChange) {
     EXPECT_EQ(view.hashes, HashGenerator::allHashes("abcd"));
 }
 
-TEST_F(HashGeneratorViewTest, GeneratesFromTheEmptyText) {
+TEST_F(HashGeneratorViewTest, GeneratesDigestsOfTheEmptyText) {
     view.generateAll(context);
     EXPECT_EQ(view.hashes, HashGenerator::allHashes(""));
 }
@@ -115,7 +115,7 @@ TEST_F(HashGeneratorViewTest, ALargeTextIsHashedAndCountedInTheBackground) {
     EXPECT_FALSE(view.hashing || view.counting);
 }
 
-TEST_F(HashGeneratorViewTest, ARowKeepsItsLengthWhileADigestIsComputed) {
+TEST_F(HashGeneratorViewTest, ARowShowsItsLengthWhileADigestIsComputed) {
     EXPECT_FALSE(view.row(sha1).showsLength());
     EXPECT_EQ(view.row(sha1).prompt(), "Enter text to generate hash");
     type(large('x'));
@@ -132,7 +132,7 @@ TEST_F(HashGeneratorViewTest, ARowKeepsItsLengthWhileADigestIsComputed) {
     EXPECT_FALSE(view.row(sha1).isComputing) << "only counted";
 }
 
-TEST_F(HashGeneratorViewTest, OnlyTheLastOfSeveralLargeTextsCounts) {
+TEST_F(HashGeneratorViewTest, OnlyTheLastOfSeveralLargeTextsIsHashed) {
     type(large('x'));
     const auto stop = view.hashing->stopToken();
     type(large('y'));
@@ -150,14 +150,14 @@ TEST_F(HashGeneratorViewTest, ASmallTextDoesNotWaitForALargeOne) {
     EXPECT_EQ(view.statistics(), "3 characters • 3 bytes");
 }
 
-TEST_F(HashGeneratorViewTest, WithoutLiveUpdateTypingDoesNotCallOffWhatWasAskedFor) {
+TEST_F(HashGeneratorViewTest, WithoutLiveUpdateTypingDoesNotCancelARequestedGeneration) {
     view.setLiveUpdate(false);
     type(large('x'));
     EXPECT_FALSE(view.hashing);
     view.generateAll(context);
     type("abc");
     fakes.background.runAll();
-    EXPECT_EQ(view.hashes, HashGenerator::allHashes(large('x'))) << "as if they had been there at once";
+    EXPECT_EQ(view.hashes, HashGenerator::allHashes(large('x'))) << "as if they had been computed at once";
 }
 
 TEST_F(HashGeneratorViewTest, HasItsTextsAndColours) {

@@ -1,4 +1,4 @@
-/// Saving, and what is said about it.
+/// Saving, and the messages about it.
 
 #include "support/ImageConverterViewTest.h"
 
@@ -40,7 +40,7 @@ TEST_F(ImageConverterViewTest, SavesTheProcessedPictureOrElseTheSource) {
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
-TEST_F(ImageConverterViewTest, SavesInTheFormatAndQualityThatAreChosen) {
+TEST_F(ImageConverterViewTest, SavesInTheChosenFormatAndQuality) {
     load();
     state->setTargetFormat(ImageFormat::jpeg);
     saveAs("/good.jpg");
@@ -89,12 +89,12 @@ TEST_F(ImageConverterViewTest, NothingIsSavedWhileTheTransformsAreApplied) {
     EXPECT_TRUE(state->cannotSave());
     fakes.panels.choose = nullptr;
     state->saveImage(context);
-    EXPECT_FALSE(fakes.panels.choose) << "no panel comes up";
+    EXPECT_FALSE(fakes.panels.choose) << "no panel opens";
     fakes.background.runAll();
     EXPECT_FALSE(state->cannotSave());
 }
 
-TEST_F(ImageConverterViewTest, APlaceChosenWhileTheTransformsAreAppliedGetsTheirResult) {
+TEST_F(ImageConverterViewTest, APathChosenWhileTransformsAreAppliedReceivesTheirResult) {
     load();
     state->setRotation(Rotation::degrees90);
     state->saveImage(context);
@@ -105,10 +105,10 @@ TEST_F(ImageConverterViewTest, APlaceChosenWhileTheTransformsAreAppliedGetsTheir
     EXPECT_TRUE(haveSamePixels(imageEngine().decode(fakes.files.contents["/turned.png"], {}).value(),
                                *state->processedImage()));
     apply();
-    EXPECT_EQ(fakes.files.contents.size(), 1) << "it is saved once";
+    EXPECT_EQ(fakes.files.contents.size(), 1) << "saved only once";
 }
 
-TEST_F(ImageConverterViewTest, SaysWhatHasBeenSavedForAWhile) {
+TEST_F(ImageConverterViewTest, ShowsTheSavedFileForSixSeconds) {
     load();
     EXPECT_EQ(state->savedBadge(), std::nullopt);
     saveAs("/folder/Über uns.png");
@@ -123,7 +123,7 @@ TEST_F(ImageConverterViewTest, SaysWhatHasBeenSavedForAWhile) {
     EXPECT_FALSE(state->savedBadge());
 }
 
-TEST_F(ImageConverterViewTest, ALaterSavingIsShownForItsOwnTime) {
+TEST_F(ImageConverterViewTest, ALaterSaveIsShownForItsOwnSixSeconds) {
     load();
     saveAs("/one.png");
     fakes.timers.advance(std::chrono::seconds(4));
@@ -137,7 +137,7 @@ TEST_F(ImageConverterViewTest, ALaterSavingIsShownForItsOwnTime) {
     fakes.timers.advance(std::chrono::seconds(9));
 }
 
-TEST_F(ImageConverterViewTest, WhatHasBeenSavedIsForgottenWithTheNextChange) {
+TEST_F(ImageConverterViewTest, TheNextChangeHidesTheSavedFile) {
     using Change = void (*)(ImageConverterView&, const Context<ImageConverterView>&);
     const Change changes[] = {
         [](ImageConverterView& view, const auto&) { view.setTargetFormat(ImageFormat::gif); },
@@ -165,7 +165,7 @@ TEST_F(ImageConverterViewTest, WhatHasBeenSavedIsForgottenWithTheNextChange) {
     EXPECT_FALSE(state->savedBadge());
 }
 
-TEST_F(ImageConverterViewTest, TellsWhetherWhatIsChosenIsApplied) {
+TEST_F(ImageConverterViewTest, ReportsUnappliedChanges) {
     EXPECT_FALSE(state->hasUnappliedChanges());
     state->setRotation(Rotation::degrees90);
     EXPECT_FALSE(state->hasUnappliedChanges()) << "there is no picture";
@@ -182,16 +182,16 @@ TEST_F(ImageConverterViewTest, TellsWhetherWhatIsChosenIsApplied) {
     state->setResizeWidth(20);
     EXPECT_TRUE(state->hasUnappliedChanges());
     state->setResizeHeight(0);
-    EXPECT_FALSE(state->hasUnappliedChanges()) << "it is resized only where both sides are given";
+    EXPECT_FALSE(state->hasUnappliedChanges()) << "resizing needs both sides";
 }
 
-TEST_F(ImageConverterViewTest, ComparesWhatIsChosenWithThePreview) {
+TEST_F(ImageConverterViewTest, UnappliedChangesAreRelativeToThePreview) {
     load();
     state->setFlipDirection(FlipDirection::both);
     state->applyTransforms(context);
-    EXPECT_FALSE(state->hasUnappliedChanges()) << "it is on its way";
+    EXPECT_FALSE(state->hasUnappliedChanges()) << "it is being applied";
     state->setResizeWidth(20);
-    EXPECT_TRUE(state->hasUnappliedChanges()) << "that was chosen later";
+    EXPECT_TRUE(state->hasUnappliedChanges()) << "this was chosen later";
     fakes.background.runAll();
     EXPECT_TRUE(state->hasUnappliedChanges());
     apply();
@@ -207,7 +207,7 @@ TEST_F(ImageConverterViewTest, ComparesWhatIsChosenWithThePreview) {
     EXPECT_EQ(state->processedDimensionsText(), "");
 }
 
-TEST_F(ImageConverterViewTest, SaysWhyAFileCannotBeSaved) {
+TEST_F(ImageConverterViewTest, ReportsWhyAFileCannotBeSaved) {
     load();
     for (const auto* reason : {"No space left on device", "Permission denied"}) {
         fakes.files.writeFailure = reason;
@@ -222,7 +222,7 @@ TEST_F(ImageConverterViewTest, SaysWhyAFileCannotBeSaved) {
     EXPECT_EQ(state->errorMessage, "Failed to save: Invalid or corrupted image");
 }
 
-TEST_F(ImageConverterViewTest, WhatIsBeingSavedIsSaved) {
+TEST_F(ImageConverterViewTest, ResettingDoesNotCancelASave) {
     load();
     state->saveImage(context);
     fakes.panels.choose("/converted.png");

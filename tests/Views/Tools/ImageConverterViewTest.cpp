@@ -39,10 +39,10 @@ TEST_F(ImageConverterViewTest, AMissingDecoderIsNamed) {
               "Failed to load image: HEIC cannot be read on this computer (needs libheif-plugin-libde265)");
 }
 
-TEST_F(ImageConverterViewTest, LoadingShowsThePictureAndItsFacts) {
+TEST_F(ImageConverterViewTest, LoadingShowsThePictureAndItsProperties) {
     state->loadImage(file, context);
     EXPECT_TRUE(state->isLoading());
-    EXPECT_FALSE(state->hasSource()) << "it comes later";
+    EXPECT_FALSE(state->hasSource()) << "the picture arrives later";
     fakes.background.runAll();
     ASSERT_TRUE(state->hasSource());
     EXPECT_TRUE(haveSamePixels(*state->sourceImage(), picture));
@@ -77,7 +77,7 @@ TEST_F(ImageConverterViewTest, CancellingAPanelChangesNothing) {
     EXPECT_EQ(fakes.background.pendingCount(), 0);
 }
 
-TEST_F(ImageConverterViewTest, SaysWhyAFileCannotBeLoaded) {
+TEST_F(ImageConverterViewTest, ReportsWhyAFileCannotBeLoaded) {
     struct Row {
         std::string_view path;
         std::string_view message;
@@ -97,10 +97,10 @@ TEST_F(ImageConverterViewTest, SaysWhyAFileCannotBeLoaded) {
         EXPECT_FALSE(state->hasSource());
     }
     load();
-    EXPECT_EQ(state->errorMessage, std::nullopt) << "a picture has been loaded since";
+    EXPECT_EQ(state->errorMessage, std::nullopt) << "a later success clears the message";
 }
 
-TEST_F(ImageConverterViewTest, AFailureKeepsThePictureThatIsThere) {
+TEST_F(ImageConverterViewTest, AFailureKeepsTheCurrentPicture) {
     load();
     state->loadImage("no picture", context);
     fakes.background.runAll();
@@ -108,7 +108,7 @@ TEST_F(ImageConverterViewTest, AFailureKeepsThePictureThatIsThere) {
     EXPECT_TRUE(state->errorMessage);
 }
 
-TEST_F(ImageConverterViewTest, OfSeveralFilesTheFirstImageIsLoaded) {
+TEST_F(ImageConverterViewTest, TheFirstImageOfSeveralFilesIsLoaded) {
     fakes.files.contents["/notes.txt"] = "notes";
     fakes.files.contents["/Übersicht 1.png"] = file;
     fakes.files.contents["/other.png"] =
@@ -122,7 +122,8 @@ TEST_F(ImageConverterViewTest, OfSeveralFilesTheFirstImageIsLoaded) {
     state->reset();
     state->handleDrop({.files = {"/gone.png", "/notes.txt"}}, context);
     fakes.background.runAll();
-    EXPECT_EQ(state->errorMessage, "Failed to load image: No such file or directory") << "that of the first";
+    EXPECT_EQ(state->errorMessage, "Failed to load image: No such file or directory")
+        << "the error of the first file";
 }
 
 TEST_F(ImageConverterViewTest, TheBytesOfAPictureCanBeDropped) {
@@ -131,7 +132,7 @@ TEST_F(ImageConverterViewTest, TheBytesOfAPictureCanBeDropped) {
     EXPECT_TRUE(state->hasSource());
 }
 
-TEST_F(ImageConverterViewTest, OnlyTheLastOfTwoLoadingsCounts) {
+TEST_F(ImageConverterViewTest, OnlyTheLastOfTwoLoadsTakesEffect) {
     state->loadImage(file, context);
     state->loadImage(imageEngine().convert(support::distinctPicture({9, 8}), ImageFormat::gif, 1).value(),
                      context);
@@ -140,7 +141,7 @@ TEST_F(ImageConverterViewTest, OnlyTheLastOfTwoLoadingsCounts) {
     EXPECT_EQ(state->formatText(), "GIF image");
 }
 
-TEST_F(ImageConverterViewTest, AResultThatComesTooLateIsDropped) {
+TEST_F(ImageConverterViewTest, AnOutdatedResultIsDropped) {
     state->loadImage(file, context);
     state->reset();
     fakes.background.runAll();
@@ -154,13 +155,13 @@ TEST_F(ImageConverterViewTest, AResultThatComesTooLateIsDropped) {
     state->applyTransforms(context);
     state->loadImage(file, context);
     fakes.background.runAll();
-    EXPECT_FALSE(state->hasProcessed()) << "it was made of the picture before";
+    EXPECT_FALSE(state->hasProcessed()) << "it was made from the previous picture";
     state->applyTransforms(context);
     state.reset();
     fakes.background.runAll();
 }
 
-TEST_F(ImageConverterViewTest, TransformsAreAppliedInTheirOrder) {
+TEST_F(ImageConverterViewTest, RotationFlipAndResizeAreAppliedInOrder) {
     load();
     state->setMaintainAspectRatio(false);
     state->setResizeWidth(12);
@@ -175,10 +176,10 @@ TEST_F(ImageConverterViewTest, TransformsAreAppliedInTheirOrder) {
     expected = imageEngine().resize(expected, {12, 11}, false).value();
     ASSERT_TRUE(state->hasProcessed());
     EXPECT_TRUE(haveSamePixels(*state->processedImage(), expected));
-    EXPECT_TRUE(haveSamePixels(*state->sourceImage(), picture)) << "the source stays";
+    EXPECT_TRUE(haveSamePixels(*state->sourceImage(), picture)) << "the source is unchanged";
 }
 
-TEST_F(ImageConverterViewTest, WithoutASizeItOnlyTurnsAndMirrors) {
+TEST_F(ImageConverterViewTest, WithoutASizeItOnlyRotatesAndFlips) {
     load();
     state->setRotation(Rotation::degrees90);
     for (const auto& [width, height] : {std::pair{0, 10}, {10, 0}, {-1, -1}}) {
@@ -190,7 +191,7 @@ TEST_F(ImageConverterViewTest, WithoutASizeItOnlyTurnsAndMirrors) {
     }
 }
 
-TEST_F(ImageConverterViewTest, ATransformThatFailsIsLeftOut) {
+TEST_F(ImageConverterViewTest, AFailingTransformIsSkipped) {
     load();
     state->setRotation(Rotation::degrees180);
     state->setMaintainAspectRatio(false);
@@ -203,7 +204,7 @@ TEST_F(ImageConverterViewTest, ATransformThatFailsIsLeftOut) {
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
-TEST_F(ImageConverterViewTest, ApplyingForgetsTheMessageAndNeedsAPicture) {
+TEST_F(ImageConverterViewTest, ApplyingNeedsAPictureAndClearsTheMessage) {
     state->errorMessage = "before";
     apply();
     EXPECT_EQ(state->errorMessage, "before");
@@ -213,7 +214,7 @@ TEST_F(ImageConverterViewTest, ApplyingForgetsTheMessageAndNeedsAPicture) {
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
-TEST_F(ImageConverterViewTest, SaysThatAFileHoldsMorePictures) {
+TEST_F(ImageConverterViewTest, ReportsThatAFileHoldsMorePictures) {
     EXPECT_FALSE(state->isFirstOfMany());
     load();
     EXPECT_FALSE(state->isFirstOfMany());
@@ -223,7 +224,7 @@ TEST_F(ImageConverterViewTest, SaysThatAFileHoldsMorePictures) {
     EXPECT_EQ(state->firstOfManyText(), "The first of 12 pictures in the file");
 }
 
-TEST_F(ImageConverterViewTest, AChoiceInAPanelMayComeTooLate) {
+TEST_F(ImageConverterViewTest, AnOutdatedChoiceInAPanelIsIgnored) {
     load();
     state->saveImage(context);
     state->remove();
@@ -236,7 +237,7 @@ TEST_F(ImageConverterViewTest, AChoiceInAPanelMayComeTooLate) {
     EXPECT_EQ(fakes.background.pendingCount(), 0);
 }
 
-TEST_F(ImageConverterViewTest, RemovingKeepsWhatIsChosen) {
+TEST_F(ImageConverterViewTest, RemovingKeepsTheSettings) {
     load();
     state->setTargetFormat(ImageFormat::heic);
     state->setRotation(Rotation::degrees270);
@@ -248,7 +249,7 @@ TEST_F(ImageConverterViewTest, RemovingKeepsWhatIsChosen) {
                   .targetFormat = ImageFormat::heic, .quality = 0.5, .rotation = Rotation::degrees270}));
 }
 
-TEST_F(ImageConverterViewTest, ResettingForgetsEverything) {
+TEST_F(ImageConverterViewTest, ResettingRestoresTheInitialState) {
     load();
     state->setTargetFormat(ImageFormat::heic);
     state->setFlipDirection(FlipDirection::both);
@@ -259,7 +260,7 @@ TEST_F(ImageConverterViewTest, ResettingForgetsEverything) {
     EXPECT_EQ(*state, ImageConverterView{});
 }
 
-TEST_F(ImageConverterViewTest, ShowsTheQualityWhereThereIsOne) {
+TEST_F(ImageConverterViewTest, ShowsTheQualityForLossyFormats) {
     for (const auto format : allCases<ImageFormat>) {
         state->setTargetFormat(format);
         EXPECT_EQ(state->showsQuality(), format == ImageFormat::jpeg || format == ImageFormat::heic);
@@ -272,7 +273,7 @@ TEST_F(ImageConverterViewTest, ShowsTheQualityWhereThereIsOne) {
     }
 }
 
-TEST_F(ImageConverterViewTest, TellsFileSizesInThousands) {
+TEST_F(ImageConverterViewTest, ShowsFileSizesInDecimalUnits) {
     state->source = {.imageInfo = {.hasAlpha = true, .dpi = 300}};
     for (const auto& [size, text] : {std::pair<std::int64_t, const char*>{0, "0 bytes"},
                                      {999, "999 bytes"},
@@ -289,7 +290,7 @@ TEST_F(ImageConverterViewTest, TellsFileSizesInThousands) {
     EXPECT_EQ(state->resolutionText(), "300");
 }
 
-TEST_F(ImageConverterViewTest, SaysThatTheEngineIsMissing) {
+TEST_F(ImageConverterViewTest, ReportsThatTheEngineIsMissing) {
     fakes.images.failure = "The image library cannot be loaded: no such file";
     state->appear(context);
     EXPECT_EQ(state->errorMessage, fakes.images.failure);

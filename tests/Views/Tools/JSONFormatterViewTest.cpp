@@ -18,7 +18,7 @@ JSONFormatterView treeOf(std::string text) {
     return view;
 }
 
-/// The rows as they would be read aloud: depth, key, value or count.
+/// The rows as text: depth, key, value or count.
 std::vector<std::string> rowsOf(const JSONFormatterView& view) {
     std::vector<std::string> lines;
     for (const auto& row : view.tree.rows())
@@ -48,11 +48,11 @@ TEST(JSONFormatterView, PrettifiesAndMinifies) {
     EXPECT_EQ(view.status(), valid);
 }
 
-TEST(JSONFormatterView, PrettifyingNothingSaysSoAndEmptiesTheOutput) {
+TEST(JSONFormatterView, PrettifyingEmptyInputShowsAnErrorAndClearsTheOutput) {
     auto view = typed("[1]");
     view.prettify();
     view.setInputText("");
-    EXPECT_EQ(view.status(), valid) << "the verdict stays until the next action or edit";
+    EXPECT_EQ(view.status(), valid) << "the result stays until the next action or edit";
     view.prettify();
     EXPECT_EQ(view.status(), (StatusBadge{Status::error, "Input is empty"}));
     EXPECT_EQ(view.outputText, "");
@@ -78,7 +78,7 @@ TEST(JSONFormatterView, AFailedValidationShowsTheEnginesMessage) {
     EXPECT_EQ(view.status(), (StatusBadge{Status::error, "Invalid JSON"}));
 }
 
-TEST(JSONFormatterView, AFailureHidesAnEarlierVerdict) {
+TEST(JSONFormatterView, AFailureHidesAnEarlierResult) {
     auto view = typed("[1]");
     view.validate();
     view.setInputText("[1");
@@ -119,7 +119,7 @@ TEST(JSONFormatterView, ABrokenTextEmptiesTheTreeWithoutAMessage) {
     EXPECT_EQ(view.status(), std::nullopt);
 }
 
-TEST(JSONFormatterView, AnEditEndsWhatWasSaidOfTheTextBefore) {
+TEST(JSONFormatterView, AnEditClearsStatusAndWarningButNotTheOutput) {
     for (const bool showsTree : {false, true}) {
         for (const auto* text : {"[1]", "[1", R"({"a":1,"a":2})"}) {
             auto view = showsTree ? treeOf(text) : typed(text);
@@ -134,13 +134,13 @@ TEST(JSONFormatterView, AnEditEndsWhatWasSaidOfTheTextBefore) {
                 view.setInputText("[1, 2]");
                 EXPECT_EQ(view.status(), std::nullopt) << text;
                 EXPECT_EQ(view.warning(), std::nullopt) << text;
-                EXPECT_EQ(view.outputText, before.outputText) << "the output may still be wanted";
+                EXPECT_EQ(view.outputText, before.outputText) << "the output stays";
             }
         }
     }
 }
 
-TEST(JSONFormatterView, ARepairedTextHasATreeAndNoVerdict) {
+TEST(JSONFormatterView, ACorrectedTextHasATreeAndNoStatus) {
     auto view = treeOf("[1");
     view.validate();
     EXPECT_TRUE(view.errorMessage);
@@ -150,10 +150,10 @@ TEST(JSONFormatterView, ARepairedTextHasATreeAndNoVerdict) {
     EXPECT_EQ(view.status(), std::nullopt);
 }
 
-TEST(JSONFormatterView, WarnsOfDuplicateNames) {
+TEST(JSONFormatterView, WarnsAboutDuplicateNames) {
     const StatusBadge warning{Status::warning, R"(Duplicate name "a": only its last value counts)"};
     auto view = typed(R"({"a":1,"a":2})");
-    EXPECT_EQ(view.warning(), std::nullopt) << "nothing has read the text";
+    EXPECT_EQ(view.warning(), std::nullopt) << "the text has not been parsed";
     for (const auto operation :
          {&JSONFormatterView::prettify, &JSONFormatterView::minify, &JSONFormatterView::validate}) {
         (view.*operation)();
@@ -166,7 +166,7 @@ TEST(JSONFormatterView, WarnsOfDuplicateNames) {
     EXPECT_EQ(view.warning(), std::nullopt);
     view = treeOf(R"({"a":1,"a":2})");
     EXPECT_EQ(view.status(), std::nullopt);
-    EXPECT_EQ(view.warning(), warning) << "the tree has one of them";
+    EXPECT_EQ(view.warning(), warning) << "building the tree finds them";
     view.setInputText(R"({"a":1,"a":2)");
     EXPECT_EQ(view.warning(), std::nullopt);
 }
@@ -219,7 +219,7 @@ TEST(JSONTree, AnEditUnfoldsAllButTheRoot) {
     EXPECT_EQ(view.tree.rows().size(), 4U);
 }
 
-TEST(JSONTree, ARootThatWasGoneStartsUnfolded) {
+TEST(JSONTree, ARootThatReappearsIsUnfolded) {
     auto view = treeOf("[1]");
     view.toggleRow(0);
     view.setInputText("[1");
@@ -227,7 +227,7 @@ TEST(JSONTree, ARootThatWasGoneStartsUnfolded) {
     EXPECT_EQ(view.tree.rows().size(), 2U);
 }
 
-TEST(JSONTree, LeavingTreeModeForgetsWhatWasFolded) {
+TEST(JSONTree, LeavingTreeModeUnfoldsAllRows) {
     auto view = treeOf("[1]");
     view.toggleRow(0);
     view.setShowTreeView(false);
@@ -235,7 +235,7 @@ TEST(JSONTree, LeavingTreeModeForgetsWhatWasFolded) {
     EXPECT_EQ(view.tree.rows().size(), 2U);
 }
 
-TEST(JSONTree, ColoursKinds) {
+TEST(JSONTree, EveryTypeHasItsColor) {
     struct Row {
         JSONValueType type;
         PaletteColor color;
@@ -251,7 +251,7 @@ TEST(JSONTree, ColoursKinds) {
         EXPECT_EQ(colorForType(row.type), row.color);
 }
 
-TEST(JSONFormatterView, TellsTheKeyAndThePathOfARow) {
+TEST(JSONFormatterView, CopiesTheKeyAndThePathOfARow) {
     const auto view = treeOf(R"({"a":[{"b c":1,"d_2é":2}],"":3,"2x":4,"q\"\n":{"e":null}})");
 
     struct Row {
@@ -275,7 +275,7 @@ TEST(JSONFormatterView, CopiesTheValueOfARow) {
     const auto copied = [](std::string text, std::size_t row) {
         return treeOf(std::move(text)).tree.copiedValue(row);
     };
-    EXPECT_EQ(copied(R"("a \"b\"\n\u0001é")", 0), "a \"b\"\n\u0001é") << "what the string holds";
+    EXPECT_EQ(copied(R"("a \"b\"\n\u0001é")", 0), "a \"b\"\n\u0001é") << "the content of the string";
     EXPECT_EQ(copied(R"("")", 0), "");
     EXPECT_EQ(copied("1e3", 0), "1000");
     EXPECT_EQ(copied("[false,null]", 1), "false");
@@ -284,7 +284,7 @@ TEST(JSONFormatterView, CopiesTheValueOfARow) {
     auto view = treeOf(R"({"q\"\\\u0002":{"x":["a\tb",-0.5,true,null,{}]}})");
     const auto copy = view.tree.copiedValue(0);
     view.prettify();
-    EXPECT_EQ(copy, view.outputText) << "JSON as the output has it, also of what is folded";
+    EXPECT_EQ(copy, view.outputText) << "JSON as in the output, including folded rows";
     view.toggleRow(1);
     EXPECT_EQ(view.tree.copiedValue(0), copy);
 }

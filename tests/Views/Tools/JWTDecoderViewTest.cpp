@@ -66,7 +66,7 @@ TEST_F(JWTDecoderViewTest, DecodesTheExampleOfTheStandard) {
     EXPECT_EQ(view.status(), (StatusBadge{Status::error, "Token Expired"}));
 }
 
-TEST_F(JWTDecoderViewTest, AnswersEveryToken) {
+TEST_F(JWTDecoderViewTest, DecodesATokenOrReportsTheError) {
     struct Row {
         std::string_view name;
         std::string token;
@@ -119,7 +119,7 @@ TEST_F(JWTDecoderViewTest, AnswersEveryToken) {
     }
 }
 
-TEST_F(JWTDecoderViewTest, JudgesByTheExpiryDate) {
+TEST_F(JWTDecoderViewTest, ExpiryDependsOnTheExpiryDate) {
     using NumericDate = JWTDecoderView::NumericDate;
 
     struct Row {
@@ -154,7 +154,7 @@ TEST_F(JWTDecoderViewTest, JudgesByTheExpiryDate) {
     }
 }
 
-TEST_F(JWTDecoderViewTest, SaysNothingOfDatesThatAreNotThere) {
+TEST_F(JWTDecoderViewTest, HasNoExpiryInfoWithoutNumericDates) {
     for (const auto claims :
          {"{}", R"({"nbf":99999999999,"Exp":1,"exp ":1})", R"({"exp":"1","iat":null})", R"({"exp":true})",
           R"({"exp":[1]})", R"({"claims":{"exp":1}})", R"([{"exp":1}])", R"(["exp",1])"}) {
@@ -165,7 +165,7 @@ TEST_F(JWTDecoderViewTest, SaysNothingOfDatesThatAreNotThere) {
     }
 }
 
-TEST_F(JWTDecoderViewTest, TellsTheExpiryDateInTheUsersCustoms) {
+TEST_F(JWTDecoderViewTest, ShowsTheExpiryDateInTheUsersLocale) {
     decodePayload(R"({"exp":1795251600})");
     EXPECT_EQ(view.expiryText(), "Expires: " + *DateText::mediumDateAndTime(1795251600));
     decodePayload(R"({"iat":1795251600})");
@@ -173,7 +173,7 @@ TEST_F(JWTDecoderViewTest, TellsTheExpiryDateInTheUsersCustoms) {
     EXPECT_EQ(view.expiryText(), "");
 }
 
-TEST_F(JWTDecoderViewTest, SaysWhatToTakeOutOfATokenThatCannotBeDecoded) {
+TEST_F(JWTDecoderViewTest, HintsWhatToRemoveFromAnUndecodableToken) {
     struct Row {
         std::string_view token;
         std::string_view hint;
@@ -193,7 +193,7 @@ TEST_F(JWTDecoderViewTest, SaysWhatToTakeOutOfATokenThatCannotBeDecoded) {
         {"e30.e30.s.s", ""},
         {"Bearere30.e30.s", ""},
         {"e30.e3$.s", ""},
-        {"e30.e30.si\ng", ""}, // which is shown as it is
+        {"e30.e30.si\ng", ""}, // the signature is shown unchanged
         {" e30.e30.s ", ""},
         {"", ""},
     };
@@ -206,7 +206,7 @@ TEST_F(JWTDecoderViewTest, SaysWhatToTakeOutOfATokenThatCannotBeDecoded) {
     EXPECT_EQ(view.details(), "Expires: 1e300");
 }
 
-TEST_F(JWTDecoderViewTest, ShowsTheNumberOfADateThatNoCalendarHas) {
+TEST_F(JWTDecoderViewTest, ShowsTheNumberOfADateOutsideTheCalendar) {
     struct Row {
         std::string_view number;
         std::string_view text;
@@ -227,7 +227,7 @@ TEST_F(JWTDecoderViewTest, ShowsTheNumberOfADateThatNoCalendarHas) {
     }
 }
 
-TEST_F(JWTDecoderViewTest, ForgetsItsResultsWhenTheTokenChanges) {
+TEST_F(JWTDecoderViewTest, ChangingTheTokenClearsTheResults) {
     const std::string token = "e30." + encoded(R"({"exp":1})") + ".s";
     decode(token);
     const auto decoded = view;
@@ -241,7 +241,7 @@ TEST_F(JWTDecoderViewTest, ForgetsItsResultsWhenTheTokenChanges) {
     expectNoResults();
 }
 
-TEST_F(JWTDecoderViewTest, ForgetsItsResultsAtEveryDecoding) {
+TEST_F(JWTDecoderViewTest, DecodingClearsTheEarlierResults) {
     decodePayload(R"({"exp":1})");
     view.inputToken = "e30.?.s";
     view.decode(context);

@@ -35,7 +35,7 @@ TEST(LoremIpsumView, GeneratesThreeParagraphs) {
     EXPECT_LE(view.sentences().value, 21);
 }
 
-TEST(LoremIpsumView, GeneratesWhatIsChosen) {
+TEST(LoremIpsumView, GeneratesTheChosenTypeAndCount) {
     LoremIpsumView view;
     view.setGenerationType(GenerationType::words);
     view.setCount(2);
@@ -56,7 +56,7 @@ TEST(LoremIpsumView, GeneratesWhatIsChosen) {
     EXPECT_EQ(view.sentences().value, 1);
 }
 
-TEST(LoremIpsumView, GeneratesOnlyWhenAskedAndAnewEachTime) {
+TEST(LoremIpsumView, GeneratesOnlyOnRequestAndDifferentlyEachTime) {
     LoremIpsumView view;
     view.setCount(4);
     view.setStartWithLorem(false);
@@ -72,7 +72,7 @@ TEST(LoremIpsumView, GeneratesOnlyWhenAskedAndAnewEachTime) {
     EXPECT_NE(view.generatedText, text);
 }
 
-TEST(LoremIpsumView, CountsFromOneToAHundred) {
+TEST(LoremIpsumView, LimitsTheCountToOneToAHundred) {
     LoremIpsumView view;
     view.setCount(0);
     EXPECT_EQ(view.countLabel(), "Count: 1");
@@ -80,7 +80,7 @@ TEST(LoremIpsumView, CountsFromOneToAHundred) {
     EXPECT_EQ(view.countLabel(), "Count: 100");
 }
 
-TEST(LoremIpsumView, CopiesAndSaysSoForOneAndAHalfSeconds) {
+TEST(LoremIpsumView, CopiesAndShowsFeedbackForOneAndAHalfSeconds) {
     FakeServices fakes;
     LoremIpsumView view{.generatedText = "Lorem ipsum"};
     const Context<LoremIpsumView> context{fakes.services, [&view](const auto& change) { change(view); }};
@@ -94,7 +94,7 @@ TEST(LoremIpsumView, CopiesAndSaysSoForOneAndAHalfSeconds) {
     EXPECT_FALSE(view.copied);
 }
 
-TEST(LoremIpsumView, Clears) {
+TEST(LoremIpsumView, ClearRemovesTheTextAndKeepsTheCount) {
     LoremIpsumView view;
     view.generate();
     view.clear();

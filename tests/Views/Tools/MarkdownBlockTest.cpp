@@ -99,10 +99,10 @@ const std::vector<MarkdownBlockRow>& markdownBlockRows() {
         {"rules",
          "---\n***\n___\n-*_-",
          {HorizontalRule{}, HorizontalRule{}, HorizontalRule{}, HorizontalRule{}}},
-        {"a rule among spaces", "  ---  ", {HorizontalRule{}}},
+        {"a rule between spaces", "  ---  ", {HorizontalRule{}}},
         {"three asterisks are a rule", "***", {HorizontalRule{}}},
         {"an asterisk and a text are an item", "* a", {UnorderedList{{"a"}}}},
-        {"asterisks among spaces are an item", "* * *", {UnorderedList{{"* *"}}}},
+        {"asterisks with spaces between them are an item", "* * *", {UnorderedList{{"* *"}}}},
         {"two hyphens", "--", {Paragraph{"--"}}},
 
         {"a quote", "> a\n  > b", {Blockquote{"a\nb"}}},
@@ -112,7 +112,7 @@ const std::vector<MarkdownBlockRow>& markdownBlockRows() {
 
         {"items of all markers", "- a\n* b\n+ c", {UnorderedList{{"a", "b", "c"}}}},
         {"indented items", "- a\n  - b", {UnorderedList{{"a", "b"}}}},
-        {"a blank line parts lists", "- a\n\n- b", {UnorderedList{{"a"}}, UnorderedList{{"b"}}}},
+        {"a blank line separates lists", "- a\n\n- b", {UnorderedList{{"a"}}, UnorderedList{{"b"}}}},
         {"text ends a list", "- a\nb", {UnorderedList{{"a"}}, Paragraph{"b"}}},
         {"a rule ends a list",
          "- a\n---\n- b",
@@ -121,9 +121,9 @@ const std::vector<MarkdownBlockRow>& markdownBlockRows() {
 
         {"numbered items", "1. a\n1. b\n300.\tc", {OrderedList{{"a", "b", "c"}}}},
         {"numbers of other scripts", "\u0663. a", {OrderedList{{"a"}}}},
-        {"a blank line parts numbered lists", "1. a\n\n2. b", {OrderedList{{"a"}}, OrderedList{{"b"}}}},
-        {"one kind of list behind the other", "1. a\n- b", {OrderedList{{"a"}}, UnorderedList{{"b"}}}},
-        {"more white space behind the number", "1.   a", {OrderedList{{"a"}}}},
+        {"a blank line separates numbered lists", "1. a\n\n2. b", {OrderedList{{"a"}}, OrderedList{{"b"}}}},
+        {"one kind of list after the other", "1. a\n- b", {OrderedList{{"a"}}, UnorderedList{{"b"}}}},
+        {"more white space after the number", "1.   a", {OrderedList{{"a"}}}},
         {"a number alone", "1.", {Paragraph{"1."}}},
         {"a number before a word", "1.5 a", {Paragraph{"1.5 a"}}},
 
@@ -138,7 +138,7 @@ const std::vector<MarkdownBlockRow>& markdownBlockRows() {
     return all;
 }
 
-TEST(MarkdownBlock, IsWhatItsLinesSay) {
+TEST(MarkdownBlock, ParsesEveryBlock) {
     for (const auto& [name, markdown, blocks] : markdownBlockRows())
         EXPECT_EQ(parseBlocks(markdown), blocks) << name;
 }
@@ -170,8 +170,8 @@ std::string textOf(const MarkdownBlock& block) {
     return std::visit(Visitor{}, block);
 }
 
-/// No text is lost, whatever stands around it. (What stands behind a closing fence is, so there is none.)
-RC_GTEST_PROP(MarkdownBlock, ShowsEveryWord, ()) {
+/// No text is lost, whatever surrounds it. (Text after a closing fence is lost, so the tokens have no fence.)
+RC_GTEST_PROP(MarkdownBlock, KeepsEveryWord, ()) {
     const auto tokens = *rc::gen::container<std::vector<std::string>>(rc::gen::element<std::string>(
         "\n", "\n", " ", "# ", "- ", "1. ", "> ", "---", "a", "b", "\r\n", "\t"));
     std::string markdown;
@@ -188,7 +188,7 @@ RC_GTEST_PROP(MarkdownBlock, ShowsEveryWord, ()) {
     RC_ASSERT(words(shown) == words(markdown));
 }
 
-TEST(MarkdownBlock, EndsSoonOnHostileText) {
+TEST(MarkdownBlock, FinishesInTimeOnHostileText) {
     for (const std::string_view piece : {"- a\n", "```\n", "# \n", "> ", "#", "-", "1", "\n", "a\r", " "}) {
         std::string text;
         while (text.size() < 1'000'000)

@@ -12,7 +12,7 @@
 namespace korvane {
 namespace {
 
-/// The runs of `text`, each in angle brackets behind the letters of its styles (Bold, Italic, Struck, Code,
+/// The runs of `text`, each in angle brackets after the letters of its styles (Bold, Italic, Struck, Code,
 /// Link) and before its target.
 std::string rendered(std::string_view text) {
     std::string result;
@@ -59,10 +59,10 @@ constexpr MarkdownInlineRow markdownInlineRows[] = {
     {"code in bold", "**a `b** c` d**", "B<a >BC<b** c>B< d>"},
     {"a bracket in code in a link", "[`a]`](b)", "CL<a]>(b)"},
     {"delimiters in a target", "[a](b_c_d**e**) f", "L<a>(b_c_d**e**) f"},
-    {"a delimiter reaches over code", "*a `*` b*", "I<a >IC<*>I< b>"},
+    {"a delimiter pair may contain code", "*a `*` b*", "I<a >IC<*>I< b>"},
 
     {"words with underscores", "snake_case_name", "snakeI<case>name"},
-    {"an asterisk behind an underscore opens nothing", "_*a* b", "_*a* b"},
+    {"an asterisk after an underscore opens nothing", "_*a* b", "_*a* b"},
     {"open delimiters", "**a *b `c ~~d [e](f", "**a *b `c ~~d [e](f"},
     {"empty delimiters", "** ~~ `` []() [a]() [](b)", "** ~~ `` []() [a]() [](b)"},
     {"four asterisks", "****", "****"},
@@ -72,13 +72,13 @@ constexpr MarkdownInlineRow markdownInlineRows[] = {
     {"bytes that are not UTF-8", "**\xFF** \xC2", "B<\xFF> \xC2"},
 };
 
-TEST(MarkdownInline, StylesWhatDelimitersEnclose) {
+TEST(MarkdownInline, StylesTextBetweenDelimiters) {
     for (const auto& [name, text, shown] : markdownInlineRows)
         EXPECT_EQ(rendered(text), shown) << name;
 }
 
-/// Whatever the delimiters, what is none of them is shown once and in its order.
-RC_GTEST_PROP(MarkdownInline, ShowsEveryCharacterThatIsNoDelimiter, ()) {
+/// Every character that is no delimiter is shown once and in order.
+RC_GTEST_PROP(MarkdownInline, ShowsEveryCharacterThatIsNotADelimiter, ()) {
     const auto tokens = *rc::gen::container<std::vector<std::string>>(
         rc::gen::element<std::string>("*", "**", "_", "__", "~~", "`", "[", "]", "a", "ä", " "));
     std::string text;
@@ -98,7 +98,7 @@ RC_GTEST_PROP(MarkdownInline, ShowsEveryCharacterThatIsNoDelimiter, ()) {
     RC_ASSERT(letters(shown) == letters(text));
 }
 
-TEST(MarkdownInline, EndsSoonOnHostileText) {
+TEST(MarkdownInline, FinishesInTimeOnHostileText) {
     for (const std::string_view piece : {"**", "**a", "*", "_*", "*a_b", "~~", "`", "`a", "[", "[a](",
                                          "[a](b", "[`]", "![", "__a**", "_a_", "a"}) {
         std::string text;

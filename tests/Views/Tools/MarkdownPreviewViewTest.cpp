@@ -22,7 +22,7 @@ TEST(MarkdownPreviewView, StartsWithTheSampleSideBySide) {
     EXPECT_EQ(view.viewMode, ViewMode::sideBySide);
 }
 
-TEST(MarkdownPreviewView, NamesItsModes) {
+TEST(MarkdownPreviewView, ModesHaveTheirNames) {
     ASSERT_EQ(allCases<ViewMode>.size(), 4U);
     EXPECT_EQ(rawValue(ViewMode::sideBySide), "Side by Side");
     EXPECT_EQ(rawValue(ViewMode::editorOnly), "Editor");
@@ -79,7 +79,7 @@ TEST(MarkdownPreviewView, TheSampleShowsEveryConstruct) {
               (InlineRun{.text = "Korvane", .target = "https://korvane.org"}));
 }
 
-TEST(MarkdownPreviewView, ConvertsWhateverIsWritten) {
+TEST(MarkdownPreviewView, ConvertsTheTextToHTML) {
     MarkdownPreviewView view;
     view.setMarkdownText("# a\n\n*b*");
     EXPECT_EQ(view.html(), "<h1>a</h1>\n\n<p><em>b</em></p>");

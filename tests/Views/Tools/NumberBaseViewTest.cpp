@@ -34,7 +34,7 @@ TEST(NumberBaseView, ShowsANumberInEveryBaseAsItIsTyped) {
     EXPECT_EQ(view.errorMessage, std::nullopt);
 }
 
-TEST(NumberBaseView, ReadsTheSameTextAnewInAnotherBase) {
+TEST(NumberBaseView, ReadsTheSameTextAgainInAnotherBase) {
     auto view = typed(Base::decimal, "10");
     EXPECT_EQ(view.formatResult(Base::decimal), "10");
     view.setSourceBase(Base::binary);
@@ -42,7 +42,7 @@ TEST(NumberBaseView, ReadsTheSameTextAnewInAnotherBase) {
     EXPECT_EQ(view.inputText, "10");
 }
 
-TEST(NumberBaseView, SaysWhatIsWrongAndShowsNoResults) {
+TEST(NumberBaseView, ShowsTheErrorAndNoResults) {
     struct Row {
         Base base;
         std::string_view input;
@@ -67,7 +67,7 @@ TEST(NumberBaseView, SaysWhatIsWrongAndShowsNoResults) {
     }
 }
 
-TEST(NumberBaseView, AnErrorGoesWhenTheBaseFits) {
+TEST(NumberBaseView, ChoosingAMatchingBaseClearsTheError) {
     auto view = typed(Base::decimal, "1F");
     EXPECT_TRUE(view.errorMessage);
     view.setSourceBase(Base::hexadecimal);
@@ -75,7 +75,7 @@ TEST(NumberBaseView, AnErrorGoesWhenTheBaseFits) {
     EXPECT_EQ(view.formatResult(Base::decimal), "31");
 }
 
-TEST(NumberBaseView, ClearingLeavesNeitherResultNorMessage) {
+TEST(NumberBaseView, ClearingRemovesResultsAndMessage) {
     for (const auto* input : {"5", "five"}) {
         auto view = typed(Base::decimal, input);
         view.setInputText("");
@@ -83,7 +83,7 @@ TEST(NumberBaseView, ClearingLeavesNeitherResultNorMessage) {
     }
 }
 
-TEST(NumberBaseView, GroupsOnlyWhatIsShown) {
+TEST(NumberBaseView, GroupsOnlyTheDisplayedDigits) {
     auto view = typed(Base::decimal, "1234567");
     const auto results = view.results;
     view.setShowGrouped(true);
@@ -108,7 +108,7 @@ TEST(NumberBaseView, MarksTheCardOfTheSource) {
     EXPECT_EQ(view.resultCard(Base::decimal).note(), "");
 }
 
-TEST(NumberBaseView, NamesWhatItShowsForEachBase) {
+TEST(NumberBaseView, EveryBaseHasItsTextsIconAndColor) {
     struct Row {
         Base base;
         std::string_view title;

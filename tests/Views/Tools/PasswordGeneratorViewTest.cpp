@@ -44,7 +44,7 @@ TEST_F(PasswordGeneratorViewTest, StartsWithItsDefaults) {
     EXPECT_EQ(view.bulkCount, 5);
 }
 
-TEST_F(PasswordGeneratorViewTest, GeneratesOneOnTop) {
+TEST_F(PasswordGeneratorViewTest, AddsANewPasswordAtTheTop) {
     view.generatePassword(context);
     const auto first = view.currentPassword;
     EXPECT_EQ(first.size(), 16U);
@@ -61,7 +61,7 @@ TEST_F(PasswordGeneratorViewTest, GeneratesOneOnTop) {
 TEST_F(PasswordGeneratorViewTest, DrawsFromTheChosenClasses) {
     struct Row {
         void (PasswordGeneratorView::*include)(bool);
-        int (*belongs)(int);
+        int (*isMember)(int);
     };
 
     constexpr Row rows[] = {
@@ -76,11 +76,11 @@ TEST_F(PasswordGeneratorViewTest, DrawsFromTheChosenClasses) {
         (view.*row.include)(true);
         view.generatePassword(context);
         EXPECT_EQ(view.currentPassword.size(), 128U);
-        EXPECT_TRUE(std::ranges::all_of(view.currentPassword, row.belongs)) << view.currentPassword;
+        EXPECT_TRUE(std::ranges::all_of(view.currentPassword, row.isMember)) << view.currentPassword;
     }
 }
 
-TEST_F(PasswordGeneratorViewTest, LeavesOutWhatIsAmbiguous) {
+TEST_F(PasswordGeneratorViewTest, ExcludesAmbiguousCharacters) {
     view.setLength(128);
     view.setExcludeAmbiguous(true);
     for (int i = 0; i < 50; ++i) {
@@ -89,7 +89,7 @@ TEST_F(PasswordGeneratorViewTest, LeavesOutWhatIsAmbiguous) {
     }
 }
 
-TEST_F(PasswordGeneratorViewTest, ShowsTheFirstDrawnOfMany) {
+TEST_F(PasswordGeneratorViewTest, ABulkShowsTheFirstPasswordDrawn) {
     view.generatePassword(context);
     const auto before = view.currentPassword;
     view.setBulkCount(4);
@@ -99,14 +99,14 @@ TEST_F(PasswordGeneratorViewTest, ShowsTheFirstDrawnOfMany) {
     EXPECT_EQ(view.passwordHistory[4].password, before);
 }
 
-TEST_F(PasswordGeneratorViewTest, KeepsFifty) {
+TEST_F(PasswordGeneratorViewTest, KeepsTheNewestFifty) {
     for (int i = 0; i < 50; ++i)
         view.generatePassword(context);
     EXPECT_EQ(view.passwordHistory.size(), 50U);
     const auto second = view.passwordHistory[48].password;
     view.generatePassword(context);
     EXPECT_EQ(view.passwordHistory.size(), 50U);
-    EXPECT_EQ(view.passwordHistory.back().password, second) << "the oldest is gone";
+    EXPECT_EQ(view.passwordHistory.back().password, second) << "the oldest is removed";
 }
 
 TEST_F(PasswordGeneratorViewTest, ABulkOfFiftyReplacesTheHistory) {
@@ -120,7 +120,7 @@ TEST_F(PasswordGeneratorViewTest, ABulkOfFiftyReplacesTheHistory) {
     EXPECT_EQ(view.currentPassword, view.passwordHistory.back().password);
 }
 
-TEST_F(PasswordGeneratorViewTest, WithoutAClassAddsAnEmptyEntry) {
+TEST_F(PasswordGeneratorViewTest, WithoutAClassTheEntryIsEmpty) {
     view.generatePassword(context);
     includeNothing();
     view.generatePassword(context);
@@ -140,19 +140,19 @@ TEST_F(PasswordGeneratorViewTest, CopiesItsHistoryAsASecret) {
     EXPECT_TRUE(fakes.clipboard.isSecret);
     view.clearHistory();
     view.copyAllHistory(context);
-    EXPECT_EQ(fakes.clipboard.content, "") << "an empty history replaces what was there";
+    EXPECT_EQ(fakes.clipboard.content, "") << "an empty history replaces the clipboard's content";
 }
 
-TEST_F(PasswordGeneratorViewTest, ClearingKeepsTheCurrentOne) {
+TEST_F(PasswordGeneratorViewTest, ClearingTheHistoryKeepsTheCurrentPassword) {
     view.generatePassword(context);
     view.clearHistory();
     EXPECT_TRUE(view.hasPassword());
     EXPECT_FALSE(view.hasHistory());
 }
 
-TEST_F(PasswordGeneratorViewTest, KeepsItsRanges) {
+TEST_F(PasswordGeneratorViewTest, LimitsLengthAndBulkCount) {
     struct Row {
-        int wanted;
+        int requested;
         int length;
         int bulkCount;
     };
@@ -160,10 +160,10 @@ TEST_F(PasswordGeneratorViewTest, KeepsItsRanges) {
     constexpr Row rows[] = {{-1, 8, 1},   {7, 8, 7},      {8, 8, 8},     {50, 50, 50},
                             {51, 51, 50}, {128, 128, 50}, {129, 128, 50}};
     for (const auto& row : rows) {
-        view.setLength(row.wanted);
-        view.setBulkCount(row.wanted);
-        EXPECT_EQ(view.length, row.length) << row.wanted;
-        EXPECT_EQ(view.bulkCount, row.bulkCount) << row.wanted;
+        view.setLength(row.requested);
+        view.setBulkCount(row.requested);
+        EXPECT_EQ(view.length, row.length) << row.requested;
+        EXPECT_EQ(view.bulkCount, row.bulkCount) << row.requested;
     }
 }
 

@@ -28,7 +28,7 @@ TEST(RegexMatches, HaveALineForEachMatchAndGroup) {
                                                "Match 2 Group 2", "Match 3"}));
 }
 
-TEST(RegexMatches, KnowWhereTheLinesOfAMatchBegin) {
+TEST(RegexMatches, FindTheFirstLineOfEachMatch) {
     const auto matches = matchesOf("(a)|(b)(c)|d", "abcd");
     EXPECT_EQ(matches.firstLine(0), 0U);
     EXPECT_EQ(matches.firstLine(1), 2U);
@@ -36,7 +36,7 @@ TEST(RegexMatches, KnowWhereTheLinesOfAMatchBegin) {
     EXPECT_EQ(matches.firstLine(3), 6U);
 }
 
-TEST(RegexMatches, AreMadeOnDemandHoweverMany) {
+TEST(RegexMatches, AreCreatedOnDemand) {
     const auto matches = matchesOf("(a)", std::string(100'000, 'a'));
     ASSERT_EQ(matches.size(), 100'000U);
     EXPECT_EQ(matches[99'999].range, (RegularExpression::TextRange{99'999, 100'000}));
@@ -44,7 +44,7 @@ TEST(RegexMatches, AreMadeOnDemandHoweverMany) {
     EXPECT_EQ(matches.line(199'999), (RegexMatchLine{99'999, 0, "a"}));
 }
 
-TEST(RegexMatches, AreEqualOnlyToThemselves) {
+TEST(RegexMatches, AreEqualOnlyToTheirCopies) {
     const auto matches = matchesOf("a", "a");
     const auto copy = matches;
     EXPECT_EQ(copy, matches);

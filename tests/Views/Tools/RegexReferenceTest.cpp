@@ -1,4 +1,4 @@
-/// The texts of the regular-expression screen that never change.
+/// The fixed texts of the regular-expression screen.
 
 #include "Views/Tools/RegexTesterView.h"
 

@@ -40,7 +40,7 @@ protected:
 using Texts = std::vector<std::string>;
 using Groups = std::vector<std::string_view>;
 
-/// A text that is searched in the background because of its size: `x` and a lot of lines without one.
+/// A text large enough to be searched in the background: `x` and many lines without one.
 std::string longText() {
     std::string text = "x";
     while (text.size() < 10'000)
@@ -54,7 +54,7 @@ std::string hostileText() {
     return std::string(50, 'a') + "b";
 }
 
-TEST_F(RegexTesterViewTest, BeginsEmptyLiveAndCaseSensitive) {
+TEST_F(RegexTesterViewTest, StartsEmptyLiveAndCaseSensitive) {
     EXPECT_EQ(state->pattern, "");
     EXPECT_EQ(state->testString, "");
     EXPECT_EQ(state->replacement, "");
@@ -67,7 +67,7 @@ TEST_F(RegexTesterViewTest, BeginsEmptyLiveAndCaseSensitive) {
     EXPECT_EQ(state->matchesPanel(), Panel::prompt);
 }
 
-TEST_F(RegexTesterViewTest, LetterCaseCountsUnlessSwitchedOff) {
+TEST_F(RegexTesterViewTest, SearchesAreCaseSensitiveUnlessSwitchedOff) {
     search("a", "AaA");
     EXPECT_EQ(state->matchCount(), "1 match found");
     state->setCaseSensitive(false, context);
@@ -75,7 +75,7 @@ TEST_F(RegexTesterViewTest, LetterCaseCountsUnlessSwitchedOff) {
     EXPECT_EQ(fullMatches(), (Texts{"A", "a", "A"}));
 }
 
-TEST_F(RegexTesterViewTest, AMatchHasItsPlaceAndThoseGroupsThatTookPart) {
+TEST_F(RegexTesterViewTest, AMatchHasItsRangeAndTheGroupsThatMatched) {
     search("(a)|(b)", "b");
     ASSERT_EQ(state->matches.size(), 1);
     const auto match = state->matches[0];
@@ -90,7 +90,7 @@ TEST_F(RegexTesterViewTest, ZeroLengthMatchesAreListed) {
     EXPECT_EQ(fullMatches(), (Texts{"", "", ""}));
 }
 
-TEST_F(RegexTesterViewTest, EachMatchOfEachRunHasItsOwnIdentity) {
+TEST_F(RegexTesterViewTest, EachMatchOfEachRunHasAUniqueIdentifier) {
     search("(a)", "aaa");
     std::set<UUID> ids;
     for (int run = 0; run < 2; ++run) {
@@ -101,7 +101,7 @@ TEST_F(RegexTesterViewTest, EachMatchOfEachRunHasItsOwnIdentity) {
     EXPECT_EQ(ids.size(), 6);
 }
 
-TEST_F(RegexTesterViewTest, AnInvalidPatternIsExplainedUntilItIsMended) {
+TEST_F(RegexTesterViewTest, AnInvalidPatternShowsAnErrorUntilItIsCorrected) {
     search("a", "a(a");
     state->setReplacement("b", context);
     state->setPattern("(", context);
@@ -148,7 +148,7 @@ TEST_F(RegexTesterViewTest, AReplacementFollowsPatternTextAndCase) {
     EXPECT_EQ(state->matches.size(), 1);
 }
 
-TEST_F(RegexTesterViewTest, ReplacingLeavesMatchesAndTheirIdentityAlone) {
+TEST_F(RegexTesterViewTest, ReplacingKeepsMatchesAndTheirIdentifiers) {
     search("a", "aa");
     const auto before = state->matches;
     state->setReplacement("b", context);
@@ -156,7 +156,7 @@ TEST_F(RegexTesterViewTest, ReplacingLeavesMatchesAndTheirIdentityAlone) {
     EXPECT_EQ(state->matches, before);
 }
 
-TEST_F(RegexTesterViewTest, WithoutLiveUpdateOnlyTestRuns) {
+TEST_F(RegexTesterViewTest, WithoutLiveUpdateOnlyTestSearches) {
     state->setLiveUpdate(false);
     search("a", "aAa");
     state->setReplacement("b", context);
@@ -176,7 +176,7 @@ TEST_F(RegexTesterViewTest, WithoutLiveUpdateOnlyTestRuns) {
     EXPECT_EQ(state->replacedText, "other");
 }
 
-TEST_F(RegexTesterViewTest, SwitchingLiveUpdateOnWaitsForTheNextChange) {
+TEST_F(RegexTesterViewTest, SwitchingLiveUpdateOnSearchesAtTheNextChange) {
     state->setLiveUpdate(false);
     search("a", "aa");
     state->runRegex(context);
@@ -184,7 +184,7 @@ TEST_F(RegexTesterViewTest, SwitchingLiveUpdateOnWaitsForTheNextChange) {
     state->setTestString("bbb", context);
     state->setLiveUpdate(true);
     EXPECT_EQ(fullMatches(), (Texts{"a", "a"}));
-    // The replacement goes by what is in the fields, the list by what was run.
+    // The replacement uses the fields, the list shows the last run.
     state->setReplacement("-", context);
     EXPECT_EQ(state->replacedText, "---");
     EXPECT_EQ(fullMatches(), (Texts{"a", "a"}));
@@ -192,7 +192,7 @@ TEST_F(RegexTesterViewTest, SwitchingLiveUpdateOnWaitsForTheNextChange) {
     EXPECT_TRUE(state->hasError());
 }
 
-TEST_F(RegexTesterViewTest, AReplacementIsSilentAboutAnInvalidPattern) {
+TEST_F(RegexTesterViewTest, AReplacementReportsNoInvalidPattern) {
     state->setLiveUpdate(false);
     search("(", "text");
     state->setLiveUpdate(true);
@@ -210,7 +210,7 @@ TEST_F(RegexTesterViewTest, ALongTextIsSearchedInTheBackground) {
     EXPECT_FALSE(state->matching);
 }
 
-TEST_F(RegexTesterViewTest, TheOldResultStaysForAMomentSoThatNothingFlickers) {
+TEST_F(RegexTesterViewTest, TheOldResultStaysFor150MillisecondsToAvoidFlicker) {
     search("x", longText());
     fakes.background.runAll();
     state->setPattern("words$", context);
@@ -225,7 +225,7 @@ TEST_F(RegexTesterViewTest, TheOldResultStaysForAMomentSoThatNothingFlickers) {
     EXPECT_FALSE(state->isBusy);
 }
 
-TEST_F(RegexTesterViewTest, AResultInTimeIsNotTakenForALateOne) {
+TEST_F(RegexTesterViewTest, AResultInTimeDoesNotShowAsBusy) {
     search("x", longText());
     fakes.background.runAll();
     fakes.timers.advance(1s);
@@ -233,7 +233,7 @@ TEST_F(RegexTesterViewTest, AResultInTimeIsNotTakenForALateOne) {
     EXPECT_FALSE(state->isBusy);
 }
 
-TEST_F(RegexTesterViewTest, NoMatchesStaysWhileTheNextPatternIsTried) {
+TEST_F(RegexTesterViewTest, NoMatchesStaysWhileTheNextPatternIsSearched) {
     search("y", longText());
     fakes.background.runAll();
     EXPECT_EQ(state->matchesPanel(), Panel::noMatches);
@@ -246,7 +246,7 @@ TEST_F(RegexTesterViewTest, NoMatchesStaysWhileTheNextPatternIsTried) {
     EXPECT_EQ(state->matchesPanel(), Panel::noMatches);
 }
 
-TEST_F(RegexTesterViewTest, OnlyTheResultForTheLastInputsCounts) {
+TEST_F(RegexTesterViewTest, OnlyTheResultForTheLastInputsIsShown) {
     search("x", longText());
     state->setPattern("some$", context);
     state->setPattern("words$", context);
@@ -262,7 +262,7 @@ TEST_F(RegexTesterViewTest, AShortSearchDropsTheResultOfALongOne) {
     EXPECT_EQ(fullMatches(), (Texts{"x", "x"}));
 }
 
-TEST_F(RegexTesterViewTest, EmptyingAFieldDropsTheResult) {
+TEST_F(RegexTesterViewTest, EmptyingAFieldCancelsTheSearch) {
     search("x", longText());
     fakes.timers.advance(1s);
     EXPECT_TRUE(state->isBusy);
@@ -274,7 +274,7 @@ TEST_F(RegexTesterViewTest, EmptyingAFieldDropsTheResult) {
     EXPECT_TRUE(state->matches.empty());
 }
 
-TEST_F(RegexTesterViewTest, WhatTestStartedIsShownEvenIfTheFieldsChange) {
+TEST_F(RegexTesterViewTest, AResultOfTestIsShownAfterTheFieldsHaveChanged) {
     state->setLiveUpdate(false);
     search("x", longText());
     state->runRegex(context);
@@ -283,7 +283,7 @@ TEST_F(RegexTesterViewTest, WhatTestStartedIsShownEvenIfTheFieldsChange) {
     EXPECT_EQ(fullMatches(), Texts{"x"});
 }
 
-TEST_F(RegexTesterViewTest, AReplacementIsMadeInTheBackgroundToo) {
+TEST_F(RegexTesterViewTest, ALongReplacementIsComputedInTheBackground) {
     search("x", longText());
     fakes.background.runAll();
     const auto before = state->matches;
@@ -307,7 +307,7 @@ TEST_F(RegexTesterViewTest, EmptyingTheReplacementDropsItsResult) {
     EXPECT_EQ(state->replacedText, "");
 }
 
-TEST_F(RegexTesterViewTest, AReplacementThatChangesDuringASearchIsNotForgotten) {
+TEST_F(RegexTesterViewTest, AReplacementChangedDuringASearchIsApplied) {
     state->setReplacement("y", context);
     search("x", longText());
     state->setReplacement("z", context);
@@ -316,7 +316,7 @@ TEST_F(RegexTesterViewTest, AReplacementThatChangesDuringASearchIsNotForgotten) 
     EXPECT_EQ(fullMatches(), Texts{"x"});
 }
 
-TEST_F(RegexTesterViewTest, AHostilePatternEndsWithAMessageAndWhatWasFound) {
+TEST_F(RegexTesterViewTest, AHostilePatternEndsWithAMessageAndTheMatchesFound) {
     state->setReplacement("y", context);
     search(std::string("(;)|") + hostilePattern, ";" + hostileText());
     EXPECT_TRUE(isPending());
@@ -324,12 +324,12 @@ TEST_F(RegexTesterViewTest, AHostilePatternEndsWithAMessageAndWhatWasFound) {
     fakes.background.runAll();
     EXPECT_EQ(state->errorMessage, "Matching stopped: the pattern takes too long on this text");
     EXPECT_EQ(fullMatches(), Texts{";"});
-    EXPECT_EQ(state->replacedText, ""); // half a replacement would be taken for a whole one
+    EXPECT_EQ(state->replacedText, ""); // a partial replacement would look complete
     state->setReplacement("z", context);
     EXPECT_EQ(state->replacedText, "");
 }
 
-TEST_F(RegexTesterViewTest, WhatWasStoppedIsNotSaidToHaveNoMatches) {
+TEST_F(RegexTesterViewTest, AStoppedSearchDoesNotShowNoMatches) {
     search(hostilePattern, hostileText());
     fakes.background.runAll();
     EXPECT_TRUE(state->matches.empty());
@@ -353,7 +353,7 @@ TEST_F(RegexTesterViewTest, OnlyTheMessageOfAnErrorIsAnnounced) {
     EXPECT_EQ(state->announcedMessage(), "Enter a pattern and test string");
 }
 
-TEST_F(RegexTesterViewTest, APatternThatIsSlowToPrepareGoesToTheBackground) {
+TEST_F(RegexTesterViewTest, APatternThatIsSlowToCompileIsSearchedInTheBackground) {
     search(R"([\p{L}][\p{L}][\p{L}])", "abc");
     EXPECT_TRUE(isPending());
     fakes.background.runAll();

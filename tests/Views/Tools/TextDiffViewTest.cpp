@@ -36,7 +36,7 @@ protected:
     }
 };
 
-/// Too long to be compared at once: the line, ten thousand times.
+/// The line ten thousand times, which is compared in the background.
 std::string manyLines(std::string_view line) {
     std::string text(line);
     for (int number = 1; number < 10'000; ++number)
@@ -55,7 +55,7 @@ TEST_F(TextDiffViewTest, StartsEmptySideBySideAndWithCounts) {
     EXPECT_EQ(view.similarity(), "");
 }
 
-TEST_F(TextDiffViewTest, CountsLinesAndTellsTheSimilarity) {
+TEST_F(TextDiffViewTest, CountsLinesAndShowsTheSimilarity) {
     struct Row {
         std::string_view name;
         std::string_view left;
@@ -71,11 +71,11 @@ TEST_F(TextDiffViewTest, CountsLinesAndTellsTheSimilarity) {
     for (int number = 29; number < 100; ++number)
         hundred += "\n" + std::to_string(number);
     const std::vector<Row> rows = {
-        {"only the original text has something", "a", "", {1, 1, 0}, "0% similar"},
-        {"only the modified text has something", "", "a", {1, 1, 0}, "0% similar"},
+        {"an empty modified text", "a", "", {1, 1, 0}, "0% similar"},
+        {"an empty original text", "", "a", {1, 1, 0}, "0% similar"},
         {"identical", "a\nb\nc", "a\nb\nc", {0, 0, 3}, "100% similar"},
         {"truncated, not rounded", "a\nb\n1\nc\nd", "a\nb\n2\nc\nd", {1, 1, 4}, "66% similar"},
-        {"a quotient that floating point puts below its percentage",
+        {"a quotient that floating point puts below the percentage",
          twentyNine,
          hundred,
          {71, 0, 29},
@@ -90,7 +90,7 @@ TEST_F(TextDiffViewTest, CountsLinesAndTellsTheSimilarity) {
     }
 }
 
-TEST_F(TextDiffViewTest, ComparingNothingDoesNothing) {
+TEST_F(TextDiffViewTest, ComparingTwoEmptyTextsDoesNothing) {
     view.compare(context);
     EXPECT_FALSE(view.hasResult());
     EXPECT_FALSE(view.showsCounts());
@@ -100,7 +100,7 @@ TEST_F(TextDiffViewTest, ComparingNothingDoesNothing) {
     view.leftText.clear();
     view.rightText.clear();
     view.compare(context);
-    EXPECT_EQ(view.diffResult, shown) << "a result that is shown stays";
+    EXPECT_EQ(view.diffResult, shown) << "the shown result stays";
 }
 
 TEST_F(TextDiffViewTest, EditingDoesNotCompare) {
@@ -129,14 +129,14 @@ TEST_F(TextDiffViewTest, SwapExchangesTheTextsAndKeepsTheResult) {
     EXPECT_EQ(counts(), (std::vector{0, 1, 1}));
 }
 
-TEST_F(TextDiffViewTest, ClearAllBringsTheEditorsBack) {
+TEST_F(TextDiffViewTest, ClearAllEmptiesTheTextsAndRemovesTheResult) {
     view.setViewMode(ViewMode::unified);
     compare("a", "b");
     view.clearAll();
     EXPECT_EQ(view, (TextDiffView{.viewMode = ViewMode::unified}));
 }
 
-TEST_F(TextDiffViewTest, HidesItsCountsWhenToldTo) {
+TEST_F(TextDiffViewTest, HidesItsCountsWhenSwitchedOff) {
     compare("a", "b");
     view.showStats = false;
     EXPECT_FALSE(view.showsCounts());
@@ -145,25 +145,25 @@ TEST_F(TextDiffViewTest, HidesItsCountsWhenToldTo) {
 TEST_F(TextDiffViewTest, ComparesLargeTextsInTheBackground) {
     compare(manyLines("same"), manyLines("same"));
     EXPECT_FALSE(view.hasResult());
-    EXPECT_FALSE(view.isBusy()) << "there is nothing to tell yet";
+    EXPECT_FALSE(view.isBusy()) << "not busy before the delay";
     fakes.background.runAll();
     EXPECT_EQ(counts(), (std::vector{0, 0, 10'000}));
     fakes.timers.advance(TextDiffView::busyDelay);
     EXPECT_FALSE(view.isBusy());
 }
 
-TEST_F(TextDiffViewTest, TellsOfAComparisonThatTakesLong) {
+TEST_F(TextDiffViewTest, ALongComparisonShowsAsBusy) {
     compare(manyLines("old"), manyLines("new"));
     fakes.timers.advance(TextDiffView::busyDelay);
     EXPECT_TRUE(view.isBusy());
     view.compare(context);
-    EXPECT_EQ(fakes.background.pendingCount(), 1) << "it goes on already";
+    EXPECT_EQ(fakes.background.pendingCount(), 1) << "it runs already";
     fakes.background.runAll();
     EXPECT_FALSE(view.isBusy());
     EXPECT_TRUE(view.hasResult());
 }
 
-TEST_F(TextDiffViewTest, PatienceBeginsAnewWithEachComparison) {
+TEST_F(TextDiffViewTest, TheDelayRestartsWithEachComparison) {
     compare(manyLines("old"), manyLines("new"));
     fakes.timers.advance(TextDiffView::busyDelay);
     view.swap();
@@ -174,7 +174,7 @@ TEST_F(TextDiffViewTest, PatienceBeginsAnewWithEachComparison) {
     EXPECT_TRUE(view.isBusy());
 }
 
-TEST_F(TextDiffViewTest, WhateverChangesATextAbandonsTheComparison) {
+TEST_F(TextDiffViewTest, ChangingATextCancelsTheComparison) {
     struct Row {
         std::string_view name;
         std::function<void(TextDiffView&)> change;
@@ -207,7 +207,7 @@ TEST_F(TextDiffViewTest, SettingTheSameTextChangesNothing) {
     EXPECT_TRUE(view.hasResult());
 }
 
-TEST(TextDiffViewTexts, AreAsQuoted) {
+TEST(TextDiffViewTexts, HaveTheirWordingAndColors) {
     EXPECT_EQ(rawValue(ViewMode::sideBySide), "Side by Side");
     EXPECT_EQ(rawValue(ViewMode::unified), "Unified");
     const TextDiffView view{.diffResult = DiffEngine::compare("a\nb", "b\nc\nd")};
@@ -219,7 +219,7 @@ TEST(TextDiffViewTexts, AreAsQuoted) {
     EXPECT_EQ(view.unchanged().color, std::nullopt);
 }
 
-TEST(DiffLineView, SaysInWordsWhatItsColourShows) {
+TEST(DiffLineView, DescribesItsTypeInWords) {
     const auto description = [](DiffLineType type) {
         const DiffLine line{.lineNumber = 12, .content = "x y", .type = type};
         return DiffLineView{line}.description();

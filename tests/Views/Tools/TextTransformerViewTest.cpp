@@ -24,7 +24,7 @@ TEST(TextTransformerView, StartsWithUppercaseAndSortAZ) {
     EXPECT_FALSE(view.hasOutput());
 }
 
-TEST(TextTransformerView, NamesItsTabsInOrder) {
+TEST(TextTransformerView, TabsHaveTheirTextsInOrder) {
     const TransformTabFacts expected[] = {
         {TransformTab::caseTransform, "Case Transform", "Input Text", "arrow.down.doc",
          "Enter text to transform...", "Transformed text will appear here..."},
@@ -44,7 +44,7 @@ TEST(TextTransformerView, NamesItsTabsInOrder) {
     }
 }
 
-TEST(TextTransformerView, APressTransformsAndSelects) {
+TEST(TextTransformerView, APressTransformsAndSelectsTheButton) {
     auto view = withInput("hello World");
     view.selectCaseTransform(CaseTransform::snakeCase);
     EXPECT_EQ(view.selectedCaseTransform, CaseTransform::snakeCase);
@@ -64,7 +64,7 @@ TEST(TextTransformerView, APressOfTheSelectedButtonComputesAgain) {
     EXPECT_EQ(view.outputText, "BYE");
 }
 
-TEST(TextTransformerView, EveryShuffleIsAnother) {
+TEST(TextTransformerView, ShufflingAgainGivesAnotherOrder) {
     std::string lines;
     for (int line = 0; line < 100; ++line)
         lines += std::to_string(line) + "\n";
@@ -75,7 +75,7 @@ TEST(TextTransformerView, EveryShuffleIsAnother) {
     EXPECT_NE(view.outputText, first);
 }
 
-TEST(TextTransformerView, NeitherTypingNorSwitchingTransforms) {
+TEST(TextTransformerView, TypingAndSwitchingDoNotTransform) {
     auto view = withInput("Hello");
     EXPECT_EQ(view.outputText, "");
     view.selectCaseTransform(CaseTransform::uppercase);
@@ -95,7 +95,7 @@ TEST(TextTransformerView, ClearingTheInputKeepsTheOutput) {
     EXPECT_EQ(view.inputStats.stats(), TextStats());
 }
 
-TEST(TextTransformerView, EveryButtonMakesNothingOfNothing) {
+TEST(TextTransformerView, EmptyInputGivesEmptyOutputForEveryButton) {
     auto view = withInput("Hello");
     for (const auto transform : allCases<CaseTransform>) {
         view.setInputText("Hello");
@@ -115,7 +115,7 @@ TEST(TextTransformerView, EveryButtonMakesNothingOfNothing) {
     }
 }
 
-TEST(TextTransformerView, ItsFootersTellOfTheTextsAsTheyAre) {
+TEST(TextTransformerView, FootersCountTheCurrentTexts) {
     auto view = withInput("One line.\n👨‍👩‍👧 e\u0301\n");
     EXPECT_EQ(view.footer(), "14 characters\u2002•\u20024 words\u2002•\u20023 lines");
     view.setSelectedTab(TransformTab::lineOperations);
@@ -147,7 +147,7 @@ TEST(TextTransformerView, ShowsAFooterWhileThereIsAnInputToTransform) {
     EXPECT_FALSE(view.showsFooter());
 }
 
-TEST(TextTransformerView, ItsStatisticsAreThoseOfTheInput) {
+TEST(TextTransformerView, StatisticsCountInputAndOutput) {
     auto view = withInput("Hi! Yes?!");
     view.setInputText("Hi! Yes?!\n\nNo.");
     EXPECT_EQ(view.inputStats.stats(), TextTransformer::getStats("Hi! Yes?!\n\nNo."));

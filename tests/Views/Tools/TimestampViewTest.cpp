@@ -30,7 +30,7 @@ struct TimestampScreen {
 
     void appear() { view->appear(context); }
 
-    /// Clock and timers go the same way.
+    /// Advances the clock and the timers together.
     void advance(std::chrono::milliseconds duration) {
         for (; duration > 0ms; duration -= 1ms) {
             fakes.clock.moment += 1ms;
@@ -47,7 +47,7 @@ TimestampView converted(std::string text, TimestampUnit unit = TimestampUnit::se
     return view;
 }
 
-TEST(TimestampView, StartsEmptyInSecondsAtThePresentMoment) {
+TEST(TimestampView, StartsEmptyInSecondsWithTheCurrentTime) {
     TimestampScreen screen;
     screen.setClock(1704164645s + 678ms + 900us);
     screen.appear();
@@ -67,7 +67,7 @@ TEST(TimestampView, TicksOnTheSecond) {
     screen.appear();
     screen.advance(321ms);
     EXPECT_EQ(screen.view->currentTimestamp, 1704164645);
-    screen.advance(1ms); // 0.9 ms into the next second, as a timer has no finer steps
+    screen.advance(1ms); // 0.9 ms into the next second: timers have steps of 1 ms
     EXPECT_EQ(screen.view->currentTimestamp, 1704164646);
     screen.advance(999ms);
     EXPECT_EQ(screen.view->currentTimestamp, 1704164646);
@@ -88,7 +88,7 @@ TEST(TimestampView, CatchesUpAfterASleep) {
     EXPECT_EQ(screen.view->currentTimestamp, 1704170001);
 }
 
-TEST(TimestampView, TheClockStopsWhenTheScreenIsGone) {
+TEST(TimestampView, TheClockStopsWhenTheScreenIsDestroyed) {
     TimestampScreen screen;
     screen.appear();
     screen.advance(2500ms);
@@ -97,7 +97,7 @@ TEST(TimestampView, TheClockStopsWhenTheScreenIsGone) {
     EXPECT_EQ(screen.fakes.timers.pendingCount(), 0);
 }
 
-TEST(TimestampView, CutsOffTowardsZeroBefore1970) {
+TEST(TimestampView, TruncatesTowardsZeroBefore1970) {
     TimestampScreen screen;
     screen.setClock(-1500ms);
     screen.appear();
@@ -106,7 +106,7 @@ TEST(TimestampView, CutsOffTowardsZeroBefore1970) {
     EXPECT_EQ(screen.view->selectedMilliseconds(), "-1500");
 }
 
-TEST(TimestampView, ConvertsWhateverIsANumber) {
+TEST(TimestampView, ConvertsEveryFormOfANumber) {
     struct Row {
         std::string_view name;
         std::string text;
@@ -125,10 +125,10 @@ TEST(TimestampView, ConvertsWhateverIsANumber) {
         {"a fraction", "1700000000.75", TimestampUnit::seconds, 1.7e9},
         {"hexadecimal", "0x10", TimestampUnit::seconds, 16},
         {"hexadecimal floating point", "0x1.8p3", TimestampUnit::seconds, 12},
-        {"spaces around", " 12 ", TimestampUnit::seconds, 12},
-        {"other white space around", "\t\u00a012\u3000", TimestampUnit::seconds, 12},
+        {"surrounding spaces", " 12 ", TimestampUnit::seconds, 12},
+        {"other surrounding white space", "\t\u00a012\u3000", TimestampUnit::seconds, 12},
         {"the last second of 32 bits", "2147483647", TimestampUnit::seconds, 2147483647},
-        {"and the next", "2147483648", TimestampUnit::seconds, 2147483648},
+        {"the second after it", "2147483648", TimestampUnit::seconds, 2147483648},
         {"year 1", "-62135596800", TimestampUnit::seconds, -62135596800},
         {"year 9999", "253402300799", TimestampUnit::seconds, 253402300799},
     };
@@ -141,7 +141,7 @@ TEST(TimestampView, ConvertsWhateverIsANumber) {
     }
 }
 
-TEST(TimestampView, RefusesWhatIsNoNumberOrHasNoDate) {
+TEST(TimestampView, RejectsNonNumbersAndTimesWithoutADate) {
     constexpr std::string_view rows[] = {
         "",    "  ",       "12abc", "abc", "17637354oo", "1,5",   "1 000", "12\n",
         "\n1", "infinity", "-inf",  "nan", "1e300",      "1e400", "2e14",  "-1e308",
@@ -157,12 +157,12 @@ TEST(TimestampView, RefusesWhatIsNoNumberOrHasNoDate) {
     }
 }
 
-TEST(TimestampView, NoticesWhatLooksLikeAFinerUnit) {
+TEST(TimestampView, HintsAtATimestampInAFinerUnit) {
     struct Row {
         std::string_view name;
         std::string text;
         TimestampUnit unit;
-        bool isNoticed;
+        bool hasHint;
         bool hasDate;
     };
 
@@ -177,13 +177,13 @@ TEST(TimestampView, NoticesWhatLooksLikeAFinerUnit) {
          false},
         {"before 1970", "-1700000000000000", TimestampUnit::seconds, true, false},
         {"the last second of the year 9999", "253402300799", TimestampUnit::seconds, false, true},
-        {"and the next", "253402300800", TimestampUnit::seconds, true, true},
+        {"the second after it", "253402300800", TimestampUnit::seconds, true, true},
         {"no number", "12abc", TimestampUnit::seconds, false, false},
         {"infinite", "infinity", TimestampUnit::seconds, false, false},
     };
     for (const auto& row : rows) {
         const auto view = converted(row.text, row.unit);
-        EXPECT_EQ(view.hint(), row.isNoticed ? TimestampView::unitHint : "") << row.name;
+        EXPECT_EQ(view.hint(), row.hasHint ? TimestampView::unitHint : "") << row.name;
         EXPECT_EQ(view.hasDate(), row.hasDate) << row.name;
         EXPECT_EQ(view.unixTimestamp, row.text) << row.name;
     }
@@ -193,7 +193,7 @@ TEST(TimestampView, NoticesWhatLooksLikeAFinerUnit) {
     EXPECT_EQ(view.hint(), "");
 }
 
-TEST(TimestampView, NeitherTypingNorTheUnitConverts) {
+TEST(TimestampView, TypingAndTheUnitDoNotConvert) {
     auto view = converted("0");
     const auto date = view.dateString;
     view.setUnixTimestamp("x");
@@ -232,7 +232,7 @@ TEST(TimestampView, WritesTheSelectedDateAsTimestamps) {
     }
 }
 
-TEST(TimestampView, NamesItsUnits) {
+TEST(TimestampView, UnitsHaveTheirNames) {
     EXPECT_EQ(rawValue(TimestampUnit::seconds), "Seconds");
     EXPECT_EQ(rawValue(TimestampUnit::milliseconds), "Milliseconds");
     EXPECT_EQ(allCases<TimestampUnit>.size(), 2);

@@ -26,7 +26,7 @@ TEST(URLEncoderView, StartsEmptyAndEncoding) {
     EXPECT_FALSE(view.isAnalyzing());
 }
 
-TEST(URLEncoderView, PerformsWhatItsModeSays) {
+TEST(URLEncoderView, EncodesDecodesOrAnalyzesByItsMode) {
     struct Row {
         std::string_view name;
         Mode mode;
@@ -42,13 +42,13 @@ TEST(URLEncoderView, PerformsWhatItsModeSays) {
         {"not UTF-8", Mode::encode, "\xff", before, "Could not encode text"},
         {"a check mark", Mode::decode, "%E2%9C%93", "✓"},
         {"a plus sign", Mode::decode, "a+b", "a+b"},
-        {"white space around", Mode::decode, " %41\n", " A\n"},
+        {"surrounding white space", Mode::decode, " %41\n", " A\n"},
         {"a null byte", Mode::decode, "%00", std::string_view("\0", 1)},
         {"a lone percent sign", Mode::decode, "100%", before, "Could not decode URL"},
         {"not UTF-8", Mode::decode, "%FF", before, "Could not decode URL"},
         {"a URL", Mode::analyze, "http://h", before},
         {"a space", Mode::analyze, "not a URL", before, "Invalid URL format"},
-        {"white space around", Mode::analyze, " http://h", before, "Invalid URL format"},
+        {"surrounding white space", Mode::analyze, " http://h", before, "Invalid URL format"},
         {"nothing to encode", Mode::encode, "", before, "Input is empty"},
         {"nothing to decode", Mode::decode, "", before, "Input is empty"},
         {"nothing to analyse", Mode::analyze, "", before, "Input is empty"},
@@ -66,7 +66,7 @@ TEST(URLEncoderView, ShowsItsMessageAsAnError) {
     EXPECT_EQ(performed(Mode::analyze, "x").status(), std::nullopt);
 }
 
-TEST(URLEncoderView, ListsTheComponentsThatAreThere) {
+TEST(URLEncoderView, ListsTheComponentsOfAURL) {
     const auto view = performed(Mode::analyze, "https://example.org:8080/a/b?x=1&y#end");
     EXPECT_EQ(view.componentRows(), (std::vector<ComponentRow>{
                                         {"Scheme", "https", PaletteColor::purple},
@@ -87,14 +87,14 @@ TEST(URLEncoderView, ListsTheComponentsThatAreThere) {
     EXPECT_TRUE(URLEncoderView().queryRows().empty());
 }
 
-TEST(URLEncoderView, TellsAnEmptyParameterFromOneWithoutAValue) {
+TEST(URLEncoderView, DistinguishesAnEmptyValueFromNone) {
     EXPECT_EQ(performed(Mode::analyze, "?a=&b").queryRows(), (std::vector<ComponentRow>{
                                                                  {"a", "", PaletteColor::cyan},
                                                                  {"b", std::nullopt, PaletteColor::cyan},
                                                              }));
 }
 
-TEST(URLEncoderView, TellsWhatIsWrongInAURLUntilItChanges) {
+TEST(URLEncoderView, ShowsTheErrorInAURLUntilItChanges) {
     auto view = performed(Mode::analyze, "http://h/a b");
     EXPECT_EQ(view.errorMessage, "Invalid URL format");
     EXPECT_EQ(view.errorDetails, "Unexpected space at character 11");
@@ -108,7 +108,7 @@ TEST(URLEncoderView, TellsWhatIsWrongInAURLUntilItChanges) {
     EXPECT_EQ(performed(Mode::decode, "%").errorDetails, "");
 }
 
-TEST(URLEncoderView, LeavesOutTheComponentsThatAreNot) {
+TEST(URLEncoderView, OmitsAbsentComponents) {
     struct Row {
         std::string url;
         std::vector<std::string> labels;
@@ -128,7 +128,7 @@ TEST(URLEncoderView, LeavesOutTheComponentsThatAreNot) {
     }
 }
 
-TEST(URLEncoderView, ForgetsMessageAndComponentsWhenTheInputChanges) {
+TEST(URLEncoderView, ChangingTheInputClearsMessageAndComponents) {
     auto view = performed(Mode::decode, "%");
     view.setInputText("%");
     EXPECT_TRUE(view.errorMessage) << "nothing has changed";
@@ -139,7 +139,7 @@ TEST(URLEncoderView, ForgetsMessageAndComponentsWhenTheInputChanges) {
     EXPECT_EQ(view.urlComponents, std::nullopt);
 }
 
-TEST(URLEncoderView, AnyActionForgetsMessageAndComponentsBefore) {
+TEST(URLEncoderView, AnyActionClearsMessageAndComponents) {
     auto view = performed(Mode::analyze, "a b");
     view.setMode(Mode::encode);
     EXPECT_TRUE(view.errorMessage) << "switching is no action";
@@ -152,7 +152,7 @@ TEST(URLEncoderView, AnyActionForgetsMessageAndComponentsBefore) {
     EXPECT_EQ(view.urlComponents, std::nullopt);
 }
 
-TEST(URLEncoderView, NeitherTypingNorSwitchingConverts) {
+TEST(URLEncoderView, TypingAndSwitchingDoNotConvert) {
     auto view = performed(Mode::encode, "a b");
     view.setMode(Mode::decode);
     EXPECT_EQ(view.inputText, "a b");
@@ -161,7 +161,7 @@ TEST(URLEncoderView, NeitherTypingNorSwitchingConverts) {
     EXPECT_EQ(view.outputText, "a%20b");
 }
 
-TEST(URLEncoderView, HasTheTextsOfItsModes) {
+TEST(URLEncoderView, ModesHaveTheirTextsAndIcons) {
     struct Row {
         Mode mode;
         std::string_view rawValue, icon, inputTitle, inputPlaceholder, outputTitle;

@@ -58,7 +58,7 @@ TEST_F(UUIDGeneratorViewTest, OpensWithOneUUIDInItsHistory) {
     EXPECT_NE(UUIDGeneratorView().currentUUID, view.currentUUID) << "each screen has its own";
 }
 
-TEST_F(UUIDGeneratorViewTest, GeneratesOneOnTop) {
+TEST_F(UUIDGeneratorViewTest, AddsANewUUIDAtTheTop) {
     const auto first = view.currentUUID;
     fakes.clock.moment += 1min;
     view.generateNew(context);
@@ -69,7 +69,7 @@ TEST_F(UUIDGeneratorViewTest, GeneratesOneOnTop) {
     EXPECT_NE(view.uuidHistory[0].id, view.uuidHistory[1].id);
 }
 
-TEST_F(UUIDGeneratorViewTest, ShowsTheLastOfMany) {
+TEST_F(UUIDGeneratorViewTest, ABulkShowsTheLastUUID) {
     const auto first = view.currentUUID;
     view.setBulkCount(3);
     view.generateBulk(context);
@@ -82,7 +82,7 @@ TEST_F(UUIDGeneratorViewTest, ShowsTheLastOfMany) {
     EXPECT_EQ(std::ranges::adjacent_find(sorted), sorted.end());
 }
 
-TEST_F(UUIDGeneratorViewTest, KeepsAHundred) {
+TEST_F(UUIDGeneratorViewTest, KeepsTheNewestHundred) {
     const auto first = view.currentUUID;
     for (int i = 0; i < 99; ++i)
         view.generateNew(context);
@@ -122,7 +122,7 @@ TEST_F(UUIDGeneratorViewTest, FormatsInFourWays) {
     }
 }
 
-TEST_F(UUIDGeneratorViewTest, SwitchingChangesNothingStored) {
+TEST_F(UUIDGeneratorViewTest, SwitchingTheFormatKeepsTheStoredValues) {
     const auto before = view;
     view.setUppercased(false);
     view.setIncludeHyphens(false);
@@ -145,24 +145,24 @@ TEST_F(UUIDGeneratorViewTest, CopiesItsHistoryAsShown) {
     EXPECT_EQ(fakes.clipboard.content, "aaaaaaaa000040008000000000000001\n7c9e6679742540de944be07fc1f90ae7");
     view.clearHistory();
     view.copyAllHistory(context);
-    EXPECT_EQ(fakes.clipboard.content, "") << "an empty history replaces what was there";
+    EXPECT_EQ(fakes.clipboard.content, "") << "an empty history replaces the clipboard's content";
 }
 
-TEST_F(UUIDGeneratorViewTest, ClearingKeepsTheCurrentOne) {
+TEST_F(UUIDGeneratorViewTest, ClearingTheHistoryKeepsTheCurrentUUID) {
     const auto current = view.currentUUID;
     view.clearHistory();
     EXPECT_FALSE(view.hasHistory());
     EXPECT_EQ(view.currentUUID, current);
 }
 
-TEST_F(UUIDGeneratorViewTest, CountsFromOneToAHundred) {
+TEST_F(UUIDGeneratorViewTest, LimitsTheCountToOneToAHundred) {
     view.setBulkCount(0);
     EXPECT_EQ(view.bulkCount, 1);
     view.setBulkCount(101);
     EXPECT_EQ(view.bulkCount, 100);
 }
 
-TEST_F(UUIDGeneratorViewTest, NamesItsCounts) {
+TEST_F(UUIDGeneratorViewTest, TitlesShowTheCounts) {
     EXPECT_EQ(view.bulkTitle(), "Generate 5");
     EXPECT_EQ(view.historyTitle(), "History (1)");
     view.setBulkCount(100);

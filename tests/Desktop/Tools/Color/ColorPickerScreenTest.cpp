@@ -20,7 +20,7 @@ struct ColorPickerScreenTest : testing::Test {
     ScreenDriver screen{*widget};
 };
 
-TEST_F(ColorPickerScreenTest, StartsWithCyanAndSlidersElsewhere) {
+TEST_F(ColorPickerScreenTest, StartsWithCyanAndIndependentSliders) {
     for (const auto* text : {"Color Picker", "Select Color", "Opacity: 100%", "COLOR FORMATS", "MANUAL INPUT",
                              "RGB", "HSL", "SwiftUI", "UIKit", "CSS Var", "R", "G", "B", "0", "200", "255"})
         EXPECT_TRUE(screen.shows(text)) << text;
@@ -47,7 +47,7 @@ TEST_F(ColorPickerScreenTest, AppliesAHexadecimalColor) {
     EXPECT_EQ(screen.text("HEX"), "#0000FF");
 }
 
-TEST_F(ColorPickerScreenTest, AppliesTheSlidersOnlyWhenTold) {
+TEST_F(ColorPickerScreenTest, AppliesTheSlidersOnlyOnRequest) {
     screen.slider("R").setValue(screen.slider("R").maximum());
     screen.slider("G").setValue(0);
     EXPECT_EQ(screen.text("HEX"), "#32ADE6");

@@ -57,7 +57,7 @@ TEST_F(ColorWellTest, OpensTheDialogOnceWithTheColorAndWithoutOpacity) {
     EXPECT_EQ(frame->findChildren<QColorDialog*>().size(), 1);
 }
 
-TEST_F(ColorWellTest, FollowsTheDialogWhileItIsOpen) {
+TEST_F(ColorWellTest, ColorFollowsTheOpenDialog) {
     screen.press("Select Color");
     dialog()->setCurrentColor(QColor::fromRgb(1, 2, 3));
     EXPECT_EQ(state().color, Color::fromChannels(1, 2, 3));
@@ -67,14 +67,14 @@ TEST_F(ColorWellTest, FollowsTheDialogWhileItIsOpen) {
     EXPECT_EQ(state().color, Color::fromChannels(0, 200, 0));
 }
 
-TEST_F(ColorWellTest, CancellingBringsTheColorBack) {
+TEST_F(ColorWellTest, CancellingRestoresTheColor) {
     screen.press("Select Color");
     dialog()->setCurrentColor(QColor::fromRgb(1, 2, 3));
     dialog()->reject();
     EXPECT_EQ(state().color, Color::fromChannels(255, 128, 0));
 }
 
-TEST_F(ColorWellTest, CancellingKeepsWhatAnotherControlHasSet) {
+TEST_F(ColorWellTest, CancellingKeepsAColorSetByAnotherControl) {
     const auto set = [this](int red, int green, int blue) {
         frame->store().perform([&](Painting& state) { state.color = Color::fromChannels(red, green, blue); });
     };
@@ -89,7 +89,7 @@ TEST_F(ColorWellTest, CancellingKeepsWhatAnotherControlHasSet) {
     dialog()->setCurrentColor(QColor::fromRgb(4, 5, 6));
     dialog()->reject();
     settle();
-    EXPECT_EQ(state().color, Color::fromChannels(60, 70, 80)) << "the choices in the dialog are taken back";
+    EXPECT_EQ(state().color, Color::fromChannels(60, 70, 80)) << "the choices in the dialog are reverted";
     set(1, 1, 1);
     screen.press("Select Color");
     dialog()->reject();
@@ -103,13 +103,13 @@ TEST_F(ColorWellTest, TheDialogFollowsTheState) {
     EXPECT_EQ(state().color, Color::fromChannels(9, 8, 7));
 }
 
-TEST_F(ColorWellTest, TheDialogGoesWithTheScreen) {
+TEST_F(ColorWellTest, TheDialogIsDestroyedWithTheScreen) {
     screen.press("Select Color");
     frame.reset();
     settle();
 }
 
-TEST_F(ColorWellTest, TheSwatchShowsTheCheckerboardThroughTheColor) {
+TEST_F(ColorWellTest, TheSwatchShowsACheckerboardBehindATranslucentColor) {
     const auto at = [this](int x, int y) { return swatch().grab().toImage().pixelColor(x, y); };
     // Inside of two neighbouring cells, away from the corners.
     EXPECT_EQ(at(45, 45), at(55, 45)) << "an opaque colour hides it";

@@ -44,7 +44,7 @@ struct TextDiffScreenTest : testing::Test {
         screen.press("Compare");
     }
 
-    /// What assistive technology reads of a list's rows.
+    /// The accessible names of a list's rows.
     std::vector<std::string> rows(std::string_view list) const {
         const auto* model = screen.list(list).model();
         std::vector<std::string> names;
@@ -53,15 +53,15 @@ struct TextDiffScreenTest : testing::Test {
         return names;
     }
 
-    /// Where a row of a list is, in its viewport.
+    /// The middle of a row of a list, in its viewport.
     static QPoint middleOf(const RowList& list, int row) {
         return {list.viewport()->width() / 2, list.visualRect(list.model()->index(row, 0)).center().y()};
     }
 
-    /// In the numbers of a list, where the pointer selects whole lines.
+    /// A place in the number of a line, where the pointer selects whole lines.
     static QPoint numberOf(const RowList& list, int row) { return {10, middleOf(list, row).y()}; }
 
-    /// In the viewport, before the character of a line.
+    /// The place before a character of a line, in the viewport.
     static QPoint placeOf(const RowList& list, int row, int character) {
         constexpr int left = 48; // the numbers, and a gap
         const auto column = QFontMetricsF(TextZoom::font(Theme::TextStyle::codeSmall)).horizontalAdvance('0');
@@ -81,7 +81,7 @@ struct TextDiffScreenTest : testing::Test {
 
 using Rows = std::vector<std::string>;
 
-TEST_F(TextDiffScreenTest, BeginsWithTwoEditors) {
+TEST_F(TextDiffScreenTest, StartsWithTwoEditors) {
     EXPECT_TRUE(screen.shows("Text Diff"));
     EXPECT_TRUE(screen.hasButton("Compare"));
     EXPECT_TRUE(screen.hasButton("Swap"));
@@ -123,12 +123,12 @@ TEST_F(TextDiffScreenTest, ShowsTheLinesInOneList) {
 TEST_F(TextDiffScreenTest, SwapsAndComparesAgain) {
     compare("a", "a\nb");
     screen.press("Swap");
-    EXPECT_EQ(rows("Modified"), (Rows{"1 a", "added 2 b"})) << "not before Compare";
+    EXPECT_EQ(rows("Modified"), (Rows{"1 a", "added 2 b"})) << "unchanged until Compare";
     screen.press("Compare");
     EXPECT_EQ(rows("Original"), (Rows{"1 a", "removed 2 b"}));
 }
 
-TEST_F(TextDiffScreenTest, ClearAllBringsEmptyEditorsBack) {
+TEST_F(TextDiffScreenTest, ClearAllShowsEmptyEditors) {
     compare("a", "b");
     screen.press("Clear All");
     EXPECT_EQ(screen.text("Original Text"), "");
@@ -137,14 +137,14 @@ TEST_F(TextDiffScreenTest, ClearAllBringsEmptyEditorsBack) {
     EXPECT_FALSE(screen.hasList("Original"));
 }
 
-TEST_F(TextDiffScreenTest, SwapExchangesTheEditorsTexts) {
+TEST_F(TextDiffScreenTest, SwapExchangesTheTextsOfTheEditors) {
     enter("left", "right");
     screen.press("Swap");
     EXPECT_EQ(screen.text("Original Text"), "right");
     EXPECT_EQ(screen.text("Modified Text"), "left");
 }
 
-TEST_F(TextDiffScreenTest, IsBusyWithLargeTextsUntilTheResultComes) {
+TEST_F(TextDiffScreenTest, ShowsAsBusyUntilLargeTextsAreCompared) {
     constexpr auto busy = "Comparing... Clear All stops it.";
     const std::string many(50'000, '\n');
     compare(many, "x");
@@ -163,7 +163,7 @@ TEST_F(TextDiffScreenTest, IsBusyWithLargeTextsUntilTheResultComes) {
     screen.press("Clear All");
     EXPECT_FALSE(screen.shows(busy));
     fakes.background.runAll();
-    EXPECT_TRUE(screen.hasEditor("Original Text")) << "the result belongs to texts that are gone";
+    EXPECT_TRUE(screen.hasEditor("Original Text")) << "the result of the cleared texts is dropped";
 }
 
 TEST_F(TextDiffScreenTest, CopiesTheSelectedLines) {
@@ -171,14 +171,14 @@ TEST_F(TextDiffScreenTest, CopiesTheSelectedLines) {
     auto& left = screen.list("Original");
     QTest::mouseClick(left.viewport(), Qt::LeftButton, {}, middleOf(left, 1));
     copy(left);
-    EXPECT_EQ(clipboard(), "b") << "the line of the caret, as nothing is selected";
+    EXPECT_EQ(clipboard(), "b") << "without a selection, the line of the caret";
     QTest::mouseClick(left.viewport(), Qt::LeftButton, {}, numberOf(left, 1));
     QTest::mouseClick(left.viewport(), Qt::LeftButton, Qt::ShiftModifier, numberOf(left, 2));
     copy(left);
     EXPECT_EQ(clipboard(), "b\nc");
     drag(left, numberOf(left, 1), numberOf(left, 0));
     copy(left);
-    EXPECT_EQ(clipboard(), "a\nb") << "in the order of the rows, whatever the order of selecting";
+    EXPECT_EQ(clipboard(), "a\nb") << "in the order of the rows, not of selecting";
 
     auto& right = screen.list("Modified");
     right.setFocus();
@@ -187,7 +187,7 @@ TEST_F(TextDiffScreenTest, CopiesTheSelectedLines) {
     EXPECT_EQ(clipboard(), "a\nc\nd") << "a filler is no line";
     right.setCurrentRow(1);
     copy(right);
-    EXPECT_EQ(clipboard(), "a\nc\nd") << "nothing to copy leaves the clipboard alone";
+    EXPECT_EQ(clipboard(), "a\nc\nd") << "an empty selection leaves the clipboard unchanged";
 }
 
 TEST_F(TextDiffScreenTest, SelectsTextWithinAndAcrossLines) {
@@ -227,7 +227,7 @@ TEST_F(TextDiffScreenTest, SelectsByKeyboard) {
     EXPECT_EQ(clipboard(), "bc");
 }
 
-TEST_F(TextDiffScreenTest, ItsSelectionIsSeen) {
+TEST_F(TextDiffScreenTest, TheSelectionIsVisible) {
     compare("abc\ndef", "");
     auto& list = screen.list("Original");
     list.setCurrentRow(1);
@@ -240,7 +240,7 @@ TEST_F(TextDiffScreenTest, ItsSelectionIsSeen) {
     EXPECT_NE(after.pixel(pixel), after.pixel(beyond));
 }
 
-TEST_F(TextDiffScreenTest, ADragBeyondTheListGoesOn) {
+TEST_F(TextDiffScreenTest, DraggingBelowTheListScrollsAndExtendsTheSelection) {
     compare(std::string(500, '\n'), "x");
     auto& list = screen.list("Original");
     const auto below = list.viewport()->rect().bottomLeft() + QPoint(60, 30);
@@ -254,7 +254,7 @@ TEST_F(TextDiffScreenTest, ADragBeyondTheListGoesOn) {
     QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, below);
 }
 
-TEST_F(TextDiffScreenTest, TheMenuOfTheUnifiedListCopiesWithMarksToo) {
+TEST_F(TextDiffScreenTest, TheMenuOfTheUnifiedListCopiesWithMarks) {
     compare("a\nb\nc", "a\nB\nc");
     EXPECT_EQ(ContextMenu(screen.list("Original")).items(), "Copy; Select All; ");
     screen.choose("Unified");
@@ -275,10 +275,10 @@ TEST_F(TextDiffScreenTest, TheMenuOfTheUnifiedListCopiesWithMarksToo) {
     EXPECT_EQ(clipboard(), "a\nb\nB\nc");
     drag(list, placeOf(list, 1, 3), placeOf(list, 2, 3)); // within the lines
     menu.choose("Copy with Marks");
-    EXPECT_EQ(clipboard(), "-b\n+B") << "of whole lines";
+    EXPECT_EQ(clipboard(), "-b\n+B") << "marks are copied with whole lines";
 }
 
-TEST_F(TextDiffScreenTest, ForgetsTheSelectionWithTheResult) {
+TEST_F(TextDiffScreenTest, ComparingAgainClearsTheSelection) {
     compare("a\nb", "a\nb");
     auto& list = screen.list("Original");
     list.selectAll();
@@ -286,7 +286,7 @@ TEST_F(TextDiffScreenTest, ForgetsTheSelectionWithTheResult) {
     EXPECT_TRUE(list.selection().isEmpty());
 }
 
-TEST_F(TextDiffScreenTest, ScrollsEachColumnByItself) {
+TEST_F(TextDiffScreenTest, ScrollsEachColumnIndependently) {
     std::string text;
     for (int number = 0; number < 200; ++number)
         text += std::to_string(number) + "\n";
@@ -303,7 +303,7 @@ TEST_F(TextDiffScreenTest, ScrollsEachColumnByItself) {
     EXPECT_EQ(left.horizontalScrollBar()->value(), 0);
 }
 
-TEST_F(TextDiffScreenTest, ShowsALongLineToItsEnd) {
+TEST_F(TextDiffScreenTest, ScrollsToTheEndOfALongLine) {
     compare(std::string(5'000, 'x') + "END", "");
     auto& list = screen.list("Original");
     auto* bar = list.horizontalScrollBar();
@@ -313,20 +313,20 @@ TEST_F(TextDiffScreenTest, ShowsALongLineToItsEnd) {
     screen.press("Clear All");
     compare(std::string(5'000, 'x') + "   ", "");
     bar->setValue(bar->maximum());
-    EXPECT_NE(list.grab().toImage(), withEnd) << "the end of the line is in the picture";
+    EXPECT_NE(list.grab().toImage(), withEnd) << "the end of the line is visible";
 
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, {4, middleOf(list, 0).y()});
-    EXPECT_EQ(list.selection().text().substr(0, 5), "xxxxx") << "also there the text can be selected";
+    EXPECT_EQ(list.selection().text().substr(0, 5), "xxxxx") << "text can be selected at the end too";
 }
 
-TEST_F(TextDiffScreenTest, MakesRoomForLongLineNumbers) {
+TEST_F(TextDiffScreenTest, LongLineNumbersAreNotCutOff) {
     const auto start = [&](int lineCount) {
         screen.press("Clear All");
         compare(std::string(static_cast<std::size_t>(lineCount - 1), '\n') + "x", "x");
         fakes.background.runAll();
         auto& list = screen.list("Original");
         list.scrollToBottom();
-        // The last line is the one with text, and on no colour.
+        // Only the last line has text, and it has no background colour.
         const auto picture = list.grab().toImage();
         const auto row = list.visualRect(list.model()->index(list.model()->rowCount() - 1, 0))
                              .translated(list.viewport()->pos());
@@ -343,7 +343,7 @@ TEST_F(TextDiffScreenTest, MakesRoomForLongLineNumbers) {
     EXPECT_GT(start(100'000), 0);
 }
 
-TEST_F(TextDiffScreenTest, HandsTheFocusFromTheEditorToTheLinesAndBack) {
+TEST_F(TextDiffScreenTest, TheFocusMovesFromTheEditorToTheLinesAndBack) {
     enter("a", "b");
     screen.editor("Modified Text").setFocus();
     screen.press("Compare");

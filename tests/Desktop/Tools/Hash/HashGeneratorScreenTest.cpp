@@ -39,7 +39,7 @@ struct HashGeneratorScreenTest : testing::Test {
     std::string digest(std::string_view algorithm) const { return utf8String(field(algorithm).text()); }
 };
 
-TEST_F(HashGeneratorScreenTest, HashesWhatIsTyped) {
+TEST_F(HashGeneratorScreenTest, HashesTypedText) {
     EXPECT_EQ(screen.placeholder("Input Text"), "Enter text to hash...");
     for (const auto algorithm : {"MD5", "SHA1", "SHA256", "SHA512"}) {
         EXPECT_EQ(digest(algorithm), "");
@@ -67,13 +67,13 @@ TEST_F(HashGeneratorScreenTest, GeneratesOnDemand) {
     EXPECT_FALSE(screen.shows("3 characters • 3 bytes"));
 }
 
-TEST_F(HashGeneratorScreenTest, ClearingShowsTheDigestsOfNothing) {
+TEST_F(HashGeneratorScreenTest, ClearingShowsTheDigestsOfTheEmptyText) {
     screen.type("Input Text", "a");
     screen.press("Clear");
     EXPECT_EQ(digest("MD5"), "d41d8cd98f00b204e9800998ecf8427e");
 }
 
-TEST_F(HashGeneratorScreenTest, MarksTheRowThatIsPressed) {
+TEST_F(HashGeneratorScreenTest, MarksThePressedRow) {
     screen.press("SHA1");
     screen.press("SHA1");
     EXPECT_TRUE(screen.button("SHA1").isChecked());
@@ -85,10 +85,10 @@ TEST_F(HashGeneratorScreenTest, MarksTheRowThatIsPressed) {
     settle();
     EXPECT_TRUE(screen.button("MD5").isChecked());
     screen.press("Copy SHA256");
-    EXPECT_TRUE(screen.button("MD5").isChecked()) << "copying is not choosing";
+    EXPECT_TRUE(screen.button("MD5").isChecked()) << "copying does not select";
 }
 
-TEST_F(HashGeneratorScreenTest, ADigestCanBeSelectedThoughItDoesNotFit) {
+TEST_F(HashGeneratorScreenTest, AnElidedDigestCanBeSelectedAndCopied) {
     screen.type("Input Text", "abc");
     auto& field = this->field("SHA512");
     const auto shortened = field.grab().toImage();
@@ -100,18 +100,18 @@ TEST_F(HashGeneratorScreenTest, ADigestCanBeSelectedThoughItDoesNotFit) {
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), digest("SHA512"));
     EXPECT_NE(field.grab().toImage(), shortened);
     QTest::keyClick(&field, Qt::Key_X);
-    EXPECT_EQ(digest("SHA512").size(), 128U) << "it is only to read";
+    EXPECT_EQ(digest("SHA512").size(), 128U) << "the field is read-only";
     screen.button("SHA512").setFocus();
     EXPECT_FALSE(field.hasSelectedText());
     EXPECT_EQ(field.grab().toImage(), shortened);
 }
 
-TEST_F(HashGeneratorScreenTest, ALargeTextIsHashedWithoutHoldingUpTheWindow) {
+TEST_F(HashGeneratorScreenTest, ALargeTextIsHashedInTheBackground) {
     screen.type("Input Text", "abc");
     fakes.clipboard.content = std::string(HashGeneratorView::maxImmediateSize + 1, 'x');
     screen.press("Paste");
     EXPECT_EQ(digest("MD5"), "");
-    EXPECT_EQ(field("MD5").placeholderText(), "") << "the text is there";
+    EXPECT_EQ(field("MD5").placeholderText(), "") << "there is a text";
     EXPECT_TRUE(screen.shows("32 chars"));
     EXPECT_TRUE(screen.shows("128 chars"));
     EXPECT_FALSE(screen.button("Copy MD5").isEnabled());
@@ -122,14 +122,14 @@ TEST_F(HashGeneratorScreenTest, ALargeTextIsHashedWithoutHoldingUpTheWindow) {
     EXPECT_TRUE(screen.shows("262145 characters • 262145 bytes"));
 }
 
-TEST_F(HashGeneratorScreenTest, TheFooterStandsWordByWord) {
+TEST_F(HashGeneratorScreenTest, TheFooterHasItsExactText) {
     EXPECT_EQ(
         screen.text(
             "All hashing is done locally using Apple's CryptoKit framework. No data leaves your device."),
         "All hashing is done locally using Apple's CryptoKit framework. No data leaves your device.");
 }
 
-TEST_F(HashGeneratorScreenTest, NeedsNoScrollingInTheSmallestWindow) {
+TEST_F(HashGeneratorScreenTest, NeedsNoScrollingInTheMinimumWindow) {
     screen.type("Input Text", "abc");
     widget->resize(Theme::px(620), Theme::px(564));
     settle();

@@ -9,17 +9,17 @@
 namespace korvane {
 namespace {
 
-TEST(DropTarget, TakesTheNamesOfLocalFiles) {
+TEST(DropTarget, AcceptsThePathsOfLocalFiles) {
     QMimeData data;
     data.setUrls({QUrl("https://example.org/a.png"), QUrl("file:///tmp/two%20words.png"),
                   QUrl::fromLocalFile(QStringLiteral("/tmp/Größe ⚓.jpg"))});
     data.setData("image/png", "bytes");
     const auto items = droppedItems(data);
     EXPECT_EQ(items.files, (std::vector<std::string>{"/tmp/two words.png", "/tmp/Größe ⚓.jpg"}));
-    EXPECT_EQ(items.data, "") << "the files are what was meant";
+    EXPECT_EQ(items.data, "") << "files take precedence";
 }
 
-TEST(DropTarget, TakesThePictureItself) {
+TEST(DropTarget, AcceptsTheDataOfAPicture) {
     QMimeData data;
     data.setData("image/jpeg", "the bytes of a JPEG");
     EXPECT_EQ(droppedItems(data).data, "the bytes of a JPEG");

@@ -101,7 +101,7 @@ TEST_F(ImageConverterScreenTest, LoadsTransformsAndSaves) {
     EXPECT_EQ(saved->height, 15);
 }
 
-TEST_F(ImageConverterScreenTest, ShowsTheQualityForTheFormatsThatHaveOne) {
+TEST_F(ImageConverterScreenTest, ShowsTheQualityForLossyFormats) {
     EXPECT_FALSE(screen.shows("Quality:"));
     screen.picker("Format").setCurrentIndex(1);
     EXPECT_TRUE(screen.shows("Quality:"));
@@ -114,27 +114,27 @@ TEST_F(ImageConverterScreenTest, ShowsTheQualityForTheFormatsThatHaveOne) {
     EXPECT_FALSE(screen.shows("Quality:"));
 }
 
-TEST_F(ImageConverterScreenTest, AChoiceDropsDownAsAMenu) {
+TEST_F(ImageConverterScreenTest, APickerOpensItsChoicesAsAMenu) {
     auto& format = screen.picker("Format");
     format.setFocus();
     QTest::keyClick(&format, Qt::Key_Space);
     auto* menu = format.findChild<QMenu*>();
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->actions().size(), 6);
-    EXPECT_EQ(menu->activeAction(), menu->actions().first()) << "the choice so far";
+    EXPECT_EQ(menu->activeAction(), menu->actions().first()) << "the current choice";
     QTest::keyClick(menu, Qt::Key_Down);
     QTest::keyClick(menu, Qt::Key_Return);
     EXPECT_EQ(format.currentText(), "JPEG");
     EXPECT_TRUE(screen.shows("Quality:"));
 }
 
-TEST_F(ImageConverterScreenTest, ASizeCanBeTypedAnew) {
+TEST_F(ImageConverterScreenTest, ASizeCanBeDeletedAndRetyped) {
     load();
     auto& width = screen.field("Width");
     width.setFocus();
     width.selectAll();
     QTest::keyClick(&width, Qt::Key_Backspace);
-    EXPECT_EQ(width.text(), "") << "no 0 gets in the way";
+    EXPECT_EQ(width.text(), "") << "no 0 is inserted";
     QTest::keyClicks(&width, "1a2-");
     EXPECT_EQ(width.text(), "12");
     width.selectAll();
@@ -154,7 +154,7 @@ TEST_F(ImageConverterScreenTest, RemovesAndResets) {
     EXPECT_EQ(screen.picker("Format").currentText(), "PNG");
 }
 
-TEST_F(ImageConverterScreenTest, SaysWhatFails) {
+TEST_F(ImageConverterScreenTest, ShowsErrorsOfLoadingAndSaving) {
     screen.press("Choose File");
     fakes.panels.choose("/gone.png");
     fakes.background.runAll();
@@ -169,7 +169,7 @@ TEST_F(ImageConverterScreenTest, SaysWhatFails) {
     EXPECT_EQ(screen.text("Error"), "Failed to save: No space left on device");
 }
 
-TEST_F(ImageConverterScreenTest, SaysWhatIsNotApplied) {
+TEST_F(ImageConverterScreenTest, ShowsWhetherChangesAreApplied) {
     load();
     auto& apply = screen.button("Apply Transforms");
     EXPECT_FALSE(screen.shows("Changes not applied"));
@@ -179,7 +179,7 @@ TEST_F(ImageConverterScreenTest, SaysWhatIsNotApplied) {
     EXPECT_EQ(apply.accessibleDescription(), "Changes not applied");
     screen.press("Apply Transforms");
     EXPECT_FALSE(screen.shows("Changes not applied"));
-    EXPECT_FALSE(screen.button("Save As...").isEnabled()) << "the picture is being made";
+    EXPECT_FALSE(screen.button("Save As...").isEnabled()) << "the transforms are being applied";
     fakes.background.runAll();
     EXPECT_TRUE(screen.button("Save As...").isEnabled());
     EXPECT_TRUE(screen.shows("20 × 15"));
@@ -190,7 +190,7 @@ TEST_F(ImageConverterScreenTest, SaysWhatIsNotApplied) {
     EXPECT_FALSE(screen.shows("20 × 15"));
 }
 
-TEST_F(ImageConverterScreenTest, SaysWhatHasBeenSaved) {
+TEST_F(ImageConverterScreenTest, ShowsTheSavedFile) {
     load();
     screen.press("Save As...");
     fakes.panels.choose("/out/photo.png");
@@ -203,7 +203,7 @@ TEST_F(ImageConverterScreenTest, SaysWhatHasBeenSaved) {
     EXPECT_FALSE(screen.shows(message));
 }
 
-TEST_F(ImageConverterScreenTest, SaysThatAFileHoldsMorePictures) {
+TEST_F(ImageConverterScreenTest, ShowsThatAFileHoldsMorePictures) {
     load();
     EXPECT_FALSE(screen.shows("The first of 2 pictures in the file"));
     const std::string frame("\x2c\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0", 15);
@@ -216,7 +216,7 @@ TEST_F(ImageConverterScreenTest, SaysThatAFileHoldsMorePictures) {
     EXPECT_TRUE(screen.shows("The first of 2 pictures in the file"));
 }
 
-TEST_F(ImageConverterScreenTest, TakesWhatIsDropped) {
+TEST_F(ImageConverterScreenTest, LoadsDroppedFiles) {
     fakes.files.contents["/tmp/Über uns.png"] = engine().convert(picture, ImageFormat::png, 1).value();
     QMimeData data;
     data.setUrls({QUrl(QStringLiteral("file:///tmp/%C3%9Cber%20uns.png"))});
@@ -237,10 +237,10 @@ TEST_F(ImageConverterScreenTest, TakesWhatIsDropped) {
     EXPECT_TRUE(screen.shows("40 × 30"));
     QMimeData text;
     text.setText("just words");
-    QDragEnterEvent refused(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-    refused.ignore();
-    QApplication::sendEvent(target, &refused);
-    EXPECT_FALSE(refused.isAccepted());
+    QDragEnterEvent rejected(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    rejected.ignore();
+    QApplication::sendEvent(target, &rejected);
+    EXPECT_FALSE(rejected.isAccepted());
 }
 
 } // namespace

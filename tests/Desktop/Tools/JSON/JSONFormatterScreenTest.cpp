@@ -34,7 +34,7 @@ struct JSONFormatterScreenTest : testing::Test {
     void key(Qt::Key key) const { QTest::keyClick(&screen.list("Tree View"), key); }
 };
 
-TEST_F(JSONFormatterScreenTest, PrettifiesWhatIsPastedAndCopiesIt) {
+TEST_F(JSONFormatterScreenTest, PrettifiesPastedTextAndCopiesTheOutput) {
     EXPECT_EQ(screen.placeholder("Input"), "Paste your JSON here...");
     EXPECT_EQ(screen.placeholder("Output"), "Formatted output will appear here...");
     fakes.clipboard.content = R"({"b":1,"a":[]})";
@@ -52,7 +52,7 @@ TEST_F(JSONFormatterScreenTest, PrettifiesWhatIsPastedAndCopiesIt) {
     EXPECT_EQ(screen.text("Input"), R"({"b":1,"a":[]})");
 }
 
-TEST_F(JSONFormatterScreenTest, ShowsWhatIsWrong) {
+TEST_F(JSONFormatterScreenTest, ShowsTheErrorAndItsPosition) {
     screen.press("Prettify");
     EXPECT_TRUE(screen.shows("Input is empty"));
     screen.type("Input", "[1,]");
@@ -64,7 +64,7 @@ TEST_F(JSONFormatterScreenTest, ShowsWhatIsWrong) {
     })) << testing::PrintToString(screen.labels());
 }
 
-TEST_F(JSONFormatterScreenTest, ShowsTheTreeOfWhatIsTyped) {
+TEST_F(JSONFormatterScreenTest, ShowsTheTreeOfTypedText) {
     screen.press("Tree View");
     EXPECT_FALSE(screen.hasEditor("Output"));
     EXPECT_FALSE(screen.hasList("Tree View"));
@@ -111,7 +111,7 @@ TEST_F(JSONFormatterScreenTest, FoldsRowsByKeyboard) {
     EXPECT_EQ(rows().size(), 4U);
 }
 
-TEST_F(JSONFormatterScreenTest, CopiesWhatARowHasByMenuAndKey) {
+TEST_F(JSONFormatterScreenTest, CopiesValueKeyAndPathOfARowByMenuAndKey) {
     screen.press("Tree View");
     screen.type("Input", R"({"power":{"source":"a\nb","kw":[42.5]}})");
     auto& list = screen.list("Tree View");
@@ -152,7 +152,7 @@ TEST_F(JSONFormatterScreenTest, AKeyOpensTheMenuBelowTheNameOfTheRow) {
     EXPECT_GT(place.x(), corner.x() + 40) << "two levels in";
 }
 
-TEST_F(JSONFormatterScreenTest, ALongValueIsReachedByScrollingSideways) {
+TEST_F(JSONFormatterScreenTest, ALongValueCanBeScrolledHorizontally) {
     screen.press("Tree View");
     for (const std::size_t length : {std::size_t{500}, std::size_t{500'000}}) {
         fakes.clipboard.content = "[\"" + std::string(length, 'x') + "\"]";
@@ -168,13 +168,13 @@ TEST_F(JSONFormatterScreenTest, ALongValueIsReachedByScrollingSideways) {
         const auto unmarked = list.grab().toImage();
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, atTheEnd);
         EXPECT_EQ(list.currentRow(), 1);
-        EXPECT_NE(list.grab().toImage(), unmarked) << "the row is marked along its whole width";
+        EXPECT_NE(list.grab().toImage(), unmarked) << "the row is highlighted along its whole width";
         bar->setValue(0);
         list.setCurrentRow(0);
     }
 }
 
-TEST_F(JSONFormatterScreenTest, SurvivesWhateverIsPasted) {
+TEST_F(JSONFormatterScreenTest, AcceptsAnyPastedText) {
     const std::string texts[] = {
         std::string(100'000, '['),         std::string("[\0]", 3),          "\xff\xfe", "\"\\ud800\"",
         std::string(2'000'000, ' ') + "1", "{\"a\":1e99999999999999999999}"};
@@ -188,7 +188,7 @@ TEST_F(JSONFormatterScreenTest, SurvivesWhateverIsPasted) {
     }
 }
 
-TEST_F(JSONFormatterScreenTest, WarnsOfDuplicateNamesBesideTheVerdict) {
+TEST_F(JSONFormatterScreenTest, WarnsAboutDuplicateNamesBesideTheStatus) {
     constexpr auto warning = R"(Duplicate name "a": only its last value counts)";
     screen.type("Input", R"({"a":1,"a":2})");
     screen.press("Validate");

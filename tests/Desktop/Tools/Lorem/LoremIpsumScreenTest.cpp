@@ -24,7 +24,7 @@ struct LoremIpsumScreenTest : testing::Test {
     ScreenDriver screen{*widget};
 };
 
-TEST_F(LoremIpsumScreenTest, ShowsEveryTextOfAScreenJustOpened) {
+TEST_F(LoremIpsumScreenTest, ANewScreenShowsAllItsTexts) {
     for (const auto* label : {"Lorem Ipsum", "Generate placeholder text", "Count: 3", "GENERATED TEXT",
                               "Click Generate to create Lorem Ipsum text"})
         EXPECT_TRUE(screen.shows(label)) << label;
@@ -62,7 +62,7 @@ TEST_F(LoremIpsumScreenTest, GeneratesCountsCopiesAndClears) {
     EXPECT_FALSE(screen.hasButton("Copy Generated Text"));
 }
 
-TEST_F(LoremIpsumScreenTest, CountsFromOneToAHundred) {
+TEST_F(LoremIpsumScreenTest, LimitsTheCountToOneToAHundred) {
     auto* count = widget->findChild<QSpinBox*>();
     ASSERT_NE(count, nullptr);
     for (int i = 0; i < 5; ++i)
@@ -74,7 +74,7 @@ TEST_F(LoremIpsumScreenTest, CountsFromOneToAHundred) {
     EXPECT_TRUE(screen.shows("100")) << "paragraphs";
 }
 
-TEST_F(LoremIpsumScreenTest, StartsWithLoremWhereWanted) {
+TEST_F(LoremIpsumScreenTest, StartsWithLoremIpsumOnlyWhenSwitchedOn) {
     screen.press("Generate");
     EXPECT_TRUE(screen.text("Generated Text").starts_with("Lorem ipsum dolor sit amet, consectetur"));
     screen.press("Start with \"Lorem ipsum...\"");

@@ -51,17 +51,17 @@ struct MarkdownBrowserTest : testing::Test {
     }
 };
 
-TEST_F(MarkdownBrowserTest, TellsOfAClickOnALink) {
+TEST_F(MarkdownBrowserTest, ReportsClicksOnLinks) {
     show("Visit [the page](https://example.org/a?b=c&d) or [that](mailto:a@example.org).");
     QTest::mouseClick(browser.viewport(), Qt::LeftButton, {}, placeOf("Visit"));
     EXPECT_EQ(opened, std::vector<std::string>());
     QTest::mouseClick(browser.viewport(), Qt::LeftButton, {}, placeOf("page"));
     QTest::mouseClick(browser.viewport(), Qt::LeftButton, {}, placeOf("that"));
     EXPECT_EQ(opened, (std::vector<std::string>{"https://example.org/a?b=c&d", "mailto:a@example.org"}));
-    EXPECT_EQ(browser.content().row(0)->runs.size(), 5U) << "a link leads nowhere inside";
+    EXPECT_EQ(browser.content().row(0)->runs.size(), 5U) << "clicking a link keeps the content";
 }
 
-TEST_F(MarkdownBrowserTest, TellsWhereALinkLeads) {
+TEST_F(MarkdownBrowserTest, ToolTipsShowLinkTargets) {
     show("[page](https://example.org/<b>?a&b) else");
     const auto toolTipAt = [this](QPoint place) {
         QHelpEvent event(QEvent::ToolTip, place, browser.viewport()->mapToGlobal(place));
@@ -82,7 +82,7 @@ TEST_F(MarkdownBrowserTest, FollowsLinksByKeyboard) {
     EXPECT_EQ(opened, (std::vector<std::string>{"https://example.org/1", "https://example.org/2"}));
 }
 
-TEST_F(MarkdownBrowserTest, CopiesWhatIsSelected) {
+TEST_F(MarkdownBrowserTest, CopiesTheSelectionAsPlainText) {
     show("# Title\n\n- **one** `two`\n\n```c\nint i;\n```");
     browser.selectAll();
     QTest::keySequence(&browser, QKeySequence::Copy);
@@ -90,7 +90,7 @@ TEST_F(MarkdownBrowserTest, CopiesWhatIsSelected) {
     EXPECT_FALSE(QApplication::clipboard()->mimeData()->hasHtml());
 }
 
-TEST_F(MarkdownBrowserTest, ReadsNothingWhileItCannotBeSeen) {
+TEST_F(MarkdownBrowserTest, RefreshesOnlyWhileVisible) {
     show("a");
     browser.hide();
     markdown = "b";
@@ -100,7 +100,7 @@ TEST_F(MarkdownBrowserTest, ReadsNothingWhileItCannotBeSeen) {
     EXPECT_EQ(browser.document()->firstBlock().text(), "b");
 }
 
-TEST_F(MarkdownBrowserTest, KeepsItsPlaceWhileTheTextChanges) {
+TEST_F(MarkdownBrowserTest, KeepsItsScrollPositionWhenTheTextChanges) {
     std::string text;
     for (int i = 0; i < 200; ++i)
         text += "Paragraph " + std::to_string(i) + ".\n\n";
@@ -139,10 +139,10 @@ TEST_F(MarkdownBrowserTest, PaintsAMarkerBesideEachItem) {
             isMarked = isMarked || image.pixelColor(x, y) != background;
     }
     EXPECT_TRUE(isMarked);
-    EXPECT_EQ(browser.document()->firstBlock().text(), "a") << "which is no part of the text";
+    EXPECT_EQ(browser.document()->firstBlock().text(), "a") << "the marker is not part of the text";
 }
 
-TEST_F(MarkdownBrowserTest, TakesTheColoursOfTheTheme) {
+TEST_F(MarkdownBrowserTest, UsesTheColoursOfTheTheme) {
     show("a");
     const auto colour = [this] {
         return browser.document()->firstBlock().begin().fragment().charFormat().foreground().color();

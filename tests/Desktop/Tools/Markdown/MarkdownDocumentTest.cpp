@@ -33,7 +33,7 @@ std::string text(const MarkdownRow& row) {
     return all;
 }
 
-/// Everything that can be seen of a document: each block's text, format, and formats of its parts.
+/// A part of a block with one format.
 struct Part {
     QString text{};
     QTextCharFormat format{};
@@ -46,7 +46,8 @@ struct Line {
     bool operator==(const Line&) const = default;
 };
 
-std::vector<Line> seen(const QTextDocument& document) {
+/// Each block's format, and the texts and formats of its parts.
+std::vector<Line> formattedLines(const QTextDocument& document) {
     std::vector<Line> lines;
     for (auto block = document.begin(); block.isValid(); block = block.next()) {
         lines.push_back({block.blockFormat(), {}});
@@ -56,7 +57,7 @@ std::vector<Line> seen(const QTextDocument& document) {
     return lines;
 }
 
-TEST(MarkdownRow, StandsForABlockOrAPartOfOne) {
+TEST(MarkdownRow, IsABlockOrAPartOfOne) {
     EXPECT_EQ(
         kinds(MarkdownPreviewView::sampleDocument),
         (std::vector<Kind>{Kind::header,        Kind::paragraph,     Kind::header,        Kind::unorderedItem,
@@ -67,10 +68,10 @@ TEST(MarkdownRow, StandsForABlockOrAPartOfOne) {
                            Kind::rule,          Kind::orderedItem,   Kind::orderedItem,   Kind::orderedItem,
                            Kind::paragraph}));
     EXPECT_EQ(kinds(""), std::vector<Kind>());
-    EXPECT_EQ(kinds("```\n```"), std::vector<Kind>{Kind::code}) << "an empty box is a box";
+    EXPECT_EQ(kinds("```\n```"), std::vector<Kind>{Kind::code}) << "an empty code block has a row";
 }
 
-TEST(MarkdownRow, KnowsItsPlace) {
+TEST(MarkdownRow, HasItsNumberAndItsPlaceInTheBlock) {
     const auto rows = markdownRows("# a\n```c\nd\n```\n1. e\n2. f");
     ASSERT_EQ(rows.size(), 5U);
     EXPECT_EQ(rows[0], (MarkdownRow{.kind = Kind::header,
@@ -93,7 +94,7 @@ TEST(MarkdownRow, KnowsItsPlace) {
                                     .endsBlock = true}));
 }
 
-TEST(MarkdownRow, StylesTextButNeitherHeadersNorCode) {
+TEST(MarkdownRow, AppliesInlineStylesExceptInHeadersAndCode) {
     EXPECT_EQ(text(markdownRows("# **a**").front()), "**a**");
     EXPECT_EQ(text(markdownRows("```\n**a**").front()), "**a**");
     EXPECT_EQ(text(markdownRows("**a**").front()), "a");
@@ -102,7 +103,7 @@ TEST(MarkdownRow, StylesTextButNeitherHeadersNorCode) {
     EXPECT_EQ(text(markdownRows("> **a**").front()), "a");
 }
 
-TEST(MarkdownRow, IsOneOfSeveralWhereATextIsTooLong) {
+TEST(MarkdownRow, ALongTextIsDividedIntoSeveralRows) {
     const std::string word = "lengthy ";
     std::string paragraph = "**";
     while (paragraph.size() < 3 * longestRow)
@@ -119,7 +120,7 @@ TEST(MarkdownRow, IsOneOfSeveralWhereATextIsTooLong) {
     EXPECT_EQ("**" + all + "**", paragraph);
 }
 
-TEST(MarkdownRow, CutsNoCharacterApart) {
+TEST(MarkdownRow, DividesNoCharacter) {
     std::string paragraph = "x";
     while (paragraph.size() < 3 * longestRow)
         paragraph += "😀";
@@ -129,10 +130,10 @@ TEST(MarkdownRow, CutsNoCharacterApart) {
         all += text(row);
     }
     EXPECT_EQ(all, paragraph);
-    EXPECT_GT(markdownRows(std::string(3 * longestRow, '\x80')).size(), 2U) << "not even a text";
+    EXPECT_GT(markdownRows(std::string(3 * longestRow, '\x80')).size(), 2U) << "bytes that are not UTF-8";
 }
 
-TEST(MarkdownDocument, WritesOnlyWhatHasChanged) {
+TEST(MarkdownDocument, WritesOnlyChangedRows) {
     std::string markdown;
     for (int i = 0; i < 1000; ++i)
         markdown += "Paragraph " + std::to_string(i) + ".\n\n";
@@ -147,10 +148,10 @@ TEST(MarkdownDocument, WritesOnlyWhatHasChanged) {
     EXPECT_EQ(document.findBlockByNumber(500).text(), "Paragraph 500x.");
     markdown.insert(0, "first\n\n");
     document.show(markdown);
-    EXPECT_EQ(document.writtenRows(), 1003U) << "the new row, and the one that is no longer the first";
+    EXPECT_EQ(document.writtenRows(), 1003U) << "the new row, and the former first row";
 }
 
-TEST(MarkdownDocument, WritesOnlyTheLineOfCodeThatHasChanged) {
+TEST(MarkdownDocument, WritesOnlyTheChangedLineOfCode) {
     std::string markdown = "```\n";
     for (int i = 0; i < 1000; ++i)
         markdown += "line " + std::to_string(i) + ";\n";
@@ -162,7 +163,7 @@ TEST(MarkdownDocument, WritesOnlyTheLineOfCodeThatHasChanged) {
     EXPECT_EQ(document.writtenRows(), before + 1);
 }
 
-RC_GTEST_PROP(MarkdownDocument, LooksTheSameWhateverWasShownBefore, ()) {
+RC_GTEST_PROP(MarkdownDocument, ResultDoesNotDependOnEarlierTexts, ()) {
     const auto tokens = rc::gen::container<std::vector<std::string>>(
         rc::gen::element<std::string>("\n", "\n\n", "# a", "## b\n", "- c\n", "1. d\n", "> e\n", "```\n",
                                       "```f\n", "---\n", "g", " **h** ", "`i`", "[j](k)"));
@@ -174,12 +175,12 @@ RC_GTEST_PROP(MarkdownDocument, LooksTheSameWhateverWasShownBefore, ()) {
         document.show(markdown);
         MarkdownDocument fresh(nullptr);
         fresh.show(markdown);
-        RC_ASSERT(seen(document) == seen(fresh));
+        RC_ASSERT(formattedLines(document) == formattedLines(fresh));
         RC_ASSERT(document.rootFrame()->frameFormat() == fresh.rootFrame()->frameFormat());
     }
 }
 
-TEST(MarkdownDocument, HasABlockForEachRowWhateverTheCharacters) {
+TEST(MarkdownDocument, HasABlockForEachRowWithAnyCharacters) {
     for (const std::string& markdown :
          {std::string("a\uFDD0b\uFDD1c\uFFFCd"), std::string("a\0b", 3), std::string("\xFF\xC2"),
           std::string("a\u00ADb\u200B\u202E"), std::string("```\na\uFDD0\n```"), std::string("# \uFDD1")}) {
@@ -189,7 +190,7 @@ TEST(MarkdownDocument, HasABlockForEachRowWhateverTheCharacters) {
     }
 }
 
-TEST(MarkdownDocument, WritesHeadersTheSmallerTheLowerTheyAre) {
+TEST(MarkdownDocument, HeaderFontsShrinkWithTheLevel) {
     for (int level = 2; level <= 6; ++level)
         EXPECT_LT(headerFont(level).pixelSize(), headerFont(level - 1).pixelSize()) << level;
 }

@@ -26,7 +26,7 @@ struct MarkdownPreviewScreenTest : testing::Test {
     ScreenDriver screen{*widget};
     MarkdownBrowser& preview = *dynamic_cast<MarkdownBrowser*>(widget->findChild<QTextBrowser*>());
 
-    /// Replaces the text as a person would.
+    /// Replaces the text by key presses.
     void write(std::string_view text) {
         screen.editor("Markdown").selectAll();
         QTest::keyClick(&screen.editor("Markdown"), Qt::Key_Delete);
@@ -79,7 +79,7 @@ TEST_F(MarkdownPreviewScreenTest, KeepsTheFocusInItsPanes) {
     EXPECT_EQ(widget->focusWidget(), &screen.editor("Markdown"));
 }
 
-TEST_F(MarkdownPreviewScreenTest, FollowsEveryKeyPress) {
+TEST_F(MarkdownPreviewScreenTest, UpdatesThePreviewAtEveryKeyPress) {
     write("# Title\n\n*b");
     EXPECT_EQ(previewText(), "Title\n*b\n");
     EXPECT_TRUE(screen.shows("3 words\u2002•\u20023 lines\u2002•\u200211 characters"));
@@ -118,7 +118,7 @@ TEST_F(MarkdownPreviewScreenTest, OpensALinkInTheBrowser) {
     EXPECT_EQ(fakes.browser.opened, std::vector<std::string>{"https://korvane.org"});
 }
 
-TEST_F(MarkdownPreviewScreenTest, KeepsTheSampleAgainstUndo) {
+TEST_F(MarkdownPreviewScreenTest, UndoDoesNotRemoveTheSample) {
     EXPECT_EQ(screen.editor("Markdown").textCursor().position(), 0);
     screen.undo("Markdown");
     EXPECT_EQ(screen.text("Markdown"), MarkdownPreviewView::sampleDocument);

@@ -18,7 +18,7 @@ struct NumberBaseScreenTest : testing::Test {
     ScreenDriver screen{*widget};
 };
 
-TEST_F(NumberBaseScreenTest, SaysWhatItIsFor) {
+TEST_F(NumberBaseScreenTest, ShowsItsTexts) {
     for (const auto* text :
          {"Number Base", "INPUT (DECIMAL)", "Input Base:", "Prefixes: 0b (binary), 0o (octal), 0x (hex)",
           "CONVERSIONS", "Enter a number above to see conversions"})
@@ -29,7 +29,7 @@ TEST_F(NumberBaseScreenTest, SaysWhatItIsFor) {
     EXPECT_FALSE(screen.shows("Binary"));
 }
 
-TEST_F(NumberBaseScreenTest, ConvertsWhileOneTypes) {
+TEST_F(NumberBaseScreenTest, ConvertsWhileTyping) {
     screen.enter("Input", "1234567");
     EXPECT_FALSE(screen.shows("Enter a number above to see conversions"));
     EXPECT_EQ(screen.text("Binary"), "100101101011010000111");
@@ -42,7 +42,7 @@ TEST_F(NumberBaseScreenTest, ConvertsWhileOneTypes) {
     EXPECT_TRUE(screen.shows("Enter a number above to see conversions"));
 }
 
-TEST_F(NumberBaseScreenTest, CopiesWhatItShows) {
+TEST_F(NumberBaseScreenTest, CopiesTheDisplayedDigits) {
     screen.enter("Input", "1234567");
     screen.press("Copy Decimal");
     EXPECT_EQ(fakes.clipboard.content, "1234567");
@@ -68,7 +68,7 @@ TEST_F(NumberBaseScreenTest, FollowsTheBaseOfTheInput) {
     EXPECT_FALSE(screen.shows("0b"));
 }
 
-TEST_F(NumberBaseScreenTest, ShowsAMessageInPlaceOfResults) {
+TEST_F(NumberBaseScreenTest, ShowsAnErrorInsteadOfResults) {
     screen.enter("Input", "0x1F");
     EXPECT_EQ(screen.text("Error"), "Invalid characters for Decimal (base 10)");
     EXPECT_TRUE(screen.shows("Enter a number above to see conversions"));

@@ -28,14 +28,14 @@ struct PasswordGeneratorScreenTest : testing::Test {
 
     std::string current() const { return screen.text("Password"); }
 
-    void switchEverythingOff() const {
+    void switchAllClassesOff() const {
         for (const auto* option :
              {"Uppercase (A-Z)", "Lowercase (a-z)", "Numbers (0-9)", "Symbols (!@#$%...)"})
             screen.press(option);
     }
 };
 
-TEST_F(PasswordGeneratorScreenTest, ShowsEveryTextOfAScreenJustOpened) {
+TEST_F(PasswordGeneratorScreenTest, ANewScreenShowsAllItsTexts) {
     for (const auto* label :
          {"Password Generator", "Generate secure passwords", "16 characters", "CHARACTER OPTIONS",
           "PASSWORD LENGTH", "8", "128", "16", "characters", "BULK GENERATE", "Count:", "History (1)"})
@@ -83,15 +83,15 @@ TEST_F(PasswordGeneratorScreenTest, CopiesASelectionAsASecret) {
     EXPECT_EQ(content->data("x-kde-passwordManagerHint"), "secret");
 }
 
-TEST_F(PasswordGeneratorScreenTest, WithoutAClassShowsItsPlaceholder) {
-    switchEverythingOff();
+TEST_F(PasswordGeneratorScreenTest, WithoutAClassThePlaceholderIsVisible) {
+    switchAllClassesOff();
     EXPECT_EQ(current().size(), 16U) << "only the button generates";
     screen.press("Generate");
     EXPECT_EQ(current(), "");
     EXPECT_FALSE(screen.shows("Entropy: 0 bits"));
     EXPECT_FALSE(screen.shows("Very Weak"));
     EXPECT_TRUE(screen.shows("History (2)"));
-    screen.press("Clear"); // with the button of the empty entry
+    screen.press("Clear"); // also removes the button of the empty entry
     EXPECT_FALSE(screen.hasButton("Copy Password"));
     screen.press("Numbers (0-9)");
     screen.press("Generate");
@@ -116,7 +116,7 @@ TEST_F(PasswordGeneratorScreenTest, ChoosesTheLengthWithASlider) {
     EXPECT_TRUE(screen.shows("128 characters"));
 }
 
-TEST_F(PasswordGeneratorScreenTest, GeneratesAsManyAsCounted) {
+TEST_F(PasswordGeneratorScreenTest, GeneratesTheChosenCount) {
     auto* count = widget->findChild<QSpinBox*>();
     ASSERT_NE(count, nullptr);
     EXPECT_EQ(count->minimum(), 1);
@@ -126,7 +126,7 @@ TEST_F(PasswordGeneratorScreenTest, GeneratesAsManyAsCounted) {
     EXPECT_TRUE(screen.shows("History (50)"));
     auto& list = screen.list("History");
     const auto last = list.model()->index(49, 0).data(Qt::AccessibleTextRole).toString().toStdString();
-    EXPECT_TRUE(last.starts_with(current() + ", ")) << "the first drawn is the lowest";
+    EXPECT_TRUE(last.starts_with(current() + ", ")) << "the first one drawn is at the bottom";
 }
 
 TEST_F(PasswordGeneratorScreenTest, ClearsItsHistory) {

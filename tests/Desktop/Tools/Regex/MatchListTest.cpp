@@ -48,7 +48,7 @@ struct MatchListTest : testing::Test {
     }
 };
 
-TEST_F(MatchListTest, SetsACardForEachMatch) {
+TEST_F(MatchListTest, ShowsACardForEachMatch) {
     show("(a)(b)?", "aab");
     EXPECT_EQ(names(), (std::vector<std::string>{"Match 1: a", "Match 1 Group 1: a", "Match 2: ab",
                                                  "Match 2 Group 1: a", "Match 2 Group 2: b"}));
@@ -58,7 +58,7 @@ TEST_F(MatchListTest, SetsACardForEachMatch) {
     EXPECT_EQ(list.verticalScrollBar()->maximum(), 0);
 }
 
-TEST_F(MatchListTest, ShowsAMillionMatchesThroughAFewRows) {
+TEST_F(MatchListTest, ShowsAMillionMatchesWithAFewRowWidgets) {
     show("(a)(b)", [] {
         std::string text;
         for (int match = 0; match < 1'000'000; ++match)
@@ -79,7 +79,7 @@ TEST_F(MatchListTest, ShowsAMillionMatchesThroughAFewRows) {
     EXPECT_EQ(list.verticalScrollBar()->value(), 0);
 }
 
-TEST_F(MatchListTest, MovesByLinesAndPagesWithinItsEnds) {
+TEST_F(MatchListTest, KeysMoveByLinesAndPagesWithinTheList) {
     show("a", std::string(50, 'a'));
     QTest::keyClick(&list, Qt::Key_Up);
     EXPECT_EQ(list.currentLine(), 0U);
@@ -92,7 +92,7 @@ TEST_F(MatchListTest, MovesByLinesAndPagesWithinItsEnds) {
     EXPECT_EQ(list.currentLine(), 49U);
 }
 
-TEST_F(MatchListTest, TakesTheLineThatIsClicked) {
+TEST_F(MatchListTest, AClickMakesALineCurrent) {
     show("a", "aaa");
     auto* row = visibleRows()[1];
     QTest::mousePress(row, Qt::LeftButton, {}, QPoint(20, 10));
@@ -117,7 +117,7 @@ TEST_F(MatchListTest, KeepsItsPlaceWhenTheMatchesChange) {
     EXPECT_FALSE(fakes.clipboard.content);
 }
 
-TEST_F(MatchListTest, CopiesTheWholeOfWhatItCannotShow) {
+TEST_F(MatchListTest, CopiesTheWholeOfAShortenedMatch) {
     const std::string text(3'000'000, 'a');
     show("a+", text);
     EXPECT_LT(names().front().size(), 300U);
@@ -125,7 +125,7 @@ TEST_F(MatchListTest, CopiesTheWholeOfWhatItCannotShow) {
     EXPECT_EQ(fakes.clipboard.content, text);
 }
 
-TEST_F(MatchListTest, CopiesTheLineThatItsMenuIsOpenedOver) {
+TEST_F(MatchListTest, ItsMenuCopiesTheLineUnderThePointer) {
     show("(a)(b)?", "aab");
     {
         const ContextMenu menu(list, visibleRows()[4]->geometry().center());

@@ -41,7 +41,7 @@ struct RegexTesterScreenTest : testing::Test {
     }
 };
 
-TEST_F(RegexTesterScreenTest, ShowsItsTextsInTheirOrder) {
+TEST_F(RegexTesterScreenTest, ShowsItsTextsInOrder) {
     screen.press("Find & Replace");
     EXPECT_EQ(screen.labels(), (std::vector<std::string>{"Regex Tester",
                                                          "Test regular expressions",
@@ -107,7 +107,7 @@ TEST_F(RegexTesterScreenTest, SharesATallWindowBetweenTextAndMatches) {
     }
 }
 
-TEST_F(RegexTesterScreenTest, BeginsLiveAndCaseSensitiveWithoutReplacement) {
+TEST_F(RegexTesterScreenTest, StartsLiveAndCaseSensitiveWithoutReplacement) {
     EXPECT_TRUE(screen.button("Live").isChecked());
     EXPECT_TRUE(screen.button("Case").isChecked());
     EXPECT_FALSE(screen.button("Find & Replace").isChecked());
@@ -136,7 +136,7 @@ TEST_F(RegexTesterScreenTest, CopiesMatchesAndGroups) {
     screen.press("Copy Match 1 Group 1");
     EXPECT_EQ(fakes.clipboard.content, "b");
     EXPECT_TRUE(screen.hasButton("Copy Match 2"));
-    fakes.timers.advance(1s); // the first press has had its time, the second has not
+    fakes.timers.advance(1s); // the feedback of the first press has ended, that of the second has not
     EXPECT_TRUE(screen.hasButton("Copied! Match 1 Group 1"));
     fakes.timers.advance(500ms);
     EXPECT_TRUE(screen.hasButton("Copy Match 1 Group 1"));
@@ -175,7 +175,7 @@ TEST_F(RegexTesterScreenTest, ReplacesAndCopiesTheResult) {
     EXPECT_EQ(screen.text("Result"), "");
 }
 
-TEST_F(RegexTesterScreenTest, ExplainsAnInvalidPattern) {
+TEST_F(RegexTesterScreenTest, ShowsTheErrorOfAnInvalidPattern) {
     screen.type("Test String", "text");
     screen.enter("Pattern", "(");
     EXPECT_EQ(screen.text("Error"), "Invalid regex: Incorrectly nested parentheses at character 1.");
@@ -185,7 +185,7 @@ TEST_F(RegexTesterScreenTest, ExplainsAnInvalidPattern) {
     EXPECT_TRUE(screen.shows("2 matches found"));
 }
 
-TEST_F(RegexTesterScreenTest, TestRunsWhatLiveDoesNot) {
+TEST_F(RegexTesterScreenTest, WithoutLiveOnlyTestAndReturnSearch) {
     screen.press("Live");
     screen.type("Test String", "aa");
     screen.enter("Pattern", "a");
@@ -198,7 +198,7 @@ TEST_F(RegexTesterScreenTest, TestRunsWhatLiveDoesNot) {
     EXPECT_TRUE(screen.shows("1 match found"));
 }
 
-TEST_F(RegexTesterScreenTest, SaysThatALongSearchGoesOn) {
+TEST_F(RegexTesterScreenTest, ShowsThatALongSearchIsRunning) {
     screen.enter("Pattern", "x");
     QGuiApplication::clipboard()->setText(QString(10'000, 'y') + 'x');
     screen.editor("Test String").paste();
@@ -210,7 +210,7 @@ TEST_F(RegexTesterScreenTest, SaysThatALongSearchGoesOn) {
     EXPECT_TRUE(screen.shows("1 match found"));
 }
 
-TEST_F(RegexTesterScreenTest, AnnouncesWhatIsWrongInAPatternAndNotThatNothingMatches) {
+TEST_F(RegexTesterScreenTest, AnnouncesThePatternErrorInsteadOfNoMatches) {
     screen.type("Test String", "text");
     screen.enter("Pattern", "y");
     EXPECT_EQ(screen.announcement(), "No matches found");

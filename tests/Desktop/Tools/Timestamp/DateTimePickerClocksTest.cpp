@@ -1,4 +1,4 @@
-/// How the date and time picker goes through changes of the clocks and of the zone.
+/// The date and time picker at clock changes and changes of the time zone.
 
 #include "Desktop/Tools/Timestamp/DateTimePickerSubject.h"
 #include "support/LocalZone.h"
@@ -12,7 +12,7 @@ namespace {
 
 using DateTimePickerClocksTest = DateTimePickerTest;
 
-TEST_F(DateTimePickerClocksTest, ATimeThatTheClocksSkipIsLaterByAsMuch) {
+TEST_F(DateTimePickerClocksTest, ASkippedTimeMovesForwardByTheSkip) {
     const LocalZone berlin("Europe/Berlin");
     choose({{2024, 3, 30}, {2, 30}});
     screen.press(dayName(2024, 3, 31));
@@ -20,7 +20,7 @@ TEST_F(DateTimePickerClocksTest, ATimeThatTheClocksSkipIsLaterByAsMuch) {
     EXPECT_EQ(time().time(), QTime(3, 30));
 }
 
-/// Steps a section of the time field, and the moment in UTC that is chosen after each.
+/// Key presses in a section of the time field, and the moments in UTC that each of them chooses.
 struct ClockChange {
     const char* zone;
     QDateTime start; ///< in UTC
@@ -33,7 +33,7 @@ QDateTime inUTC(QDate date, QTime time) {
     return {date, time, Qt::UTC};
 }
 
-TEST_F(DateTimePickerClocksTest, TheTimeGoesThroughChangesOfTheClocks) {
+TEST_F(DateTimePickerClocksTest, SteppingTheTimeCrossesClockChanges) {
     constexpr auto hour = QDateTimeEdit::HourSection;
     constexpr auto minute = QDateTimeEdit::MinuteSection;
     const QDate autumn(2024, 10, 27), spring(2024, 3, 31), brazil(2017, 10, 15), lordHowe(2024, 10, 5);
@@ -63,20 +63,20 @@ TEST_F(DateTimePickerClocksTest, TheTimeGoesThroughChangesOfTheClocks) {
          Qt::Key_Up,
          {inUTC(spring, {1, 30}), inUTC(spring, {2, 30})}},
         {"Europe/Berlin", inUTC(spring, {1, 0}), minute, Qt::Key_Down, {inUTC(spring, {1, 59})}},
-        // The first hour of the day is skipped.
+        // The clocks skip the first hour of the day.
         {"America/Sao_Paulo",
          inUTC(brazil, {4, 30}),
          hour,
          Qt::Key_Down,
          {inUTC(brazil, {3, 30}), inUTC(brazil.addDays(1), {1, 30}), inUTC(brazil.addDays(1), {0, 30})}},
         {"America/Sao_Paulo", inUTC(brazil.addDays(1), {1, 30}), hour, Qt::Key_Up, {inUTC(brazil, {3, 30})}},
-        // The last hour is.
+        // They skip the last hour of the day.
         {"America/Scoresbysund",
          inUTC(scoresbysund.addDays(1), {0, 30}),
          hour,
          Qt::Key_Up,
          {inUTC(scoresbysund, {2, 30})}},
-        // Half an hour is.
+        // They skip half an hour.
         {"Australia/Lord_Howe", inUTC(lordHowe, {15, 45}), hour, Qt::Key_Down, {inUTC(lordHowe, {15, 15})}},
     };
     for (const auto& row : rows) {
@@ -94,7 +94,7 @@ TEST_F(DateTimePickerClocksTest, TheTimeGoesThroughChangesOfTheClocks) {
     }
 }
 
-TEST_F(DateTimePickerClocksTest, ADayIsReachedWhateverTheClocksSkip) {
+TEST_F(DateTimePickerClocksTest, SteppingByDaysCrossesSkippedTimesAndDays) {
     struct Row {
         const char* zone;
         QDate from;

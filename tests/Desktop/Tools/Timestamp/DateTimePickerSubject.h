@@ -1,4 +1,4 @@
-/// What the tests of the date and time picker share: a screen with nothing else on it.
+/// Shared by the tests of the date and time picker: a screen that contains only the picker.
 #pragma once
 
 #include "Desktop/Binding/Screen.h"

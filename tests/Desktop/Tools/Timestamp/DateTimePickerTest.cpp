@@ -22,7 +22,7 @@ TEST_F(DateTimePickerTest, ShowsTheMonthOfTheChosenDay) {
     EXPECT_EQ(time().time(), QTime(15, 30));
 }
 
-TEST_F(DateTimePickerTest, BeginsItsWeeksAsTheLocaleDoes) {
+TEST_F(DateTimePickerTest, WeeksStartOnTheLocalesFirstDay) {
     const auto firstName = CalendarText::weekdays().front();
     const auto firstDay = CalendarText::firstDayOfWeek();
     for (unsigned day = 1; day <= 7; ++day) {
@@ -43,24 +43,24 @@ TEST_F(DateTimePickerTest, ChoosingADayKeepsTheTimeToTheMillisecond) {
     EXPECT_EQ(chosen(), QDateTime({2025, 11, 3}, {15, 30, 45, 678}));
 }
 
-TEST_F(DateTimePickerTest, ADayOfANeighbouringMonthBringsThatMonth) {
+TEST_F(DateTimePickerTest, ChoosingADayOfANeighbouringMonthShowsThatMonth) {
     choose({{2025, 9, 15}, {12, 0}});
     screen.press(dayName(2025, 10, 1)); // a Wednesday, on which no locale begins its week
     EXPECT_EQ(chosen().date(), QDate(2025, 10, 1));
     EXPECT_TRUE(screen.shows(monthName(2025, 10)));
 }
 
-TEST_F(DateTimePickerTest, TurningMonthsChoosesNothing) {
+TEST_F(DateTimePickerTest, ChangingTheMonthKeepsTheChosenDay) {
     screen.press("Next Month");
     screen.press("Next Month");
     EXPECT_TRUE(screen.shows(monthName(2026, 1)));
     EXPECT_EQ(chosen().date(), QDate(2025, 11, 21));
     frame->store().refresh();
-    EXPECT_TRUE(screen.shows(monthName(2026, 1))) << "a refresh leaves it there";
+    EXPECT_TRUE(screen.shows(monthName(2026, 1))) << "a refresh keeps the month";
     screen.press("Previous Month");
     EXPECT_TRUE(screen.shows(monthName(2025, 12)));
     choose({{2025, 11, 22}, {12, 0}});
-    EXPECT_TRUE(screen.shows(monthName(2025, 11))) << "another choice comes into view";
+    EXPECT_TRUE(screen.shows(monthName(2025, 11))) << "choosing a day shows its month";
 }
 
 TEST_F(DateTimePickerTest, ShowsEveryDayOfEveryMonth) {
@@ -73,7 +73,7 @@ TEST_F(DateTimePickerTest, ShowsEveryDayOfEveryMonth) {
     }
 }
 
-TEST_F(DateTimePickerTest, TheKeyboardGoesByDaysWeeksMonthsAndYears) {
+TEST_F(DateTimePickerTest, KeysMoveByDaysWeeksMonthsAndYears) {
     screen.button(dayName(2025, 11, 21)).setFocus();
 
     struct Step {
@@ -136,7 +136,7 @@ TEST_F(DateTimePickerTest, StopsAtTheEndsOfTheCalendar) {
     EXPECT_TRUE(screen.shows(monthName(9998, 12)));
 }
 
-TEST_F(DateTimePickerTest, TheTimeTakesArrowsAndDigits) {
+TEST_F(DateTimePickerTest, TheTimeCanBeSteppedAndTyped) {
     auto& edit = time();
     edit.setFocus();
     edit.setSelectedSection(QDateTimeEdit::MinuteSection);
@@ -152,7 +152,7 @@ TEST_F(DateTimePickerTest, TheTimeTakesArrowsAndDigits) {
     EXPECT_EQ(chosen(), QDateTime({2025, 11, 21}, {14, 7, 45, 678}));
 }
 
-TEST_F(DateTimePickerTest, TellsTheTimeAsAValueAndAText) {
+TEST_F(DateTimePickerTest, TheTimeIsAnAccessibleValueAndText) {
     auto& field = *QAccessible::queryAccessibleInterface(&time());
     EXPECT_EQ(field.role(), QAccessible::SpinBox);
     EXPECT_EQ(field.text(QAccessible::Value), time().text());
@@ -167,7 +167,7 @@ TEST_F(DateTimePickerTest, TellsTheTimeAsAValueAndAText) {
     EXPECT_EQ(chosen().time(), QTime(23, 59, 45, 678));
 }
 
-TEST_F(DateTimePickerTest, ADayIsAChoice) {
+TEST_F(DateTimePickerTest, ADayIsAnAccessibleRadioButton) {
     auto& day = *QAccessible::queryAccessibleInterface(&screen.button(dayName(2025, 11, 3)));
     EXPECT_EQ(day.role(), QAccessible::RadioButton);
     EXPECT_FALSE(day.state().checked);
@@ -184,7 +184,8 @@ TEST_F(DateTimePickerTest, TheWheelChangesTheTimeOnlyWithTheFocus) {
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&time(), &event);
     };
-    EXPECT_EQ(time().focusPolicy() & Qt::WheelFocus, Qt::StrongFocus) << "the wheel gives no focus either";
+    EXPECT_EQ(time().focusPolicy() & Qt::WheelFocus, Qt::StrongFocus)
+        << "the wheel does not give the focus either";
     screen.button("Next Month").setFocus();
     turn();
     EXPECT_EQ(time().time(), QTime(15, 30));
@@ -193,7 +194,7 @@ TEST_F(DateTimePickerTest, TheWheelChangesTheTimeOnlyWithTheFocus) {
     EXPECT_NE(time().time(), QTime(15, 30));
 }
 
-TEST_F(DateTimePickerTest, TheTimeTakesWhatIsPastedWithALineBreak) {
+TEST_F(DateTimePickerTest, TheTimeAcceptsPastedTextWithALineBreak) {
     time().setFocus();
     time().selectAll();
     QApplication::clipboard()->setText(time().text() + "\n");
@@ -202,7 +203,7 @@ TEST_F(DateTimePickerTest, TheTimeTakesWhatIsPastedWithALineBreak) {
     EXPECT_EQ(chosen(), QDateTime({2025, 11, 21}, {15, 30, 45, 678}));
 }
 
-TEST_F(DateTimePickerTest, MarksTheDays) {
+TEST_F(DateTimePickerTest, MarksTheChosenAndThePresentDay) {
     const auto picture = [this](unsigned day) {
         return screen.button(dayName(2025, 11, day)).grab().toImage();
     };

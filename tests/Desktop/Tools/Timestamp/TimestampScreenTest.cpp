@@ -28,7 +28,7 @@ struct TimestampScreenTest : testing::Test {
     ScreenDriver screen{*widget};
 };
 
-TEST_F(TimestampScreenTest, SaysWhatItIsFor) {
+TEST_F(TimestampScreenTest, ShowsItsTexts) {
     for (const auto* text :
          {"Timestamp", "Current Unix Timestamp", "seconds", "milliseconds", "•", "TIMESTAMP → DATE",
           "DATE → TIMESTAMP", "Select Date", "Seconds:", "Milliseconds:", "ISO 8601:"})
@@ -40,7 +40,7 @@ TEST_F(TimestampScreenTest, SaysWhatItIsFor) {
     EXPECT_FALSE(screen.shows("Result:"));
 }
 
-TEST_F(TimestampScreenTest, TicksUntilItIsGone) {
+TEST_F(TimestampScreenTest, TicksUntilItIsDestroyed) {
     EXPECT_TRUE(screen.shows("1704164645"));
     EXPECT_TRUE(screen.shows("1704164645000"));
     fakes.clock.moment += 1s;
@@ -72,7 +72,7 @@ TEST_F(TimestampScreenTest, ConvertsATimestamp) {
     EXPECT_FALSE(screen.hasEditor("Result"));
 }
 
-TEST_F(TimestampScreenTest, SaysWhatTheFieldTakesWhereItGetsSomethingFiner) {
+TEST_F(TimestampScreenTest, HintsAtATimestampInAFinerUnit) {
     screen.enter("Timestamp", "1700000000");
     screen.press("Convert to Date");
     EXPECT_FALSE(screen.hasEditor("Hint"));
@@ -83,7 +83,7 @@ TEST_F(TimestampScreenTest, SaysWhatTheFieldTakesWhereItGetsSomethingFiner) {
     EXPECT_EQ(screen.field("Timestamp").text(), "1700000000000000");
 }
 
-TEST_F(TimestampScreenTest, AllOfItFollowsAChangeOfTheZone) {
+TEST_F(TimestampScreenTest, PickerAndResultFollowAChangeOfTheZone) {
     const auto& time = *widget->findChild<QTimeEdit*>();
     screen.enter("Timestamp", "1704164645");
     for (const auto& [zone, hour] : {std::pair{"Europe/Berlin", 4}, std::pair{"Asia/Tokyo", 12}}) {
@@ -95,7 +95,7 @@ TEST_F(TimestampScreenTest, AllOfItFollowsAChangeOfTheZone) {
     }
 }
 
-TEST_F(TimestampScreenTest, TheValuesOfADateStandBelowEachOtherAndTheirNamesAreWhole) {
+TEST_F(TimestampScreenTest, TheLabelsOfADateAreAlignedAndNotCutOff) {
     std::set<int> ends;
     for (const auto* name : {"Seconds:", "Milliseconds:", "ISO 8601:"}) {
         for (auto* label : widget->findChildren<QLabel*>()) {
@@ -108,7 +108,7 @@ TEST_F(TimestampScreenTest, TheValuesOfADateStandBelowEachOtherAndTheirNamesAreW
     EXPECT_EQ(ends.size(), 1U);
 }
 
-TEST_F(TimestampScreenTest, WritesTheDateThatIsChosen) {
+TEST_F(TimestampScreenTest, ShowsTheChosenDateInThreeFormats) {
     EXPECT_EQ(screen.text("Date in Seconds"), "1704164645");
     EXPECT_EQ(screen.text("Date in Milliseconds"), "1704164645000");
     EXPECT_EQ(screen.text("Date in ISO 8601"), "2024-01-02T03:04:05Z");

@@ -84,7 +84,7 @@ TEST_F(TextTransformerScreenTest, APressOfTheSelectedButtonKeepsItSelected) {
     EXPECT_EQ(screen.text("Output"), "A");
 }
 
-TEST_F(TextTransformerScreenTest, BothKindsOfTransformShareTheirTexts) {
+TEST_F(TextTransformerScreenTest, CaseAndLineTransformsShareInputAndOutput) {
     fakes.clipboard.content = "b\nA\na";
     screen.press("Paste");
     screen.press("UPPERCASE");
@@ -98,7 +98,7 @@ TEST_F(TextTransformerScreenTest, BothKindsOfTransformShareTheirTexts) {
     EXPECT_EQ(screen.text("Output"), "A\na\nb");
 }
 
-TEST_F(TextTransformerScreenTest, TellsTheLinesOfAnOutputOnceThereIsOne) {
+TEST_F(TextTransformerScreenTest, CountsTheLinesOfAnOutputOnceThereIsOne) {
     screen.choose("Line Operations");
     EXPECT_FALSE(screen.shows("Input: 0 lines"));
     screen.type("Input Lines", "x\nx");
@@ -126,18 +126,18 @@ TEST_F(TextTransformerScreenTest, SwitchingModesKeepsCaretAndUndo) {
     EXPECT_EQ(screen.text("Input Lines"), "");
 }
 
-TEST_F(TextTransformerScreenTest, ItsTilesAreUsedByKeyboard) {
+TEST_F(TextTransformerScreenTest, TilesCanBeUsedByKeyboard) {
     screen.type("Input Text", "some words");
     const auto press = [&](Qt::Key key) { QTest::keyClick(widget->focusWidget(), key); };
     press(Qt::Key_Backtab);
     EXPECT_EQ(widget->focusWidget(), &screen.button("CONSTANT_CASE"));
     press(Qt::Key_Down);
     press(Qt::Key_Right);
-    EXPECT_EQ(widget->focusWidget(), &screen.button("CONSTANT_CASE")) << "there is nothing beyond";
+    EXPECT_EQ(widget->focusWidget(), &screen.button("CONSTANT_CASE")) << "it is the last tile";
     press(Qt::Key_Up);
     press(Qt::Key_Left);
     EXPECT_EQ(widget->focusWidget(), &screen.button("camelCase"));
-    EXPECT_EQ(screen.text("Output"), "") << "moving about presses nothing";
+    EXPECT_EQ(screen.text("Output"), "") << "moving presses nothing";
     press(Qt::Key_Space);
     EXPECT_EQ(screen.text("Output"), "someWords");
 }
@@ -154,7 +154,7 @@ TEST_F(TextTransformerScreenTest, TheSelectedTileHasATealOutline) {
     EXPECT_EQ(edge("lowercase"), Theme::hue(PaletteColor::teal));
 }
 
-TEST_F(TextTransformerScreenTest, ItsTilesShareTheWidth) {
+TEST_F(TextTransformerScreenTest, TilesHaveEqualSizes) {
     const auto width = screen.button("UPPERCASE").width();
     for (const auto transform : allCases<CaseTransform>) {
         EXPECT_NEAR(screen.button(rawValue(transform)).width(), width, 1) << rawValue(transform);

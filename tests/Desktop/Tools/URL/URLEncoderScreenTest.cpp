@@ -41,7 +41,7 @@ TEST_F(URLEncoderScreenTest, EncodesAndCopies) {
     EXPECT_EQ(fakes.clipboard.content, "a%20b&c=d");
 }
 
-TEST_F(URLEncoderScreenTest, Decodes) {
+TEST_F(URLEncoderScreenTest, DecodesOrShowsAnError) {
     screen.choose("Decode");
     EXPECT_EQ(screen.placeholder("Encoded URL"), "Enter encoded URL...");
     screen.type("Encoded URL", "%E2%9C%93");
@@ -75,7 +75,7 @@ TEST_F(URLEncoderScreenTest, ListsTheComponentsOfAURL) {
     EXPECT_FALSE(screen.hasButton("Copy Port"));
 }
 
-TEST_F(URLEncoderScreenTest, ShowsOnlyWhatAURLHas) {
+TEST_F(URLEncoderScreenTest, OmitsAbsentComponents) {
     analyze("word");
     EXPECT_TRUE(screen.shows("Path"));
     for (const auto label : {"Scheme", "Host", "Port", "Query String", "Fragment", "Query Parameters"})
@@ -85,7 +85,7 @@ TEST_F(URLEncoderScreenTest, ShowsOnlyWhatAURLHas) {
     EXPECT_FALSE(screen.shows("Path"));
 }
 
-TEST_F(URLEncoderScreenTest, PointsAtWhatIsWrongInAURL) {
+TEST_F(URLEncoderScreenTest, ShowsTheErrorAndItsPosition) {
     analyze("https://example.org/{id}\n");
     EXPECT_TRUE(screen.shows("Invalid URL format"));
     EXPECT_TRUE(screen.shows("Unexpected \"{\" at character 21"));
@@ -93,7 +93,7 @@ TEST_F(URLEncoderScreenTest, PointsAtWhatIsWrongInAURL) {
     EXPECT_EQ(screen.text("URL Input"), "https://example.org/{id}\n");
 }
 
-TEST_F(URLEncoderScreenTest, ShowsWhichValuesAreEmpty) {
+TEST_F(URLEncoderScreenTest, MarksEmptyValues) {
     analyze("?without");
     EXPECT_FALSE(screen.shows("(empty)"));
     analyze("?empty=");
@@ -104,7 +104,7 @@ TEST_F(URLEncoderScreenTest, ShowsWhichValuesAreEmpty) {
     EXPECT_EQ(fakes.clipboard.content, "");
 }
 
-TEST_F(URLEncoderScreenTest, ShowsNamesOfParametersWhole) {
+TEST_F(URLEncoderScreenTest, NamesOfParametersAreNotCutOffUpToHalfTheWidth) {
     const auto nameLabel = [this](const std::string& name) {
         for (auto* label : widget->findChildren<QLabel*>()) {
             if (label->text().toStdString() == name && label->isVisible())
@@ -115,17 +115,17 @@ TEST_F(URLEncoderScreenTest, ShowsNamesOfParametersWhole) {
     widget->resize(Theme::px(900), 750);
     settle();
     analyze("?a=1&a_rather_long_name_of_a_parameter=2");
-    const auto* longest = nameLabel("a_rather_long_name_of_a_parameter");
-    EXPECT_GE(longest->width(), longest->sizeHint().width());
-    EXPECT_EQ(nameLabel("a")->width(), longest->width()) << "the values line up";
+    const auto* longLabel = nameLabel("a_rather_long_name_of_a_parameter");
+    EXPECT_GE(longLabel->width(), longLabel->sizeHint().width());
+    EXPECT_EQ(nameLabel("a")->width(), longLabel->width()) << "the values line up";
     analyze("?a=1&" + std::string(500, 'n') + "=value");
-    longest = nameLabel(std::string(500, 'n'));
-    EXPECT_LT(longest->width(), widget->width() / 2) << "the value needs room, too";
-    EXPECT_EQ(longest->toolTip(), longest->text());
+    longLabel = nameLabel(std::string(500, 'n'));
+    EXPECT_LT(longLabel->width(), widget->width() / 2) << "the value needs space, too";
+    EXPECT_EQ(longLabel->toolTip(), longLabel->text());
     widget->resize(Theme::px(620), 750);
     settle();
     EXPECT_EQ(widget->width(), Theme::px(620));
-    EXPECT_LT(longest->width(), widget->width() / 2);
+    EXPECT_LT(longLabel->width(), widget->width() / 2);
 }
 
 TEST_F(URLEncoderScreenTest, KeepsInputAndOutputWhenTheModeChanges) {
@@ -139,7 +139,7 @@ TEST_F(URLEncoderScreenTest, KeepsInputAndOutputWhenTheModeChanges) {
     EXPECT_EQ(screen.text("Decoded Text"), "a%20b");
 }
 
-TEST_F(URLEncoderScreenTest, WhoTypesGoesOnTypingWhenTheModeChanges) {
+TEST_F(URLEncoderScreenTest, TheFocusStaysInTheInputWhenTheModeChanges) {
     screen.editor("Plain Text").setFocus();
     screen.choose("Analyze URL");
     EXPECT_EQ(widget->focusWidget(), &screen.editor("URL Input"));
@@ -147,10 +147,10 @@ TEST_F(URLEncoderScreenTest, WhoTypesGoesOnTypingWhenTheModeChanges) {
     EXPECT_EQ(widget->focusWidget(), &screen.editor("Encoded URL"));
     screen.button("Paste").setFocus();
     screen.choose("Analyze URL");
-    EXPECT_EQ(widget->focusWidget(), &screen.button("Paste")) << "what stays keeps the focus";
+    EXPECT_EQ(widget->focusWidget(), &screen.button("Paste")) << "a control that stays keeps the focus";
 }
 
-TEST_F(URLEncoderScreenTest, RowsDropTheirLabelsInANarrowScreen) {
+TEST_F(URLEncoderScreenTest, CopyButtonsHideTheirLabelsInANarrowScreen) {
     widget->resize(Theme::px(620), 750);
     settle();
     analyze("?x=1");
@@ -161,7 +161,7 @@ TEST_F(URLEncoderScreenTest, RowsDropTheirLabelsInANarrowScreen) {
     EXPECT_GT(copy.width(), Theme::px(Theme::Size::quietCompact));
 }
 
-TEST_F(URLEncoderScreenTest, BearsAnyNumberOfParametersOfAnyLength) {
+TEST_F(URLEncoderScreenTest, ShowsAndCopiesManyAndLongParameters) {
     std::string url = "?";
     for (std::size_t i = 0; i < mostComponentRows + 7; ++i)
         url += "p" + std::to_string(i) + "=v&";
