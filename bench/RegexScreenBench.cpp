@@ -1,7 +1,7 @@
 /// How long a person waits for the Regex Tester with a million matches. The search itself goes on in the
 /// background; what is measured here keeps the window from reacting.
 
-#include "Desktop/Tools/Regex/MatchList.h"
+#include "Desktop/Lists/RowList.h"
 #include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Screens.h"
 #include "support/FakeServices.h"
@@ -28,9 +28,9 @@ struct MatchScreen {
         screen.editor("Test String").paste();
     }
 
-    MatchList* list() const {
+    RowList* list() const {
         for (auto* child : widget->findChildren<QWidget*>()) {
-            if (auto* list = dynamic_cast<MatchList*>(child))
+            if (auto* list = dynamic_cast<RowList*>(child))
                 return list;
         }
         return nullptr;
