@@ -1,6 +1,7 @@
 /// Response times of the Regex Tester with a million matches. The search runs in the background, so typing
 /// and scrolling measure only the work that blocks the window.
 
+#include "Desktop/Lists/RowList.h"
 #include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/Regex/MatchList.h"
 #include "Desktop/Tools/Screens.h"
@@ -28,9 +29,9 @@ struct MatchScreen {
         screen.editor("Test String").paste();
     }
 
-    MatchList* list() const {
+    RowList* list() const {
         for (auto* child : widget->findChildren<QWidget*>()) {
-            if (auto* list = dynamic_cast<MatchList*>(child))
+            if (auto* list = dynamic_cast<RowList*>(child))
                 return list;
         }
         return nullptr;

@@ -156,21 +156,7 @@ private:
     mutable std::map<int, QAccessible::Id> m_known; ///< the rows that were asked for
 };
 
-/// A widget whose children are elsewhere in the tree.
-class ChildlessInterface final : public QAccessibleWidget {
-public:
-    using QAccessibleWidget::QAccessibleWidget;
-
-    int childCount() const override { return 0; }
-
-    QAccessibleInterface* child(int) const override { return nullptr; }
-};
-
 } // namespace
-
-QAccessibleInterface* RowOverlay::newAccessibleInterface() {
-    return new ChildlessInterface(this);
-}
 
 QAccessibleInterface* AccessibleRows::newAccessibleInterface() {
     return new RowsInterface(*this);

@@ -33,15 +33,6 @@ public:
     virtual QAccessibleInterface* accessibleRow() const = 0;
 };
 
-/// Lies over the rows of a list and holds the buttons of these, which to assistive technology are in the
-/// rows.
-class RowOverlay final : public QWidget, public AccessibleControl {
-public:
-    explicit RowOverlay(QWidget* parent) : QWidget(parent) {}
-
-    QAccessibleInterface* newAccessibleInterface() override;
-};
-
 /// To be derived from by a widget beside its toolkit's class.
 class AccessibleRows : public AccessibleControl {
 public:

@@ -16,18 +16,12 @@
 #include "Desktop/Look/Theme.h"
 #include "Utilities/DateText.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QEvent>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScrollBar>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <cstddef>
-#include <map>
 #include <memory>
 #include <utility>
 
@@ -71,65 +65,36 @@ private:
     QString m_text;
 };
 
-/// The rows, and over their right ends the buttons.
-class HistoryList final : public QWidget {
+/// How the rows look and what they do.
+class HistoryRows {
 public:
-    HistoryList(Store& store, std::string_view name, bool isSecret)
-        : m_store(store),
-          m_isSecret(isSecret),
-          m_list(std::make_unique<RowList>(source())),
-          m_buttonStrip(new RowOverlay(this)) {
-        m_list->setParent(this);
-        m_list->lower();
+    HistoryRows(Store& store, std::string_view name, bool isSecret)
+        : m_store(store), m_isSecret(isSecret), m_list(std::make_unique<RowList>(source())) {
         m_list->setAccessibleName(qString(name));
-        setFocusProxy(m_list.get());
-        new OverlayScrollBar(Qt::Vertical, m_list.get(), this);
+        m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+        new OverlayScrollBar(Qt::Vertical, m_list.get(), m_list.get());
         m_list->onActivate = [this](int row) { press(row); };
         m_list->onKey = [this](const QKeyEvent* event) { return handleKey(*event); };
-        m_buttonStrip->installEventFilter(this);
-        QObject::connect(m_list->verticalScrollBar(), &QScrollBar::valueChanged, this,
-                         [this] { placeButtons(); });
-        QObject::connect(&store.widthClass(), &WidthClass::changed, this, [this] { layOutRows(); });
+        QObject::connect(&store.widthClass(), &WidthClass::changed, m_list.get(), &RowList::layOut);
     }
+
+    RowList* list() const { return m_list.get(); }
 
     void display(std::vector<HistoryRow> rows) {
         if (rows == m_rows)
             return;
         m_rows = std::move(rows);
         m_list->reload();
-        placeButtons();
     }
 
     bool isEmpty() const { return m_rows.empty(); }
 
-protected:
-    void resizeEvent(QResizeEvent*) override {
-        m_list->setGeometry(rect());
-        layOutRows();
-    }
-
-    /// The pointer over a button scrolls the list like the pointer beside it.
-    void wheelEvent(QWheelEvent* event) override { QApplication::sendEvent(m_list->viewport(), event); }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == m_buttonStrip && event->type() == QEvent::LayoutRequest)
-            layOutRows(); // a button has another width
-        if (watched != m_buttonStrip && event->type() == QEvent::FocusIn)
-            m_list->setCurrentRow(rowOf(static_cast<QWidget*>(watched))); // all of it visible
-        return QWidget::eventFilter(watched, event);
-    }
-
 private:
-    /// By what a button belongs to its row, wherever that stands. A row with another text is another one.
-    using Key = std::pair<UUID, std::string>;
-
-    static Key keyOf(const HistoryRow& row) { return {row.id, row.text}; }
-
     RowSource source() {
         return {.count = [this] { return static_cast<int>(m_rows.size()); },
                 .name = [this](int row) { return spokenName(rowAt(row)); },
                 .paint = [this](QPainter& painter, const QRect& rect, int row,
-                                RowState state) { paint(painter, rect, rowAt(row), state); },
+                                RowState state) { paint(painter, rect, row, state); },
                 .texts =
                     RowTexts{.text = [this](int row) { return std::string_view(rowAt(row).text); },
                              .offsetAt =
@@ -147,11 +112,23 @@ private:
                 .copyRow = [this](int row) { press(row); },
                 .copyTitle = QWidget::tr("&Copy"),
                 .textLeft = [this](int row) { return static_cast<int>(textCorner(rowAt(row)).x()); },
-                .button = [this](int row) { return buttonOf(row); },
                 .toolTip = [this](int row) { return toolTip(rowAt(row)); },
-                .height = Theme::px(historyRow) + Theme::px(Size::gapList),
-                .rowHeight = [this](int row) { return rowHeight(rowAt(row)); },
-                .topPadding = Theme::px(historyPadding)};
+                .places = [this] { return places(); },
+                .topPadding = Theme::px(historyPadding),
+                .buttons = buttons()};
+    }
+
+    RowButtonSource buttons() {
+        return {.store = m_store,
+                .text = [this](int row) { return rowAt(row).text; },
+                .subject = [this](int row) { return spokenText(rowAt(row)); },
+                // A row with another text is another one.
+                .identity = [this](int row) { return rowAt(row).id.text() + rowAt(row).text; },
+                .place =
+                    [this](const QRect& row) {
+                        return QRect(row.left(), row.top(), buttonsEnd(), Theme::px(historyRow));
+                    },
+                .isSecret = m_isSecret};
     }
 
     /// As in a list, not as in a text: a value is one of many.
@@ -185,8 +162,12 @@ private:
 
     const HistoryRow& rowAt(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
 
+    static std::string spokenText(const HistoryRow& row) {
+        return row.text.empty() ? "empty value" : row.text;
+    }
+
     std::string spokenName(const HistoryRow& row) {
-        auto name = row.text.empty() ? std::string("empty value") : row.text;
+        auto name = spokenText(row);
         for (const auto& part : {row.note, utf8String(m_times.of(row.time))}) {
             if (!part.empty())
                 name.append(", ").append(part);
@@ -199,87 +180,14 @@ private:
     }
 
     void press(int row) {
-        m_list->scrollTo(m_list->model()->index(row, 0));
-        placeButtons();
-        if (auto* button = buttonOf(row))
-            button->click();
+        m_list->showRow(row);
+        m_list->buttons().copy(row);
     }
 
-    /// None where the row is out of sight.
-    QAbstractButton* buttonOf(int row) const {
-        const auto button = m_buttons.find(keyOf(rowAt(row)));
-        return button == m_buttons.end() ? nullptr : button->second;
-    }
+    int width() const { return m_list->viewport()->width(); }
 
-    /// -1 where the button has none any more.
-    int rowOf(const QWidget* button) const {
-        for (int row = 0; row < static_cast<int>(m_rows.size()); ++row) {
-            if (buttonOf(row) == button)
-                return row;
-        }
-        return -1;
-    }
-
-    QAbstractButton* newButton(const std::string& text) {
-        const std::string subject = text.empty() ? "empty value" : text;
-        auto* button = static_cast<QuietButton*>(
-            copyButton(m_store, [text] { return text; },
-                       {.look = {.dropsLabel = true, .subject = subject}, .isSecret = m_isSecret}));
-        button->setRow(*m_list, [this, button] { return rowOf(button); });
-        button->setParent(m_buttonStrip);
-        button->installEventFilter(this);
-        button->show();
-        return button;
-    }
-
-    void layOutRows() {
-        m_buttonRoom = buttonRoom();
-        m_list->doItemsLayout();
-        placeButtons();
-    }
-
-    /// Gives each visible row its button.
-    void placeButtons() {
-        auto before = std::exchange(m_buttons, {});
-        std::vector<std::pair<QAbstractButton*, int>> places;
-        for (std::size_t row = 0; row < m_rows.size(); ++row) {
-            const auto index = m_list->model()->index(static_cast<int>(row), 0);
-            const auto rect = m_list->visualRect(index);
-            if (!rect.intersects(m_list->viewport()->rect()))
-                continue;
-            const auto known = before.extract(keyOf(m_rows[row]));
-            auto* button = known ? known.mapped() : newButton(m_rows[row].text);
-            m_buttons.emplace(keyOf(m_rows[row]), button);
-            places.emplace_back(button, rect.top());
-        }
-        for (const auto& [key, button] : before)
-            discard(button);
-        arrange(places);
-        m_list->viewport()->update();
-    }
-
-    void discard(QAbstractButton* button) {
-        if (button->hasFocus())
-            m_list->setFocus();
-        button->hide();
-        button->deleteLater(); // it may be the one that is being pressed
-    }
-
-    /// Sets the buttons, given with the tops of their rows, into the strip. The strip cuts them off where the
-    /// list cuts off its rows.
-    void arrange(const std::vector<std::pair<QAbstractButton*, int>>& places) {
-        int stripWidth = 0;
-        for (const auto& [button, top] : places)
-            stripWidth = std::max(stripWidth, button->sizeHint().width());
-        const auto right = width() - padding() - Theme::px(historyButtonInset);
-        const auto rows = m_list->viewport()->geometry();
-        m_buttonStrip->setGeometry(right - stripWidth, rows.top(), stripWidth, rows.height());
-        for (const auto& [button, top] : places) {
-            const auto size = button->sizeHint();
-            const auto inset = (Theme::px(historyRow) - size.height()) / 2;
-            button->setGeometry(QRect(QPoint(stripWidth - size.width(), top + inset), size));
-        }
-    }
+    /// Where the buttons end at the right.
+    int buttonsEnd() const { return width() - padding() - Theme::px(historyButtonInset); }
 
     /// Where the text of a row begins.
     QPointF textCorner(const HistoryRow& row) const {
@@ -294,18 +202,21 @@ private:
     RowParagraph paragraph(const HistoryRow& row) const {
         const auto timeWidth =
             QFontMetrics(Theme::font(TextStyle::caption)).horizontalAdvance(m_times.of(row.time));
-        const auto right =
-            width() - padding() - Theme::px(historyButtonInset) - m_buttonRoom - timeWidth - 2 * gap(row);
+        const auto right = buttonsEnd() - m_buttonRoom - timeWidth - 2 * gap(row);
         const auto room = std::max(right - textCorner(row).x(), 1.0);
         return {row.text, Theme::font(TextStyle::codeSmall), room, Theme::lineHeight(TextStyle::codeSmall)};
     }
 
-    int rowHeight(const HistoryRow& row) const {
-        const auto lines = paragraph(row).height() - Theme::lineHeight(TextStyle::codeSmall);
-        return Theme::px(historyRow) + lines + Theme::px(Size::gapList);
+    RowPlaces places() {
+        m_buttonRoom = QuietButton::width("Copied!", m_store.widthClass().isNarrow()); // the widest one
+        const auto line = Theme::px(historyRow) + Theme::px(Size::gapList);
+        return stackedRows(static_cast<int>(m_rows.size()), line, [this, line](int row) {
+            return line + paragraph(rowAt(row)).height() - Theme::lineHeight(TextStyle::codeSmall);
+        });
     }
 
-    void paint(QPainter& painter, const QRect& area, const HistoryRow& row, const RowState& state) {
+    void paint(QPainter& painter, const QRect& area, int number, const RowState& state) {
+        const auto& row = rowAt(number);
         const QRectF rect(padding(), area.top(), width() - 2 * padding(),
                           area.height() - Theme::px(Size::gapList));
         const auto fill = [&](Role role) {
@@ -329,7 +240,7 @@ private:
             painter.drawEllipse(
                 QRectF(corner.x() - gap(row) - side, firstLine.center().y() - side / 2.0, side, side));
         }
-        paintTime(painter, firstLine, row, state);
+        paintTime(painter, firstLine, number, state);
         const auto text = paragraph(row);
         text.draw(painter, corner, Theme::color(Role::primary), state.selected);
         if (state.caret)
@@ -338,11 +249,12 @@ private:
     }
 
     /// Paints the time of day left of the row's button.
-    void paintTime(QPainter& painter, const QRectF& rect, const HistoryRow& row, const RowState& state) {
+    void paintTime(QPainter& painter, const QRectF& rect, int number, const RowState& state) {
+        const auto& row = rowAt(number);
         const auto font = Theme::font(TextStyle::caption);
         const auto& text = m_times.of(row.time);
-        const auto button = m_buttons.find(keyOf(row));
-        const auto buttonWidth = button == m_buttons.end() ? 0 : button->second->width();
+        const auto* button = m_list->buttons().of(number);
+        const auto buttonWidth = button ? button->size().width() : 0;
         const auto right = rect.right() - Theme::px(historyButtonInset) - buttonWidth - gap(row);
         const auto left = right - QFontMetrics(font).horizontalAdvance(text);
         painter.setFont(font);
@@ -351,19 +263,23 @@ private:
                          Qt::AlignVCenter | Qt::AlignLeft, text);
     }
 
-    /// The room that the widest button needs.
-    int buttonRoom() const { return QuietButton::width("Copied!", m_store.widthClass().isNarrow()); }
-
     static int gap(const HistoryRow& row) { return Theme::px(row.dot ? Size::gapControl : historyGap); }
 
     Store& m_store;
     bool m_isSecret;
     std::vector<HistoryRow> m_rows;
-    std::map<Key, QAbstractButton*> m_buttons; ///< of the visible rows
     int m_buttonRoom = 0;
     mutable TimeTexts m_times;
     std::unique_ptr<RowList> m_list; ///< destroyed before what its rows are read from
-    QWidget* m_buttonStrip;
+};
+
+class HistoryPanel final : public Panel {
+public:
+    HistoryPanel(std::unique_ptr<HistoryRows> rows, QWidget* content)
+        : Panel(content), m_rows(std::move(rows)) {}
+
+private:
+    std::unique_ptr<HistoryRows> m_rows;
 };
 
 } // namespace
@@ -377,14 +293,16 @@ QWidget* historyPanel(Store& store, const HistoryPanelParts& parts) {
                          {textLabel(store, parts.title, TextStyle::headline), stretch(),
                           quietButton(store, "Copy All", "doc.on.doc", parts.copyAll, plain),
                           quietButton(store, "Clear", "trash", parts.clear, plain)});
-    auto* list = new HistoryList(store, "History", parts.isSecret);
-    store.onRefresh([list, rows = parts.rows.of(store)] { list->display(rows()); });
+    auto owned = std::make_unique<HistoryRows>(store, "History", parts.isSecret);
+    auto* shown = owned.get();
+    store.onRefresh([shown, rows = parts.rows.of(store)] { shown->display(rows()); });
     auto* prompt = emptyPrompt(store, "clock.badge.questionmark", parts.prompt, TextStyle::subheadline);
-    auto* content = stack(Qt::Vertical, {.spacing = 0},
-                          {withHeight(historyHeader - outline, header), new Divider,
-                           growing(either(store, [list] { return !list->isEmpty(); }, list, prompt))});
-    content->setFocusProxy(list);
-    return new Panel(content);
+    auto* content =
+        stack(Qt::Vertical, {.spacing = 0},
+              {withHeight(historyHeader - outline, header), new Divider,
+               growing(either(store, [shown] { return !shown->isEmpty(); }, shown->list(), prompt))});
+    content->setFocusProxy(shown->list());
+    return new HistoryPanel(std::move(owned), content);
 }
 
 } // namespace korvane

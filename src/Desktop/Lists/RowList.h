@@ -1,22 +1,28 @@
-/// A list of rows, of which only the visible ones are ever asked for: it serves sixteen tools and a million
-/// tree rows alike. The rows are real list items to keyboard and assistive technology.
+/// A list of rows, of which only the visible ones are ever asked for: it serves sixteen tools, a million tree
+/// rows and a million matches alike. The rows are real list items to keyboard and assistive technology, and
+/// may have buttons over them.
 #pragma once
 
 #include "Desktop/Access/AccessibleRows.h"
 #include "Desktop/Access/Editing.h"
+#include "Desktop/Lists/RowButtons.h"
+#include "Desktop/Lists/RowPlaces.h"
 #include "Desktop/Lists/RowTextSelection.h"
 
+#include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QKeySequence>
-#include <QListView>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+class QPainter;
 
 namespace korvane {
 
@@ -60,25 +66,34 @@ struct RowSource {
     std::function<std::optional<bool>(int row)> isExpanded = [](int) { return std::optional<bool>(); };
     /// Whether a row is the chosen one, in a list of which one row is chosen by being pressed.
     std::function<bool(int row)> isChosen = [](int) { return false; };
-    /// The button that lies over a row; there need be none while the row is out of sight.
-    std::function<QWidget*(int row)> button = [](int) { return nullptr; };
     std::function<std::string(int row)> toolTip = [](int) { return std::string(); };
     std::function<int()> width = [] {
         return 0;
     }; ///< of the widest row; the list scrolls sideways to show it
-    int height = 0;
-    /// Where given, the height of each row, for lists of a few hundred rows at most; else it is `height`.
-    std::function<int(int row)> rowHeight = nullptr;
-    int topPadding = 0; ///< free room above the first row and below the last
+    int height = 0; ///< of a row
+    /// Where given, where the rows are, which then may differ in height; asked for whenever that may change.
+    std::function<RowPlaces()> places = nullptr;
+    int topPadding = 0;  ///< free room above the first row and below the last, where no row is ever shown
+    int sidePadding = 0; ///< left and right of all rows
+    /// Where given, paints what is behind the rows, before these.
+    std::function<void(QPainter&)> paintBehind = nullptr;
+    std::optional<RowButtonSource> buttons{};
+    /// Whether rows without texts are gone through as in any list: the dragged pointer takes the current row
+    /// along, typing goes to the row that begins so, a page leaves one row in sight, and a key that goes no
+    /// further is left to what is around the list.
+    bool goesAsAnyList = true;
 };
 
-class RowList final : public QListView, public AccessibleRows, public CommandTarget {
+class RowList final : public QAbstractScrollArea, public AccessibleRows, public CommandTarget {
 public:
     explicit RowList(RowSource source);
 
     /// Told of a click, with where in the row it was, and of Return or Enter on the current row.
     std::function<void(int row, QPoint position)> onClick;
     std::function<void(int row)> onActivate;
+
+    /// Told that the rows are elsewhere in the view, for what moves with them.
+    std::function<void()> onMove;
 
     /// Sees a key press first; returns whether it was dealt with.
     std::function<bool(QKeyEvent*)> onKey;
@@ -89,11 +104,37 @@ public:
     /// Has the list ask for everything again. Keeps position and current row as far as they still exist.
     void reload();
 
-    QRect visualRect(const QModelIndex& index) const override;
+    /// The same for rows that have nothing to do with those before: begins at their start.
+    void restart();
 
-    int currentRow() const { return currentIndex().row(); }
+    /// Has the list ask again where its rows are.
+    void layOut();
 
+    int rowCount() const { return m_count; }
+
+    /// Where a row is in the viewport, or outside of what that shows; empty for a row that is not there.
+    QRect rowPlace(int row) const;
+
+    /// At a place in the viewport; -1 where there is none.
+    int rowAt(QPoint position) const;
+
+    /// The first row in sight and the one behind the last.
+    std::pair<int, int> visibleRows() const;
+
+    /// -1 where there are no rows.
+    int currentRow() const { return m_current; }
+
+    /// Makes a row the current one, and scrolls to it if it was not.
     void setCurrentRow(int row);
+
+    /// Scrolls as far as needed for all of a row to be seen.
+    void showRow(int row);
+
+    /// The buttons over the rows, of a list that has them.
+    RowButtons& buttons() const { return *m_buttons; }
+
+    /// Has no row be under the pointer.
+    void endHover() { hover(-1); }
 
     bool answersTo(QKeySequence::StandardKey command) const override;
 
@@ -103,20 +144,18 @@ public:
     const RowTextSelection& selection() const { return m_selection; }
 
     /// Selects all texts.
-    void selectAll() override;
-
-    /// Ends the selection, and has the caret at the start of the current row.
-    void clearSelection();
+    void selectAll();
 
     /// Puts the selected text on the clipboard, or else the current row.
     void copy() const;
 
     QWidget* rowsWidget() override { return this; }
 
-    int accessibleRowCount() const override;
+    int accessibleRowCount() const override { return m_count; }
+
     AccessibleRow accessibleRow(int row) const override;
 
-    int accessibleCurrentRow() const override { return currentRow(); }
+    int accessibleCurrentRow() const override { return m_current; }
 
     QRect accessibleRowPlace(int row) const override;
     int accessibleRowAt(QPoint position) const override;
@@ -127,7 +166,14 @@ public:
     void focusRow(int row) override;
 
 protected:
-    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -137,11 +183,16 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    class Model;
-    class Delegate;
-
     int rowWidth() const;
+    void moveParts();
+    RowState stateOf(int row) const;
+    void hover(int row);
+    void makeCurrent(int row);
+
     int rowsOfPage() const;
+    bool moveByKey(int key);
+    bool searchFor(const QKeyEvent& typed);
+    int nearestRow(QPoint position) const;
     RowTextPlace placeAt(QPoint position) const;
     bool isInMargin(QPoint position) const;
     void pressText(QPoint position, RowTextSelection::Unit unit, bool extends);
@@ -152,11 +203,18 @@ private:
 
     RowSource m_source;
     RowTextSelection m_selection;
-    Model* m_model;
+    RowPlaces m_places{};
+    int m_count = 0;
+    int m_current = -1;
+    int m_hovered = -1;
     int m_pressedRow = -1;
     bool m_isDragging = false;
+    bool m_showsCurrent = false;        ///< when the list is shown
     QBasicTimer m_scrolling{};          ///< while the pointer is dragged outside the list
     QElapsedTimer m_sinceDoubleClick{}; ///< a third click selects the row
+    QString m_typed{};                  ///< the start of the name that is searched for
+    QElapsedTimer m_sinceTyping{};
+    std::unique_ptr<RowButtons> m_buttons{};
 };
 
 } // namespace korvane

@@ -188,6 +188,23 @@ void drawWithMarks(QPainter& painter, QPointF place, const QString& text, const 
     }
 }
 
+/// The start of `text` and an ellipsis, on one line of that width; none where all of it fits.
+std::optional<QString> elided(std::string_view text, const QFont& font, double width) {
+    const QFontMetricsF metrics(font);
+    // What one column shows may be joined from many characters, but hardly from more bytes than these.
+    constexpr double bytesOfColumn = 32;
+    auto length =
+        static_cast<std::size_t>(std::max(width, 0.0) / metrics.horizontalAdvance('0') * bytesOfColumn);
+    length = std::min(length, text.size());
+    while (length < text.size() && isTrailingByte(text[length]))
+        ++length;
+    const auto start = onOneLine(text.substr(0, length));
+    auto shown = metrics.elidedText(start, Qt::ElideRight, width);
+    if (shown != start)
+        return shown;
+    return length < text.size() ? std::optional(shown + QChar(0x2026)) : std::nullopt;
+}
+
 } // namespace
 
 double drawRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
@@ -253,24 +270,16 @@ void paintRowSelection(QPainter& painter, const QRectF& rect, std::string_view t
         fill(right, rect.width());
 }
 
-bool drawElidedRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
+void drawElidedRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
                        const QColor& color) {
-    const QFontMetricsF metrics(font);
-    // What one column shows may be joined from many characters, but hardly from more bytes than these.
-    constexpr double bytesOfColumn = 32;
-    auto length = static_cast<std::size_t>(rect.width() / metrics.horizontalAdvance('0') * bytesOfColumn);
-    length = std::min(length, text.size());
-    while (length < text.size() && isTrailingByte(text[length]))
-        ++length;
-    const auto start = onOneLine(text.substr(0, length));
-    auto shown = metrics.elidedText(start, Qt::ElideRight, rect.width());
-    const bool isElided = shown != start || length < text.size();
-    if (isElided && shown == start)
-        shown += QChar(0x2026);
     painter.setFont(font);
     painter.setPen(color);
-    painter.drawText(rect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown);
-    return isElided;
+    painter.drawText(rect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     elided(text, font, rect.width()).value_or(onOneLine(text)));
+}
+
+bool isElidedRowText(double width, std::string_view text, const QFont& font) {
+    return elided(text, font, width).has_value();
 }
 
 std::size_t columnCount(std::string_view text) {
@@ -280,6 +289,14 @@ std::size_t columnCount(std::string_view text) {
             columns += static_cast<unsigned char>(byte) >= 0xE0 ? 2 : 1;
     }
     return columns;
+}
+
+std::string startOfText(std::string_view text, std::size_t length) {
+    if (text.size() <= length)
+        return std::string(text);
+    while (length > 0 && isTrailingByte(text[length]))
+        --length;
+    return std::string(text.substr(0, length)) + "…";
 }
 
 std::string shortenedLine(std::string_view text) {

@@ -44,14 +44,20 @@ std::size_t rowTextOffset(std::string_view text, double x, const QFont& font);
 void paintRowSelection(QPainter& painter, const QRectF& rect, std::string_view text,
                        const RowTextRange& range, const QFont& font);
 
-/// Draws as much of `text` on one line as fits into `rect`, with an ellipsis where something is left out, and
-/// returns whether it is. Otherwise like `drawRowText`.
-bool drawElidedRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
+/// Draws as much of `text` on one line as fits into `rect`, with an ellipsis where something is left out.
+/// Otherwise like `drawRowText`.
+void drawElidedRowText(QPainter& painter, const QRectF& rect, std::string_view text, const QFont& font,
                        const QColor& color);
+
+/// Whether something is left out in that room.
+bool isElidedRowText(double width, std::string_view text, const QFont& font);
 
 /// How many columns of a monospaced font `text` takes at most: one for a character of few bytes, two for the
 /// others, which may be wide.
 std::size_t columnCount(std::string_view text);
+
+/// The beginning of `text`, of so many bytes at most, with an ellipsis where that is not all of it.
+std::string startOfText(std::string_view text, std::size_t length);
 
 /// The beginning of `text` on one line, for a control that shows no more than fits: more characters than any
 /// screen is wide would only be measured. Line breaks and tabs become spaces.

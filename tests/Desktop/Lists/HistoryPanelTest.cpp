@@ -152,6 +152,28 @@ TEST_F(HistoryPanelTest, TheRowOfAFocusedButtonIsTheCurrentRow) {
     EXPECT_EQ(fakes.clipboard.content, "99");
 }
 
+TEST_F(HistoryPanelTest, KeysInAButtonDoNotMoveTheList) {
+    add(100);
+    auto* button = buttons()[1];
+    button->setFocus();
+    for (const auto key : {Qt::Key_End, Qt::Key_PageDown, Qt::Key_Return})
+        QTest::keyClick(button, key);
+    QTest::keySequence(button, QKeySequence::Copy);
+    EXPECT_EQ(list().currentRow(), 1);
+    EXPECT_FALSE(fakes.clipboard.content) << "the window handles Return";
+}
+
+TEST_F(HistoryPanelTest, ButtonsOfHiddenRowsAreReused) {
+    add(100);
+    const auto count = widget->findChildren<QAbstractButton*>().size();
+    for (int place = 0; place <= list().verticalScrollBar()->maximum(); place += 100) {
+        list().verticalScrollBar()->setValue(place);
+        const auto row = list().visibleRows().first;
+        EXPECT_EQ(names().front(), "Copy " + std::to_string(100 - row));
+    }
+    EXPECT_LE(widget->findChildren<QAbstractButton*>().size(), count + 1) << "a scroll position can show one more row";
+}
+
 TEST_F(HistoryPanelTest, TheListTakesTheFocusOfARemovedButton) {
     add(100);
     buttons()[0]->setFocus();
@@ -161,18 +183,21 @@ TEST_F(HistoryPanelTest, TheListTakesTheFocusOfARemovedButton) {
 
 TEST_F(HistoryPanelTest, TheWheelOverAButtonScrollsTheList) {
     add(100);
-    // A button ignores the wheel, so the event goes to the widget around the list.
-    auto* around = list().parentWidget();
-    const QPointF place(buttons()[0]->mapTo(around, QPoint(5, 5)));
-    QWheelEvent wheel(place, around->mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(around, &wheel);
+    const QPointF place(buttons()[0]->mapToGlobal(QPoint(5, 5)));
+    // A button ignores the wheel, so its event is propagated to its ancestors.
+    for (QWidget* target = buttons()[0]; target; target = target->parentWidget()) {
+        QWheelEvent wheel(target->mapFromGlobal(place), place, {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(target, &wheel);
+        if (wheel.isAccepted())
+            break;
+    }
     EXPECT_GT(list().verticalScrollBar()->value(), 0);
 }
 
 TEST_F(HistoryPanelTest, RowNamesContainValueNoteAndTime) {
     add(1);
-    const auto name = list().model()->index(0, 0).data(Qt::AccessibleTextRole).toString().toStdString();
+    const auto name = list().accessibleRow(0).name.toStdString();
     EXPECT_TRUE(name.starts_with("1, noted, ")) << name;
     EXPECT_GT(name.size(), std::string("1, noted, ").size()) << "the time of day";
 }
@@ -202,7 +227,7 @@ TEST_F(HistoryPanelTest, ShowsTheWholeOfALongValueOnSeveralLines) {
         values.add("other");
     });
     settle();
-    const auto height = [&](int row) { return list().visualRect(list().model()->index(row, 0)).height(); };
+    const auto height = [&](int row) { return list().rowPlace(row).height(); };
     EXPECT_EQ(height(0), 40);
     EXPECT_GE(height(1), 40 + 3 * 17);
     EXPECT_EQ(height(2), 40);
@@ -218,7 +243,7 @@ TEST_F(HistoryPanelTest, ALongValueIsSelectedAcrossItsLines) {
     const auto value = std::string(60, 'a') + std::string(68, 'b');
     store.perform([&](Values& values) { values.add(value); });
     settle();
-    const auto row = list().visualRect(list().model()->index(0, 0));
+    const auto row = list().rowPlace(0);
     QTest::mousePress(list().viewport(), Qt::LeftButton, {}, row.topLeft() + QPoint(2, 10));
     QTest::mouseMove(list().viewport(), row.bottomLeft() + QPoint(list().width() - 2, -12));
     QTest::mouseRelease(list().viewport(), Qt::LeftButton, {}, row.bottomLeft());
@@ -244,7 +269,7 @@ TEST_F(HistoryPanelTest, APartOfAValueIsSelectedByKeyAndCopiedAsASecret) {
 TEST_F(HistoryPanelTest, ADoubleClickSelectsAWordAndAThirdClickTheValue) {
     store.perform([](Values& values) { values.add("one two"); });
     settle();
-    const auto place = list().visualRect(list().model()->index(0, 0)).topLeft() + QPoint(24, 18);
+    const auto place = list().rowPlace(0).topLeft() + QPoint(24, 18);
     QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(list().selection().text(), "one");
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, place);
@@ -264,14 +289,14 @@ TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowUnderThePointer) {
     list().setFocus();
     QTest::keyClick(&list(), Qt::Key_Right, Qt::ShiftModifier);
     EXPECT_EQ(list().selection().text(), "3");
-    const ContextMenu menu(list(), list().visualRect(list().model()->index(1, 0)).center());
+    const ContextMenu menu(list(), list().rowPlace(1).center());
     menu.choose("Copy");
     EXPECT_EQ(fakes.clipboard.content, "2");
 }
 
 TEST_F(HistoryPanelTest, ItsMenuCopiesTheRowOrTheSelection) {
     add(3);
-    const auto place = list().visualRect(list().model()->index(1, 0)).center();
+    const auto place = list().rowPlace(1).center();
     const ContextMenu menu(list(), place);
     EXPECT_EQ(menu.items(), "Copy; Select All; ");
     menu.choose("Copy");

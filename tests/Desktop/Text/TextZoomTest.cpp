@@ -94,9 +94,7 @@ TEST_F(TextZoomTest, AppliesToAllEditorsOfAllScreens) {
 }
 
 TEST_F(TextZoomTest, RowsOfComparisonsAndTreesGrowWithTheirText) {
-    const auto rowHeight = [](const RowList& list) {
-        return list.visualRect(list.model()->index(0, 0)).height();
-    };
+    const auto rowHeight = [](const RowList& list) { return list.rowPlace(0).height(); };
     screen.press("Tree View");
     paste(screen, fakes, "{\"a\":[1,2]}");
     auto& tree = screen.list("Tree View");

@@ -23,7 +23,7 @@ struct UUIDGeneratorScreenTest : testing::Test {
 
     std::string current() const { return screen.text("UUID"); }
 
-    int rowCount() const { return screen.list("History").model()->rowCount(); }
+    int rowCount() const { return screen.list("History").rowCount(); }
 };
 
 TEST_F(UUIDGeneratorScreenTest, ANewScreenShowsAllItsTexts) {

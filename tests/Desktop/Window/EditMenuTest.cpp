@@ -3,7 +3,6 @@
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Lists/RowList.h"
 #include "Desktop/Text/TextArea.h"
-#include "Desktop/Tools/Regex/MatchList.h"
 #include "support/WindowTest.h"
 
 #include <gtest/gtest.h>
@@ -74,19 +73,16 @@ TEST_F(EditMenuTest, CopiesFromLists) {
     editItem("Select &All").trigger();
     editItem("&Copy").trigger();
     EXPECT_EQ(QApplication::clipboard()->text(), "one\ntwo");
-    const auto rows = screen.list("Original").model()->rowCount();
+    const auto rows = screen.list("Original").rowCount();
     editItem("Cu&t").trigger();
     editItem("&Undo").trigger();
-    EXPECT_EQ(screen.list("Original").model()->rowCount(), rows);
+    EXPECT_EQ(screen.list("Original").rowCount(), rows);
 
     open(Tool::regexTester);
     screen.enter("Pattern", "b");
     screen.type("Test String", "abc");
     screen.press("Test");
-    for (auto* area : window.findChildren<QAbstractScrollArea*>()) {
-        if (auto* list = dynamic_cast<MatchList*>(area))
-            list->setFocus();
-    }
+    screen.list("Matches").setFocus();
     editItem("&Copy").trigger();
     EXPECT_EQ(fakes.clipboard.content, "b");
 

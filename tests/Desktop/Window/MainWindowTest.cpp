@@ -52,10 +52,10 @@ struct MainWindowTest : testing::Test {
     }
 
     std::vector<std::string> tools() {
+        const auto& list = screen.list("Tools");
         std::vector<std::string> names;
-        const auto* model = screen.list("Tools").model();
-        for (int row = 0; row < model->rowCount(); ++row)
-            names.push_back(model->index(row, 0).data(Qt::AccessibleTextRole).toString().toStdString());
+        for (int row = 0; row < list.rowCount(); ++row)
+            names.push_back(list.accessibleRow(row).name.toStdString());
         return names;
     }
 };
@@ -279,7 +279,12 @@ TEST_F(MainWindowTest, TheToolListCanBeUsedByKeyboard) {
 
 TEST_F(MainWindowTest, AToolTipShowsDescriptionAndShortcut) {
     const auto toolTip = [&](int row) {
-        return screen.list("Tools").model()->index(row, 0).data(Qt::ToolTipRole).toString();
+        auto& list = screen.list("Tools");
+        list.showRow(row);
+        const auto place = list.rowPlace(row).center();
+        QHelpEvent event(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(list.viewport(), &event);
+        return QToolTip::text();
     };
     EXPECT_EQ(toolTip(0), "Format, minify, and validate JSON (Ctrl+1)");
     EXPECT_EQ(toolTip(10), "Transform text case and lines");
@@ -287,7 +292,7 @@ TEST_F(MainWindowTest, AToolTipShowsDescriptionAndShortcut) {
 
 TEST_F(MainWindowTest, AClickSelectsAToolAndFocusesItsInput) {
     auto& list = screen.list("Tools");
-    const auto row = list.visualRect(list.model()->index(1, 0));
+    const auto row = list.rowPlace(1);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, row.center());
     EXPECT_EQ(selectedTool(), Tool::base64);
     EXPECT_EQ(window.focusWidget(), &screen.editor("Plain Text"));

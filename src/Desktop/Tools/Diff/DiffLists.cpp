@@ -17,7 +17,6 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <cmath>
@@ -88,10 +87,7 @@ public:
         if (std::exchange(m_first, first) == first)
             return;
         m_width = -1;
-        m_list->selectionModel()->clear(); // of its current row
-        m_list->reload();
-        m_list->scrollToTop();
-        m_list->horizontalScrollBar()->setValue(0);
+        m_list->restart();
     }
 
 private:

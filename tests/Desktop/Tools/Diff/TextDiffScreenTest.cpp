@@ -45,17 +45,17 @@ struct TextDiffScreenTest : testing::Test {
     }
 
     /// The accessible names of a list's rows.
-    std::vector<std::string> rows(std::string_view list) const {
-        const auto* model = screen.list(list).model();
+    std::vector<std::string> rows(std::string_view name) const {
+        const auto& list = screen.list(name);
         std::vector<std::string> names;
-        for (int row = 0; row < model->rowCount(); ++row)
-            names.push_back(utf8String(model->index(row, 0).data(Qt::AccessibleTextRole).toString()));
+        for (int row = 0; row < list.rowCount(); ++row)
+            names.push_back(utf8String(list.accessibleRow(row).name));
         return names;
     }
 
     /// The middle of a row of a list, in its viewport.
     static QPoint middleOf(const RowList& list, int row) {
-        return {list.viewport()->width() / 2, list.visualRect(list.model()->index(row, 0)).center().y()};
+        return {list.viewport()->width() / 2, list.rowPlace(row).center().y()};
     }
 
     /// A place in the number of a line, where the pointer selects whole lines.
@@ -325,11 +325,10 @@ TEST_F(TextDiffScreenTest, LongLineNumbersAreNotCutOff) {
         compare(std::string(static_cast<std::size_t>(lineCount - 1), '\n') + "x", "x");
         fakes.background.runAll();
         auto& list = screen.list("Original");
-        list.scrollToBottom();
+        list.verticalScrollBar()->setValue(list.verticalScrollBar()->maximum());
         // Only the last line has text, and it has no background colour.
         const auto picture = list.grab().toImage();
-        const auto row = list.visualRect(list.model()->index(list.model()->rowCount() - 1, 0))
-                             .translated(list.viewport()->pos());
+        const auto row = list.rowPlace(list.rowCount() - 1).translated(list.viewport()->pos());
         const auto background = picture.pixel(row.left() + 1, row.top());
         for (int x = 0; x < picture.width(); ++x) {
             for (int y = row.top(); y <= row.bottom(); ++y) {

@@ -24,10 +24,10 @@ struct JSONFormatterScreenTest : testing::Test {
     ScreenDriver screen{*widget};
 
     std::vector<std::string> rows() const {
+        const auto& list = screen.list("Tree View");
         std::vector<std::string> names;
-        const auto* model = screen.list("Tree View").model();
-        for (int row = 0; row < model->rowCount(); ++row)
-            names.push_back(utf8String(model->index(row, 0).data(Qt::AccessibleTextRole).toString()));
+        for (int row = 0; row < list.rowCount(); ++row)
+            names.push_back(utf8String(list.accessibleRow(row).name));
         return names;
     }
 
@@ -80,7 +80,7 @@ TEST_F(JSONFormatterScreenTest, FoldsRowsByPointer) {
     screen.press("Tree View");
     screen.type("Input", "[[1],2]");
     auto& list = screen.list("Tree View");
-    const auto row = list.visualRect(list.model()->index(1, 0));
+    const auto row = list.rowPlace(1);
     const auto beside = row.topLeft() + QPoint(row.width() / 2, row.height() / 2);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, beside);
     EXPECT_EQ(rows().size(), 4U) << "only the chevron folds";
@@ -119,7 +119,7 @@ TEST_F(JSONFormatterScreenTest, CopiesValueKeyAndPathOfARowByMenuAndKey) {
         const auto names = rows();
         return static_cast<int>(std::ranges::find(names, name) - names.begin());
     };
-    const auto placeOf = [&](int number) { return list.visualRect(list.model()->index(number, 0)).center(); };
+    const auto placeOf = [&](int number) { return list.rowPlace(number).center(); };
     const auto source = row("source \"a\nb\"");
     {
         const ContextMenu menu(list, placeOf(source));
@@ -146,7 +146,7 @@ TEST_F(JSONFormatterScreenTest, AKeyOpensTheMenuBelowTheNameOfTheRow) {
     screen.type("Input", "[[1],2]");
     auto& list = screen.list("Tree View");
     list.setCurrentRow(2);
-    const auto corner = list.visualRect(list.model()->index(2, 0)).bottomLeft();
+    const auto corner = list.rowPlace(2).bottomLeft();
     const auto place = list.viewport()->mapFromGlobal(ContextMenu(list).place());
     EXPECT_EQ(place.y(), corner.y() + 1);
     EXPECT_GT(place.x(), corner.x() + 40) << "two levels in";
@@ -163,8 +163,7 @@ TEST_F(JSONFormatterScreenTest, ALongValueCanBeScrolledHorizontally) {
         bar->setValue(bar->maximum());
         EXPECT_NE(screen.list("Tree View").grab().toImage(), start);
         auto& list = screen.list("Tree View");
-        const QPoint atTheEnd(list.viewport()->width() - 10,
-                              list.visualRect(list.model()->index(1, 0)).center().y());
+        const QPoint atTheEnd(list.viewport()->width() - 10, list.rowPlace(1).center().y());
         const auto unmarked = list.grab().toImage();
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, atTheEnd);
         EXPECT_EQ(list.currentRow(), 1);

@@ -170,8 +170,8 @@ RC_GTEST_PROP(MarkdownDocument, ResultDoesNotDependOnEarlierTexts, ()) {
     MarkdownDocument document(nullptr);
     for (int edit = 0; edit < 5; ++edit) {
         std::string markdown;
-        for (const auto& token : *tokens)
-            markdown += token;
+        for (const auto& part : *tokens)
+            markdown += part;
         document.show(markdown);
         MarkdownDocument fresh(nullptr);
         fresh.show(markdown);

@@ -1,7 +1,7 @@
 #include "Desktop/Tools/Screens.h"
 
+#include "Desktop/Lists/RowList.h"
 #include "Desktop/Text/TextArea.h"
-#include "Desktop/Tools/Regex/MatchList.h"
 
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
@@ -28,9 +28,10 @@ struct RegexTesterScreenTest : testing::Test {
     std::unique_ptr<QWidget> widget{regexTesterScreen(fakes.services)};
     ScreenDriver screen{*widget};
 
-    MatchList& list() const {
+    /// The only one of the screen, which need not show it.
+    RowList& list() const {
         for (auto* child : widget->findChildren<QWidget*>()) {
-            if (auto* list = dynamic_cast<MatchList*>(child))
+            if (auto* list = dynamic_cast<RowList*>(child))
                 return *list;
         }
         throw std::runtime_error("there is no list of matches");
