@@ -8,7 +8,7 @@ namespace korvane {
 
 namespace {
 
-/// What a button without a label takes of the text's width, in pixels at a 13-pixel body text.
+/// The width of the text that a button without a label covers, in pixels at a 13-pixel body text.
 constexpr int iconButtonRoom = 40;
 
 } // namespace
