@@ -18,7 +18,7 @@ QWidget* output(Store& store, const Reader<const std::string&>& text, const Read
     options.buttonRoom = iconButtonRoom;
     const auto read = text.of(store);
     auto* button = copyButton(store, read, {.look = {.showLabel = false, .isOverlay = true}});
-    auto* whole = overlay(textView(store, text, placeholder, options), button);
+    auto* whole = overlay(readOnlyEditor(store, text, placeholder, options), button);
     when(store, [read] { return !read().empty(); }, button);
     return whole;
 }

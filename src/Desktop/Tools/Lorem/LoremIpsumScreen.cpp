@@ -64,7 +64,7 @@ QWidget* body(Store& store) {
                       either(store, &State::hasText,
                              stack(Qt::Vertical, {},
                                    {section(store, "Generated Text", "",
-                                            textView(store, &State::generatedText, "",
+                                            readOnlyEditor(store, &State::generatedText, "",
                                                      {.lineNumbers = false, .isProse = true})),
                                     footer(store)}),
                              section(store, "Generated Text", "",

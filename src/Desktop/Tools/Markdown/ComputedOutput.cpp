@@ -18,7 +18,7 @@ QWidget* computedOutput(Store& store, const Reader<std::string>& text) {
                            last = std::make_shared<std::string>()]() -> const std::string& {
         return *last = compute();
     };
-    return textView(store, computed, "",
+    return readOnlyEditor(store, computed, "",
                     {.lineNumbers = false, .isSmall = true, .buttonRoom = labelledButtonRoom});
 }
 

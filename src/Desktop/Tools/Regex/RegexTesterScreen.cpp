@@ -85,7 +85,7 @@ QWidget* matches(Store& store) {
 
 /// The result of replacing, as high as it is up to a limit, with a labelled button over its corner.
 QWidget* replacedText(Store& store) {
-    auto* result = textView(store, &RegexTesterView::replacedText, "Replacement result...",
+    auto* result = readOnlyEditor(store, &RegexTesterView::replacedText, "Replacement result...",
                             {.lineNumbers = false,
                              .buttonRoom = copyButtonRoom,
                              .minimumHeight = resultMinimum,
