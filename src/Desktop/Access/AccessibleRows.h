@@ -17,7 +17,7 @@ struct AccessibleRow {
     QString name{};
     std::optional<bool> isExpanded{}; ///< none for a row that cannot be expanded
     bool isSelected = false;
-    bool isEnabled = true; ///< can be pressed, in lists where rows can
+    bool isEnabled = true;     ///< can be pressed, in lists where rows can
     QWidget* button = nullptr; ///< placed over the row; may be null
 };
 

@@ -51,7 +51,7 @@ protected:
 
 private:
     static constexpr int frame = 33;           // milliseconds
-    static constexpr int fullTurn = 360 * 16; // in Qt's unit of angles
+    static constexpr int fullTurn = 360 * 16;  // in Qt's unit of angles
     static constexpr int step = fullTurn / 30; // one turn a second
 
     QString m_text;

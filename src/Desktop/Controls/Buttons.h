@@ -98,11 +98,11 @@ private:
 };
 
 struct QuietButtonOptions {
-    bool showLabel = true; ///< a button without a label is a small square
+    bool showLabel = true;   ///< a button without a label is a small square
     bool dropsLabel = false; ///< in a narrow screen; the height does not change
-    bool isOverlay = false; ///< is over text and therefore opaque
+    bool isOverlay = false;  ///< is over text and therefore opaque
     bool isPlain = false;    ///< no background until the pointer is over it
-    std::string subject{}; ///< the object that it acts on, for the accessible name
+    std::string subject{};   ///< the object that it acts on, for the accessible name
 };
 
 /// A secondary action, in the secondary colour on a faint background.

@@ -97,7 +97,7 @@ struct LabelOptions {
     int width = 0; ///< in pixels at a 13-pixel body text; 0: the text's width, or less if space is short
     Qt::Alignment alignment = Qt::AlignLeft;
     std::string_view asWideAs{}; ///< a text that determines the width instead, such as the widest in a column
-    int lineCount = 1; ///< the number of lines over which the text may wrap
+    int lineCount = 1;           ///< the number of lines over which the text may wrap
 };
 
 /// A line of text, elided at the end where space is short.

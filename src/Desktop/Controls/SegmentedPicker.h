@@ -17,7 +17,7 @@ namespace korvane {
 
 enum class SegmentLook {
     even,      ///< all of one width
-    natural, ///< each as wide as its title needs, plus an equal share of the rest
+    natural,   ///< each as wide as its title needs, plus an equal share of the rest
     withIcons, ///< the same, with the values' glyphs before the titles
 };
 

@@ -144,7 +144,7 @@ private:
 
     SliderOptions m_options;
     std::function<void(double)> m_set;
-    double m_value = 0; // the value in the screen's state
+    double m_value = 0;  // the value in the screen's state
     int m_wheelTurn = 0; // since the last step
 };
 

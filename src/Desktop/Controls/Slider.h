@@ -14,8 +14,8 @@ namespace korvane {
 struct SliderOptions {
     double minimum = 0; ///< not negative
     double maximum = 1;
-    int stepsOfOne = 100; ///< the number of steps from 0 to 1; both ends are on a step
-    bool isContinuous = true; ///< whether the pointer can also choose values between steps
+    int stepsOfOne = 100;                    ///< the number of steps from 0 to 1; both ends are on a step
+    bool isContinuous = true;                ///< whether the pointer can also choose values between steps
     PaletteColor color = PaletteColor::blue; ///< of the track up to the value
 };
 

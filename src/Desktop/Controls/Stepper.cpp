@@ -82,7 +82,8 @@ public:
         auto* look = new StepperStyle;
         look->setParent(this); // widgets do not own their style
         setStyle(look);
-        m_edit->setObjectName("qt_spinbox_lineedit"); // the name by which Qt recognises it as part of the spin box
+        m_edit->setObjectName(
+            "qt_spinbox_lineedit"); // the name by which Qt recognises it as part of the spin box
         setLineEdit(m_edit);
         setRange(options.minimum, options.maximum);
         setSingleStep(options.step);

@@ -22,10 +22,10 @@ struct TextFieldOptions {
     Theme::Role fill = Theme::Role::panelFill;
     int width = 0; ///< in pixels at a 13-pixel body text; 0: the remaining space
     int height = fieldHeight;
-    Reader<std::string> leading = ""; ///< a fixed text before the input, in the secondary colour
+    Reader<std::string> leading = "";    ///< a fixed text before the input, in the secondary colour
     Reader<std::string> trailing = "";   ///< the same after it
     std::optional<Action<>> submit = {}; ///< on Return
-    bool isDetail = false; ///< not the tool's main input: no new screen focuses it first
+    bool isDetail = false;               ///< not the tool's main input: no new screen focuses it first
 };
 
 /// `name` is the accessible name.

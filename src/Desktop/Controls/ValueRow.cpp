@@ -31,7 +31,9 @@ QWidget* valueRow(Store& store, const ValueRowParts& parts) {
 }
 
 QWidget* dividedRows(const std::vector<QWidget*>& rows) {
-    auto* list = card({.spacing = 0, .padding = {Size::cardPadding, verticalPadding, Size::gapControl, verticalPadding}}, {});
+    auto* list = card(
+        {.spacing = 0, .padding = {Size::cardPadding, verticalPadding, Size::gapControl, verticalPadding}},
+        {});
     auto* layout = static_cast<QBoxLayout*>(list->layout());
     for (auto* row : rows) {
         if (layout->count() > 0)

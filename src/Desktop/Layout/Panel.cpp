@@ -23,7 +23,7 @@ Panel::Panel(QWidget* content) {
 }
 
 QSize Panel::sizeHint() const {
-    const QSize minSize(Theme::px(Size::editorMinimumHeight), Theme::px(Size::editorMinimumHeight));
+    const QSize minSize(Theme::px(Size::minEditorHeight), Theme::px(Size::minEditorHeight));
     return minSize.expandedTo(layout()->totalMinimumSize());
 }
 

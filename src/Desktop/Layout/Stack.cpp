@@ -134,7 +134,7 @@ QWidget* withWidth(int width, QWidget* widget) {
     return widget;
 }
 
-QWidget* withMinimumHeight(int height, QWidget* widget) {
+QWidget* withMinHeight(int height, QWidget* widget) {
     widget->setMinimumHeight(Theme::px(height));
     return widget;
 }

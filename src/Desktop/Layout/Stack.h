@@ -63,7 +63,7 @@ QWidget* withHeight(int height, QWidget* widget);
 QWidget* withWidth(int width, QWidget* widget);
 
 /// `widget` with a minimum height, above which it can grow.
-QWidget* withMinimumHeight(int height, QWidget* widget);
+QWidget* withMinHeight(int height, QWidget* widget);
 
 /// `widget`, which takes the remaining space in its stack.
 QWidget* growing(QWidget* widget);

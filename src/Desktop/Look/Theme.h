@@ -56,7 +56,7 @@ enum class Role {
     hoverOnColor,
     pressedOnColor,
     disabledFill,
-    dropFill, ///< a drop target while something is dragged over it
+    dropFill,      ///< a drop target while something is dragged over it
     unchangedLine, ///< primary at 70 %: a line that is the same in both texts
     plainBadgeFill,
 };
@@ -153,7 +153,7 @@ struct Size {
     static constexpr int gapGroup = 16;
     static constexpr int gapSectionWide = 20;
     static constexpr int gapBulk = 24;
-    static constexpr int editorMinimumHeight = 120;
+    static constexpr int minEditorHeight = 120;
     static constexpr int panelOutline = 1;
     static constexpr int focusWidth = 2;
     static constexpr int heroPaddingX = 16;

@@ -32,8 +32,8 @@ constexpr std::size_t maxFittedText = 2000;
 class EditorPanel final : public Panel {
 public:
     EditorPanel(TextArea* area, CodeEditorOptions options)
-        : Panel(area), m_area(area), m_options(options), m_height(Theme::px(options.minimumHeight)) {
-        if (m_options.maximumHeight)
+        : Panel(area), m_area(area), m_options(options), m_height(Theme::px(options.minHeight)) {
+        if (m_options.maxHeight)
             setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         applyTheme();
         new OverlayScrollBar(Qt::Vertical, area, this);
@@ -65,11 +65,11 @@ protected:
 
 private:
     void fitHeight() {
-        if (!m_options.maximumHeight)
+        if (!m_options.maxHeight)
             return;
         const auto inset = Theme::px(textInset());
-        const auto minHeight = Theme::px(m_options.minimumHeight);
-        const auto maxHeight = Theme::px(*m_options.maximumHeight);
+        const auto minHeight = Theme::px(m_options.minHeight);
+        const auto maxHeight = Theme::px(*m_options.maxHeight);
         const auto room = width() - inset - Theme::px(endInset());
         const auto height =
             m_isFitted ? m_area->rowCount(room) * TextZoom::lineHeight(textStyle()) + 2 * inset : maxHeight;
@@ -149,7 +149,7 @@ QWidget* codeEditor(Store& store, const Reader<const std::string&>& text, const 
 }
 
 QWidget* readOnlyEditor(Store& store, const Reader<const std::string&>& text,
-                  const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
+                        const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
     auto read = text.of(store);
     auto* area = newTextArea(read(), options);
     return editorPanel(store, area, std::move(read), placeholder, options);

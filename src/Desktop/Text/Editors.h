@@ -15,11 +15,11 @@ namespace korvane {
 /// Sizes are in pixels at a 13-pixel body text.
 struct CodeEditorOptions {
     bool lineNumbers = true; ///< without them, the insets are wider
-    bool isSmall = false; ///< smaller text, for secondary panels
-    bool isProse = false; ///< prose instead of code, with still wider insets
-    int buttonRoom = 0; ///< free of text on the right, for a button over the corner
-    int minimumHeight = Theme::Size::editorMinimumHeight;
-    std::optional<int> maximumHeight{}; ///< if set, the panel fits the height of its text, within these limits
+    bool isSmall = false;    ///< smaller text, for secondary panels
+    bool isProse = false;    ///< prose instead of code, with still wider insets
+    int buttonRoom = 0;      ///< free of text on the right, for a button over the corner
+    int minHeight = Theme::Size::minEditorHeight;
+    std::optional<int> maxHeight{}; ///< if set, the panel fits the height of its text, within these limits
     Theme::Role placeholderInk = Theme::Role::placeholder;
 };
 
@@ -29,6 +29,6 @@ QWidget* codeEditor(Store& store, const Reader<const std::string&>& text, const 
 
 /// The same for a read-only text, which can be selected and copied.
 QWidget* readOnlyEditor(Store& store, const Reader<const std::string&>& text,
-                  const Reader<std::string>& placeholder, const CodeEditorOptions& options = {});
+                        const Reader<std::string>& placeholder, const CodeEditorOptions& options = {});
 
 } // namespace korvane

@@ -306,7 +306,8 @@ int positionAt(const QTextDocument& document, int offset) {
 void repairSeams(QTextDocument& document, int start, int end, int maxPieceLength) {
     const auto isIntact = [&](int position) {
         const auto block = document.findBlock(position);
-        return !hasRedundantSeam(block) && !hasRedundantSeam(block.next()) && !isTooLong(block, maxPieceLength);
+        return !hasRedundantSeam(block) && !hasRedundantSeam(block.next()) &&
+               !isTooLong(block, maxPieceLength);
     };
     const int last = std::min(end, document.characterCount() - 1);
     if (document.isRedoAvailable() || (isIntact(start) && isIntact(last)))

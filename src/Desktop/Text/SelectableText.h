@@ -17,7 +17,7 @@ struct SelectableTextOptions {
     Qt::Alignment alignment = Qt::AlignLeft;
     std::string placeholder{};
     Theme::Ink placeholderInk = Theme::Role::placeholder;
-    bool isSecret = false; ///< copied as a secret
+    bool isSecret = false;  ///< copied as a secret
     bool isTabStop = false; ///< reached by the Tab key: for a text without a copy button
 };
 

@@ -289,7 +289,7 @@ bool TextArea::viewportEvent(QEvent* event) {
         };
         if (event->type() == QEvent::DragMove)
             return forwardDrop(QDragMoveEvent(place.toPoint(), drop.possibleActions(), drop.mimeData(),
-                                             drop.buttons(), drop.modifiers()));
+                                              drop.buttons(), drop.modifiers()));
         return forwardDrop(
             QDropEvent(place, drop.possibleActions(), drop.mimeData(), drop.buttons(), drop.modifiers()));
     }

@@ -29,7 +29,7 @@ struct TextAreaStyle {
     QColor placeholder{};
     QColor number{};
     QColor selection{}; ///< behind selected text, which keeps its colour
-    QMargins inset{}; ///< around the text; the left one counts from the line numbers, if shown
+    QMargins inset{};   ///< around the text; the left one counts from the line numbers, if shown
     int numberGap = 8;  ///< on either side of the line numbers
 };
 
@@ -147,8 +147,8 @@ private:
     std::optional<std::string> m_invalidUTF8{}; // the text as it was set, if it is not valid UTF-8
     QWidget* m_gutter = nullptr;                // none without line numbers
     bool m_edited = false;                      // since the last call of `onEdit`
-    bool m_busy = false; // while the control itself edits
-    int m_editStart = 0; // the range of the last edit
+    bool m_busy = false;                        // while the control itself edits
+    int m_editStart = 0;                        // the range of the last edit
     int m_editEnd = 0;
 };
 

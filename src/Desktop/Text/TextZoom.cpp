@@ -14,7 +14,8 @@ namespace korvane::TextZoom {
 namespace {
 
 /// In percent, in roughly equal ratios.
-constexpr std::array levels{minPercent, 60, 70, 80, 90, normal, 110, 125, 150, 175, 200, 250, 300, maxPercent};
+constexpr std::array levels{minPercent, 60,  70,  80,  90,  normal, 110,
+                            125,        150, 175, 200, 250, 300,    maxPercent};
 
 class Follower;
 

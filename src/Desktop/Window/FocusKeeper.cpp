@@ -12,7 +12,8 @@ bool FocusKeeper::moveFocusFrom(QWidget* lost, QWidget* part) {
     for (auto* around = lost; !successor && around != part;) {
         around = around->parentWidget();
         auto order = readingOrder(*around);
-        std::erase_if(order, [&](const QWidget* widget) { return widget != lost && !canTakeFocusOver(widget); });
+        std::erase_if(order,
+                      [&](const QWidget* widget) { return widget != lost && !canTakeFocusOver(widget); });
         successor = nextStop(order, lost);
         successor = successor ? successor : previousStop(order, lost);
     }

@@ -115,7 +115,7 @@ void MainWindow::showSelectedTool() {
     const bool takesFocus = !m_sidebar->isAncestorOf(focusWidget());
     m_shownTool = tool;
     delete m_screen;
-    m_screen = tool ? toolView(*tool, m_store.services()) : welcomeScreen();
+    m_screen = tool ? toolScreen(*tool, m_store.services()) : welcomeScreen();
     m_detail->addWidget(m_screen, 1);
     m_screen->setAccessibleName(tool ? qString(rawValue(*tool)) : QString());
     m_screen->show();

@@ -15,8 +15,8 @@ struct SearchFieldParts {
     Reader<std::string> text;
     Action<std::string> setText;
     Action<> leaveDown; ///< on Down: move to the search results
-    Action<> submit; ///< on Return: open the first result
-    Action<> leave; ///< on Escape, which has cleared the field
+    Action<> submit;    ///< on Return: open the first result
+    Action<> leave;     ///< on Escape, which has cleared the field
 };
 
 QWidget* searchField(Store& store, const SearchFieldParts& parts);

@@ -31,8 +31,7 @@ QWidget* tile(Tool tool) {
     name->setAlignment(Qt::AlignHCenter);
     auto* surface = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusExtraLarge);
     surface->setFixedWidth(Theme::px(tileWidth));
-    fill(surface, Qt::Vertical,
-         {.spacing = Size::gapControl, .padding = {0, tilePadding, 0, tilePadding}},
+    fill(surface, Qt::Vertical, {.spacing = Size::gapControl, .padding = {0, tilePadding, 0, tilePadding}},
          {centered(new GlyphLabel(icon(tool), tileGlyph, accentColor(tool))), name});
     return surface;
 }
@@ -49,16 +48,16 @@ QWidget* welcomeScreen() {
     auto* tiles = stack(Qt::Horizontal, {.spacing = tileGap, .padding = {0, tilesTop, 0, 0}},
                         {stretch(), tile(WelcomeView::tools[0]), tile(WelcomeView::tools[1]),
                          tile(WelcomeView::tools[2]), tile(WelcomeView::tools[3]), stretch()});
-    return stack(
-        Qt::Vertical, {.spacing = 0, .padding = {Size::screenPadding, 0, Size::screenPadding, bottomPadding}},
-        {
-            stretch(),
-            centered(new GlyphLabel(WelcomeView::icon, glyphSize, GlyphLabel::Brand{})),
-            centeredText(WelcomeView::title, TextStyle::largeTitle, Role::primary, titleTop),
-            centeredText(WelcomeView::message, TextStyle::title3, Role::secondary, messageTop),
-            tiles,
-            stretch(),
-        });
+    return stack(Qt::Vertical,
+                 {.spacing = 0, .padding = {Size::screenPadding, 0, Size::screenPadding, bottomPadding}},
+                 {
+                     stretch(),
+                     centered(new GlyphLabel(WelcomeView::icon, glyphSize, GlyphLabel::Brand{})),
+                     centeredText(WelcomeView::title, TextStyle::largeTitle, Role::primary, titleTop),
+                     centeredText(WelcomeView::message, TextStyle::title3, Role::secondary, messageTop),
+                     tiles,
+                     stretch(),
+                 });
 }
 
 } // namespace korvane

@@ -8,7 +8,7 @@ namespace korvane {
 
 namespace {
 
-/// What a button with a label takes of the text's width, in pixels at a 13-pixel body text.
+/// The width of the text that a button with a label covers, in pixels at a 13-pixel body text.
 constexpr int labelledButtonRoom = 92;
 
 } // namespace
@@ -19,7 +19,7 @@ QWidget* computedOutput(Store& store, const Reader<std::string>& text) {
         return *last = compute();
     };
     return readOnlyEditor(store, computed, "",
-                    {.lineNumbers = false, .isSmall = true, .buttonRoom = labelledButtonRoom});
+                          {.lineNumbers = false, .isSmall = true, .buttonRoom = labelledButtonRoom});
 }
 
 } // namespace korvane

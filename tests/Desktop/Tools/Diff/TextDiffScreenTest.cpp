@@ -145,7 +145,7 @@ TEST_F(TextDiffScreenTest, SwapExchangesTheEditorsTexts) {
 }
 
 TEST_F(TextDiffScreenTest, IsBusyWithLargeTextsUntilTheResultComes) {
-    constexpr auto busy = "Comparing... Clear All stops it.";
+    constexpr auto busy = "Comparing… Clear All cancels.";
     const std::string many(50'000, '\n');
     compare(many, "x");
     EXPECT_FALSE(screen.shows(busy));

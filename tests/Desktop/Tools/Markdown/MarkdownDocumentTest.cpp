@@ -105,12 +105,12 @@ TEST(MarkdownRow, StylesTextButNeitherHeadersNorCode) {
 TEST(MarkdownRow, IsOneOfSeveralWhereATextIsTooLong) {
     const std::string word = "lengthy ";
     std::string paragraph = "**";
-    while (paragraph.size() < 3 * longestRow)
+    while (paragraph.size() < 3 * maxRowBytes)
         paragraph += word;
     paragraph += "end**";
     std::string all;
     for (const auto& row : markdownRows(paragraph)) {
-        EXPECT_LE(text(row).size(), longestRow);
+        EXPECT_LE(text(row).size(), maxRowBytes);
         EXPECT_EQ(row.continuesText, !all.empty());
         EXPECT_TRUE(row.runs.front().isBold);
         EXPECT_TRUE(text(row).ends_with(' ') || text(row).ends_with("end")) << "cut inside a word";
@@ -121,7 +121,7 @@ TEST(MarkdownRow, IsOneOfSeveralWhereATextIsTooLong) {
 
 TEST(MarkdownRow, CutsNoCharacterApart) {
     std::string paragraph = "x";
-    while (paragraph.size() < 3 * longestRow)
+    while (paragraph.size() < 3 * maxRowBytes)
         paragraph += "😀";
     std::string all;
     for (const auto& row : markdownRows(paragraph)) {
@@ -129,7 +129,7 @@ TEST(MarkdownRow, CutsNoCharacterApart) {
         all += text(row);
     }
     EXPECT_EQ(all, paragraph);
-    EXPECT_GT(markdownRows(std::string(3 * longestRow, '\x80')).size(), 2U) << "not even a text";
+    EXPECT_GT(markdownRows(std::string(3 * maxRowBytes, '\x80')).size(), 2U) << "not even a text";
 }
 
 TEST(MarkdownDocument, WritesOnlyWhatHasChanged) {
