@@ -41,7 +41,7 @@ void show(QFileDialog& panel, FilePanels::Chosen chosen) {
 } // namespace
 
 std::expected<std::string, std::string> ServicesQt::FilesQt::read(const std::string& path,
-                                                                  std::size_t maximumBytes) const {
+                                                                  std::size_t maxBytes) const {
     QFile file(qString(path));
     const QFileInfo information(file);
     if (information.exists() && !information.isFile()) // opening a pipe would block
@@ -49,7 +49,7 @@ std::expected<std::string, std::string> ServicesQt::FilesQt::read(const std::str
     if (!file.open(QIODevice::ReadOnly))
         return failure(file);
     const std::string tooLarge = "The file is too large";
-    if (static_cast<std::size_t>(file.size()) > maximumBytes)
+    if (static_cast<std::size_t>(file.size()) > maxBytes)
         return std::unexpected(tooLarge);
     std::string bytes(static_cast<std::size_t>(file.size()), '\0');
     const auto count = file.read(bytes.data(), static_cast<qint64>(bytes.size()));

@@ -50,7 +50,7 @@ private:
     class FilesQt final : public Files {
     public:
         std::expected<std::string, std::string> read(const std::string& path,
-                                                     std::size_t maximumBytes) const override;
+                                                     std::size_t maxBytes) const override;
         std::expected<void, std::string> write(const std::string& path, std::string_view bytes) override;
     };
 
