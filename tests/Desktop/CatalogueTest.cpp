@@ -41,7 +41,7 @@ public:
 
 struct CatalogueTest : testing::TestWithParam<Tool> {
     FakeServices fakes{};
-    std::unique_ptr<QWidget> widget{toolView(GetParam(), fakes.services)};
+    std::unique_ptr<QWidget> widget{toolScreen(GetParam(), fakes.services)};
 
     ~CatalogueTest() override { Theme::setScheme(Theme::Scheme::light); }
 };
@@ -55,7 +55,7 @@ TEST_P(CatalogueTest, CanBeBuiltAndDestroyed) {
 
 TEST_P(CatalogueTest, BuildingShowsNoWindow) {
     const WindowCounter windows;
-    const std::unique_ptr<QWidget> another(toolView(GetParam(), fakes.services));
+    const std::unique_ptr<QWidget> another(toolScreen(GetParam(), fakes.services));
     EXPECT_EQ(windows.count, 0);
 }
 

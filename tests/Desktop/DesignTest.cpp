@@ -84,7 +84,7 @@ TEST(Design, EveryActionButtonHasItsTitleGlyphAndColour) {
     };
     for (const auto& row : rows) {
         FakeServices fakes;
-        const std::unique_ptr<QWidget> widget(toolView(row.tool, fakes.services));
+        const std::unique_ptr<QWidget> widget(toolScreen(row.tool, fakes.services));
         const ScreenDriver screen(*widget);
         if (!row.segment.empty())
             screen.choose(row.segment);
@@ -95,7 +95,7 @@ TEST(Design, EveryActionButtonHasItsTitleGlyphAndColour) {
 TEST(Design, AnActionButtonIsFilledWithItsColour) {
     for (const auto tool : allCases<Tool>) {
         FakeServices fakes;
-        const std::unique_ptr<QWidget> widget(toolView(tool, fakes.services));
+        const std::unique_ptr<QWidget> widget(toolScreen(tool, fakes.services));
         const ScreenDriver screen(*widget);
         for (auto* child : widget->findChildren<QAbstractButton*>()) {
             auto* button = dynamic_cast<ActionButton*>(child);
@@ -176,7 +176,7 @@ TEST(Design, FixedSizesAreAsDesigned) {
     };
     for (const auto& row : rows) {
         FakeServices fakes;
-        const std::unique_ptr<QWidget> widget(toolView(row.tool, fakes.services));
+        const std::unique_ptr<QWidget> widget(toolScreen(row.tool, fakes.services));
         const ScreenDriver screen(*widget, {1100, 900});
         const auto found = parts(*widget, row.kind, row.name);
         ASSERT_EQ(found.size(), 1U) << rawValue(row.tool) << " " << row.name;

@@ -20,9 +20,9 @@ namespace korvane {
 
 namespace {
 
-/// Has no size and shows nothing: the newest announcement of a window, as the kind of object that screen
-/// readers read out whenever it is reported to show. It goes after a while, since whoever goes through the
-/// window later is to find what is there by then.
+/// The latest announcement of a window: an invisible notification, which screen readers read out when it is
+/// reported as shown. It is deleted after `lifetime`, so that users who explore the window later find only
+/// current content.
 class Announcer final : public QWidget, public AccessibleControl {
 public:
     explicit Announcer(QWidget* window) : QWidget(window) {
@@ -39,7 +39,7 @@ public:
         m_expiry.start();
         setAccessibleName(text);
         if (!isVisible()) {
-            show(); // which reports it
+            show(); // reports it as shown
             return;
         }
         QAccessibleEvent event(this, QAccessible::ObjectShow);
@@ -51,7 +51,7 @@ public:
     }
 
 private:
-    /// Screen readers ask for the text when they hear of it, which may be late on a busy machine.
+    /// Screen readers request the text after the event, which may be late on a busy machine.
     static constexpr std::chrono::seconds lifetime{3};
 
     QTimer m_expiry{this};
@@ -65,7 +65,7 @@ Announcer* announcerOf(QWidget* window) {
     return new Announcer(window);
 }
 
-/// What lies around the control that takes the focus in its place. The toolkit would report both as focused.
+/// A container with a focus proxy. Qt would report both as focused.
 class ContainerInterface final : public QAccessibleWidget {
 public:
     explicit ContainerInterface(QWidget* container) : QAccessibleWidget(container) {}
@@ -80,21 +80,21 @@ public:
     }
 };
 
-/// Dialogs of the toolkit have buttons of these two kinds, the kit has none.
-bool isOfToolkit(const QAbstractButton* button) {
+/// Qt's dialogs have buttons of these two classes, the shared controls have none.
+bool isQtButton(const QAbstractButton* button) {
     return qobject_cast<const QPushButton*>(button) || qobject_cast<const QToolButton*>(button);
 }
 
 QAccessibleInterface* newInterface(const QString&, QObject* object) {
     if (auto* control = dynamic_cast<AccessibleControl*>(object))
         return control->newAccessibleInterface();
-    if (auto* button = qobject_cast<QAbstractButton*>(object); button && !isOfToolkit(button))
+    if (auto* button = qobject_cast<QAbstractButton*>(object); button && !isQtButton(button))
         return newButtonInterface(button);
     if (auto* handle = qobject_cast<QSplitterHandle*>(object))
         return new QAccessibleWidget(handle, QAccessible::Separator);
     if (object->metaObject() == &QWidget::staticMetaObject)
         return new ContainerInterface(static_cast<QWidget*>(object));
-    return nullptr; // the toolkit's own will do
+    return nullptr; // Qt's default is sufficient
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-/// What the program tells assistive technology beside what the toolkit does by itself: how the kit's own
-/// controls present themselves, and what is to be read out although the focus is elsewhere.
+/// Accessibility beyond what Qt provides: interfaces of the shared controls, and announcements that are read
+/// out although the focus is elsewhere.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -12,7 +12,7 @@ class QWidget;
 
 namespace korvane {
 
-/// A widget of which the toolkit knows too little, and which therefore makes its accessible interface itself.
+/// A widget that creates its own accessible interface, because Qt's is insufficient.
 class AccessibleControl {
 public:
     AccessibleControl() = default;
@@ -20,19 +20,18 @@ public:
     AccessibleControl& operator=(const AccessibleControl&) = delete;
     virtual ~AccessibleControl() = default;
 
-    /// Makes an interface, which the toolkit keeps.
+    /// Creates an interface, which Qt owns.
     virtual QAccessibleInterface* newAccessibleInterface() = 0;
 };
 
-/// Has the toolkit use the interfaces of the kit's controls. Calling it again changes nothing.
+/// Makes Qt use the interfaces of the shared controls. Calling it again changes nothing.
 void installAccessibility();
 
-/// Gives `widget` its accessible name. Unlike the toolkit's way it says nothing to assistive technology where
-/// that is the name already.
+/// Sets the accessible name of `widget`. Unlike Qt's setter, sends no event if the name is unchanged.
 void setAccessibleName(QWidget& widget, const QString& name);
 
-/// A part of a screen that passes its name on: to the control in it that takes the focus, or to its own
-/// accessible name as what it acts on.
+/// A part of a screen that forwards its name: to the control in it that takes the focus, or into an
+/// accessible name that states what it acts on.
 class Named {
 public:
     Named() = default;
@@ -46,15 +45,16 @@ public:
 /// Names `part`, or the control that takes the focus for it.
 void giveName(QWidget& part, const std::string& name);
 
-/// The same for its description, what there is to say beside the name.
+/// Sets the accessible description of `widget`, which supplements its name. Sends no event if it is
+/// unchanged.
 void setAccessibleDescription(QWidget& widget, const std::string& description);
 
-/// Has assistive technology read out `text`, which has appeared somewhere in the window of `source`. It stays
-/// to be asked for by assistive technology for a few seconds.
+/// Makes assistive technology read out `text`, which has appeared in the window of `source`. The text can be
+/// queried for a few seconds.
 void announce(const QWidget& source, const QString& text);
 
-/// Announces what `text` reads whenever it has become another one, but for an empty one. What it reads at
-/// first is not announced: it is part of the screen that the user has come to.
+/// Announces the value of `text` whenever it has changed and is not empty. The initial value is not
+/// announced: it is part of the screen that the user has opened.
 void announceChanges(Store& store, const QWidget& source, const Reader<std::string>& text);
 
 } // namespace korvane

@@ -9,8 +9,8 @@ namespace korvane {
 
 namespace {
 
-/// Unlike the toolkit's own interface it always clicks, as the user does: the toolkit's merely turns a button
-/// of two states over, which tells the screen nothing.
+/// Unlike Qt's own interface it always clicks, as the user does: Qt's only toggles a checkable button,
+/// without notifying the screen.
 class ButtonInterface final : public QAccessibleWidget {
 public:
     explicit ButtonInterface(QAbstractButton* button) : QAccessibleWidget(button) {}
@@ -18,7 +18,7 @@ public:
     QAccessible::Role role() const override {
         if (!button().isCheckable())
             return QAccessible::Button;
-        // The button may not have been complete yet when this interface was made.
+        // Determined on request: this interface may be created before the button is set up completely.
         const bool isChoice = button().autoExclusive() || dynamic_cast<const ChoiceButton*>(&button());
         return isChoice ? QAccessible::RadioButton : QAccessible::CheckBox;
     }
@@ -37,7 +37,7 @@ public:
         return row ? row : QAccessibleWidget::parent();
     }
 
-    /// The tool tip of a button without a visible title says no more than its name.
+    /// Omits a tool tip that only repeats the name.
     QString text(QAccessible::Text kind) const override {
         const auto text = QAccessibleWidget::text(kind);
         return kind == QAccessible::Description && text == button().text() ? QString() : text;
@@ -55,7 +55,7 @@ public:
             QAccessibleWidget::doAction(name);
             return;
         }
-        // Who asks waits for the answer, and a click may open a dialog that runs for long.
+        // The caller waits for the reply, and a click may open a modal dialog.
         QMetaObject::invokeMethod(&button(), &QAbstractButton::click, Qt::QueuedConnection);
     }
 

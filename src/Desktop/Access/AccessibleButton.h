@@ -1,4 +1,4 @@
-/// How the kit's buttons, switches and segments present themselves to assistive technology, and answer it.
+/// The accessible interfaces of the shared buttons, switches and segments.
 #pragma once
 
 class QAbstractButton;
@@ -6,8 +6,8 @@ class QAccessibleInterface;
 
 namespace korvane {
 
-/// To be derived from by a checkable button that is one of several, of which one is checked at a time, unless
-/// the toolkit sees to that: it is a radio button then.
+/// A base class for a checkable button in a group of which one is checked at a time, where Qt does not ensure
+/// that itself. Such a button has the role of a radio button.
 class ChoiceButton {
 public:
     ChoiceButton() = default;

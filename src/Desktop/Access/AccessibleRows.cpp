@@ -47,7 +47,7 @@ public:
 
     void setText(QAccessible::Text, const QString&) override {}
 
-    /// What is seen of it; empty while nothing is.
+    /// The visible part; empty if there is none.
     QRect rect() const override { return m_rows.accessibleRowPlace(m_row).intersected(list()->rect()); }
 
     QAccessible::Role role() const override { return QAccessible::ListItem; }
@@ -79,7 +79,7 @@ public:
     }
 
     void doAction(const QString& action) override {
-        // Who asks waits for the answer, and this row may be gone once the list has done what is asked for.
+        // The caller waits for the reply, and the action may remove this row.
         const auto act = [&rows = m_rows, row = m_row, isPress = action == pressAction()] {
             if (row >= rows.accessibleRowCount())
                 return;
@@ -136,7 +136,7 @@ public:
     QAccessible::State state() const override {
         auto state = QAccessibleWidget::state();
         if (m_rows.accessibleCurrentRow() >= 0)
-            state.focused = false; // the row has it
+            state.focused = false; // the row has the focus
         return state;
     }
 
@@ -153,7 +153,7 @@ public:
 
 private:
     AccessibleRows& m_rows;
-    mutable std::map<int, QAccessible::Id> m_known; ///< the rows that were asked for
+    mutable std::map<int, QAccessible::Id> m_known; ///< the rows requested so far
 };
 
 } // namespace

@@ -1,5 +1,5 @@
-/// How lists that paint their rows themselves present them to assistive technology: as list items, however
-/// many there are, of which each is made only when it is asked for.
+/// Accessibility of lists that paint their rows themselves. Rows are list items; each is created only when it
+/// is requested.
 #pragma once
 
 #include "Desktop/Access/Accessibility.h"
@@ -15,13 +15,13 @@ namespace korvane {
 
 struct AccessibleRow {
     QString name{};
-    std::optional<bool> isExpanded{}; ///< none where there is nothing to unfold
+    std::optional<bool> isExpanded{}; ///< none for a row that cannot be expanded
     bool isSelected = false;
-    bool isEnabled = true;     ///< can be pressed, where rows can be
-    QWidget* button = nullptr; ///< that lies over the row, if there is one
+    bool isEnabled = true;     ///< can be pressed, in lists where rows can
+    QWidget* button = nullptr; ///< placed over the row; may be null
 };
 
-/// A control that lies over a row of a list and that assistive technology finds in this row.
+/// A control over a row of a list, which assistive technology finds as the row's child.
 class RowPart {
 public:
     RowPart() = default;
@@ -29,26 +29,26 @@ public:
     RowPart& operator=(const RowPart&) = delete;
     virtual ~RowPart() = default;
 
-    /// The object that stands for the row, or null while there is none.
+    /// The accessible object of the row; null while there is none.
     virtual QAccessibleInterface* accessibleRow() const = 0;
 };
 
-/// To be derived from by a widget beside its toolkit's class.
+/// A second base class of a list widget.
 class AccessibleRows : public AccessibleControl {
 public:
     virtual QWidget* rowsWidget() = 0;
 
-    /// What kind of list it is.
+    /// The role of the list.
     virtual QAccessible::Role accessibleRole() const { return QAccessible::List; }
 
     virtual int accessibleRowCount() const = 0;
     virtual AccessibleRow accessibleRow(int row) const = 0;
 
-    /// The row with the list's keyboard position, which has the focus when the list has it; -1 where no row
-    /// takes it.
+    /// The row at the list's keyboard position, which has the focus when the list has it; -1 if there is
+    /// none.
     virtual int accessibleCurrentRow() const = 0;
 
-    /// In the coordinates of the screen. What the list hides of it counts as well.
+    /// In screen coordinates, including what the list clips.
     virtual QRect accessibleRowPlace(int row) const = 0;
 
     /// -1 where there is none.
@@ -58,19 +58,19 @@ public:
     virtual bool canPressRows() const = 0;
     virtual void pressRow(int row) = 0;
 
-    /// Gives the list the focus and the row the list's keyboard position.
+    /// Focuses the list and moves its keyboard position to the row.
     virtual void focusRow(int row) = 0;
 
     QAccessibleInterface* newAccessibleInterface() final;
 
-    /// The object that stands for a row.
+    /// The accessible object of a row.
     QAccessibleInterface* rowInterface(int row);
 
 protected:
-    /// To be called when the rows have become others.
+    /// To be called when the rows have changed.
     void reportOtherRows();
 
-    /// To be called when the keyboard's position has moved to a row.
+    /// To be called when the keyboard position has moved to a row.
     void reportCurrentRow(int row);
 };
 

@@ -1,4 +1,4 @@
-/// The menus that open in texts and rows: one way to show them, whatever they offer.
+/// The context menus of texts and rows.
 #pragma once
 
 #include <QKeySequence>
@@ -14,16 +14,15 @@ namespace korvane {
 
 struct MenuCommand {
     QString title{};
-    QKeySequence keys{}; ///< shown beside the title; it is the control that answers them
+    QKeySequence keys{}; ///< shown beside the title; the control handles them
     std::function<void()> run{};
     bool isEnabled = true;
 };
 
-/// Opens a menu of `commands` at `place` on the screen. The commands run only while `owner` lives.
+/// Opens a menu of `commands` at `place` on the screen. The commands run only while `owner` exists.
 void showContextMenu(QWidget& owner, QPoint place, const std::vector<MenuCommand>& commands);
 
-/// The commands of a text that can be read and selected, but not changed. What `copy` copies without a
-/// selection is the whole text.
+/// The commands of a read-only text. Without a selection, `copy` must copy the whole text.
 std::vector<MenuCommand> readingCommands(std::function<void()> copy, std::function<void()> selectAll,
                                          bool isEnabled);
 

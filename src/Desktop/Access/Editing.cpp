@@ -9,7 +9,7 @@ namespace korvane {
 
 bool holdsText(const QWidget* control) {
     const bool isNumber = qobject_cast<const QAbstractSpinBox*>(control) != nullptr;
-    return isNumber || control->metaObject()->indexOfMethod("undo()") >= 0; // lists have some other slots
+    return isNumber || control->metaObject()->indexOfMethod("undo()") >= 0; // lists have other editing slots
 }
 
 bool answersTo(const QWidget* control, QKeySequence::StandardKey command) {

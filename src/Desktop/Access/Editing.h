@@ -1,4 +1,4 @@
-/// What the commands of an Edit menu can do in a control. Each does what its keys do there.
+/// The commands of an Edit menu, applied to a control. Each has the effect of its keys.
 #pragma once
 
 #include <QKeySequence>
@@ -7,7 +7,7 @@ class QWidget;
 
 namespace korvane {
 
-/// A control without a text to edit that answers to some of the commands.
+/// A control without an editable text that handles some of the commands.
 class CommandTarget {
 public:
     CommandTarget() = default;
@@ -18,14 +18,13 @@ public:
     virtual bool answersTo(QKeySequence::StandardKey command) const = 0;
 };
 
-/// Whether `control` holds a text that the user can go through. It need not be one that can be changed.
+/// Whether `control` has a text cursor. The text may be read-only.
 bool holdsText(const QWidget* control);
 
-/// Whether the keys of `command` do something in `control`: those for undoing and redoing, cutting, copying,
-/// pasting, and selecting all.
+/// Whether `control` handles the keys of `command`: undo, redo, cut, copy, paste or select all.
 bool answersTo(const QWidget* control, QKeySequence::StandardKey command);
 
-/// Presses the keys of `command` in `control`.
+/// Sends the keys of `command` to `control`.
 void pressKeys(QWidget* control, QKeySequence::StandardKey command);
 
 } // namespace korvane

@@ -16,13 +16,13 @@ namespace korvane {
 namespace {
 
 constexpr char primaryActionProperty[] = "korvanePrimaryAction";
-constexpr char neverFirstProperty[] = "korvaneNeverFirst";
-constexpr char neverSuccessorProperty[] = "korvaneNeverSuccessor";
+constexpr char notInitialProperty[] = "korvaneNotInitialFocus";
+constexpr char noHandoverProperty[] = "korvaneNoFocusHandover";
 
-/// Whether `control` takes the text which a tool works on. A text that is only shown is none.
+/// Whether `control` takes the text that a tool works on, which a read-only text does not.
 bool takesText(const QWidget* control) {
     return holdsText(control) && !control->property("readOnly").toBool() &&
-           !control->property(neverFirstProperty).toBool();
+           !control->property(notInitialProperty).toBool();
 }
 
 void addWidgets(const QLayout& layout, std::vector<QWidget*>& widgets) {
@@ -83,12 +83,12 @@ QWidget* previousStop(const std::vector<QWidget*>& order, const QWidget* control
     return found == order.rend() ? nullptr : *found;
 }
 
-bool isSuccessor(const QWidget* widget) {
-    return !widget->property(neverSuccessorProperty).toBool();
+bool canTakeFocusOver(const QWidget* widget) {
+    return !widget->property(noHandoverProperty).toBool();
 }
 
-QWidget* neverSucceeding(QWidget* control) {
-    control->setProperty(neverSuccessorProperty, true);
+QWidget* excludeFromFocusHandover(QWidget* control) {
+    control->setProperty(noHandoverProperty, true);
     return control;
 }
 
@@ -112,8 +112,8 @@ void markPrimaryAction(QWidget* control) {
     control->setProperty(primaryActionProperty, true);
 }
 
-void neverBeginWith(QWidget* control) {
-    control->setProperty(neverFirstProperty, true);
+void excludeFromInitialFocus(QWidget* control) {
+    control->setProperty(notInitialProperty, true);
 }
 
 } // namespace korvane

@@ -1,5 +1,5 @@
-/// The controls at which the Tab key stops, in the order in which one reads them. The toolkit's own order is
-/// that in which controls were made, so that one that comes later is last wherever it stands.
+/// The controls at which the Tab key stops, in reading order. Qt's own order is that of creation, in which a
+/// control that is created later comes last wherever it is.
 #pragma once
 
 #include <vector>
@@ -8,39 +8,40 @@ class QWidget;
 
 namespace korvane {
 
-/// Whether the Tab key stops at `widget` by now, which it does at controls that are shown and enabled.
+/// Whether the Tab key stops at `widget` in its present state: shown, enabled and focusable by Tab.
 bool isTabStop(const QWidget* widget);
 
-/// `part` of a window and all that is in it, as one reads it: what is in a layout in the layout's order, and
-/// what is placed freely behind that, from top to bottom and from left to right.
+/// `part` and all widgets in it, in reading order: those in a layout in the layout's order, then those placed
+/// freely, from top to bottom and from left to right.
 std::vector<QWidget*> readingOrder(QWidget& part);
 
-/// The stops among these.
+/// The tab stops in that order.
 std::vector<QWidget*> tabStops(QWidget& part);
 
-/// The stop nearest behind `control` in `order`, or before it; none if there is none up to that end. Without
-/// a control, the first stop or the last one.
+/// The nearest stop after or before `control` in `order`; null if there is none. Without a control, the first
+/// stop or the last one.
 QWidget* nextStop(const std::vector<QWidget*>& order, const QWidget* control);
 QWidget* previousStop(const std::vector<QWidget*>& order, const QWidget* control);
 
-/// Whether `widget` may have the focus that another control has lost. A button that takes back what has just
-/// been done may not: a key that was meant for the control before would press it.
-bool isSuccessor(const QWidget* widget);
+/// Whether `widget` may get the focus that another control has lost. Not a button that undoes what has just
+/// been done: a key meant for the previous control would press it.
+bool canTakeFocusOver(const QWidget* widget);
 
-/// Makes `control` one that is no successor; returns it.
-QWidget* neverSucceeding(QWidget* control);
+/// Makes `canTakeFocusOver` false for `control`; returns `control`.
+QWidget* excludeFromFocusHandover(QWidget* control);
 
 /// The widget that takes the keyboard focus for `widget`: the editor in a panel, or `widget` itself.
 QWidget* focusTarget(QWidget* widget);
 
-/// The control that has the focus in a fresh screen: what the user types into, else the action that the tool
-/// is there for, else the first one; none where there is no stop.
+/// The control that gets the focus in a new screen: the first text input, else the primary action, else the
+/// first tab stop; null if there is none.
 QWidget* firstControl(QWidget& screen);
 
-/// Marks `control` as an action that a tool is there for.
+/// Marks `control` as a primary action of its tool.
 void markPrimaryAction(QWidget* control);
 
-/// Has no fresh screen begin with `control`, which takes text but not what its tool is about.
-void neverBeginWith(QWidget* control);
+/// Excludes `control` from the text inputs that a new screen focuses, for a text that the tool does not work
+/// on.
+void excludeFromInitialFocus(QWidget* control);
 
 } // namespace korvane

@@ -1,4 +1,4 @@
-/// What a control does when it is used.
+/// The operation of a control.
 #pragma once
 
 #include "Desktop/Binding/Callable.h"
@@ -10,9 +10,9 @@
 
 namespace korvane {
 
-/// An operation that a control has its store perform, with the values that the user chose. It is made from
-/// anything that `Store::perform` takes, or from what can be called with the values alone and does not change
-/// the state.
+/// An operation that a control performs on its store, with the values that the user chose. It is constructed
+/// from anything that `Store::perform` takes, or from a callable that takes only the values and does not
+/// change the state.
 template <typename... Values>
 class Action {
 public:

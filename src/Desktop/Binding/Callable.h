@@ -1,4 +1,4 @@
-/// What the type of a callable tells: the state that it reads or changes, which is its first parameter.
+/// Derives the state that a callable reads or changes from its type: it is the first parameter.
 #pragma once
 
 #include <type_traits>
@@ -13,8 +13,8 @@ struct FirstOfCall<Result (Callable::*)(First, Rest...) const> {
     using Type = std::remove_cvref_t<First>;
 };
 
-/// `Type` is the class of a pointer to a member, or what a function or lambda takes first, without reference
-/// and const. A callable with overloads or templates has none.
+/// `Type` is the class of a pointer to a member, or the first parameter of a function or lambda, without
+/// reference and const. Overloaded or templated callables have none.
 template <typename Callable>
 struct FirstParameter {};
 
@@ -32,7 +32,7 @@ template <typename Callable>
     requires requires { &Callable::operator(); }
 struct FirstParameter<Callable> : FirstOfCall<decltype(&Callable::operator())> {};
 
-/// The state that a reader or an operation is made for.
+/// The state type of a reader or an operation.
 template <typename Callable>
 using StateOf = typename FirstParameter<Callable>::Type;
 

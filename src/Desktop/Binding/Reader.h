@@ -1,4 +1,4 @@
-/// How a control reads a value.
+/// The source of a value that a control shows.
 #pragma once
 
 #include "Desktop/Binding/Callable.h"
@@ -11,15 +11,13 @@
 
 namespace korvane {
 
-/// Whether `Read` can be invoked with the state that it is made for: a field, a member function, a function
-/// or a lambda.
+/// Whether `Read` can be invoked with its state type: a field, a member function, a function or a lambda.
 template <typename Read>
 concept StateReader =
     requires { typename StateOf<Read>; } && std::invocable<const Read&, const StateOf<Read>&>;
 
-/// Reads a `Value` from the state of a store, from anything that can be called without arguments, or a
-/// constant. `Value` may be a reference to const, for a text that is too large to be copied: then only what
-/// returns a reference can be read.
+/// Reads a `Value` from the state of a store, from a callable without arguments, or from a constant. `Value`
+/// may be a reference to const, for texts too large to copy; then readers must return a reference.
 template <typename Value>
 class Reader {
 public:

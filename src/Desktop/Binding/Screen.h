@@ -34,13 +34,13 @@ private:
     std::unique_ptr<QWidget> m_body;
 };
 
-/// A fresh screen with the default state.
+/// A new screen with the default state.
 template <typename State>
 QWidget* makeScreen(Services& services, QWidget* (*body)(Store&)) {
     return new Screen(services, State(), body);
 }
 
-/// A fresh screen that begins with an operation.
+/// A new screen with the default state, on which `appear` is performed.
 template <typename State, typename Operation>
 QWidget* makeScreen(Services& services, QWidget* (*body)(Store&), Operation appear) {
     auto* screen = new Screen(services, State(), body);

@@ -1,5 +1,5 @@
-/// A `Store` holds the state of a screen. An operation changes the state, and then every control reads it
-/// again; no control is ever told about another. Controls are tied to it by a `Reader` and an `Action`.
+/// A `Store` holds the state of a screen. After every operation on the state, all controls read it again;
+/// controls do not know each other. A `Reader` and an `Action` connect a control to the store.
 #pragma once
 
 #include "Desktop/Binding/Callable.h"
@@ -31,7 +31,7 @@ public:
 
     WidthClass& widthClass() { return m_widthClass; }
 
-    /// The state, which is of the type that the store was made with.
+    /// The state. `State` must be the type that the store was constructed with.
     template <typename State>
     const State& state() const {
         const auto* state = std::any_cast<State>(&m_state);
@@ -40,9 +40,8 @@ public:
     }
 
     /// Changes the state and refreshes the controls. An operation is anything that can be invoked with a
-    /// `State&` and the arguments, and, if it reaches beyond the state, with a `Context<State>` behind these.
-    /// Does nothing while the controls are being refreshed: a control that is only brought up to date must
-    /// not act. Nor does it once the store is closed.
+    /// `State&` and the arguments, followed by a `Context<State>` if it uses services. Does nothing during a
+    /// refresh, in which controls only update and must not act, or once the store is closed.
     template <typename Operation, typename... Arguments>
     void perform(const Operation& operation, Arguments&&... arguments) {
         using State = StateOf<Operation>;
@@ -57,7 +56,7 @@ public:
         refresh();
     }
 
-    /// What an operation gets that reaches beyond the state.
+    /// The context of an operation that uses services or changes the state later.
     template <typename State>
     Context<State> context() {
         return {m_services,
@@ -70,22 +69,22 @@ public:
     /// Calls `refresher` now and after every operation.
     void onRefresh(std::function<void()> refresher);
 
-    /// Calls `then` with what `text` reads whenever that has changed, unless it is empty. What it reads at
-    /// first does not count as a change.
+    /// Calls `then` with the value of `text` whenever it has changed and is not empty. The initial value does
+    /// not count as a change.
     void onNewText(std::function<std::string()> text, std::function<void(const std::string&)> then);
 
-    /// Has every control read the state again. Controls leave alone what has not changed, so this is cheap.
+    /// Makes every control read the state again. Controls update only what has changed, so this is cheap.
     void refresh();
 
-    /// Ends all operations and refreshes: to be called before the controls are destroyed, while the state
-    /// can still be read.
+    /// Stops all later operations and refreshes. Must be called before the controls are destroyed, while the
+    /// state can still be read.
     void close();
 
-    /// How many operations have been performed.
+    /// The number of performed operations.
     int operationCount() const { return m_operations; }
 
 private:
-    /// Whether an operation may run, which is then counted.
+    /// Returns whether an operation may run; counts it if so.
     bool beginOperation();
 
     Services& m_services;

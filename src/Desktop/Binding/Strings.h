@@ -1,4 +1,4 @@
-/// The way between the program's UTF-8 texts and the toolkit's strings.
+/// Conversions between the program's UTF-8 texts and Qt's strings.
 #pragma once
 
 #include <QString>
@@ -10,7 +10,7 @@
 namespace korvane {
 
 inline QString qString(std::string_view utf8) {
-    // The plain conversion would swallow a byte-order mark at the start, which belongs to the text.
+    // The default conversion drops a byte-order mark at the start, which is part of the text.
     QStringDecoder decode(QStringDecoder::Utf8,
                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     return decode.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));

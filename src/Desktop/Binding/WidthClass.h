@@ -1,4 +1,4 @@
-/// Whether a screen is narrow, for the controls that then take less room.
+/// Whether a screen is narrow, for controls that then become more compact.
 #pragma once
 
 #include <QObject>

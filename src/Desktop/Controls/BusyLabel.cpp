@@ -15,14 +15,14 @@ namespace korvane {
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int busyRing = 14;
-constexpr int busyRingWidth = 2;
+constexpr int ringSize = 14;
+constexpr int ringWidth = 2;
 
 class BusyRing final : public QWidget {
 public:
-    /// `text` is what it shows beside it.
+    /// `text`, which is shown beside the ring, is announced when the ring appears.
     explicit BusyRing(std::string_view text) : m_text(qString(text)) {
-        setFixedSize(Theme::px(busyRing), Theme::px(busyRing));
+        setFixedSize(Theme::px(ringSize), Theme::px(ringSize));
     }
 
 protected:
@@ -41,7 +41,7 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const double width = Theme::px(busyRingWidth);
+        const double width = Theme::px(ringWidth);
         const auto circle = QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2);
         painter.setPen(QPen(Theme::color(Theme::Role::controlHover), width));
         painter.drawEllipse(circle);
@@ -51,7 +51,7 @@ protected:
 
 private:
     static constexpr int frame = 33;           // milliseconds
-    static constexpr int fullTurn = 360 * 16;  // as the toolkit measures angles
+    static constexpr int fullTurn = 360 * 16;  // in Qt's unit of angles
     static constexpr int step = fullTurn / 30; // one turn a second
 
     QString m_text;

@@ -1,4 +1,4 @@
-/// A ring that turns, and a text beside it that says what goes on.
+/// A turning ring beside a text that describes the running work.
 #pragma once
 
 #include <string_view>
@@ -7,7 +7,7 @@ class QWidget;
 
 namespace korvane {
 
-/// Turns while it is visible. How far the work has got is not known here.
+/// The ring turns while it is visible. It shows no progress.
 QWidget* busyLabel(std::string_view text);
 
 } // namespace korvane

@@ -58,7 +58,7 @@ void GlyphButton::setTitle(std::string_view title) {
     if (text == this->text())
         return;
     setText(text);
-    setShortcut({}); // an ampersand in a title is one
+    setShortcut({}); // Qt would derive one from an ampersand in the title
     updateAccessibleName();
     updateGeometry();
 }
@@ -204,7 +204,7 @@ int QuietButton::width(std::string_view title, bool isCompact) {
 QColor QuietButton::background() const {
     if (isDown())
         return Theme::color(Role::controlPressed);
-    const bool isHighlighted = m_highlighted.progress() > 0; // which is readable on the ground of rest only
+    const bool isHighlighted = m_highlighted.progress() > 0; // readable only on the normal background
     if (underMouse() && isEnabled() && !isHighlighted)
         return Theme::color(m_options.isOverlay ? Role::overlayHover : Role::controlHover);
     if (m_options.isPlain)
@@ -216,7 +216,7 @@ void QuietButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (!isEnabled())
         painter.setOpacity(Theme::disabledOpacity);
-    if (m_options.isOverlay && isDown()) // what it lies over must not shine through
+    if (m_options.isOverlay && isDown()) // the text below it must not show through
         paintBackground(painter, Theme::color(Role::overlayFill));
     paintBackground(painter, background());
     const bool isHovered = underMouse() && isEnabled();
@@ -242,7 +242,7 @@ void PushToggle::paintEvent(QPaintEvent*) {
     if (!isEnabled())
         painter.setOpacity(Theme::disabledOpacity);
     const bool isHovered = underMouse() && isEnabled();
-    const bool isLit = isHovered || isDown(); // on a ground too strong for anything fainter
+    const bool isLit = isHovered || isDown(); // this background needs the strongest text colour
     if (isChecked()) {
         const auto tint = isDown() ? Theme::Tint::togglePressed
                                    : (isHovered ? Theme::Tint::toggleHover : Theme::Tint::toggle);
@@ -316,8 +316,8 @@ QWidget* copyButton(Store& store, const Reader<std::string>& text, const CopyBut
     const Context<CopyButton> context{
         store.services(),
         [weakState = std::weak_ptr(state), target = QPointer(button), show](const auto& change) {
-            if (const auto living = weakState.lock(); living && target) {
-                change(*living);
+            if (const auto locked = weakState.lock(); locked && target) {
+                change(*locked);
                 show();
             }
         }};
@@ -325,7 +325,7 @@ QWidget* copyButton(Store& store, const Reader<std::string>& text, const CopyBut
                      [state, text = text.of(store), context, show] {
                          state->text = text();
                          state->copyToClipboard(context);
-                         state->text.clear(); // it may be large, or secret
+                         state->text.clear(); // it may be large or secret
                          show();
                      });
     return button;

@@ -1,5 +1,5 @@
-/// The buttons of the kit. All of them are painted here, from the theme, and are real buttons to keyboard and
-/// assistive technology.
+/// The shared buttons. They are painted with the theme, and are real buttons to keyboard and assistive
+/// technology.
 #pragma once
 
 #include "Desktop/Access/Accessibility.h"
@@ -24,11 +24,11 @@ namespace korvane {
 class WidthClass;
 struct CopyButton;
 
-/// Presses `control` if it is a button and `event` one of the keys that press it beside Space, which the
-/// toolkit knows; returns whether it is. To be called for a key that `control` itself has no use for.
+/// Presses `control` if it is a button and `event` is Return or Enter without modifiers; returns whether it
+/// is. Qt itself handles Space. To be called for a key that `control` has not accepted.
 bool pressByReturn(QWidget* control, const QKeyEvent& event);
 
-/// A button with a glyph and a title; how it looks is its subclass's matter.
+/// A button with a glyph and a title, painted by its subclasses.
 class GlyphButton : public QAbstractButton, public RowPart {
 public:
     GlyphButton(std::string_view title, std::string_view icon);
@@ -42,14 +42,14 @@ public:
 
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-    /// To assistive technology the button is a part of a row of `list`, over which it lies; `row` tells of
-    /// which, or -1.
+    /// Makes the button the accessible child of a row of `list`, over which it is placed; `row` returns the
+    /// row, or -1 for none.
     void setRow(AccessibleRows& list, std::function<int()> row);
 
     QAccessibleInterface* accessibleRow() const override;
 
 protected:
-    /// How glyph and title are set. Sizes are in pixels at a 13-pixel body text.
+    /// The arrangement of glyph and title. Sizes are in pixels at a 13-pixel body text.
     struct Metrics {
         Theme::TextStyle style;
         int height;
@@ -63,12 +63,12 @@ protected:
 
     virtual bool showsTitle() const { return true; }
 
-    /// What the button acts on, added to its title for its accessible name.
+    /// The object that the button acts on, appended to its title in its accessible name.
     virtual std::string subject() const { return {}; }
 
     void updateAccessibleName();
 
-    /// Paints the rounded background, with an outline where one is given.
+    /// Paints the rounded background, with an outline if `outline` is valid.
     void paintBackground(QPainter& painter, const QColor& fill, const QColor& outline = {}) const;
     void paintContent(QPainter& painter, const QColor& color) const;
     void enterEvent(QEnterEvent* event) override;
@@ -78,7 +78,7 @@ protected:
     std::string m_icon;
 
 private:
-    AccessibleRows* m_rows = nullptr; ///< its ancestor's, if any
+    AccessibleRows* m_rows = nullptr; ///< the list of its row, if any
     std::function<int()> m_row{};
 };
 
@@ -98,11 +98,11 @@ private:
 };
 
 struct QuietButtonOptions {
-    bool showLabel = true;   ///< without its label it is a small square
-    bool dropsLabel = false; ///< in a narrow screen, where it keeps its height
-    bool isOverlay = false;  ///< lies over text, so it is opaque
+    bool showLabel = true;   ///< a button without a label is a small square
+    bool dropsLabel = false; ///< in a narrow screen; the height does not change
+    bool isOverlay = false;  ///< is over text and therefore opaque
     bool isPlain = false;    ///< no background until the pointer is over it
-    std::string subject{};   ///< what it acts on, where the title alone does not say; for the name only
+    std::string subject{};   ///< the object that it acts on, for the accessible name
 };
 
 /// A secondary action, in the secondary colour on a faint background.
@@ -110,12 +110,12 @@ class QuietButton final : public GlyphButton, public Named {
 public:
     QuietButton(std::string_view title, std::string_view icon, QuietButtonOptions options = {});
 
-    /// Drops the label, or brings it back, of a button whose label may be dropped.
+    /// Drops or restores the label, if it may be dropped.
     void setCompact(bool compact);
 
     bool isCompact() const { return m_compact; }
 
-    /// Names what it acts on, which may change; see `QuietButtonOptions`.
+    /// Sets `QuietButtonOptions::subject`.
     void setName(const std::string& subject) override;
 
     /// The colour of glyph and title, or none for the secondary colour. Changes are animated.
@@ -123,7 +123,7 @@ public:
 
     QSize sizeHint() const override;
 
-    /// The width of a button with a glyph and this title, which has been dropped or not.
+    /// The width of a button with a glyph and this title, which a compact button drops.
     static int width(std::string_view title, bool isCompact);
 
 protected:
@@ -154,8 +154,8 @@ private:
     PaletteColor m_color;
 };
 
-/// The main action of a screen. While `isDisabled` reads true it is gray and does not react; with an empty
-/// name of a glyph the title stands alone.
+/// The main action of a screen. While `isDisabled` is true it is gray and does not react; an empty icon name
+/// leaves only the title.
 QWidget* actionButton(Store& store, const Reader<std::string>& title, const Reader<std::string>& icon,
                       const Reader<PaletteColor>& color, const Action<>& action,
                       const Reader<bool>& isDisabled = false);
@@ -163,31 +163,31 @@ QWidget* actionButton(Store& store, const Reader<std::string>& title, const Read
 QWidget* quietButton(Store& store, const Reader<std::string>& title, std::string_view icon,
                      const Action<>& action, QuietButtonOptions look = {});
 
-/// Sets the text that is on the clipboard.
+/// Calls `setText` with the text on the clipboard.
 QWidget* pasteButton(Store& store, const Action<std::string>& setText,
                      QuietButtonOptions look = {.dropsLabel = true});
 
-/// Sets an empty text.
+/// Calls `setText` with an empty text.
 QWidget* clearButton(Store& store, const Action<std::string>& setText);
 
 struct CopyButtonOptions {
     std::string label = "Copy";
     std::string_view icon = "doc.on.doc";
     QuietButtonOptions look{};
-    bool isSecret = false; ///< the text is marked as one that is not to be kept
+    bool isSecret = false; ///< the copied text is marked as not to be stored
 };
 
-/// Copies what `text` reads at the time of the press.
+/// Copies the value of `text` at the time of the press.
 QWidget* copyButton(Store& store, const Reader<std::string>& text, const CopyButtonOptions& options = {});
 
-/// Copies by an operation, where the feedback is kept in the screen's own state.
+/// Copies by an operation; the feedback is part of the screen's state.
 QWidget* copyButton(Store& store, const Reader<bool>& copied, const Action<>& copy,
                     const QuietButtonOptions& look = {});
 
-/// Shows the state of a copy button, and announces that something was copied.
+/// Shows the state of a copy button, and announces a copy.
 void display(QuietButton& button, const CopyButton& state);
 
-/// Has `button` drop its label, if it may, while the screen is narrow.
+/// Makes `button` drop its label, if it may, while the screen is narrow.
 void followWidth(QuietButton& button, const WidthClass& widthClass);
 
 /// A switch drawn as a push button.

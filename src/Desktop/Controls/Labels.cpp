@@ -85,8 +85,8 @@ private:
     bool m_isSmall;
 };
 
-/// How the text of a label breaks in `width`. By itself the toolkit breaks a text already where its last
-/// letter leans out of the width of the whole.
+/// The wrapping flag for the label's text in `width`. Qt alone would wrap a text even where only the overhang
+/// of its last letter exceeds the width.
 int wrapping(const QLabel& label, int width) {
     return width < label.sizeHint().width() ? Qt::TextWordWrap : Qt::TextSingleLine;
 }

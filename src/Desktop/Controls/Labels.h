@@ -1,4 +1,4 @@
-/// What a screen shows but does not change: texts, headings, the header tile, badges.
+/// The read-only parts of a screen: texts, headings, the header tile, badges.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -15,8 +15,8 @@
 
 namespace korvane {
 
-/// A line of text in one of the theme's styles. Its text may be shortened at the end when it does not fit,
-/// and then a tool tip shows it whole.
+/// A line of text in one of the theme's styles. A text that does not fit is elided at the end, and a tool tip
+/// shows it in full.
 class Label final : public QLabel {
 public:
     Label(std::string_view text, Theme::TextStyle style, Theme::Ink ink = Theme::Role::primary);
@@ -24,7 +24,7 @@ public:
     void display(std::string_view text);
     void setInk(Theme::Ink ink);
 
-    /// Takes the height of so many lines, over which the text is wrapped before it is shortened.
+    /// Sets the height in lines, over which the text is wrapped before it is elided.
     void setLineCount(int lines);
 
     QSize sizeHint() const override;
@@ -40,8 +40,7 @@ private:
     int m_lineCount = 1;
 };
 
-/// A glyph that stands for nothing by itself, painted in a role's colour, a named colour, or the brand's
-/// gradient.
+/// A decorative glyph, painted in a role's colour, a named colour, or the brand's gradient.
 class GlyphLabel final : public QWidget {
 public:
     struct Brand {};
@@ -62,7 +61,7 @@ private:
     double m_opacity;
 };
 
-/// The colours of a status on its tint, around a message that wraps when it is long.
+/// A message with a status glyph, on a tint of the status colour. Long messages wrap.
 class StatusBadgeLabel final : public QLabel {
 public:
     StatusBadgeLabel();
@@ -88,37 +87,37 @@ private:
 
 QWidget* toolHeader(Tool tool);
 
-/// A badge while `badge` reads one. Each new message is announced and brought into view.
+/// A badge, visible while `badge` has a value. Each new message is announced and scrolled into view.
 QWidget* statusBadge(Store& store, const Reader<std::optional<StatusBadge>>& badge);
 
-/// A message in red while `message` reads one, which is announced and brought into view too.
+/// A red message, visible while `message` has a value; also announced and scrolled into view.
 QWidget* errorMessage(Store& store, const Reader<std::optional<std::string>>& message);
 
 struct LabelOptions {
-    int width = 0; ///< in pixels at a 13-pixel body text; 0: as wide as the text, or less where room is short
+    int width = 0; ///< in pixels at a 13-pixel body text; 0: the text's width, or less if space is short
     Qt::Alignment alignment = Qt::AlignLeft;
-    std::string_view asWideAs{}; ///< a text whose width it has instead, such as the widest in a column
-    int lineCount = 1;           ///< over how many lines the text may be wrapped
+    std::string_view asWideAs{}; ///< a text that determines the width instead, such as the widest in a column
+    int lineCount = 1;           ///< the number of lines over which the text may wrap
 };
 
-/// A line of text, shortened with an ellipsis where room is short.
+/// A line of text, elided at the end where space is short.
 QWidget* textLabel(Store& store, const Reader<std::string>& text, Theme::TextStyle style,
                    Theme::Ink ink = Theme::Role::primary, const LabelOptions& options = {});
 
 /// A line in small secondary text.
 QWidget* caption(Store& store, const Reader<std::string>& text);
 
-/// A short title in white on a badge of a colour. A small one is for dense rows.
+/// A short title on a filled badge. A small one is for dense rows.
 QWidget* tag(std::string_view title, PaletteColor color, bool isSmall = false);
 
-/// What an empty place says instead of its content: a glyph above a text, in the middle.
+/// The placeholder of empty content: a centred glyph above a text.
 QWidget* emptyPrompt(Store& store, std::string_view icon, const Reader<std::string>& text,
                      Theme::TextStyle style = Theme::TextStyle::body);
 
-/// `widget`; what `text` reads is announced whenever it has changed.
+/// `widget`; the value of `text` is announced whenever it has changed.
 QWidget* announcing(Store& store, const Reader<std::string>& text, QWidget* widget);
 
-/// `widget`; what `text` reads is its description for assistive technology.
+/// `widget`; the value of `text` is its accessible description.
 QWidget* described(Store& store, const Reader<std::string>& text, QWidget* widget);
 
 } // namespace korvane

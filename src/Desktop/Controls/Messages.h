@@ -1,4 +1,4 @@
-/// Messages that appear by themselves, in answer to what the user did: nobody is to miss one.
+/// Messages that appear in response to the user and must not go unnoticed.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -9,8 +9,8 @@ class QWidget;
 
 namespace korvane {
 
-/// Has what `text` reads read out by assistive technology, and `place`, which shows it, scrolled into view,
-/// whenever it has become another message.
+/// Whenever the message `text` changes and is not empty, announces it to assistive technology and scrolls
+/// `place`, which shows it, into view.
 void reportMessages(Store& store, QWidget& place, const Reader<std::string>& text);
 
 } // namespace korvane

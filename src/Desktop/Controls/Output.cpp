@@ -8,7 +8,7 @@ namespace korvane {
 
 namespace {
 
-/// What a button without a label takes of the text's width, in pixels at a 13-pixel body text.
+/// The width of the text that a button without a label covers, in pixels at a 13-pixel body text.
 constexpr int iconButtonRoom = 40;
 
 } // namespace
@@ -18,7 +18,7 @@ QWidget* output(Store& store, const Reader<const std::string&>& text, const Read
     options.buttonRoom = iconButtonRoom;
     const auto read = text.of(store);
     auto* button = copyButton(store, read, {.look = {.showLabel = false, .isOverlay = true}});
-    auto* whole = overlay(textView(store, text, placeholder, options), button);
+    auto* whole = overlay(readOnlyEditor(store, text, placeholder, options), button);
     when(store, [read] { return !read().empty(); }, button);
     return whole;
 }

@@ -1,4 +1,4 @@
-/// A text that a tool has made, with a button that copies it.
+/// A tool's output text, with a button that copies it.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -10,7 +10,7 @@ class QWidget;
 
 namespace korvane {
 
-/// The text can be selected too. The button over its corner is there while there is a text.
+/// The text can be selected. The button over its corner is visible while the text is not empty.
 QWidget* output(Store& store, const Reader<const std::string&>& text, const Reader<std::string>& placeholder,
                 CodeEditorOptions options = {});
 

@@ -9,8 +9,8 @@ class QWidget;
 
 namespace korvane {
 
-/// A heading above `content`: a glyph, while `icon` names one, and the title in upper case; at its right end
-/// `trailing`, where there is one. The content takes the title as its accessible name.
+/// A heading above `content`: a glyph unless `icon` is empty, the title in upper case, and the optional
+/// `trailing` at the right end. The title is the accessible name of the content.
 QWidget* section(Store& store, const Reader<std::string>& title, const Reader<std::string>& icon,
                  QWidget* content, QWidget* trailing = nullptr);
 

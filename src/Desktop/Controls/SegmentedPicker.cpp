@@ -26,14 +26,14 @@ using Theme::TextStyle;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int segmentedHeight = 32;
-constexpr int segmentedInset = 2;
+constexpr int pickerHeight = 32;
+constexpr int pickerInset = 2;
 constexpr int segmentGap = 5;
 constexpr int segmentPadding = 10;
 
 class Segment final : public QRadioButton {
 public:
-    /// `padding` is what is kept free on either side of the title.
+    /// `padding` is the free space on either side of the title.
     Segment(const std::string& title, std::string icon, int padding)
         : m_icon(std::move(icon)), m_padding(Theme::px(padding)) {
         setText(qString(title));
@@ -52,7 +52,7 @@ public:
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
 
-    /// Qt moves between the segments with the arrow keys; Home and End go to the first and the last.
+    /// Qt handles the arrow keys; Home and End go to the first and the last segment.
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() != Qt::Key_Home && event->key() != Qt::Key_End)
             return QRadioButton::keyPressEvent(event);
@@ -99,7 +99,7 @@ private:
     int m_padding;
 };
 
-/// What the segments lie on, which is what assistive technology calls the picker.
+/// The background of the segments, which is the picker for assistive technology.
 class Track final : public Surface, public AccessibleControl {
 public:
     Track() : Surface([] { return Theme::color(Role::controlFill); }, Size::radiusMedium) {}
@@ -116,9 +116,9 @@ QWidget* segmentedPicker(Store& store, std::string_view name, const Segments& se
                          SegmentLook look) {
     auto* track = new Track;
     track->setAccessibleName(qString(name));
-    track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // however much its segments would grow
-    track->setFixedHeight(Theme::px(segmentedHeight));
-    constexpr auto inset = segmentedInset;
+    track->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // its segments would grow
+    track->setFixedHeight(Theme::px(pickerHeight));
+    constexpr auto inset = pickerInset;
     fill(track, Qt::Horizontal, {.spacing = 0, .padding = {inset, inset, inset, inset}}, {});
     auto* layout = static_cast<QBoxLayout*>(track->layout());
     const bool isEven = look == SegmentLook::even;
@@ -134,14 +134,14 @@ QWidget* segmentedPicker(Store& store, std::string_view name, const Segments& se
                              if (isOn)
                                  select(index);
                          });
-        // The Tab key stops at the chosen segment only; the arrow keys go on from there.
+        // The Tab key stops only at the chosen segment; the arrow keys continue from there.
         store.onRefresh([segment, index, selected = selected.of(store)] {
             const bool isChosen = selected() == index;
             segment->setChecked(isChosen);
             segment->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus);
         });
     }
-    if (width > 0) // but titles are never cut off, whatever the font
+    if (width > 0) // or wider, so that titles are not cut off in any font
         track->setFixedWidth(std::max(Theme::px(width), layout->sizeHint().width()));
     return track;
 }

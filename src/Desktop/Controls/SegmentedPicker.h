@@ -1,4 +1,4 @@
-/// A choice of one among a few, all of them visible side by side.
+/// A choice of one of a few values, all visible side by side.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -17,8 +17,8 @@ namespace korvane {
 
 enum class SegmentLook {
     even,      ///< all of one width
-    natural,   ///< each with the room that its title needs, and a share of what is left
-    withIcons, ///< the same, with the glyphs of the values before the titles
+    natural,   ///< each as wide as its title needs, plus an equal share of the rest
+    withIcons, ///< the same, with the values' glyphs before the titles
 };
 
 struct Segments {
@@ -26,12 +26,12 @@ struct Segments {
     std::vector<std::string> icons; ///< before the titles; empty: none
 };
 
-/// One of a few segments is chosen. `name` is the accessible name of the whole; `width` is at least taken, in
-/// pixels at a 13-pixel body text, and 0 stands for what the titles need.
+/// `name` is the accessible name of the whole; `width` is the minimum width, in pixels at a 13-pixel body
+/// text, and 0 means the width that the titles need.
 QWidget* segmentedPicker(Store& store, std::string_view name, const Segments& segments,
                          const Reader<int>& selected, const Action<int>& select, int width, SegmentLook look);
 
-/// A segment for each case of the enumeration that `read` reads, with its title.
+/// A segment for each case of the enumeration that `read` returns, with its title.
 template <typename Read, typename Set>
 QWidget* segmentedPicker(Store& store, std::string_view name, Read read, const Set& set, int width,
                          SegmentLook look = SegmentLook::even) {

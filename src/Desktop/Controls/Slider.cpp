@@ -29,15 +29,15 @@ namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
 constexpr int sliderTrack = 4;
-constexpr int sliderMinimumWidth = 60;
+constexpr int minWidth = 60;
 
-/// Into how many positions a continuous slider is divided: finer than any screen.
+/// The number of positions of a continuous slider, finer than any screen.
 constexpr int finePositions = 10'000;
 
-/// How many steps a page key goes.
+/// The number of steps of a page key.
 constexpr int stepsOfPage = 10;
 
-/// How many steps `action` goes up; none where it does not go by steps.
+/// The number of steps that `action` goes up; none if it does not go by steps.
 std::optional<int> stepsOf(int action) {
     switch (action) {
     case QAbstractSlider::SliderSingleStepAdd:
@@ -59,13 +59,13 @@ public:
         : QSlider(Qt::Horizontal), m_options(options), m_set(std::move(set)) {
         setMaximum(options.isContinuous ? finePositions : stepAt(options.maximum) - stepAt(options.minimum));
         setFocusPolicy(Qt::TabFocus);
-        setMinimumWidth(Theme::px(sliderMinimumWidth));
+        setMinimumWidth(Theme::px(minWidth));
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         giveFocusRing(this, this, Size::sliderHeight / 2);
         connect(this, &QSlider::valueChanged, this, [this] { m_set(chosenValue()); });
         connect(this, &QSlider::actionTriggered, this, [this](int action) {
             if (const auto steps = stepsOf(action)) {
-                setSliderPosition(value()); // which the action has moved already
+                setSliderPosition(value()); // the action has moved it already
                 stepBy(*steps);
             }
         });
@@ -79,7 +79,7 @@ public:
 
     double shownValue() const { return std::clamp(m_value, m_options.minimum, m_options.maximum); }
 
-    /// Chooses a value that may lie between two positions, where the slider is continuous.
+    /// Sets a value, which may be between two positions of a continuous slider.
     void choose(double value) {
         if (m_options.isContinuous)
             m_set(std::clamp(value, m_options.minimum, m_options.maximum));
@@ -112,7 +112,7 @@ protected:
 
     void wheelEvent(QWheelEvent* event) override {
         if (!hasFocus())
-            return event->ignore(); // whoever scrolls past it means what is around it
+            return event->ignore(); // an unfocused slider must not intercept scrolling
         m_wheelTurn += event->angleDelta().y() * QApplication::wheelScrollLines();
         stepBy(m_wheelTurn / QWheelEvent::DefaultDeltasPerStep);
         m_wheelTurn %= QWheelEvent::DefaultDeltasPerStep;
@@ -120,7 +120,7 @@ protected:
     }
 
 private:
-    /// The last step that is not above `value`.
+    /// The highest step that is not above `value`.
     int stepAt(double value) const { return static_cast<int>(std::floor(value * m_options.stepsOfOne)); }
 
     double valueAt(int step) const {
@@ -128,7 +128,7 @@ private:
         return stepAt(value) < step ? std::nextafter(value, m_options.maximum) : value;
     }
 
-    /// What the pointer has chosen.
+    /// The value at the slider's position.
     double chosenValue() const {
         if (!m_options.isContinuous)
             return valueAt(stepAt(m_options.minimum) + value());
@@ -144,11 +144,11 @@ private:
 
     SliderOptions m_options;
     std::function<void(double)> m_set;
-    double m_value = 0;  // as the screen has it
+    double m_value = 0;  // the value in the screen's state
     int m_wheelTurn = 0; // since the last step
 };
 
-/// Tells the value in the units of the screen; the toolkit's interface knows positions only.
+/// Reports the value in the screen's units; Qt's interface knows positions only.
 class SliderInterface final : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit SliderInterface(Slider* slider) : QAccessibleWidget(slider, QAccessible::Slider) {}

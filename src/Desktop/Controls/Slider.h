@@ -14,15 +14,15 @@ namespace korvane {
 struct SliderOptions {
     double minimum = 0; ///< not negative
     double maximum = 1;
-    int stepsOfOne = 100;     ///< how many steps of the arrow keys make 1; both ends lie on a step
-    bool isContinuous = true; ///< whether the pointer also chooses values between two steps
+    int stepsOfOne = 100;                    ///< the number of steps from 0 to 1; both ends are on a step
+    bool isContinuous = true;                ///< whether the pointer can also choose values between steps
     PaletteColor color = PaletteColor::blue; ///< of the track up to the value
 };
 
-/// A value beyond the ends is shown at the end and stays what it is until the user moves the slider. The keys
-/// and, while the slider has the focus, the wheel go from step to step, wherever between two of them the
-/// value is. The value of step `n` is never less than `n / stepsOfOne`: a screen that cuts off what follows
-/// the whole steps shows `n`.
+/// A value outside the range is shown at its end and remains unchanged until the user moves the slider. The
+/// keys and, while the slider has the focus, the wheel go to the next step, also from a value between two
+/// steps. The value of step `n` is never less than `n / stepsOfOne`, so a screen that truncates to whole
+/// steps shows `n`.
 QWidget* slider(Store& store, std::string_view name, const Reader<double>& value,
                 const Action<double>& setValue, const SliderOptions& options = {});
 

@@ -1,5 +1,5 @@
-/// A status badge with more about it beside it. What appears together is announced as one message, since of
-/// two at once only the last would be heard.
+/// A status badge with details beside it. Parts that appear together are announced as one message, because of
+/// two simultaneous announcements only the last would be heard.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -12,11 +12,11 @@ class QWidget;
 
 namespace korvane {
 
-/// The line is there while `badge` reads one; `details` may read an empty text.
+/// The line is visible while there is a badge; `details` may be empty.
 QWidget* statusLine(Store& store, const Reader<std::optional<StatusBadge>>& badge,
                     const Reader<std::string>& details);
 
-/// Two badges side by side, each while it reads one.
+/// Two badges side by side, each visible while it has a value.
 QWidget* statusBadges(Store& store, const Reader<std::optional<StatusBadge>>& first,
                       const Reader<std::optional<StatusBadge>>& second);
 

@@ -34,7 +34,7 @@ constexpr int stepperHeight = 28;
 constexpr int stepperButton = 28;
 constexpr int stepperGlyph = 11;
 
-/// Puts the buttons of a spin box at its two ends.
+/// Places the buttons of a spin box at its left and right ends.
 class StepperStyle final : public QProxyStyle {
 public:
     StepperStyle() : QProxyStyle(QStringLiteral("fusion")) {}
@@ -62,7 +62,7 @@ class NumberEdit final : public LineEdit {
 public:
     using LineEdit::LineEdit;
 
-    /// To be called when a press gives it the focus.
+    /// To be called when it gets the focus by a press.
     void selectOnRelease() { m_selectsOnRelease = true; }
 
 protected:
@@ -82,7 +82,8 @@ public:
         auto* look = new StepperStyle;
         look->setParent(this); // widgets do not own their style
         setStyle(look);
-        m_edit->setObjectName("qt_spinbox_lineedit"); // by which the toolkit knows it as a part of the whole
+        m_edit->setObjectName(
+            "qt_spinbox_lineedit"); // the name by which Qt recognises it as part of the spin box
         setLineEdit(m_edit);
         setRange(options.minimum, options.maximum);
         setSingleStep(options.step);
@@ -91,14 +92,14 @@ public:
         setMouseTracking(true);
         setFixedSize(Theme::px(options.width), Theme::px(stepperHeight));
         setFocusPolicy(Qt::StrongFocus);
-        neverBeginWith(this);
+        excludeFromInitialFocus(this);
         giveFocusRing(this, this, Size::radiusSmall);
     }
 
     void hideValue() { m_edit->hide(); }
 
 protected:
-    /// A first click into the number selects it, as the Tab key does, so that typing replaces it.
+    /// The first click into the number selects it, as the Tab key does, so that typing replaces it.
     void focusInEvent(QFocusEvent* event) override {
         QSpinBox::focusInEvent(event);
         if (event->reason() == Qt::MouseFocusReason)
@@ -107,7 +108,7 @@ protected:
 
     void wheelEvent(QWheelEvent* event) override {
         if (!hasFocus())
-            return event->ignore(); // whoever scrolls past it means what is around it
+            return event->ignore(); // an unfocused stepper must not intercept scrolling
         QSpinBox::wheelEvent(event);
     }
 
@@ -152,7 +153,7 @@ private:
     NumberEdit* m_edit;
 };
 
-/// Passes on what is pressed beside the stepper, which it holds.
+/// Contains a stepper, to which it forwards presses beside it.
 class LabelledStepper final : public QWidget {
 public:
     explicit LabelledStepper(Stepper* stepper) : m_stepper(stepper) { m_stepper->hideValue(); }

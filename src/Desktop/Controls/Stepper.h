@@ -1,4 +1,4 @@
-/// A whole number between two bounds with a button for less and one for more. It can be typed as well, and
+/// An integer between two bounds, with a button to decrease and one to increase it. It can also be typed, and
 /// changed by the arrow keys.
 #pragma once
 
@@ -27,8 +27,8 @@ struct StepperLabel {
     int width; ///< in pixels at a 13-pixel body text
 };
 
-/// A stepper of which only the two buttons are shown, behind a label with the number. A press on the label
-/// goes to the number, which is then replaced by what is typed.
+/// A stepper that shows only its two buttons, after a label that contains the number. A press on the label
+/// focuses the number, so that typing replaces it.
 QWidget* labelledStepper(Store& store, std::string_view name, const Reader<int>& value,
                          const Action<int>& setValue, const StepperLabel& label,
                          const StepperOptions& options = {});

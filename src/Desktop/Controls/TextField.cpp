@@ -20,7 +20,7 @@ namespace {
 // Sizes are in pixels at a 13-pixel body text.
 constexpr int fieldGap = 6;
 
-/// A fixed part of the field, or none.
+/// A fixed text in the field, hidden while it is empty.
 QWidget* affix(Store& store, const Reader<std::string>& text, Theme::TextStyle style) {
     auto* label = new Label({}, style, Role::secondary);
     label->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
@@ -50,7 +50,7 @@ QWidget* textField(Store& store, std::string_view name, const Reader<std::string
     edit->setAccessibleName(qString(name));
     edit->onEdit = setText.on(store);
     if (options.isDetail)
-        neverBeginWith(edit);
+        excludeFromInitialFocus(edit);
     if (options.submit)
         QObject::connect(edit, &QLineEdit::returnPressed, edit, options.submit->on(store));
     store.onRefresh([edit, text = text.of(store), placeholder = options.placeholder.of(store)] {

@@ -1,4 +1,4 @@
-/// A single line of text that the user types, on a field of its own.
+/// A field with a single line of text that the user types.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -20,15 +20,15 @@ struct TextFieldOptions {
     Reader<std::string> placeholder = "";
     Theme::TextStyle style = Theme::TextStyle::body;
     Theme::Role fill = Theme::Role::panelFill;
-    int width = 0; ///< in pixels at a 13-pixel body text; 0: takes the room that is left
+    int width = 0; ///< in pixels at a 13-pixel body text; 0: the remaining space
     int height = fieldHeight;
-    Reader<std::string> leading = "";    ///< a fixed text before what is typed, in the secondary colour
+    Reader<std::string> leading = "";    ///< a fixed text before the input, in the secondary colour
     Reader<std::string> trailing = "";   ///< the same after it
-    std::optional<Action<>> submit = {}; ///< the user pressed Return
-    bool isDetail = false; ///< one way among others to set something: no fresh screen begins with it
+    std::optional<Action<>> submit = {}; ///< on Return
+    bool isDetail = false;               ///< not the tool's main input: no new screen focuses it first
 };
 
-/// A single line of text that the user types. `name` is the accessible name.
+/// `name` is the accessible name.
 QWidget* textField(Store& store, std::string_view name, const Reader<std::string>& text,
                    const Action<std::string>& setText, const TextFieldOptions& options = {});
 

@@ -1,4 +1,4 @@
-/// Options that are on or off: a switch or a checkbox with its title, which is pressed as one.
+/// Options that are on or off: a switch or a checkbox, pressed together with its title.
 #pragma once
 
 #include "Desktop/Binding/Action.h"

@@ -16,7 +16,7 @@ using Theme::Size;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int valueRowsEdge = 2;
+constexpr int verticalPadding = 2;
 
 } // namespace
 
@@ -31,8 +31,9 @@ QWidget* valueRow(Store& store, const ValueRowParts& parts) {
 }
 
 QWidget* dividedRows(const std::vector<QWidget*>& rows) {
-    constexpr auto edge = valueRowsEdge;
-    auto* list = card({.spacing = 0, .padding = {Size::cardPadding, edge, Size::gapControl, edge}}, {});
+    auto* list = card(
+        {.spacing = 0, .padding = {Size::cardPadding, verticalPadding, Size::gapControl, verticalPadding}},
+        {});
     auto* layout = static_cast<QBoxLayout*>(list->layout());
     for (auto* row : rows) {
         if (layout->count() > 0)

@@ -14,7 +14,7 @@ namespace korvane {
 
 namespace {
 
-/// A part, and whether it is to be shown now.
+/// A part, and its condition.
 struct Alternative {
     QWidget* content;
     std::function<bool()> isShown;
@@ -25,13 +25,13 @@ bool hasFocus(const QWidget& content) {
     return focus && content.isAncestorOf(focus);
 }
 
-void focusFirstSuccessor(QWidget& content) {
+void focusFirstStop(QWidget& content) {
     const auto stops = tabStops(content);
-    if (const auto successor = std::ranges::find_if(stops, isSuccessor); successor != stops.end())
-        (*successor)->setFocus();
+    if (const auto stop = std::ranges::find_if(stops, canTakeFocusOver); stop != stops.end())
+        (*stop)->setFocus();
 }
 
-/// The focus moves before its part is hidden, since Qt would move it to whatever comes next.
+/// The focus moves before its part is hidden, because Qt would then move it to the next control.
 void refresh(const std::vector<Alternative>& all) {
     QWidget* firstShown = nullptr;
     std::vector<QWidget*> hidden;
@@ -44,7 +44,7 @@ void refresh(const std::vector<Alternative>& all) {
         firstShown = firstShown ? firstShown : content;
     }
     if (firstShown && std::ranges::any_of(hidden, [](const QWidget* content) { return hasFocus(*content); }))
-        focusFirstSuccessor(*firstShown);
+        focusFirstStop(*firstShown);
     for (auto* content : hidden)
         content->hide();
 }

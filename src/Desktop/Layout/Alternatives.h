@@ -1,4 +1,4 @@
-/// Parts of a screen that are shown only at times.
+/// Parts of a screen that are shown conditionally.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -9,10 +9,11 @@ class QWidget;
 
 namespace korvane {
 
-/// `widget`, shown only while `condition` reads true.
+/// `widget`, visible only while `condition` is true.
 QWidget* when(Store& store, const Reader<bool>& condition, QWidget* widget);
 
-/// One of two widgets in the same place. When the other one takes its place, it takes the keyboard focus too.
+/// `yes` while `condition` is true, otherwise `no`, in the same place. A widget that replaces the focused one
+/// takes over the keyboard focus.
 QWidget* either(Store& store, const Reader<bool>& condition, QWidget* yes, QWidget* no);
 
 struct Pane {
@@ -20,12 +21,12 @@ struct Pane {
     QWidget* content;
 };
 
-/// Panes side by side that share the width equally while they are shown. When others take their place, these
-/// take the keyboard focus too.
+/// The shown panes side by side, with equal widths. Panes that replace the focused one take over the keyboard
+/// focus.
 QWidget* panes(Store& store, const std::vector<Pane>& all);
 
-/// Shows or hides a part of a screen, also while the screen is still being built: shown before it has a
-/// parent, it would be a window of its own for a moment.
+/// Shows or hides a part of a screen, also during the screen's construction: showing a widget without a
+/// parent would open it briefly as a window.
 void setShown(QWidget* widget, bool isShown);
 
 } // namespace korvane

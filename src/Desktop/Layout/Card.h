@@ -18,7 +18,7 @@ struct CardOptions {
                      Theme::Size::cardPadding};
     int radius = Theme::Size::radiusMedium;
     bool hasOutline = true;
-    std::optional<PaletteColor> tint{}; ///< in place of the panels' neutral tint
+    std::optional<PaletteColor> tint{}; ///< instead of the panels' neutral tint
 };
 
 QWidget* card(const CardOptions& options, std::initializer_list<Item> items);

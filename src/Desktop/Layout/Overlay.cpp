@@ -38,7 +38,7 @@ protected:
     bool event(QEvent* event) override {
         if (event->type() == QEvent::LayoutRequest) {
             place();
-            updateGeometry(); // the panel may need another height now
+            updateGeometry(); // the height of the panel may have changed
         }
         return QWidget::event(event);
     }

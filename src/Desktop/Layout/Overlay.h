@@ -1,11 +1,11 @@
-/// A button that lies over the corner of a panel.
+/// A button over the corner of a panel.
 #pragma once
 
 class QWidget;
 
 namespace korvane {
 
-/// `button` over the top right corner of `panel`. Both are named by what the whole is named (`Named`).
+/// `button` over the top right corner of `panel`. The name of the whole is applied to both (`Named`).
 QWidget* overlay(QWidget* panel, QWidget* button);
 
 } // namespace korvane

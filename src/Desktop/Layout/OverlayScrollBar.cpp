@@ -22,7 +22,7 @@ namespace {
 constexpr int scrollWidth = 5;
 constexpr int scrollWidthHover = 7;
 constexpr int scrollInset = 2;
-constexpr int scrollThumbMinimum = 32;
+constexpr int minThumbLength = 32;
 
 } // namespace
 
@@ -39,7 +39,7 @@ OverlayScrollBar::OverlayScrollBar(Qt::Orientation orientation, QAbstractScrollA
     setCursor(Qt::ArrowCursor);
     connect(m_driven, &QScrollBar::rangeChanged, this, [this] { follow(); });
     connect(m_driven, &QScrollBar::valueChanged, this, [this] { follow(); });
-    // Text areas move their bar without a word, but whenever it has moved they are painted anew.
+    // Text areas move their bar without a signal, but they are repainted when it has moved.
     area->viewport()->installEventFilter(this);
     host->installEventFilter(this);
     follow();
@@ -87,7 +87,7 @@ QRectF OverlayScrollBar::thumb() const {
     const double range = m_driven->maximum() - m_driven->minimum();
     const double page = m_driven->pageStep();
     const double size =
-        std::min(length(), std::max<double>(Theme::px(scrollThumbMinimum), length() * page / (range + page)));
+        std::min(length(), std::max<double>(Theme::px(minThumbLength), length() * page / (range + page)));
     const double share = range > 0 ? (m_driven->value() - m_driven->minimum()) / range : 0;
     const double start = Theme::px(scrollEndInset) + (length() - size) * share;
     const double thickness = Theme::px(isActive() ? scrollWidthHover : scrollWidth);
@@ -112,7 +112,7 @@ void OverlayScrollBar::mousePressEvent(QMouseEvent* event) {
     const auto bar = thumb();
     const auto size = std::max(bar.width(), bar.height());
     const auto grabbedAt = along(event->position()) - along(bar.topLeft());
-    // A press beside the thumb brings its middle there, and goes on as a drag.
+    // A press beside the thumb centres it there, and then drags it.
     m_grabbedAt = grabbedAt >= 0 && grabbedAt < size ? grabbedAt : size / 2;
     mouseMoveEvent(event);
 }

@@ -1,6 +1,6 @@
-/// A thin scroll bar that lies over a scrolling area and takes no room in it. It has no position of its own:
-/// it shows and drives the area's own, hidden bar, so whatever scrolls by keyboard, wheel or program moves it
-/// too.
+/// A thin scroll bar that overlays a scrolling area without taking space in it. It has no position of its
+/// own: it shows and controls the area's hidden scroll bar, so scrolling by keyboard, wheel or program moves
+/// it too.
 #pragma once
 
 #include <QWidget>
@@ -10,16 +10,16 @@ class QScrollBar;
 
 namespace korvane {
 
-/// What a bar keeps free at its ends, in pixels at a 13-pixel body text.
+/// The free space at the ends of a bar, in pixels at a 13-pixel body text.
 inline constexpr int scrollEndInset = 3;
 
 class OverlayScrollBar final : public QWidget {
 public:
-    /// Lays a bar over `area`, at the right edge of `host` (or the bottom one for a horizontal bar), and
+    /// Places a bar over `area`, at the right edge of `host` (or the bottom one for a horizontal bar), and
     /// hides the area's own.
     OverlayScrollBar(Qt::Orientation orientation, QAbstractScrollArea* area, QWidget* host);
 
-    /// Where the handle is, in the bar; it is as long in the bar as the view is in the content.
+    /// The rectangle of the handle. Its share of the bar's length is the view's share of the content.
     QRectF thumb() const;
 
 protected:
@@ -43,7 +43,7 @@ private:
     QScrollBar* m_driven;
     QWidget* m_host;
     int m_paintedValue = 0;
-    double m_grabbedAt = -1; // where in the thumb the pointer holds it
+    double m_grabbedAt = -1; // the offset of the pointer in the thumb; negative unless dragging
 };
 
 } // namespace korvane

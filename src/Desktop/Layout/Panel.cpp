@@ -23,8 +23,8 @@ Panel::Panel(QWidget* content) {
 }
 
 QSize Panel::sizeHint() const {
-    const QSize least(Theme::px(Size::editorMinimumHeight), Theme::px(Size::editorMinimumHeight));
-    return least.expandedTo(layout()->totalMinimumSize());
+    const QSize minSize(Theme::px(Size::minEditorHeight), Theme::px(Size::minEditorHeight));
+    return minSize.expandedTo(layout()->totalMinimumSize());
 }
 
 void Panel::paintEvent(QPaintEvent*) {

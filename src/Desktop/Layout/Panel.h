@@ -7,7 +7,7 @@ namespace korvane {
 
 class Panel : public QWidget {
 public:
-    /// A panel around `content`, which fills it up to the outline and takes the focus for it.
+    /// A panel around `content`, which fills it up to the outline and is its focus proxy.
     explicit Panel(QWidget* content);
 
     QSize sizeHint() const override;

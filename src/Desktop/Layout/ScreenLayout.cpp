@@ -39,7 +39,7 @@ public:
 
     QSize minimumSizeHint() const override { return {0, 0}; }
 
-    /// Scrolls so far that `part` is visible, or of a large one as much as there is room for from its start.
+    /// Scrolls to make `part` visible, or the start of it if it does not fit.
     void reveal(const QWidget* part) {
         const auto margin = Theme::px(bodyTop);
         const QSize room = viewport()->size() - QSize(2 * margin, 2 * margin);
@@ -55,7 +55,7 @@ protected:
     }
 
 private:
-    /// Scrolls so far that `control` is visible with the ring around it, from wherever the focus came.
+    /// Scrolls to make `control` and its focus ring visible, from whatever source the focus came.
     void revealFocus(QWidget* control) {
         const auto margin = Theme::px(bodyTop);
         auto* frame = ringFrame(control);

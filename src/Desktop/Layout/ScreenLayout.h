@@ -1,4 +1,4 @@
-/// The frame of every screen: a header, and below it what scrolls when it does not fit.
+/// The frame of every screen: a header, and below it a body that scrolls if it does not fit.
 #pragma once
 
 #include "Desktop/Layout/Stack.h"
@@ -14,12 +14,11 @@ class Store;
 /// A screen is narrow below this width, in pixels at a 13-pixel body text.
 inline constexpr int narrowWidth = 640;
 
-/// The part below the header also scrolls sideways, where even the smallest window is more than the desktop
-/// has room for. `store` is told whenever the screen becomes narrow or wide.
+/// The body also scrolls horizontally, for desktops smaller than the window's minimum size. The width class
+/// of `store` is updated when the screen becomes narrow or wide.
 QWidget* screen(Store& store, QWidget* header, std::initializer_list<Item> items);
 
-/// Scrolls the screen around `widget` so far that it is visible, once the layout has room for its new
-/// content.
+/// Scrolls the screen around `widget` to make it visible, after the layout has adapted to its new content.
 void bringIntoView(QWidget* widget);
 
 } // namespace korvane

@@ -15,7 +15,7 @@ using Theme::Size;
 
 namespace {
 
-/// A grid whose rows are all as high as the highest needs to be at its width.
+/// A grid whose rows all have the height that the highest needs at its width.
 class EvenGrid final : public QWidget {
 protected:
     void resizeEvent(QResizeEvent* event) override {
@@ -63,7 +63,7 @@ void fill(QWidget* container, Qt::Orientation orientation, const StackOptions& o
             layout->addStretch(1);
             continue;
         }
-        // A text that is as high as it needs to be stands in the middle of a higher row.
+        // A text whose height depends on its width is centred in a higher row.
         const bool isCentred = orientation == Qt::Horizontal && item.widget->sizePolicy().hasHeightForWidth();
         const bool hasOwnShare = item.widget->sizePolicy().horizontalStretch() > 0;
         layout->addWidget(item.widget, options.equalShares && !hasOwnShare ? 1 : 0,
@@ -94,7 +94,7 @@ QWidget* wrappingRow(std::initializer_list<Item> items, int spacing) {
         else
             layout->addItem(new QSpacerItem(0, 0, QSizePolicy::Expanding));
     }
-    // A fixed height would be that of a single line, whatever the width.
+    // A fixed height would be that of a single line, at any width.
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     container->setSizePolicy(policy);
@@ -118,13 +118,13 @@ QWidget* grid(int columnCount, const GridOptions& options, const std::vector<QWi
     return container;
 }
 
-QWidget* centered(QWidget* widget, int roomAbove) {
-    return stack(Qt::Horizontal, {.padding = {0, roomAbove, 0, 0}}, {stretch(), widget, stretch()});
+QWidget* centered(QWidget* widget, int spaceAbove) {
+    return stack(Qt::Horizontal, {.padding = {0, spaceAbove, 0, 0}}, {stretch(), widget, stretch()});
 }
 
 QWidget* withHeight(int height, QWidget* widget) {
     widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(),
-                          QSizePolicy::Fixed); // else what is around it would grow in its place
+                          QSizePolicy::Fixed); // otherwise its container would grow instead
     widget->setFixedHeight(Theme::px(height));
     return widget;
 }
@@ -134,7 +134,7 @@ QWidget* withWidth(int width, QWidget* widget) {
     return widget;
 }
 
-QWidget* withMinimumHeight(int height, QWidget* widget) {
+QWidget* withMinHeight(int height, QWidget* widget) {
     widget->setMinimumHeight(Theme::px(height));
     return widget;
 }

@@ -1,5 +1,5 @@
-/// How controls are set beside and below each other. Distances are in pixels at a 13-pixel body text. A child
-/// that can grow takes the room that is left; the others keep their size.
+/// The arrangement of controls in rows, columns and grids. Distances are in pixels at a 13-pixel body text.
+/// Children that can grow take the remaining space; the others keep their size.
 #pragma once
 
 #include "Desktop/Look/Theme.h"
@@ -12,7 +12,7 @@
 
 namespace korvane {
 
-/// A child of a row or column: a widget, or free room that grows.
+/// A child of a row or column: a widget, or space that grows.
 struct Item {
     QWidget* widget = nullptr;
 
@@ -26,10 +26,10 @@ inline Item stretch() {
 struct StackOptions {
     int spacing = Theme::Size::gapControl;
     QMargins padding{};
-    bool equalShares = false; ///< every child without a share of its own gets the same length
+    bool equalShares = false; ///< children without a share of their own get equal lengths
 };
 
-/// Lays `items` out inside `container`, one after the other.
+/// Lays out `items` in sequence inside `container`.
 void fill(QWidget* container, Qt::Orientation orientation, const StackOptions& options,
           std::initializer_list<Item> items);
 
@@ -42,37 +42,37 @@ QWidget* row(std::initializer_list<Item> items);
 /// Sections side by side, each with the same width.
 QWidget* columns(std::initializer_list<Item> items);
 
-/// Controls side by side that go on in further lines where the room is too narrow. What follows a stretch
-/// stands at the right end of its line.
+/// Controls side by side that wrap onto further lines where the width is insufficient. Items after a stretch
+/// are aligned to the right of their line.
 QWidget* wrappingRow(std::initializer_list<Item> items, int spacing = Theme::Size::gapControl);
 
 struct GridOptions {
     int columnGap = Theme::Size::gapControl;
     int rowGap = Theme::Size::gapControl;
-    bool hasEvenRows = false; ///< all as high as the highest
+    bool hasEvenRows = false; ///< all rows have the height of the highest
 };
 
-/// Widgets in rows of `columnCount`, all columns of the same width as far as that is enough for each.
+/// Widgets in rows of `columnCount`. All columns have the same width unless one needs more.
 QWidget* grid(int columnCount, const GridOptions& options, const std::vector<QWidget*>& items);
 
-/// `widget` in the middle of the width, below some room of its own, in pixels at a 13-pixel body text.
-QWidget* centered(QWidget* widget, int roomAbove = 0);
+/// `widget`, centred horizontally below a free space, in pixels at a 13-pixel body text.
+QWidget* centered(QWidget* widget, int spaceAbove = 0);
 
 /// `widget` with a fixed height or width, in pixels at a 13-pixel body text.
 QWidget* withHeight(int height, QWidget* widget);
 QWidget* withWidth(int width, QWidget* widget);
 
-/// `widget`, which can grow but is never lower than that.
-QWidget* withMinimumHeight(int height, QWidget* widget);
+/// `widget` with a minimum height, above which it can grow.
+QWidget* withMinHeight(int height, QWidget* widget);
 
-/// `widget`, taking the room that is left in the stack around it.
+/// `widget`, which takes the remaining space in its stack.
 QWidget* growing(QWidget* widget);
 
-/// The same beside others that do so too: the whole length of each is in proportion to its `share`, as far as
-/// that is enough for it.
+/// The same, but in proportion to `share`: among several such widgets the whole lengths are proportional,
+/// unless one needs more.
 QWidget* sharing(int share, QWidget* widget);
 
-/// `widget` in the width, or in the height, that it would like, however much room there is.
+/// `widget` in its preferred width, or at most its preferred height, whatever the available space.
 QWidget* rigid(QWidget* widget);
 QWidget* rigidHeight(QWidget* widget);
 

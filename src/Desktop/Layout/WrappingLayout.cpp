@@ -69,7 +69,7 @@ std::vector<WrappingLayout::Line> WrappingLayout::lines(int width) const {
         line.push_back(item.get());
         if (lineWidth(line) > width && line.size() > 1) {
             line.pop_back();
-            // A stretch goes with what it sends to the right.
+            // A stretch moves to the next line with the items that it aligns.
             const bool takesStretch = !line.empty() && isStretch(*line.back());
             Line next;
             if (takesStretch) {
@@ -81,11 +81,11 @@ std::vector<WrappingLayout::Line> WrappingLayout::lines(int width) const {
         }
     }
     std::erase_if(lines, [](const Line& line) { return line.empty(); });
-    keepCompany(lines, width);
+    balanceLastLine(lines, width);
     return lines;
 }
 
-void WrappingLayout::keepCompany(std::vector<Line>& lines, int width) const {
+void WrappingLayout::balanceLastLine(std::vector<Line>& lines, int width) const {
     if (lines.size() < 2)
         return;
     auto& above = lines[lines.size() - 2];
@@ -97,7 +97,7 @@ void WrappingLayout::keepCompany(std::vector<Line>& lines, int width) const {
     do {
         last.insert(last.begin(), above.back());
         above.pop_back();
-    } while (isStretch(*above.back())); // which goes with what it sends to the right
+    } while (isStretch(*above.back())); // moves with the items that it aligns
 }
 
 int WrappingLayout::heightForWidth(int width) const {

@@ -1,4 +1,4 @@
-/// The layout of a row that goes on in further lines where it is too wide, like words of a text.
+/// The layout of a row that wraps onto further lines where it is too wide, like the words of a text.
 #pragma once
 
 #include <QLayout>
@@ -13,7 +13,7 @@ public:
     /// Distances in pixels: between the items of a line, and between lines.
     WrappingLayout(QWidget* container, int spacing, int lineSpacing);
 
-    /// A spacer that expands sends what follows on its line to the right end.
+    /// An expanding spacer aligns the items after it to the right of their line.
     void addItem(QLayoutItem* item) override;
     int count() const override;
     QLayoutItem* itemAt(int index) const override;
@@ -34,9 +34,9 @@ private:
     std::vector<Line> lines(int width) const;
     int lineWidth(const Line& line) const;
 
-    /// A control that would be alone on the last line gets the one before it beside it, if that leaves
-    /// several on the line above.
-    void keepCompany(std::vector<Line>& lines, int width) const;
+    /// Moves a control from the line above to a last line of only one control, if it fits there and leaves
+    /// several above.
+    void balanceLastLine(std::vector<Line>& lines, int width) const;
 
     std::vector<std::unique_ptr<QLayoutItem>> m_items;
     int m_spacing;

@@ -1,4 +1,4 @@
-/// A line of one pixel, across its column or down its row.
+/// A one-pixel line, horizontal or vertical.
 #pragma once
 
 #include "Desktop/Look/Theme.h"

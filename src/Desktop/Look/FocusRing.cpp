@@ -15,8 +15,8 @@ namespace {
 constexpr char frameProperty[] = "korvaneRingFrame";
 constexpr char radiusProperty[] = "korvaneRingRadius";
 
-/// The part of the window that `frame` may be painted in: the viewport that it scrolls in, or the window.
-QWidget* surroundings(QWidget* frame, QWidget* window) {
+/// The widget that clips `frame`: the viewport in which it scrolls, or the window.
+QWidget* clippingParent(QWidget* frame, QWidget* window) {
     for (auto* ancestor = frame->parentWidget(); ancestor && ancestor != window;
          ancestor = ancestor->parentWidget()) {
         auto* area = qobject_cast<QAbstractScrollArea*>(ancestor->parentWidget());
@@ -47,8 +47,8 @@ FocusRing::FocusRing(QWidget* window) : QWidget(window), m_window(window) {
 void FocusRing::follow(QWidget* control) {
     for (QWidget* watched = m_frame; watched; watched = watched->parentWidget())
         watched->removeEventFilter(this);
-    const bool isOurs = control && control->window() == m_window;
-    m_frame = isOurs ? control->property(frameProperty).value<QWidget*>() : nullptr;
+    const bool isInWindow = control && control->window() == m_window;
+    m_frame = isInWindow ? control->property(frameProperty).value<QWidget*>() : nullptr;
     if (m_frame)
         m_radius = control->property(radiusProperty).toInt();
     for (QWidget* watched = m_frame; watched; watched = watched->parentWidget())
@@ -59,10 +59,10 @@ void FocusRing::follow(QWidget* control) {
 void FocusRing::place() {
     if (!m_frame || !m_frame->isVisible()) {
         hide();
-        setParent(m_window); // what the ring lay in may be about to go
+        setParent(m_window); // the present parent may be about to be deleted
         return;
     }
-    auto* host = surroundings(m_frame, m_window);
+    auto* host = clippingParent(m_frame, m_window);
     if (parentWidget() != host)
         setParent(host);
     const auto width = Theme::px(Theme::Size::focusWidth);

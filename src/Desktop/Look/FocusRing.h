@@ -1,5 +1,5 @@
-/// The ring around the control that has the keyboard focus. It lies outside the control, so it is a widget of
-/// its own that follows the focus.
+/// The ring around the control that has the keyboard focus. It is outside the control and therefore a
+/// separate widget, which follows the focus.
 #pragma once
 
 #include <QPointer>
@@ -7,16 +7,16 @@
 
 namespace korvane {
 
-/// Has the ring drawn around `frame` with rounded corners while `control` has the focus. `radius` is the
+/// Makes the ring appear around `frame`, with rounded corners, while `control` has the focus. `radius` is the
 /// frame's own, in pixels at a 13-pixel body text.
 void giveFocusRing(QWidget* control, QWidget* frame, int radius);
 
-/// What the ring is drawn around while `control` has the focus; `control` itself if it has none.
+/// The widget that the ring surrounds while `control` has the focus; `control` itself by default.
 QWidget* ringFrame(QWidget* control);
 
 class FocusRing final : public QWidget {
 public:
-    /// The ring of one window, which it follows for as long as the window lives.
+    /// The ring of `window`, which owns it.
     explicit FocusRing(QWidget* window);
 
 protected:

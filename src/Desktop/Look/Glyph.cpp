@@ -54,7 +54,7 @@ void paint(QPainter& painter, std::string_view name, const QRectF& rect, const Q
     if (name.empty())
         return;
     if (!exists(name)) {
-        qWarning("No icon stands behind the glyph name \"%s\"", std::string(name).c_str());
+        qWarning("No icon file for the glyph name \"%s\"", std::string(name).c_str());
         return;
     }
     const auto scale = painter.device()->devicePixelRatioF();
@@ -72,7 +72,7 @@ void paint(QPainter& painter, std::string_view name, const QRectF& rect, const Q
     image.setDevicePixelRatio(scale);
     const auto onGrid = [scale](double position) { return std::round(position * scale) / scale; };
     painter.drawImage(QPointF(onGrid(rect.left()), onGrid(rect.top())),
-                      image); // between pixels it would blur
+                      image); // off the pixel grid it would be blurred
 }
 
 QBrush brandBrush(const QRectF& rect) {

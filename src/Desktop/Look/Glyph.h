@@ -11,14 +11,14 @@ class QPainter;
 
 namespace korvane::Glyph {
 
-/// Whether an icon file stands behind `name`.
+/// Whether `name` has an icon file.
 bool exists(std::string_view name);
 
 /// Paints the glyph into the square `rect`, in the colour or gradient of `brush`. An empty name paints
-/// nothing; one without an icon file is a mistake, and warns.
+/// nothing; a name without an icon file is a mistake and logs a warning.
 void paint(QPainter& painter, std::string_view name, const QRectF& rect, const QBrush& brush);
 
-/// The brush of the program's own mark: cyan to teal, from the top left of `rect` to its bottom right.
+/// The brush of the program's logo: cyan to teal, from the top left of `rect` to its bottom right.
 QBrush brandBrush(const QRectF& rect);
 
 } // namespace korvane::Glyph

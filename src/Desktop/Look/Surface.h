@@ -1,4 +1,4 @@
-/// The rounded surfaces that controls and contents lie on.
+/// The rounded surfaces behind controls and contents.
 #pragma once
 
 #include <QColor>
@@ -9,19 +9,19 @@
 
 namespace korvane {
 
-/// Paints a rounded rectangle of `fill` inside `area`, with a line of one pixel inside its edge where
-/// `outline` is a colour.
+/// Paints a rounded rectangle of `fill` inside `area`, with a one-pixel line inside its edge if `outline` is
+/// valid.
 void paintSurface(QPainter& painter, const QRect& area, double radius, const QColor& fill,
                   const QColor& outline = {});
 
-/// Paints the squares that stand for nothing behind what may be transparent.
+/// Paints the checkerboard behind content that may be transparent.
 void paintCheckerboard(QPainter& painter, const QRect& area);
 
-/// A surface of one colour, with an outline where one is given.
+/// A surface of one colour, with an optional outline.
 class Surface : public QWidget {
 public:
-    /// The colours are asked for whenever the surface is painted, so that it follows the theme; `radius` is
-    /// in pixels at a 13-pixel body text.
+    /// The colours are read at every paint, so that they follow the theme; `radius` is in pixels at a
+    /// 13-pixel body text.
     Surface(std::function<QColor()> color, int radius, std::function<QColor()> outline = nullptr)
         : m_color(std::move(color)), m_outline(std::move(outline)), m_radius(radius) {}
 

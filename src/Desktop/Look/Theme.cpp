@@ -12,8 +12,8 @@ namespace {
 
 constexpr double bodySize = 13;
 
-/// The desktop's font in relation to the one that the sizes are meant for. A smaller font than that is only a
-/// toolkit's default where no desktop names one, and does not shrink the window.
+/// The size of the desktop's font relative to the one that the sizes are designed for. A smaller font is only
+/// a default where the desktop names none, and does not shrink the window.
 double scaleFactor() {
     return std::max(1.0, QFontInfo(QApplication::font()).pixelSize() / bodySize);
 }

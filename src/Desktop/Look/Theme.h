@@ -1,6 +1,6 @@
-/// What all looks share: colours in light and dark, fonts, radii, gaps, and sizes that more than one file
-/// uses. No other file holds a literal colour, font size or style sheet. Sizes are pixels for a 13-pixel body
-/// text and grow with the desktop's font; colours follow the desktop's scheme, also while the program runs.
+/// The theme: colours in light and dark, fonts, radii, gaps, and sizes that more than one file uses. No other
+/// file holds a literal colour, font size or style sheet. Sizes are pixels for a 13-pixel body text and grow
+/// with the desktop's font; colours follow the desktop's scheme, also while the program runs.
 #pragma once
 
 #include "Models/PaletteColor.h"
@@ -18,7 +18,7 @@ namespace korvane::Theme {
 
 enum class Scheme { light, dark };
 
-/// The colours that have one meaning each; tints of the ink are translucent and painted over what lies below.
+/// Colours by their meaning. Tints of the text colour are translucent.
 enum class Role {
     windowBackground,
     sidebarBackground,
@@ -28,8 +28,8 @@ enum class Role {
     popupBackground,
     primary,
     secondary,
-    toolName, ///< primary at 90 %: the name of a tool that is not selected
-    shortcut, ///< of a tool
+    toolName, ///< primary at 90 %: the name of an unselected tool
+    shortcut, ///< the keys of a tool
     placeholder,
     onAccent,
     onYellow,
@@ -52,16 +52,16 @@ enum class Role {
     scrollThumbHover,
     accent,
     focusRing,
-    selection, ///< under what is selected, where only primary text is readable
+    selection, ///< behind selected content, where only primary text is readable
     hoverOnColor,
     pressedOnColor,
     disabledFill,
-    dropFill,      ///< of a place that something can be dropped on, while it is over it
+    dropFill,      ///< a drop target while something is dragged over it
     unchangedLine, ///< primary at 70 %: a line that is the same in both texts
     plainBadgeFill,
 };
 
-/// How strongly a colour is laid over the surface, in percent.
+/// The opacity of a named colour over the surface, in percent.
 enum class Tint {
     row = 10,
     badge = 10,
@@ -91,7 +91,7 @@ enum class TextStyle {
     bodyMedium,
     bodyStrong,
     bodyBold,
-    prose, ///< for reading more than a line
+    prose, ///< text of more than one line
     subheadline,
     subheadlineStrong,
     caption,
@@ -104,17 +104,17 @@ enum class TextStyle {
     menu,
     menuShortcut,
     stat,
-    pill, ///< the figure of a small counter
+    pill, ///< the number of a small counter
     code,
     codeMedium,
     codeSmall,
     codeSmallMedium,
     codeCaption,
-    codeValue, ///< a result in a card of its own
+    codeValue, ///< a result in its own card
     hero,
     tag,
     tagSmall,
-    document, ///< the running text of one; the six levels of its headers follow in their order
+    document, ///< the body of a document; its six levels of headers follow in order
     header1,
     header2,
     header3,
@@ -153,7 +153,7 @@ struct Size {
     static constexpr int gapGroup = 16;
     static constexpr int gapSectionWide = 20;
     static constexpr int gapBulk = 24;
-    static constexpr int editorMinimumHeight = 120;
+    static constexpr int minEditorHeight = 120;
     static constexpr int panelOutline = 1;
     static constexpr int focusWidth = 2;
     static constexpr int heroPaddingX = 16;
@@ -165,23 +165,23 @@ struct Size {
     static constexpr int menuTickGap = 8;
 };
 
-/// How long a change of state takes to show, in milliseconds.
+/// The duration of an animated change of state, in milliseconds.
 inline constexpr int motion = 200;
 
 Scheme scheme();
 
-/// Switches all looks. Widgets that keep a colour hear of it as QEvent::PaletteChange once the window's
+/// Switches the colour scheme. Widgets that store a colour receive QEvent::PaletteChange once the window's
 /// palette is set to `palette()`.
 void setScheme(Scheme scheme);
 
-/// A new style for the application: the look of its menus, and of what the toolkit still does by itself. All
-/// menus have it, whoever made them; dialogs get the palette of the window that they belong to.
+/// A new style for the application: for its menus, and for what Qt itself paints. It applies to all menus,
+/// also Qt's own; dialogs get the palette of their window.
 QStyle* style();
 
-/// The palette for the window: the theme's colours in the toolkit's roles.
+/// The palette for the window: the theme's colours in Qt's roles.
 QPalette palette();
 
-/// What a text or glyph is painted in: a role's colour, or a named colour in the tone for text.
+/// The colour of a text or glyph: a role's colour, or the text tone of a named colour.
 using Ink = std::variant<Role, PaletteColor>;
 
 QColor color(Role role);
@@ -205,14 +205,14 @@ QColor mixed(const QColor& from, const QColor& to, double progress);
 int px(int size);
 QMargins margins(int left, int top, int right, int bottom);
 
-/// `font`, in `family` where the desktop names no family but the generic `alias` and `family` is installed.
+/// `font` with `family` instead of the generic `alias`, if `family` is installed.
 QFont withDefaultFamily(QFont font, const QString& alias, const QString& family);
 
-/// The font of the application: the desktop's, or Inter where the desktop has chosen none. Code has the
-/// desktop's fixed font or JetBrains Mono in the same way.
+/// The font of the application: the desktop's, or Inter where the desktop names none. Code likewise has the
+/// desktop's fixed font or JetBrains Mono.
 QFont applicationFont();
 
-/// At a size other than 100 `percent`, as the user has zoomed the text.
+/// `percent` is the text zoom.
 QFont font(TextStyle style, int percent = 100);
 int lineHeight(TextStyle style, int percent = 100);
 
@@ -220,7 +220,7 @@ int lineHeight(TextStyle style, int percent = 100);
 inline constexpr double disabledOpacity = 0.45;
 inline constexpr double disabledActionOpacity = 0.75;
 
-/// The opacity of a control that works but has nothing to work on.
+/// The opacity of an enabled control that has nothing to act on.
 inline constexpr double idleOpacity = 0.3;
 
 } // namespace korvane::Theme

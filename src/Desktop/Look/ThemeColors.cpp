@@ -11,7 +11,7 @@ namespace {
 
 Scheme currentScheme = Scheme::light;
 
-/// A colour as light and dark have it, with its opacity in percent.
+/// A colour in light and dark, with its opacity in percent.
 struct Tone {
     QRgb light;
     QRgb dark;
@@ -115,8 +115,8 @@ constexpr Tone tone(Role role) {
     return {};
 }
 
-/// The three tones of a named colour: for glyphs and tints in light and dark (a fill under white text is the
-/// light one in both), and for coloured text.
+/// The tones of a named colour: for glyphs and tints, and for coloured text. A fill under white text has the
+/// light glyph tone in both schemes.
 struct NamedTones {
     PaletteColor color;
     Tone glyph;
@@ -152,7 +152,7 @@ QColor colorOf(const Tone& tone, Scheme scheme) {
     return color;
 }
 
-/// The desktop's own highlight colour, or the theme's where the desktop names none.
+/// Whether the desktop sets a highlight colour of its own, which then replaces the theme's.
 bool desktopHasHighlight() {
     return QApplication::palette().color(QPalette::Highlight) !=
            QApplication::style()->standardPalette().color(QPalette::Highlight);

@@ -19,32 +19,32 @@ namespace {
 // Sizes are in pixels at a 13-pixel body text.
 constexpr int stripMenuHeight = 24;
 constexpr int menuPadding = 10;
-constexpr int menuMinimumWidth = 160;
+constexpr int minMenuWidth = 160;
 constexpr int menuCaptionPadding = 4;
 constexpr int menuChevron = 10;
 
 constexpr int textFlags = Qt::TextSingleLine | Qt::TextHideMnemonic | Qt::AlignVCenter;
 
-/// Whether the item is a heading of those below it, which has a smaller font than they have.
+/// Whether the item is the heading of a group, which has a smaller font than the other items.
 bool isCaption(const QStyleOptionMenuItem& item) {
     return item.font.pixelSize() < font(TextStyle::menu).pixelSize();
 }
 
-/// From the side of the item to its title.
+/// The distance from the left edge of the item to its title.
 int titleInset(const QStyleOptionMenuItem& item) {
     return px(menuPadding) + (item.menuHasCheckableItems ? px(Size::menuTick) + px(Size::menuTickGap) : 0);
 }
 
-/// What the item needs beside its title and the keys, for which the menu itself keeps room.
+/// The size of the item without its keys, for which the menu itself adds room.
 QSize menuItemSize(const QStyleOptionMenuItem& item, int titleWidth) {
     if (item.menuItemType == QStyleOptionMenuItem::Separator)
-        return {px(menuMinimumWidth), 1 + 2 * px(Size::menuInset)};
+        return {px(minMenuWidth), 1 + 2 * px(Size::menuInset)};
     const bool hasMore = item.text.contains('\t') || item.menuItemType == QStyleOptionMenuItem::SubMenu;
     const int width =
         titleInset(item) + titleWidth + (hasMore ? px(Size::menuShortcutGap) : 0) + px(menuPadding);
     const int height =
         isCaption(item) ? lineHeight(TextStyle::caption) + 2 * px(menuCaptionPadding) : px(Size::menuRow);
-    return {std::max(width, px(menuMinimumWidth)), height};
+    return {std::max(width, px(minMenuWidth)), height};
 }
 
 void paintGlyph(QPainter& painter, const char* name, double left, const QRect& row, int size,
@@ -84,13 +84,13 @@ void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     }
 }
 
-/// The surface of a menu, which is all of its window.
+/// The surface of a menu, which fills its window.
 void paintMenu(QPainter& painter, const QRect& rect) {
     paintSurface(painter, rect, px(Size::radiusLarge), color(Role::popupBackground),
                  color(Role::outlineStrong));
 }
 
-/// The pixels that `paintMenu` touches, also those at the corners that it only tints.
+/// The pixels that `paintMenu` touches, including those that it covers partly at the corners.
 QRegion menuRegion(const QRect& rect) {
     QBitmap shape(rect.size());
     shape.fill(Qt::color0);
@@ -114,14 +114,14 @@ void paintMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     painter.drawText(item.rect, textFlags | Qt::AlignHCenter, item.text);
 }
 
-/// The toolkit's style, except for what the theme wants otherwise.
+/// Qt's Fusion style with the changes of the theme.
 class Style final : public QProxyStyle {
 public:
     Style() : QProxyStyle(QStringLiteral("fusion")) {}
 
     using QProxyStyle::polish;
 
-    /// Menus and dialogs are windows of their own, which by themselves would have the desktop's colours.
+    /// Menus and dialogs are separate windows, which would have the desktop's colours by default.
     void polish(QWidget* widget) override {
         QProxyStyle::polish(widget);
         if (qobject_cast<QMenu*>(widget) || qobject_cast<QDialog*>(widget))
@@ -135,9 +135,9 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override {
         if (hint == SH_UnderlineShortcut)
-            return 0; // the letters work all the same
+            return 0; // the mnemonics still work
         if (hint == SH_Slider_AbsoluteSetButtons)
-            return Qt::LeftButton; // a slider goes where it is pressed
+            return Qt::LeftButton; // a press moves the slider there
         if (hint == SH_Widget_Animation_Duration)
             return motion;
         auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(data);

@@ -72,7 +72,7 @@ const TextFacts& factsOf(TextStyle style) {
     return row;
 }
 
-/// The glyphs that `font` sets ASCII punctuation in.
+/// The glyphs of ASCII punctuation in `font`.
 QList<quint32> glyphsOf(const QFont& font) {
     QTextLayout layout(QStringLiteral("!= == -> => // <= >= && || ::"), font);
     layout.beginLayout();
@@ -84,8 +84,8 @@ QList<quint32> glyphsOf(const QFont& font) {
     return glyphs;
 }
 
-/// `font` without ligatures, so that every character is seen as it is. The toolkit can only leave out all
-/// shaping, which takes joined emoji apart, so it is left on for the many fonts that have no ligatures.
+/// `font` without ligatures, so that every character is visible. Qt can only disable all shaping, which
+/// splits joined emoji, so shaping stays on for the many fonts that have no ligatures.
 QFont withoutLigatures(QFont font) {
     static QHash<QString, bool> knownFamilies;
     auto unshaped = font;

@@ -1,5 +1,5 @@
-/// The progress of a change of look between off (0) and on (1), eased in and out. It only paints: what a
-/// control says and does changes at once. Where the style wants no animations, the look does so too.
+/// An animation between two looks, off (0) and on (1), eased in and out. It affects painting only: the state
+/// of a control changes at once. Where the style disables animations, the look does so too.
 #pragma once
 
 #include <QStyle>
@@ -37,14 +37,14 @@ public:
         m_animation.start();
     }
 
-    /// The same without taking time.
+    /// The same without an animation.
     void jumpTo(bool on) {
         m_animation.stop();
         m_on = on;
         m_progress = on ? 1 : 0;
     }
 
-    /// Runs from off to on, whatever it was.
+    /// Runs from off to on, whatever the present state.
     void restart() {
         m_animation.stop();
         m_progress = 0;

@@ -10,8 +10,8 @@ namespace korvane {
 
 namespace {
 
-/// Offsets are in UTF-16 units of the exact text. The toolkit's own interface counts in positions of the
-/// document, where a CR LF is one character and a seam within a long line is one too many.
+/// Offsets are in UTF-16 units of the exact text. Qt's own interface counts positions of the document, where
+/// a CR LF is one character and a seam within a long line is an extra one.
 class TextInterface final : public QAccessibleWidget,
                             public QAccessibleTextInterface,
                             public QAccessibleEditableTextInterface {
@@ -26,7 +26,7 @@ public:
         return QAccessibleWidget::interface_cast(type);
     }
 
-    /// What it is made of is its own matter.
+    /// Hides the control's internal widgets.
     int childCount() const override { return 0; }
 
     QAccessibleInterface* child(int) const override { return nullptr; }

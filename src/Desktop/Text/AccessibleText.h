@@ -1,5 +1,5 @@
-/// How the multi-line text control presents its text to assistive technology: exactly as it is, whatever ends
-/// its lines, and taking a text in just as exactly.
+/// The accessible interface of the multi-line text control. It reports and accepts the exact text, with any
+/// kind of line break.
 #pragma once
 
 class QAccessibleInterface;

@@ -25,16 +25,15 @@ constexpr int editorInsetRight = 12;
 constexpr int simpleEditorInset = 12;
 constexpr int proseInset = 16;
 
-/// A longer text, in bytes, fills a panel up to its maximum height, whatever its lines: it is not laid out to
-/// find its height.
+/// In bytes. A longer text is not laid out to determine its height; its panel has the maximum height.
 constexpr std::size_t maxFittedText = 2000;
 
-/// Gives its text area the theme's look, again whenever that changes.
+/// Applies the theme's look to its text area, again whenever that changes.
 class EditorPanel final : public Panel {
 public:
     EditorPanel(TextArea* area, CodeEditorOptions options)
-        : Panel(area), m_area(area), m_options(options), m_height(Theme::px(options.minimumHeight)) {
-        if (m_options.maximumHeight)
+        : Panel(area), m_area(area), m_options(options), m_height(Theme::px(options.minHeight)) {
+        if (m_options.maxHeight)
             setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         applyTheme();
         new OverlayScrollBar(Qt::Vertical, area, this);
@@ -66,15 +65,15 @@ protected:
 
 private:
     void fitHeight() {
-        if (!m_options.maximumHeight)
+        if (!m_options.maxHeight)
             return;
         const auto inset = Theme::px(textInset());
-        const auto least = Theme::px(m_options.minimumHeight);
-        const auto most = Theme::px(*m_options.maximumHeight);
+        const auto minHeight = Theme::px(m_options.minHeight);
+        const auto maxHeight = Theme::px(*m_options.maxHeight);
         const auto room = width() - inset - Theme::px(endInset());
         const auto height =
-            m_isFitted ? m_area->rowCount(room) * TextZoom::lineHeight(textStyle()) + 2 * inset : most;
-        if (const auto fitting = std::clamp(height, least, most); fitting != m_height) {
+            m_isFitted ? m_area->rowCount(room) * TextZoom::lineHeight(textStyle()) + 2 * inset : maxHeight;
+        if (const auto fitting = std::clamp(height, minHeight, maxHeight); fitting != m_height) {
             m_height = fitting;
             updateGeometry();
         }
@@ -83,7 +82,7 @@ private:
     void applyTheme() {
         // Insets count from the panel's edge; its outline is outside the text area.
         const auto inset = textInset() - Size::panelOutline;
-        const auto left = m_options.lineNumbers ? 0 : inset; // the gutter brings its own distance
+        const auto left = m_options.lineNumbers ? 0 : inset; // the gutter includes its own distance
         const auto style = textStyle();
         m_area->setStyle({.font = TextZoom::font(style),
                           .lineHeight = TextZoom::lineHeight(style),
@@ -122,7 +121,7 @@ private:
 TextArea* newTextArea(const std::string& text, const CodeEditorOptions& options) {
     auto* area = new TextArea;
     area->setLineNumbers(options.lineNumbers);
-    // The text that a screen begins with is no edit: it is shown from its start, and undo does not remove it.
+    // The initial text is not an edit: it is shown from its start, and undo does not remove it.
     area->setReadOnly(true);
     area->setText(text);
     return area;
@@ -149,8 +148,8 @@ QWidget* codeEditor(Store& store, const Reader<const std::string&>& text, const 
     return editorPanel(store, area, std::move(read), placeholder, options);
 }
 
-QWidget* textView(Store& store, const Reader<const std::string&>& text,
-                  const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
+QWidget* readOnlyEditor(Store& store, const Reader<const std::string&>& text,
+                        const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
     auto read = text.of(store);
     auto* area = newTextArea(read(), options);
     return editorPanel(store, area, std::move(read), placeholder, options);

@@ -1,4 +1,4 @@
-/// The text editors: a panel with a text area, with line numbers or without.
+/// The text editors: a panel with a text area, with or without line numbers.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -14,21 +14,21 @@ namespace korvane {
 
 /// Sizes are in pixels at a 13-pixel body text.
 struct CodeEditorOptions {
-    bool lineNumbers = true; ///< without them it is the simple editor, with wider insets
-    bool isSmall = false;    ///< smaller text, for panels beside other things
-    bool isProse = false;    ///< text for reading instead of code, with still wider insets
-    int buttonRoom = 0;      ///< kept free of text on the right, for a button over the corner
-    int minimumHeight = Theme::Size::editorMinimumHeight;
-    std::optional<int> maximumHeight{}; ///< with it, the panel is as high as its text, within these limits
+    bool lineNumbers = true; ///< without them, the insets are wider
+    bool isSmall = false;    ///< smaller text, for secondary panels
+    bool isProse = false;    ///< prose instead of code, with still wider insets
+    int buttonRoom = 0;      ///< free of text on the right, for a button over the corner
+    int minHeight = Theme::Size::minEditorHeight;
+    std::optional<int> maxHeight{}; ///< if set, the panel fits the height of its text, within these limits
     Theme::Role placeholderInk = Theme::Role::placeholder;
 };
 
-/// An editor that shows and changes a text. `placeholder` stands in it while it is empty.
+/// An editor that shows and changes a text. `placeholder` is shown while it is empty.
 QWidget* codeEditor(Store& store, const Reader<const std::string&>& text, const Action<std::string>& setText,
                     const Reader<std::string>& placeholder, const CodeEditorOptions& options = {});
 
-/// The same for a text that is only shown; it can be selected and copied.
-QWidget* textView(Store& store, const Reader<const std::string&>& text,
-                  const Reader<std::string>& placeholder, const CodeEditorOptions& options = {});
+/// The same for a read-only text, which can be selected and copied.
+QWidget* readOnlyEditor(Store& store, const Reader<const std::string&>& text,
+                        const Reader<std::string>& placeholder, const CodeEditorOptions& options = {});
 
 } // namespace korvane

@@ -11,8 +11,8 @@ namespace korvane {
 
 namespace {
 
-/// The kind is the object type of the break's own character format. The history keeps it with the break, and
-/// it is the one property that the toolkit does not hand on to what is typed behind the break.
+/// The kind is stored as the object type of the break's character format. The history keeps it with the
+/// break, and it is the one property that Qt does not copy to text typed after the break.
 QTextCharFormat formatOf(LineBreak lineBreak) {
     QTextCharFormat format;
     if (lineBreak != LineBreak::lineFeed)
@@ -20,7 +20,7 @@ QTextCharFormat formatOf(LineBreak lineBreak) {
     return format;
 }
 
-/// Whether a character begins a line break; asked of every character of a text.
+/// Whether a character begins a line break; called for every character of a text.
 bool beginsLineBreak(QChar character) {
     static constexpr auto latin = [] {
         std::array<bool, 256> begins{};
@@ -37,7 +37,7 @@ bool beginsLineBreak(QChar character) {
     });
 }
 
-/// The line break that begins at `index`, the longest where several do; a seam where there is none.
+/// The longest line break that begins at `index`; a seam if there is none.
 LineBreak lineBreakAt(QStringView text, qsizetype index) {
     if (!beginsLineBreak(text[index]))
         return LineBreak::seam;
@@ -49,55 +49,55 @@ LineBreak lineBreakAt(QStringView text, qsizetype index) {
     return longest;
 }
 
-/// How far back from the end of a piece a place to cut is looked for, in UTF-16 units. A longer character is
-/// no writing but a run of marks, and may be cut anywhere.
-constexpr qsizetype cuttingRange = 256;
+/// The distance from the end of a piece, in UTF-16 units, within which a boundary to cut at is searched. A
+/// longer user-perceived character is a run of marks, not writing, and may be cut anywhere.
+constexpr qsizetype cutSearchRange = 256;
 
 bool isPlainASCII(QChar character) {
     return character >= u' ' && character <= u'~';
 }
 
-/// Emoji, marks and joiners: laying them out takes the toolkit many times as long as other text.
-bool isIntricate(QChar unit) {
+/// Emoji, marks and joiners, whose layout takes Qt many times as long as other text.
+bool isComplex(QChar unit) {
     return unit >= u'\u0300' &&
            (unit.isSurrogate() || unit.isMark() || unit.category() == QChar::Other_Format);
 }
 
-/// Of a piece that is full of intricate units.
-qsizetype longestIntricatePiece(qsizetype longestPiece) {
-    return std::max<qsizetype>(longestPiece / 16, 8);
+/// The number of complex units that a piece may have.
+qsizetype maxComplexUnits(qsizetype maxPieceLength) {
+    return std::max<qsizetype>(maxPieceLength / 16, 8);
 }
 
-/// How many units from the start of `text` a piece may have.
-qsizetype fittingLength(QStringView text, qsizetype longestPiece) {
-    const auto most = std::min(text.size(), longestPiece);
-    auto room = longestIntricatePiece(longestPiece);
-    for (qsizetype index = 0; index < most; ++index) {
-        if (isIntricate(text[index]) && --room < 0)
+/// The maximum length of a piece at the start of `text`, in UTF-16 units.
+qsizetype fittingLength(QStringView text, qsizetype maxPieceLength) {
+    const auto maxLength = std::min(text.size(), maxPieceLength);
+    auto room = maxComplexUnits(maxPieceLength);
+    for (qsizetype index = 0; index < maxLength; ++index) {
+        if (isComplex(text[index]) && --room < 0)
             return index;
     }
-    return most;
+    return maxLength;
 }
 
-/// The last boundary in `text` before its last unit, or right there; 0 if there is none.
+/// The last boundary in `text` at or before its last unit; 0 if there is none.
 qsizetype lastBoundary(QTextBoundaryFinder::BoundaryType type, QStringView text) {
     QTextBoundaryFinder finder(type, text.data(), text.size());
     finder.setPosition(text.size() - 1);
     auto cut = finder.isAtBoundary() ? finder.position() : finder.toPreviousBoundary();
-    while (cut > 0 && text[cut - 1] == u'\u200D') // the finder takes apart what a joiner joins
+    while (cut > 0 && text[cut - 1] == u'\u200D') // the finder would split a joined emoji
         cut = finder.toPreviousBoundary();
     return std::max<qsizetype>(cut, 0);
 }
 
 /// The length of the first piece of `text`, which may be all of it. It ends where a line may be wrapped,
-/// since the next piece begins a row; else between two user-perceived characters, unless one is absurdly
-/// long; never inside a surrogate pair.
-qsizetype pieceLength(QStringView text, qsizetype longestPiece) {
-    assert(longestPiece > 1);
-    const auto length = fittingLength(text, longestPiece);
+/// since the next piece begins a row; otherwise between two user-perceived characters, unless one is
+/// extremely long; never inside a surrogate pair.
+qsizetype pieceLength(QStringView text, qsizetype maxPieceLength) {
+    assert(maxPieceLength > 1);
+    const auto length = fittingLength(text, maxPieceLength);
     if (length == text.size())
         return length;
-    const auto start = std::max<qsizetype>(length - cuttingRange, 0);
+    const auto start = std::max<qsizetype>(length - cutSearchRange, 0);
     const auto range = text.sliced(start, length + 1 - start);
     const auto cutAt = [&](QTextBoundaryFinder::BoundaryType type) {
         const auto cut = lastBoundary(type, range);
@@ -112,12 +112,12 @@ qsizetype pieceLength(QStringView text, qsizetype longestPiece) {
     return text[length].isLowSurrogate() ? length - 1 : length;
 }
 
-/// Takes a text apart into what the document inserts quickly (runs with no other line break than LF and no
-/// long line) and the breaks and long lines between.
+/// Splits a text into runs that the document inserts quickly (no line break but LF and no long line) and the
+/// breaks and long lines between them.
 class Inserter {
 public:
-    Inserter(QTextCursor& cursor, QStringView text, qsizetype longestPiece)
-        : m_cursor(cursor), m_text(text), m_longestPiece(longestPiece) {}
+    Inserter(QTextCursor& cursor, QStringView text, qsizetype maxPieceLength)
+        : m_cursor(cursor), m_text(text), m_maxPieceLength(maxPieceLength) {}
 
     void insert() {
         qsizetype lineStart = 0;
@@ -141,13 +141,13 @@ public:
     }
 
 private:
-    /// Inserts a line in pieces if it is long; else it stays a part of the run.
+    /// Inserts a long line in pieces; a short one remains part of the run.
     void endLine(qsizetype start, qsizetype end) {
-        if (end - start <= longestIntricatePiece(m_longestPiece))
+        if (end - start <= maxComplexUnits(m_maxPieceLength))
             return;
         auto line = m_text.sliced(start, end - start);
-        for (auto length = pieceLength(line, m_longestPiece); length < line.size();
-             length = pieceLength(line, m_longestPiece)) {
+        for (auto length = pieceLength(line, m_maxPieceLength); length < line.size();
+             length = pieceLength(line, m_maxPieceLength)) {
             insertRunUntil(end - line.size());
             insertRunUntil(end - line.size() + length);
             m_cursor.insertBlock(QTextBlockFormat(), formatOf(LineBreak::seam));
@@ -163,8 +163,8 @@ private:
 
     QTextCursor& m_cursor;
     QStringView m_text;
-    qsizetype m_longestPiece;
-    qsizetype m_runStart = 0; // what precedes it is in the document
+    qsizetype m_maxPieceLength;
+    qsizetype m_runStart = 0; // the text before it has been inserted
 };
 
 QString withoutLoneSurrogates(QString text) {
@@ -178,30 +178,30 @@ QString withoutLoneSurrogates(QString text) {
     return text;
 }
 
-/// Whether `block` and the one before it are two pieces of a line of which one is empty.
-bool hasIdleSeam(const QTextBlock& block) {
+/// Whether `block` and the one before it are pieces of one line and one of them is empty.
+bool hasRedundantSeam(const QTextBlock& block) {
     return block.isValid() && continuesLine(block) && (block.length() == 1 || block.previous().length() == 1);
 }
 
-void joinIfIdle(const QTextBlock& block) {
-    if (!hasIdleSeam(block))
+void joinIfRedundant(const QTextBlock& block) {
+    if (!hasRedundantSeam(block))
         return;
     QTextCursor cursor(block);
     cursor.deletePreviousChar();
 }
 
-bool isTooLong(const QTextBlock& block, int longestPiece) {
-    return block.length() - 1 > 2 * longestPiece;
+bool isTooLong(const QTextBlock& block, int maxPieceLength) {
+    return block.length() - 1 > 2 * maxPieceLength;
 }
 
-void cutIfTooLong(const QTextBlock& block, int longestPiece) {
-    if (!isTooLong(block, longestPiece))
+void cutIfTooLong(const QTextBlock& block, int maxPieceLength) {
+    if (!isTooLong(block, maxPieceLength))
         return;
     const auto text = block.text();
     QStringView rest = text;
     QTextCursor cursor(block);
-    for (auto length = pieceLength(rest, longestPiece); length < rest.size();
-         length = pieceLength(rest, longestPiece)) {
+    for (auto length = pieceLength(rest, maxPieceLength); length < rest.size();
+         length = pieceLength(rest, maxPieceLength)) {
         cursor.setPosition(cursor.position() + static_cast<int>(length));
         cursor.insertBlock(QTextBlockFormat(), formatOf(LineBreak::seam));
         rest = rest.sliced(length);
@@ -237,11 +237,11 @@ bool isInsertedExactly(QStringView text) {
     return text.isValidUtf16();
 }
 
-void insertExactly(QTextCursor& cursor, const QString& text, int longestPiece) {
+void insertExactly(QTextCursor& cursor, const QString& text, int maxPieceLength) {
     const auto wellFormed = text.isValidUtf16() ? text : withoutLoneSurrogates(text);
     cursor.beginEditBlock();
     cursor.removeSelectedText();
-    Inserter(cursor, wellFormed, longestPiece).insert();
+    Inserter(cursor, wellFormed, maxPieceLength).insert();
     cursor.endEditBlock();
 }
 
@@ -262,7 +262,7 @@ int offsetOf(const QTextDocument& document, int position) {
     int offset = position;
     for (auto block = document.begin().next(); block.isValid() && block.position() <= position;
          block = block.next())
-        offset += static_cast<int>(textOf(lineBreakBefore(block)).size()) - 1; // which is one position
+        offset += static_cast<int>(textOf(lineBreakBefore(block)).size()) - 1; // the break is one position
     return offset;
 }
 
@@ -280,20 +280,21 @@ int positionAt(const QTextDocument& document, int offset) {
     return block.position() + std::clamp(offset - start, 0, block.length() - 1);
 }
 
-void mendSeams(QTextDocument& document, int start, int end, int longestPiece) {
-    const auto isGood = [&](int position) {
+void repairSeams(QTextDocument& document, int start, int end, int maxPieceLength) {
+    const auto isIntact = [&](int position) {
         const auto block = document.findBlock(position);
-        return !hasIdleSeam(block) && !hasIdleSeam(block.next()) && !isTooLong(block, longestPiece);
+        return !hasRedundantSeam(block) && !hasRedundantSeam(block.next()) &&
+               !isTooLong(block, maxPieceLength);
     };
     const int last = std::min(end, document.characterCount() - 1);
-    if (document.isRedoAvailable() || (isGood(start) && isGood(last)))
+    if (document.isRedoAvailable() || (isIntact(start) && isIntact(last)))
         return;
     QTextCursor cursor(&document);
     cursor.joinPreviousEditBlock();
     for (const int position : {last, start}) {
-        joinIfIdle(document.findBlock(position).next());
-        joinIfIdle(document.findBlock(position));
-        cutIfTooLong(document.findBlock(position), longestPiece);
+        joinIfRedundant(document.findBlock(position).next());
+        joinIfRedundant(document.findBlock(position));
+        cutIfTooLong(document.findBlock(position), maxPieceLength);
     }
     cursor.endEditBlock();
 }

@@ -1,6 +1,5 @@
-/// How a text of any characters lives in a text document of the toolkit, which by itself knows one kind of
-/// line break only: what ends a block of the document is remembered with the break. It is not a measure of
-/// lines on the screen.
+/// Exact texts in a QTextDocument, which supports only one kind of line break: the kind is stored with each
+/// break between blocks. Unrelated to wrapped lines on the screen.
 #pragma once
 
 #include "Models/Enumeration.h"
@@ -14,7 +13,7 @@
 
 namespace korvane {
 
-/// What stands between two blocks of a document. All but `seam` are characters of the text.
+/// The separator of two blocks of a document. All but `seam` are characters of the text.
 enum class LineBreak {
     lineFeed,
     carriageReturnLineFeed,
@@ -24,9 +23,9 @@ enum class LineBreak {
     nextLine,
     lineSeparator,
     paragraphSeparator,
-    noncharacterFDD0, ///< U+FDD0 and U+FDD1 end no line, but the document keeps them for itself inside blocks
+    noncharacterFDD0, ///< U+FDD0 and U+FDD1 end no line, but inside blocks the document reserves them
     noncharacterFDD1,
-    seam, ///< nothing at all: a line too long for one block goes on in the next
+    seam, ///< no character: a line too long for one block continues in the next
 };
 
 struct LineBreakFacts {
@@ -50,38 +49,38 @@ inline constexpr auto facts<LineBreak> = std::to_array<LineBreakFacts>({
     {LineBreak::seam, u"", 0},
 });
 
-/// The characters that `lineBreak` stands for.
+/// The characters of `lineBreak`.
 QStringView textOf(LineBreak lineBreak);
 
-/// How many newline characters they are; a CR LF is two.
+/// The number of newline characters in it; a CR LF is two.
 int newlineCount(LineBreak lineBreak);
 
-/// What stands before `block`, which is not the first of its document.
+/// The separator before `block`, which is not the first of its document.
 LineBreak lineBreakBefore(const QTextBlock& block);
 
-/// Whether `block` goes on with the line of the block before it.
+/// Whether `block` continues the line of the block before it.
 bool continuesLine(const QTextBlock& block);
 
-/// Whether the toolkit's own ways of inserting keep `text` as it is.
+/// Whether Qt's own insertion preserves `text` exactly.
 bool isInsertedExactly(QStringView text);
 
-/// Replaces the selection of `cursor` by exactly `text`, in one step of the history. No block gets more than
-/// `longestPiece` UTF-16 units at once. Half a surrogate pair, which no text can hold, becomes U+FFFD.
-void insertExactly(QTextCursor& cursor, const QString& text, int longestPiece);
+/// Replaces the selection of `cursor` by exactly `text`, as one step of the history. No block gets more than
+/// `maxPieceLength` UTF-16 units at once. Lone surrogates, which no text can contain, become U+FFFD.
+void insertExactly(QTextCursor& cursor, const QString& text, int maxPieceLength);
 
 /// The characters of `document` from position `start` to `end`.
 QString exactText(const QTextDocument& document, int start, int end);
 
-/// How many UTF-16 units of the exact text are before `position`.
+/// The number of UTF-16 units of the exact text before `position`.
 int offsetOf(const QTextDocument& document, int position);
 
-/// The position before which `offset` units of the exact text are; from within a line break, the one before
-/// it.
+/// The position after `offset` units of the exact text; for an offset inside a line break, the position
+/// before the break.
 int positionAt(const QTextDocument& document, int offset);
 
-/// Makes the seams next to an edit from position `start` to `end` good again, as a part of that edit: cuts
-/// blocks of more than twice `longestPiece`, joins blocks without a character to their neighbours. Does
-/// nothing to a document that an undo or redo has brought back.
-void mendSeams(QTextDocument& document, int start, int end, int longestPiece);
+/// Repairs the seams next to an edit from position `start` to `end`, as a part of that edit: splits blocks of
+/// more than twice `maxPieceLength` units, and joins empty blocks to their neighbours. Does nothing to a
+/// document that an undo or redo has restored.
+void repairSeams(QTextDocument& document, int start, int end, int maxPieceLength);
 
 } // namespace korvane

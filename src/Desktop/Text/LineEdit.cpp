@@ -32,8 +32,7 @@ void LineEdit::replaceAll(const QString& text) {
     m_displaying = false;
 }
 
-/// Not every edit comes by key: assistive technology sets a text past the validator, and without
-/// `textEdited`.
+/// Assistive technology sets texts without validation and without `textEdited`.
 void LineEdit::followEdit() {
     if (m_displaying)
         return;
@@ -49,15 +48,14 @@ void LineEdit::followEdit() {
         onEdit(m_acceptedText = utf8String(text));
 }
 
-/// What has been pasted or dropped ends at the caret, so the line breaks before it are the last ones of that
-/// text.
+/// A pasted or dropped text ends at the caret, so the line breaks before the caret are its last ones.
 void LineEdit::keepOnOneLine() {
     const auto beforeCaret = qString(onOneLine(utf8String(text().left(cursorPosition()))));
     const auto line = beforeCaret + qString(onOneLine(utf8String(text().mid(cursorPosition()))));
     if (line == text())
         return;
     m_displaying = true;
-    undo(); // else a later undoing would bring the line breaks back, and stop there
+    undo(); // otherwise undo would later restore the line breaks
     replaceAll(line);
     setCursorPosition(static_cast<int>(beforeCaret.size()));
 }
@@ -70,7 +68,7 @@ void LineEdit::changeEvent(QEvent* event) {
 
 void LineEdit::applyTheme() {
     m_applying = true;
-    QPalette look; // names only what differs, so that the rest goes on following the window
+    QPalette look; // sets only what differs, so that the rest still follows the window
     look.setColor(QPalette::Base, Qt::transparent);
     look.setColor(QPalette::PlaceholderText, Theme::color(m_placeholder));
     setPalette(look);

@@ -1,6 +1,6 @@
-/// The toolkit's single-line editor in the theme's look, without a frame: that lies around it. What the user
-/// brings into it is put on one line (see `onOneLine`); a text with line breaks that the program displays is
-/// kept as it is and only shown on one line.
+/// Qt's single-line editor in the theme's look, without a frame, which its container paints. The user's input
+/// is joined to one line (see `onOneLine`); a text with line breaks that the program displays is kept as it
+/// is and only shown on one line.
 #pragma once
 
 #include "Desktop/Look/Theme.h"
@@ -17,11 +17,11 @@ class LineEdit : public QLineEdit {
 public:
     explicit LineEdit(Theme::TextStyle style, Theme::Role placeholder = Theme::Role::placeholder);
 
-    /// Shows `utf8` unless it is shown already. The user can undo it.
+    /// Shows `utf8` unless it is shown already. The user can undo this.
     void display(std::string_view utf8);
 
     /// Called with the text when the user, or assistive technology on the user's behalf, has changed it;
-    /// never by `display`. A text that the validator refuses is taken back instead.
+    /// never by `display`. A text that the validator rejects is reverted instead.
     std::function<void(const std::string&)> onEdit{};
 
 protected:

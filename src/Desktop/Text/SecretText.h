@@ -1,4 +1,4 @@
-/// A text on its way to the clipboard that other programs are not to show or to keep.
+/// Clipboard content that other programs must not show or store.
 #pragma once
 
 #include <QMimeData>
@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-/// Content for the clipboard, marked as the programs understand it that remember what was there.
+/// Clipboard content with the mark by which clipboard managers recognise secrets.
 inline QMimeData* secretText(const QString& text) {
     auto* content = new QMimeData;
     content->setText(text);

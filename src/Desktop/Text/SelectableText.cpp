@@ -55,14 +55,14 @@ int SelectableText::heightForWidth(int width) const {
     return rowCount(width) * Theme::lineHeight(m_options.style);
 }
 
-/// The Tab key selects the whole text, as in a field, ready to be copied.
+/// The Tab key selects the whole text, as in a field, for copying.
 void SelectableText::focusInEvent(QFocusEvent* event) {
     TextArea::focusInEvent(event);
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
         selectAll();
 }
 
-/// What the Tab key selected goes with it.
+/// Leaving by the Tab key clears the selection.
 void SelectableText::focusOutEvent(QFocusEvent* event) {
     TextArea::focusOutEvent(event);
     if (event->reason() != Qt::TabFocusReason && event->reason() != Qt::BacktabFocusReason)
@@ -79,7 +79,7 @@ void SelectableText::changeEvent(QEvent* event) {
 }
 
 void SelectableText::wheelEvent(QWheelEvent* event) {
-    event->ignore(); // there is nothing to scroll in here, but perhaps around it
+    event->ignore(); // nothing scrolls in here; the parent may scroll
 }
 
 QMimeData* SelectableText::newMimeData(const QString& text) const {

@@ -1,5 +1,5 @@
-/// A text that is only shown, as high as it needs to be at its width, and that can be selected with the
-/// pointer and copied. For values of a few lines; what may be long belongs in an editor, which scrolls.
+/// A read-only text, as high as its lines at its width, which can be selected with the pointer and copied.
+/// For values of a few lines; longer texts belong in an editor, which scrolls.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -17,8 +17,8 @@ struct SelectableTextOptions {
     Qt::Alignment alignment = Qt::AlignLeft;
     std::string placeholder{};
     Theme::Ink placeholderInk = Theme::Role::placeholder;
-    bool isSecret = false;  ///< it is copied as a secret
-    bool isTabStop = false; ///< reached by keyboard too: for a text without a button that copies it
+    bool isSecret = false;  ///< copied as a secret
+    bool isTabStop = false; ///< reached by the Tab key: for a text without a copy button
 };
 
 class SelectableText final : public TextArea {
@@ -45,7 +45,7 @@ private:
     bool m_applying = false;
 };
 
-/// A text of a few lines that can be selected and copied. `name` is the accessible name.
+/// A selectable text of a few lines. `name` is the accessible name.
 QWidget* selectableText(Store& store, std::string_view name, const Reader<std::string>& text,
                         SelectableTextOptions options = {});
 

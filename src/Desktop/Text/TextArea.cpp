@@ -23,7 +23,7 @@ namespace korvane {
 
 namespace {
 
-/// The document must have its layout before the control takes it.
+/// The document must have its layout before the control uses it.
 QTextDocument* makeDocument(QObject* owner) {
     auto* document = new QTextDocument(owner);
     document->setDocumentLayout(new TextLayout(*document));
@@ -49,7 +49,7 @@ bool goesForward(const QKeyEvent& event) {
                        QKeySequence::DeleteEndOfWord, QKeySequence::DeleteEndOfLine});
 }
 
-/// Whether `block` goes on with a line at `position`.
+/// Whether `block` begins at `position` and continues a line.
 bool isSeamBefore(const QTextBlock& block, int position) {
     return block.isValid() && block.position() == position && continuesLine(block);
 }
@@ -66,9 +66,9 @@ QMouseEvent copyAt(const QMouseEvent& event, QPointF position) {
 
 } // namespace
 
-TextArea::TextArea(QWidget* parent, int longestPiece)
+TextArea::TextArea(QWidget* parent, int maxPieceLength)
     : QPlainTextEdit(parent),
-      m_longestPiece(longestPiece),
+      m_maxPieceLength(maxPieceLength),
       m_document(*makeDocument(this)),
       m_layout(static_cast<TextLayout&>(*m_document.documentLayout())),
       m_mirror(m_document) {
@@ -77,7 +77,7 @@ TextArea::TextArea(QWidget* parent, int longestPiece)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
-    setTabChangesFocus(true); // the whole program can be used by keyboard alone
+    setTabChangesFocus(true); // the program must be usable by keyboard alone
     watchDocument();
     setStyle(TextAreaStyle{.font = font(), .text = palette().color(QPalette::Text)});
 }
@@ -102,7 +102,7 @@ void TextArea::setText(std::string_view utf8) {
         m_document.clear(); // quicker than an edit
     QTextCursor cursor(&m_document);
     cursor.select(QTextCursor::Document);
-    insertExactly(cursor, qString(utf8), m_longestPiece);
+    insertExactly(cursor, qString(utf8), m_maxPieceLength);
     if (isReadOnly())
         cursor.setPosition(0);
     setTextCursor(cursor);
@@ -133,13 +133,13 @@ void TextArea::watchDocument() {
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& rect) { repaintRows(rect); });
 }
 
-/// Answers an edit once it is complete.
+/// Handles an edit once it is complete.
 void TextArea::followEdit() {
     fitGutter();
     if (m_busy || !m_edited)
         return;
     m_busy = true;
-    mendSeams(m_document, m_editStart, m_editEnd, m_longestPiece);
+    repairSeams(m_document, m_editStart, m_editEnd, m_maxPieceLength);
     m_busy = false;
     m_edited = false;
     m_invalidUTF8.reset();
@@ -191,7 +191,7 @@ QAccessibleInterface* TextArea::newAccessibleInterface() {
 
 void TextArea::insert(const QString& text) {
     auto cursor = textCursor();
-    insertExactly(cursor, text, m_longestPiece);
+    insertExactly(cursor, text, m_maxPieceLength);
     setTextCursor(cursor);
     ensureCursorVisible();
 }
@@ -202,7 +202,7 @@ void TextArea::keyPressEvent(QKeyEvent* event) {
         return;
     }
     stepOverSeam(*event);
-    // The base would reset the formats of a selection first, and thereby its line breaks.
+    // The base class would first reset the formats of a selection, including its line breaks.
     if (!isReadOnly() &&
         matchesAny(*event, {QKeySequence::InsertParagraphSeparator, QKeySequence::InsertLineSeparator})) {
         insert(QStringLiteral("\n"));
@@ -219,11 +219,11 @@ void TextArea::contextMenuEvent(QContextMenuEvent* event) {
                     readingCommands([this] { copyText(); }, [this] { selectAll(); }, !m_document.isEmpty()));
 }
 
-/// Moves the caret to the other side of a seam that the key would else run into, so that it reaches the
-/// character behind. A selection of nothing but a seam is none.
+/// Moves the caret across a seam next to it, so that the key acts on the character beyond. A selection of
+/// only a seam is cleared.
 void TextArea::stepOverSeam(const QKeyEvent& event) {
     auto cursor = textCursor();
-    m_layout.blockBoundingRect(cursor.block()); // the key may go up or down from where the view is not
+    m_layout.blockBoundingRect(cursor.block()); // up and down keys need the layout, even outside the view
     if (cursor.selectionEnd() - cursor.selectionStart() == 1 &&
         isSeamBefore(m_document.findBlock(cursor.selectionEnd()), cursor.selectionEnd()))
         cursor.clearSelection();
@@ -253,7 +253,7 @@ void TextArea::inputMethodEvent(QInputMethodEvent* event) {
     event->accept();
 }
 
-/// The edges around the text belong to it as far as the mouse is concerned.
+/// Mouse events in the margins are treated as events in the text.
 bool TextArea::event(QEvent* event) {
     if (isMouseEvent(*event)) {
         auto& mouse = static_cast<QMouseEvent&>(*event);
@@ -280,7 +280,7 @@ bool TextArea::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::DragMove || event->type() == QEvent::Drop) {
         auto& drop = static_cast<QDropEvent&>(*event);
         const auto place = snapped(drop.position());
-        const auto passOnDrop = [&](auto copy) {
+        const auto forwardDrop = [&](auto copy) {
             copy.setDropAction(drop.dropAction());
             const bool handled = QPlainTextEdit::viewportEvent(&copy);
             drop.setDropAction(copy.dropAction());
@@ -288,22 +288,22 @@ bool TextArea::viewportEvent(QEvent* event) {
             return handled;
         };
         if (event->type() == QEvent::DragMove)
-            return passOnDrop(QDragMoveEvent(place.toPoint(), drop.possibleActions(), drop.mimeData(),
-                                             drop.buttons(), drop.modifiers()));
-        return passOnDrop(
+            return forwardDrop(QDragMoveEvent(place.toPoint(), drop.possibleActions(), drop.mimeData(),
+                                              drop.buttons(), drop.modifiers()));
+        return forwardDrop(
             QDropEvent(place, drop.possibleActions(), drop.mimeData(), drop.buttons(), drop.modifiers()));
     }
     return QPlainTextEdit::viewportEvent(event);
 }
 
-/// A place in the same row that surely meets the row's line, whose rectangle is lower than the row.
+/// A position in the same row that is certainly inside the line's rectangle, which is lower than the row.
 QPointF TextArea::snapped(QPointF position) const {
     const qreal height = m_style.lineHeight;
     return {position.x(), (std::floor(position.y() / height) + 1) * height - 2};
 }
 
 void TextArea::wheelEvent(QWheelEvent* event) {
-    QAbstractScrollArea::wheelEvent(event); // without the zooming of read-only text
+    QAbstractScrollArea::wheelEvent(event); // skips the base class, which would zoom read-only text
 }
 
 } // namespace korvane

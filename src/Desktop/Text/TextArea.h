@@ -1,6 +1,6 @@
-/// The multi-line text control: shows, edits and gives back any text exactly, also a large one or one long
-/// line, on lines of one height, with the numbers of the lines beside them where wanted. It paints no panel,
-/// outline, focus ring or scroll bar: those lie around and over it.
+/// The multi-line text control: shows, edits and returns any text exactly, including large texts and long
+/// lines, in lines of one height, with optional line numbers. It paints no panel, outline, focus ring or
+/// scroll bar; these are around and over it.
 #pragma once
 
 #include "Desktop/Access/Accessibility.h"
@@ -29,15 +29,16 @@ struct TextAreaStyle {
     QColor placeholder{};
     QColor number{};
     QColor selection{}; ///< behind selected text, which keeps its colour
-    QMargins inset{};   ///< around the text; the left one counts from the line numbers where these are shown
+    QMargins inset{};   ///< around the text; the left one counts from the line numbers, if shown
     int numberGap = 8;  ///< on either side of the line numbers
 };
 
-/// In UTF-16 units: a longer line is kept in several pieces. Laying out a piece takes a few milliseconds, and
-/// that is what a key press in the line costs; a line of megabytes would take seconds.
-inline constexpr int longestPieceOfLine = 10'000;
+/// In UTF-16 units: longer lines are stored in several pieces. Laying out a piece takes a few milliseconds,
+/// which is the cost of a key press in the line; a line of megabytes would take seconds.
+inline constexpr int defaultMaxPieceLength = 10'000;
 
-/// The number of a line and its place in the control: the width of the numbers by the first row of the line.
+/// The number of a line and its rectangle in the control: the width of the numbers by the first row of the
+/// line.
 struct VisibleNumber {
     std::size_t number;
     QRect place;
@@ -45,7 +46,7 @@ struct VisibleNumber {
 
 class TextArea : public QPlainTextEdit, public AccessibleControl {
 public:
-    explicit TextArea(QWidget* parent = nullptr, int longestPiece = longestPieceOfLine);
+    explicit TextArea(QWidget* parent = nullptr, int maxPieceLength = defaultMaxPieceLength);
 
     using QPlainTextEdit::setStyle;
 
@@ -56,48 +57,45 @@ public:
 
     void setLineNumbers(bool shown);
 
-    /// Where in their rows the lines are: at the left, in the middle or at the right. To be set before a
-    /// text.
+    /// The horizontal alignment of lines. To be set before a text.
     void setAlignment(Qt::Alignment alignment);
 
-    /// Has lines without a space break at any character. To be called before a text is set.
+    /// Makes lines without a space break at any character. To be called before a text is set.
     void setBreaksValuesAnywhere() { m_layout.setBreaksValuesAnywhere(); }
 
-    /// How many rows the text takes in a control of `width`. Lays the whole text out; meant for short ones.
+    /// The number of rows of the text in a control of `width`. Lays out the whole text; for short texts.
     int rowCount(int width) const;
 
-    /// Shown while the text is empty, in place of the text.
+    /// Shown while the text is empty.
     void setPlaceholder(const QString& placeholder);
 
-    /// Shows `utf8`; of bytes that are not UTF-8 each wrong sequence is shown as U+FFFD. In an editable
-    /// control it is an edit that can be undone, with the caret after the text; a read-only control shows its
-    /// start. Does nothing if that is the text already. Costs about 3 microseconds a line and 10 nanoseconds
-    /// a byte.
+    /// Shows `utf8`; each invalid sequence is shown as U+FFFD. In an editable control this is an edit that
+    /// can be undone, with the caret after the text; a read-only control shows its start. Does nothing if the
+    /// text is unchanged. Costs about 3 microseconds a line and 10 nanoseconds a byte.
     void setText(std::string_view utf8);
 
-    /// What was set, byte for byte, or what the user has made of it.
+    /// The text as it was set, byte for byte, or as the user has edited it.
     std::string text() const;
 
     /// The selected part of the text; empty without a selection.
     std::string selectedText() const;
 
-    /// Puts what is selected on the clipboard; in a read-only text without a selection, the whole text.
+    /// Copies the selection to the clipboard; in a read-only text without a selection, the whole text.
     void copyText();
 
-    /// Puts exactly `text` in place of what is between two positions of the document, as an edit of the
-    /// user's.
+    /// Replaces the text between two positions of the document by exactly `text`, as an edit of the user.
     void replace(int start, int end, const QString& text);
 
     QAccessibleInterface* newAccessibleInterface() override;
 
-    /// Called with the whole text when the user has changed it, once an edit, an undo or a redo; never by
+    /// Called with the whole text when the user has changed it, once for each edit, undo or redo; never by
     /// `setText`.
     std::function<void(std::string)> onEdit{};
 
-    /// The numbers of the lines that begin in view; none without line numbers.
+    /// The numbers of the lines that begin in the visible part; none without line numbers.
     std::vector<VisibleNumber> visibleNumbers() const;
 
-    // What the toolkit offers beside these loses or changes characters.
+    // Qt's corresponding functions lose or change characters.
     QString toPlainText() const = delete;
     void setPlainText(const QString&) = delete;
     void insertPlainText(const QString&) = delete;
@@ -113,7 +111,7 @@ protected:
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 
-    /// `text` as it is put on the clipboard.
+    /// The clipboard content for `text`.
     virtual QMimeData* newMimeData(const QString& text) const;
 
     void keyPressEvent(QKeyEvent* event) override;
@@ -141,16 +139,16 @@ private:
                         QPointF origin) const;
     void paintCaret(QPainter& painter, const QTextBlock& block, QPointF origin, int caret) const;
 
-    const int m_longestPiece;
+    const int m_maxPieceLength;
     QTextDocument& m_document;
     TextLayout& m_layout;
     TextMirror m_mirror;
     TextAreaStyle m_style{};
-    std::optional<std::string> m_invalidUTF8{}; // the text as it was set, if it cannot be shown as it is
+    std::optional<std::string> m_invalidUTF8{}; // the text as it was set, if it is not valid UTF-8
     QWidget* m_gutter = nullptr;                // none without line numbers
     bool m_edited = false;                      // since the last call of `onEdit`
-    bool m_busy = false;                        // the edit is the control's own
-    int m_editStart = 0;                        // where the last edit was
+    bool m_busy = false;                        // while the control itself edits
+    int m_editStart = 0;                        // the range of the last edit
     int m_editEnd = 0;
 };
 

@@ -1,4 +1,4 @@
-/// What of a text area is seen, and where.
+/// The painting and placement of a text area.
 
 #include "Desktop/Text/TextArea.h"
 
@@ -16,9 +16,9 @@ namespace korvane {
 
 namespace {
 
-constexpr int leastDigits = 2; // so that the text does not move at its tenth line
+constexpr int minDigits = 2; // so that the text does not move when line 10 is added
 
-/// The column of the line numbers. It shows what the control says is in view.
+/// The column of line numbers, read from the control.
 class Gutter final : public QWidget {
 public:
     Gutter(TextArea& area, const TextAreaStyle& style) : QWidget(&area), m_area(area), m_style(style) {
@@ -56,7 +56,7 @@ bool hasRightToLeftText(QStringView text) {
     });
 }
 
-/// From where to where the characters reach. Those of a row with text of both directions may be in several
+/// The horizontal extents of the characters. In a row with text of both directions they may be in several
 /// places.
 std::vector<std::pair<qreal, qreal>> selectedExtents(const QTextBlock& block, const QTextLine& line, int from,
                                                      int to) {
@@ -81,7 +81,7 @@ std::vector<std::pair<qreal, qreal>> selectedExtents(const QTextBlock& block, co
 void TextArea::setStyle(const TextAreaStyle& style) {
     m_style = style;
     setFont(style.font);
-    m_document.setDefaultFont(font()); // as the control has completed it
+    m_document.setDefaultFont(font()); // with the properties that the control has inherited
     fitGutter();
     layOut();
     viewport()->update();
@@ -113,10 +113,10 @@ void TextArea::setLineNumbers(bool shown) {
 int TextArea::numbersWidth() const {
     const auto digits = static_cast<int>(std::to_string(m_mirror.lineCount()).size());
     return static_cast<int>(
-        std::ceil(QFontMetricsF(font()).horizontalAdvance(u'0') * std::max(digits, leastDigits)));
+        std::ceil(QFontMetricsF(font()).horizontalAdvance(u'0') * std::max(digits, minDigits)));
 }
 
-/// Makes room for the widest number.
+/// Adapts the gutter's width to the widest number.
 void TextArea::fitGutter() {
     const int width = m_gutter ? numbersWidth() + 2 * m_style.numberGap : 0;
     setViewportMargins(width, m_style.inset.top(), 0, 0);
@@ -124,8 +124,7 @@ void TextArea::fitGutter() {
         m_gutter->setGeometry(0, 0, width, height());
 }
 
-/// Gives the lines their places in a view or a style that has changed, and keeps the first visible one in
-/// view.
+/// Lays out the lines for a changed width or style, and keeps the first visible one in view.
 void TextArea::layOut() {
     const auto block = firstVisibleBlock();
     const auto& lines = *block.layout();
@@ -145,12 +144,12 @@ void TextArea::layOut() {
 void TextArea::resizeEvent(QResizeEvent* event) {
     fitGutter();
     layOut();
-    // The base would empty the layout of every block of the document if it saw the width change.
+    // The base class would clear the layout of every block of the document on a change of width.
     QResizeEvent sameWidth(event->size(), {event->size().width(), event->oldSize().height()});
     QPlainTextEdit::resizeEvent(&sameWidth);
 }
 
-/// The base asks for the natural rectangles of lines, which are not quite where the rows are painted.
+/// The base class requests the natural rectangles of lines, which differ slightly from the painted rows.
 void TextArea::repaintRows(const QRect& rect) {
     const auto rows = rect.adjusted(0, -m_style.lineHeight, 0, m_style.lineHeight);
     viewport()->update(rows);
@@ -217,7 +216,7 @@ void TextArea::paintBlock(QPainter& painter, const QTextBlock& block, QPointF or
     const int height = m_style.lineHeight;
     const auto rowAt = [&](qreal y) { return static_cast<int>(std::floor((y - origin.y()) / height)); };
     const int last = std::min(rowAt(exposed.bottom()), layout.lineCount() - 1);
-    // A glyph of another font may stick out into a neighbouring row.
+    // A glyph of another font may extend into a neighbouring row.
     for (int row = std::max(rowAt(exposed.top()) - 1, 0); row <= last; ++row)
         paintSelection(painter, block, layout.lineAt(row), origin);
     for (int row = std::max(rowAt(exposed.top()) - 1, 0); row <= last; ++row) {
@@ -226,7 +225,7 @@ void TextArea::paintBlock(QPainter& painter, const QTextBlock& block, QPointF or
     }
 }
 
-/// Fills the selected part of a row, to the end of the row if the selection goes on in the next one.
+/// Fills the selected part of a row, to the end of the row if the selection continues in the next one.
 void TextArea::paintSelection(QPainter& painter, const QTextBlock& block, const QTextLine& line,
                               QPointF origin) const {
     const auto cursor = textCursor();
@@ -234,9 +233,9 @@ void TextArea::paintSelection(QPainter& painter, const QTextBlock& block, const 
     const int lineEnd = line.textStart() + line.textLength();
     const int selectionEnd = cursor.selectionEnd() - block.position();
     const bool isLastRow = line.lineNumber() == block.layout()->lineCount() - 1;
-    const bool goesOn = isLastRow ? selectionEnd > lineEnd : selectionEnd >= lineEnd;
+    const bool continues = isLastRow ? selectionEnd > lineEnd : selectionEnd >= lineEnd;
     const int to = std::min(selectionEnd, lineEnd);
-    if (!cursor.hasSelection() || from > to || (from == to && !goesOn))
+    if (!cursor.hasSelection() || from > to || (from == to && !continues))
         return;
     const qreal top = origin.y() + line.lineNumber() * m_style.lineHeight;
     const auto fill = [&](qreal left, qreal right) {
@@ -246,12 +245,12 @@ void TextArea::paintSelection(QPainter& painter, const QTextBlock& block, const 
     };
     const auto& frame = m_layout.frame();
     if (!hasRightToLeftText(QStringView(block.text()).sliced(line.textStart(), line.textLength()))) {
-        fill(line.cursorToX(from), goesOn ? frame.left + frame.width : line.cursorToX(to));
+        fill(line.cursorToX(from), continues ? frame.left + frame.width : line.cursorToX(to));
         return;
     }
     for (const auto& [left, right] : selectedExtents(block, line, from, to))
         fill(left, right);
-    if (goesOn)
+    if (continues)
         fill(std::max(line.naturalTextRect().right(), frame.left), frame.left + frame.width);
 }
 

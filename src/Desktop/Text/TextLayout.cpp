@@ -89,8 +89,8 @@ void TextLayout::documentChanged(int from, int removed, int added) {
     }
     const bool sameBlocks = first == last && text.blockCount() == m_blockCount;
     m_blockCount = text.blockCount();
-    // Clearing a document replaces its block by one that counts one line, so the block does not tell that the
-    // document has become shorter.
+    // Clearing a document replaces its block by one that counts one line, so comparing the block's lines does
+    // not show that the document has become shorter.
     if (sameBlocks && !layBlock(first) && text.lineCount() == m_announcedRows) {
         emit updateBlock(first);
         return;
@@ -114,7 +114,7 @@ bool TextLayout::isLaidOut(const QTextBlock& block) const {
 }
 
 void TextLayout::announceSize() const {
-    // The view answers by looking at blocks, which may lay out more of them.
+    // The view responds by accessing blocks, which may lay out more of them.
     if (m_announcing)
         return;
     m_announcing = true;

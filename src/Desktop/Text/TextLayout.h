@@ -1,5 +1,5 @@
-/// The layout of a text area's document: wrapped lines of one height whatever fonts they need, laid out block
-/// by block when they are first looked at. It does not paint and knows nothing of scrolling.
+/// The layout of a text area's document: wrapped lines of one height for all fonts, laid out block by block
+/// on demand. It neither paints nor scrolls.
 #pragma once
 
 #include <QFont>
@@ -13,7 +13,7 @@ class TextLayout : public QPlainTextDocumentLayout {
 public:
     explicit TextLayout(QTextDocument& document);
 
-    /// Where the lines go, in pixels.
+    /// The place of the lines, in pixels.
     struct Frame {
         qreal left = 0;   ///< from the view's edge to the lines
         qreal width = 0;  ///< of a line
@@ -22,31 +22,31 @@ public:
         bool operator==(const Frame&) const = default;
     };
 
-    /// Blocks are laid out anew when they are next looked at; until then they keep their numbers of lines, so
-    /// the cost does not depend on the size of the document.
+    /// Blocks are laid out again on demand; until then they keep their numbers of lines, so the cost does not
+    /// depend on the size of the document.
     void setFrame(const Frame& frame);
 
     const Frame& frame() const { return m_frame; }
 
-    /// For blocks that are laid out from now on.
+    /// Applies to blocks that are laid out later.
     void setAlignment(Qt::Alignment alignment) { m_alignment = alignment; }
 
-    /// Has blocks without a space break at any character, where others break between words: no part of a
-    /// value belongs more closely together than another. For blocks that are laid out from now on.
+    /// Makes blocks without a space break at any character instead of between words, because the parts of a
+    /// value are not words. Applies to blocks that are laid out later.
     void setBreaksValuesAnywhere() { m_breaksValuesAnywhere = true; }
 
-    /// How many rows the document would have in lines of `width`.
+    /// The number of rows of the document in lines of `width`.
     int rowCount(qreal width) const;
 
-    /// Breaks `layout`, which is none of the document's, into lines. Each line's natural rectangle ends where
-    /// its row ends: the view takes the bottom of a line for the top of the next one when it scrolls.
+    /// Breaks `layout`, which does not belong to the document, into lines. Each line's natural rectangle ends
+    /// where its row ends: when scrolling, the view takes the bottom of a line as the top of the next one.
     int layLines(QTextLayout& layout) const;
 
-    /// Where to draw a line of a block: at the distance from its own position that puts it on the baseline
-    /// which all rows share.
+    /// The offset at which to draw a line of a block, which moves it from its own position to the baseline
+    /// that all rows share.
     QPointF drawingOffset(const QTextLine& line) const;
 
-    /// From the top of a row to the baseline of the text, which is centred in the row.
+    /// The distance from the top of a row to the baseline of the text, which is centred in the row.
     qreal baseline() const;
 
     QRectF blockBoundingRect(const QTextBlock& block) const override;
@@ -56,7 +56,7 @@ protected:
     void documentChanged(int from, int removed, int added) override;
 
 private:
-    /// Lays `block` out; tells whether its number of lines has changed.
+    /// Lays out `block`; returns whether its number of lines has changed.
     bool layBlock(const QTextBlock& block) const;
     bool isLaidOut(const QTextBlock& block) const;
     void announceSize() const;
@@ -70,7 +70,7 @@ private:
     int m_generation = 0; // a block's user state is the generation of its layout
     int m_blockCount = 1;
     mutable bool m_announcing = false;
-    mutable int m_announcedRows = 0; // as the scroll bar knows them
+    mutable int m_announcedRows = 0; // the number last reported to the scroll bar
 };
 
 } // namespace korvane

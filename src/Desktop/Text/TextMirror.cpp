@@ -13,7 +13,7 @@ namespace korvane {
 
 namespace {
 
-/// Appends UTF-8 to a string without a temporary for every piece.
+/// Appends UTF-8 to a string without a temporary for each piece.
 class Appender {
 public:
     explicit Appender(std::string& text) : m_text(text) {}
@@ -30,8 +30,8 @@ private:
     QStringEncoder m_encoder{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
 };
 
-/// Reads blocks and what stands before them. Most documents have only one kind of line break, which shows in
-/// their list of formats, and a raw copy of a whole document is cheaper than its blocks one by one.
+/// Reads blocks and the breaks before them. Most documents have only one kind of line break, as their list of
+/// formats shows, and one raw copy of a whole document is cheaper than reading its blocks separately.
 class BlockReader {
 public:
     BlockReader(const QTextDocument& document, std::size_t blocks) {
@@ -80,12 +80,12 @@ TextMirror::TextMirror(const QTextDocument& document) : m_document(document) {
 bool TextMirror::follow(int from, int removed, int added) {
     if (removed == 0 && added == 0)
         return false;
-    // A change at the end of the document is announced one position too long.
+    // Qt reports a change at the end of the document as one position too long.
     const auto lastBlock = m_document.findBlock(std::min(from + added, m_document.characterCount() - 1));
     const auto blockCount = static_cast<std::size_t>(m_document.blockCount());
     const auto first = static_cast<std::size_t>(m_document.findBlock(from).blockNumber());
     const auto end = static_cast<std::size_t>(lastBlock.blockNumber()) + 1;
-    const auto oldEnd = end + m_pieces.size() - blockCount; // the blocks behind the edit are the same
+    const auto oldEnd = end + m_pieces.size() - blockCount; // the blocks after the edit are unchanged
     assert(first < oldEnd && oldEnd <= m_pieces.size());
 
     std::string text;
@@ -104,7 +104,7 @@ bool TextMirror::follow(int from, int removed, int added) {
 
     const auto start = seek(first);
     const auto oldStop = seek(oldEnd);
-    m_mark = start; // what precedes the edit stays as it is
+    m_mark = start; // the text before the edit is unchanged
     const auto oldSize = oldStop.bytes - start.bytes;
     const bool differs = std::string_view(m_text).substr(start.bytes, oldSize) != text;
     if (differs)

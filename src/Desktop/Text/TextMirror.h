@@ -1,5 +1,5 @@
-/// The exact text of a text document as UTF-8, and the numbers of its lines. It follows every edit at a cost
-/// of about the edit itself, so that a key press in a text of many megabytes does not read them all again.
+/// The exact text of a text document as UTF-8, and the numbers of its lines. Each edit costs about as much as
+/// the edit itself, so that a key press in a text of many megabytes does not read the whole text again.
 #pragma once
 
 #include <cstddef>
@@ -12,25 +12,25 @@ namespace korvane {
 
 class TextMirror {
 public:
-    /// Mirrors `document`, which is empty and outlives the mirror.
+    /// Mirrors `document`, which must be empty and outlive the mirror.
     explicit TextMirror(const QTextDocument& document);
 
-    /// Takes over an edit, in the terms of the document's `contentsChange`; tells whether the text is
-    /// another.
+    /// Applies an edit, with the arguments of the document's `contentsChange`; returns whether the text has
+    /// changed.
     bool follow(int from, int removed, int added);
 
     /// The whole text.
     const std::string& text() const { return m_text; }
 
-    /// The number of lines, which is at least 1: one more than newline characters, a CR LF being two.
+    /// The number of lines, at least 1: one more than newline characters, a CR LF being two.
     std::size_t lineCount() const { return m_newlines + 1; }
 
-    /// The number, counted from 1, of the line that the block begins or continues. Costs the distance from
-    /// the block that was asked for before.
+    /// The number, counted from 1, of the line that the block begins or continues. The cost is proportional
+    /// to the distance from the block of the previous call.
     std::size_t lineNumber(int blockNumber) const;
 
 private:
-    /// A block with the line break before it.
+    /// A block and the line break before it.
     struct Piece {
         int bytes = 0;
         int newlines = 0;

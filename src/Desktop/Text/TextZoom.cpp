@@ -13,8 +13,9 @@ namespace korvane::TextZoom {
 
 namespace {
 
-/// Each about as much larger than the one before, in percent.
-constexpr std::array levels{smallest, 60, 70, 80, 90, normal, 110, 125, 150, 175, 200, 250, 300, largest};
+/// In percent, in roughly equal ratios.
+constexpr std::array levels{minPercent, 60,  70,  80,  90,  normal, 110,
+                            125,        150, 175, 200, 250, 300,    maxPercent};
 
 class Follower;
 
@@ -28,7 +29,7 @@ State& state() {
     return shared;
 }
 
-/// Belongs to the area that follows the size, and sees its wheel events first.
+/// A child of the area that follows the zoom; filters its wheel events.
 class Follower final : public QObject {
 public:
     Follower(QAbstractScrollArea* area, std::function<void()> apply)
@@ -55,7 +56,7 @@ protected:
     }
 
 private:
-    /// A touch pad turns by parts of a notch.
+    /// A touch pad reports fractions of a notch.
     void turn(int angle) {
         m_turned += angle;
         for (; m_turned >= QWheelEvent::DefaultDeltasPerStep; m_turned -= QWheelEvent::DefaultDeltasPerStep)
@@ -84,12 +85,12 @@ int percent() {
 
 void zoomIn() {
     const auto next = std::ranges::upper_bound(levels, percent());
-    set(next == levels.end() ? largest : *next);
+    set(next == levels.end() ? maxPercent : *next);
 }
 
 void zoomOut() {
     const auto present = std::ranges::lower_bound(levels, percent());
-    set(present == levels.begin() ? smallest : *std::prev(present));
+    set(present == levels.begin() ? minPercent : *std::prev(present));
 }
 
 QFont font(Theme::TextStyle style) {

@@ -1,6 +1,5 @@
-/// How large the texts of editors, outputs, comparisons and previews are shown. It is one size for all of
-/// them: the eyes that read them are the same, and what stands side by side stays comparable. It lasts for as
-/// long as the program runs.
+/// The zoom of the texts in editors, outputs, comparisons and previews. One value for all, so that texts side
+/// by side stay comparable; it is not saved.
 #pragma once
 
 #include "Desktop/Look/Theme.h"
@@ -12,22 +11,22 @@ class QAbstractScrollArea;
 namespace korvane::TextZoom {
 
 inline constexpr int normal = 100;
-inline constexpr int smallest = 50;
-inline constexpr int largest = 400;
+inline constexpr int minPercent = 50;
+inline constexpr int maxPercent = 400;
 
 int percent();
 
-/// Goes on to the next larger or smaller size, as far as there is one.
+/// Changes to the next larger or smaller size, if there is one.
 void zoomIn();
 void zoomOut();
 
-/// The theme's font, height of line and distance at the present size.
+/// The theme's font, line height and distance at the current zoom.
 QFont font(Theme::TextStyle style);
 int lineHeight(Theme::TextStyle style);
 int px(int size);
 
-/// Has `apply` called whenever the size changes, for as long as `area` lives. The wheel over `area`, turned
-/// with the Control key held down, changes the size.
+/// Calls `apply` whenever the zoom changes, for the lifetime of `area`. Turning the wheel over `area` with
+/// the Control key held down changes the zoom.
 void follow(QAbstractScrollArea* area, std::function<void()> apply);
 
 } // namespace korvane::TextZoom

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int modePickerWidth = 200;
 
-/// Reads one of the facts of the chosen mode.
+/// Reads a property of the chosen mode.
 template <typename Fact>
 auto ofMode(Fact fact) {
     return [fact](const Base64View& state) { return std::string(factsOf(state.mode).*fact); };

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int tokenHeight = 100;
 
-/// A part of the token as it was decoded.
+/// A decoded part of the token.
 QWidget* part(Store& store, std::string title, std::string JWTDecoderView::* text, std::string placeholder) {
     return section(store, std::move(title), "",
                    output(store, text, std::move(placeholder), {.lineNumbers = false, .isSmall = true}));

@@ -2,7 +2,7 @@
 
 namespace korvane {
 
-QWidget* toolView(Tool tool, Services& services) {
+QWidget* toolScreen(Tool tool, Services& services) {
     switch (tool) {
     case Tool::jsonFormatter:
         return jsonFormatterScreen(services);

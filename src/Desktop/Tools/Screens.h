@@ -1,5 +1,5 @@
-/// The screens of the tools. Each function builds a fresh screen with default state; the widget owns all of
-/// it.
+/// The screens of the tools. Each function creates a new screen with the default state, which its widget
+/// owns.
 #pragma once
 
 #include "Models/Tool.h"
@@ -27,7 +27,7 @@ QWidget* timestampScreen(Services& services);
 QWidget* urlEncoderScreen(Services& services);
 QWidget* uuidGeneratorScreen(Services& services);
 
-/// The screen of `tool`.
-QWidget* toolView(Tool tool, Services& services);
+/// A new screen of `tool`.
+QWidget* toolScreen(Tool tool, Services& services);
 
 } // namespace korvane

@@ -19,8 +19,7 @@ namespace korvane {
 namespace {
 
 /// For window managers and task bars that show the window's own icon; others find the installed one by the
-/// name of the desktop entry. The smallest sizes have drawings of their own, in which lines lie on whole
-/// pixels.
+/// name of the desktop entry. The two smallest sizes have separate drawings, aligned to whole pixels.
 QIcon icon() {
     static constexpr std::pair<const char*, int> drawings[] = {
         {":/icon/16x16.svg", 16},    {":/icon/24x24.svg", 24},    {":/icon/scalable.svg", 32},
@@ -38,9 +37,9 @@ QIcon icon() {
     return icon;
 }
 
-/// The toolkit's file and colour dialogs would remember, in the user's settings, which folders were visited
-/// and which colours were kept. Below this path they can neither write nor read.
-void forgetWhatDialogsRemember() {
+/// Prevents Qt's file and colour dialogs from saving visited folders and custom colours in the user's
+/// settings: below this path they can neither write nor read.
+void disableDialogSettings() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
@@ -57,7 +56,7 @@ bool isKDEWithoutTheme() {
 
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
     constexpr auto variable = "QT_QPA_PLATFORMTHEME";
-    // Qt reads it once; the browser that opens a link shall not inherit it.
+    // Qt reads it once; a browser that opens a link must not inherit it.
     const bool needsPortal = !qEnvironmentVariableIsSet(variable) && isKDEWithoutTheme();
     if (needsPortal)
         qputenv(variable, "xdgdesktopportal");
@@ -76,7 +75,7 @@ void setUpApplication() {
     QApplication::setFont(Theme::applicationFont());
     QApplication::setStyle(Theme::style());
     installAccessibility();
-    forgetWhatDialogsRemember();
+    disableDialogSettings();
 }
 
 } // namespace korvane

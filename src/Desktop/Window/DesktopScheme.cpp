@@ -22,13 +22,13 @@ constexpr char key[] = "color-scheme";
 constexpr uint prefersDark = 1;
 constexpr uint prefersLight = 2;
 
-/// Whether there is a session bus already. Asking the toolkit would start one, which nobody wanted.
+/// Whether a session bus exists. Connecting through Qt could otherwise start one.
 bool hasSessionBus() {
     return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
 }
 
-/// The old method of the portal wraps its answer twice.
+/// The portal's `Read` wraps its answer in two variants.
 QVariant unwrapped(QVariant value) {
     while (value.canConvert<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();

@@ -1,5 +1,5 @@
-/// Whether the desktop is light or dark, and told whenever that changes: from the desktop's settings portal
-/// where there is one, from the toolkit's palette otherwise.
+/// The desktop's colour scheme, and notification of its changes: from the settings portal if there is one,
+/// otherwise from Qt's palette.
 #pragma once
 
 #include "Desktop/Look/Theme.h"
@@ -19,8 +19,8 @@ class DesktopScheme final : public QObject {
     Q_OBJECT
 
 public:
-    /// Calls `changed` when the desktop's scheme turns out to be another one, first perhaps soon after the
-    /// start: the portal is asked without waiting for it.
+    /// Calls `changed` when the portal or the palette reports a scheme. The portal is queried asynchronously,
+    /// so the first call may follow soon after the start.
     explicit DesktopScheme(std::function<void(Theme::Scheme)> changed);
 
     Theme::Scheme scheme() const;
@@ -36,7 +36,7 @@ private:
     void adopt(const QVariant& value);
 
     std::function<void(Theme::Scheme)> m_changed;
-    std::optional<Theme::Scheme> m_portalScheme; ///< none while the portal has no preference, or is not there
+    std::optional<Theme::Scheme> m_portalScheme; ///< none while the portal is missing or has no preference
 };
 
 } // namespace korvane

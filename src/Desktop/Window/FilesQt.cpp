@@ -17,7 +17,7 @@ std::unexpected<std::string> failure(const QFileDevice& file) {
     return std::unexpected(utf8String(file.errorString()));
 }
 
-/// A panel over the window in use; it goes when it is closed. Its filter tells the kind without the long list
+/// A panel over the active window, deleted when it is closed. Its filter names the kind without the long list
 /// of extensions.
 QFileDialog& newPanel(const FileKind& kind) {
     auto* panel = new QFileDialog(QApplication::activeWindow());
@@ -44,7 +44,7 @@ std::expected<std::string, std::string> ServicesQt::FilesQt::read(const std::str
                                                                   std::size_t maxBytes) const {
     QFile file(qString(path));
     const QFileInfo information(file);
-    if (information.exists() && !information.isFile()) // to open a pipe would wait for its other end
+    if (information.exists() && !information.isFile()) // opening a pipe would block
         return std::unexpected("It is not a file");
     if (!file.open(QIODevice::ReadOnly))
         return failure(file);
@@ -55,7 +55,7 @@ std::expected<std::string, std::string> ServicesQt::FilesQt::read(const std::str
     const auto count = file.read(bytes.data(), static_cast<qint64>(bytes.size()));
     if (count < 0)
         return failure(file);
-    bytes.resize(static_cast<std::size_t>(count)); // it may have become shorter meanwhile
+    bytes.resize(static_cast<std::size_t>(count)); // the file may have been truncated meanwhile
     return bytes;
 }
 
@@ -88,7 +88,7 @@ void ServicesQt::FilePanelsQt::save(const FileKind& kind, const std::string& pro
     });
 }
 
-/// The panel has asked only about the name as it was typed.
+/// The panel has asked only about the name as typed, without the added extension.
 void ServicesQt::FilePanelsQt::confirmReplacing(const std::string& path, const FileKind& kind,
                                                 const Chosen& chosen) {
     const QFileInfo file(qString(path));

@@ -6,48 +6,49 @@
 
 namespace korvane {
 
-bool FocusKeeper::handOn(QWidget* lost, QWidget* part) {
-    forget();
-    QWidget* heir = nullptr;
-    for (auto* around = lost; !heir && around != part;) {
+bool FocusKeeper::moveFocusFrom(QWidget* lost, QWidget* part) {
+    stopWatching();
+    QWidget* successor = nullptr;
+    for (auto* around = lost; !successor && around != part;) {
         around = around->parentWidget();
         auto order = readingOrder(*around);
-        std::erase_if(order, [&](const QWidget* widget) { return widget != lost && !isSuccessor(widget); });
-        heir = nextStop(order, lost);
-        heir = heir ? heir : previousStop(order, lost);
+        std::erase_if(order,
+                      [&](const QWidget* widget) { return widget != lost && !canTakeFocusOver(widget); });
+        successor = nextStop(order, lost);
+        successor = successor ? successor : previousStop(order, lost);
     }
-    if (!heir)
+    if (!successor)
         return false;
     if (!lost->isEnabled() && lost->isVisible())
-        await(lost, heir);
-    heir->setFocus(Qt::OtherFocusReason);
+        watch(lost, successor);
+    successor->setFocus(Qt::OtherFocusReason);
     return true;
 }
 
-void FocusKeeper::await(QWidget* lost, QWidget* heir) {
+void FocusKeeper::watch(QWidget* lost, QWidget* successor) {
     m_lost = lost;
-    m_heir = heir;
+    m_successor = successor;
     lost->installEventFilter(this);
-    heir->installEventFilter(this);
+    successor->installEventFilter(this);
 }
 
-void FocusKeeper::forget() {
-    for (const auto& widget : {m_lost, m_heir}) {
+void FocusKeeper::stopWatching() {
+    for (const auto& widget : {m_lost, m_successor}) {
         if (widget)
             widget->removeEventFilter(this);
     }
     m_lost.clear();
-    m_heir.clear();
+    m_successor.clear();
 }
 
 bool FocusKeeper::eventFilter(QObject* watched, QEvent* event) {
     const bool isBack = watched == m_lost && event->type() == QEvent::EnabledChange && m_lost->isEnabled();
-    const bool isUsed = watched == m_heir && event->type() == QEvent::KeyPress;
-    const bool isLeft = watched == m_heir && event->type() == QEvent::FocusOut;
+    const bool isUsed = watched == m_successor && event->type() == QEvent::KeyPress;
+    const bool isLeft = watched == m_successor && event->type() == QEvent::FocusOut;
     if (isBack)
         m_lost->setFocus(Qt::OtherFocusReason);
     if (isBack || isUsed || isLeft)
-        forget();
+        stopWatching();
     return false;
 }
 

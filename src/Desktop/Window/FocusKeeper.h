@@ -1,5 +1,5 @@
-/// Sees to it that the keyboard focus is never lost: when the control that has it is hidden or disabled, the
-/// nearest one takes over. It does not decide where the Tab key goes.
+/// Keeps the keyboard focus in the screen: when the focused control is hidden or disabled, the nearest one
+/// gets the focus. Does not determine the order of the Tab key.
 #pragma once
 
 #include <QObject>
@@ -12,20 +12,20 @@ class FocusKeeper final : public QObject {
 public:
     using QObject::QObject;
 
-    /// Gives the focus of `lost`, a control in `part` that has it and can no longer use it, to the nearest
-    /// control of that part; returns whether there is one. A control that was only disabled, as a button is
-    /// while it is busy, gets the focus back when it is enabled, unless a key was pressed meanwhile.
-    bool handOn(QWidget* lost, QWidget* part);
+    /// Moves the focus from `lost`, a control in `part` that can no longer use it, to the nearest control of
+    /// that part; returns whether there is one. If `lost` was only disabled, as a busy button is, it gets the
+    /// focus back when it is enabled, unless a key was pressed meanwhile.
+    bool moveFocusFrom(QWidget* lost, QWidget* part);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void await(QWidget* lost, QWidget* heir);
-    void forget();
+    void watch(QWidget* lost, QWidget* successor);
+    void stopWatching();
 
     QPointer<QWidget> m_lost;
-    QPointer<QWidget> m_heir; ///< has the focus in place of the lost one
+    QPointer<QWidget> m_successor; ///< has the focus instead of `m_lost`
 };
 
 } // namespace korvane

@@ -52,7 +52,7 @@ MainWindow::MainWindow(Services& services) : m_store(services, ContentView()) {
     columns->setChildrenCollapsible(false);
     columns->addWidget(m_sidebar);
     columns->addWidget(detail);
-    m_sidebar->lower(); // it is read first
+    m_sidebar->lower(); // screen readers read it first
     columns->setStretchFactor(1, 1);
     columns->setSizes({Theme::px(WindowMetrics::sidebarWidth),
                        Theme::px(WindowMetrics::defaultWidth - WindowMetrics::sidebarWidth)});
@@ -87,7 +87,7 @@ void MainWindow::showScheme(Theme::Scheme scheme) {
 
 QAccessibleInterface* MainWindow::newAccessibleInterface() {
     return new QAccessibleWidget(this,
-                                 QAccessible::Window); // without a frame the toolkit does not know it as one
+                                 QAccessible::Window); // Qt does not report it as a window without a frame
 }
 
 void MainWindow::addShortcuts() {
@@ -98,10 +98,10 @@ void MainWindow::addShortcuts() {
     installShortcut(this, QKeySequence::Find, [this] { m_sidebar->setFocus(Qt::ShortcutFocusReason); });
     installShortcut(this, Qt::Key_F10, [this] { openFirstMenu(m_menus); });
     installShortcut(this, Qt::SHIFT | Qt::Key_F10, [this] { openContextMenu(focusWidget()); });
-    // Out of any control, also one that has a use for the Tab key.
+    // Moves out of any control, including those that use the Tab key.
     installShortcut(this, Qt::CTRL | Qt::Key_Tab, [this] { moveFocus(true); });
     installShortcut(this, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [this] { moveFocus(false); });
-    // The key of the plus sign, with Shift or without.
+    // The key of the plus sign, with or without Shift.
     installShortcut(this, Qt::CTRL | Qt::Key_Plus, TextZoom::zoomIn);
     installShortcut(this, Qt::CTRL | Qt::Key_Equal, TextZoom::zoomIn);
     installShortcut(this, Qt::CTRL | Qt::Key_Minus, TextZoom::zoomOut);
@@ -111,11 +111,11 @@ void MainWindow::showSelectedTool() {
     const auto tool = m_store.state<ContentView>().selectedTool;
     if (m_screen && tool == m_shownTool)
         return;
-    // Whoever worked in the old screen goes on in the new one; whoever is in the sidebar stays there.
+    // Focus in the old screen moves to the new one; focus in the sidebar stays.
     const bool takesFocus = !m_sidebar->isAncestorOf(focusWidget());
     m_shownTool = tool;
     delete m_screen;
-    m_screen = tool ? toolView(*tool, m_store.services()) : welcomeScreen();
+    m_screen = tool ? toolScreen(*tool, m_store.services()) : welcomeScreen();
     m_detail->addWidget(m_screen, 1);
     m_screen->setAccessibleName(tool ? qString(rawValue(*tool)) : QString());
     m_screen->show();
@@ -123,7 +123,7 @@ void MainWindow::showSelectedTool() {
         enterScreen();
 }
 
-/// Puts the focus where it was in the screen, or else where it is to be at first.
+/// Restores the last focus in the screen, or focuses its first control.
 void MainWindow::enterScreen() {
     const bool isKnown = isInScreen(m_lastInScreen) && isTabStop(m_lastInScreen);
     auto* control = isKnown ? m_lastInScreen.get() : firstControl(*m_screen);
@@ -134,16 +134,16 @@ bool MainWindow::isInScreen(const QWidget* control) const {
     return m_screen && control && (control == m_screen || m_screen->isAncestorOf(control));
 }
 
-/// The toolkit asks for the next control also when the one with the focus is hidden or disabled.
+/// Qt also calls this when the focused control is hidden or disabled.
 bool MainWindow::focusNextPrevChild(bool next) {
     auto* focused = focusWidget();
     const bool isLost = isInScreen(focused) && !(focused->isEnabled() && focused->isVisibleTo(this));
-    if (isLost && m_focusKeeper.handOn(focused, m_screen))
+    if (isLost && m_focusKeeper.moveFocusFrom(focused, m_screen))
         return true;
     return moveFocus(next);
 }
 
-/// From the sidebar to the screen, then to the window's own buttons, and round again.
+/// Cycles through the sidebar, the screen and the window's buttons.
 bool MainWindow::moveFocus(bool next) {
     std::vector<QWidget*> order;
     for (auto* part : {m_sidebar, m_screen, m_windowButtons})
@@ -156,7 +156,7 @@ bool MainWindow::moveFocus(bool next) {
     return true;
 }
 
-/// What no control had a use for.
+/// Handles the keys that no control has accepted.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (!pressByReturn(focusWidget(), *event))
         QWidget::keyPressEvent(event);

@@ -1,4 +1,4 @@
-/// The one window: sidebar and detail, without the window system's frame.
+/// The program's only window: sidebar and detail, without the window system's frame.
 #pragma once
 
 #include "Desktop/Access/Accessibility.h"
@@ -27,7 +27,7 @@ public:
 
     Store& store() { return m_store; }
 
-    /// Shows everything in light or in dark.
+    /// Applies a colour scheme to the window and the tool tips.
     void showScheme(Theme::Scheme scheme);
 
     QAccessibleInterface* newAccessibleInterface() override;
@@ -51,7 +51,7 @@ private:
     QWidget* m_windowButtons;
     QVBoxLayout* m_detail;
     QWidget* m_screen = nullptr;
-    QPointer<QWidget> m_lastInScreen; ///< had the focus before it went elsewhere
+    QPointer<QWidget> m_lastInScreen; ///< the last focused control of the screen
     FocusKeeper m_focusKeeper{};
     std::optional<Tool> m_shownTool;
 };

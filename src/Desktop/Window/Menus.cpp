@@ -38,7 +38,7 @@ constexpr std::array editCommands{
     EditCommand{"&Paste", QKeySequence::Paste},   EditCommand{"Select &All", QKeySequence::SelectAll, true},
 };
 
-/// Of which Escape leaves the menu bar, too: the toolkit would give that the focus.
+/// Escape also leaves the menu bar, to which Qt would give the focus.
 class Menu final : public QMenu {
 public:
     Menu(const QString& title, QMenuBar* bar) : QMenu(title, bar), m_bar(bar) {}
@@ -54,8 +54,8 @@ private:
     QMenuBar* m_bar;
 };
 
-/// Shows `keys` beside the action without answering to them. The action has them only while its menu is open:
-/// whenever the menu bar has the focus, it would contend for them with whoever does answer.
+/// Shows `keys` beside the action without handling them. The action has them only while its menu is open:
+/// otherwise it would conflict with their actual handler while the menu bar has the focus.
 void showShortcut(const QMenu* menu, QAction* action, const QKeySequence& keys) {
     action->setShortcutContext(Qt::WidgetShortcut);
     QObject::connect(menu, &QMenu::aboutToShow, action, [action, keys] { action->setShortcut(keys); });
@@ -76,7 +76,7 @@ QAction* addLabel(QMenu* menu, std::string_view text) {
 
 void addFileMenu(QMenuBar* bar, QWidget* window, Services& services) {
     auto* menu = addMenu(bar, QMenuBar::tr("&File"));
-    menu->setSeparatorsCollapsible(false); // the group of the tools begins with one
+    menu->setSeparatorsCollapsible(false); // keeps the separator above the tools
     menu->addSeparator();
     addLabel(menu, MenuTexts::tools)->setFont(Theme::font(Theme::TextStyle::caption));
     for (const auto tool : allCases<Tool>) {

@@ -1,4 +1,4 @@
-/// The menus File, Edit and Help, built from the catalogue and from tables.
+/// The menus File, Edit and Help.
 #pragma once
 
 class QMenuBar;
@@ -6,15 +6,15 @@ class QWidget;
 
 namespace korvane {
 
-/// Opens the menu of `control`, if it has one, as the menu key does.
+/// Opens the context menu of `control`, if it has one, as the menu key does.
 void openContextMenu(QWidget* control);
 
 struct Services;
 
-/// The menu bar of `window`. The items of the tools show their shortcuts but do not answer to them.
+/// The menu bar of `window`. The tools' items show their shortcuts but do not handle them.
 QMenuBar* menuBar(QWidget* window, Services& services);
 
-/// Opens the first menu of `bar`, to go on in by keyboard.
+/// Opens the first menu of `bar` and selects its first enabled item, for use by keyboard.
 void openFirstMenu(QMenuBar* bar);
 
 } // namespace korvane

@@ -1,4 +1,4 @@
-/// A single line of text with a glyph before it and, while there is text, a button that clears it.
+/// A single-line text field with a leading glyph and, while it is not empty, a button that clears it.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -14,9 +14,9 @@ struct SearchFieldParts {
     std::string placeholder; ///< also its accessible name
     Reader<std::string> text;
     Action<std::string> setText;
-    Action<> leaveDown; ///< the user pressed Down, to go on to what the search found
-    Action<> submit;    ///< the user pressed Return, to open the first that the search found
-    Action<> leave;     ///< the user pressed Escape, which has cleared the field
+    Action<> leaveDown; ///< on Down: move to the search results
+    Action<> submit;    ///< on Return: open the first result
+    Action<> leave;     ///< on Escape, which has cleared the field
 };
 
 QWidget* searchField(Store& store, const SearchFieldParts& parts);

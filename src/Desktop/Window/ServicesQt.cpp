@@ -34,7 +34,7 @@ void ServicesQt::TimersQt::after(std::chrono::milliseconds delay, std::function<
 void ServicesQt::BackgroundQt::run(std::function<void()> work, std::function<void()> done) {
     m_threads.start([work = std::move(work), done = std::move(done)]() mutable {
         work();
-        work = nullptr; // its inputs may be large, and go on this thread
+        work = nullptr; // its inputs may be large and are freed on this thread
         QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
     });
 }

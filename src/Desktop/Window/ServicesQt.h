@@ -1,5 +1,5 @@
 /// The services of the running program: the system's clipboard, clock, files and browser, the event loop's
-/// timers, and a few threads.
+/// timers, and a thread pool.
 #pragma once
 
 #include "Utilities/ImageModule.h"
@@ -33,7 +33,7 @@ private:
         void after(std::chrono::milliseconds delay, std::function<void()> action) override;
     };
 
-    /// Waits for its threads when it goes; by then the screens are gone and have asked their work to stop.
+    /// Its destructor waits for the threads. The screens are destroyed earlier and have cancelled their work.
     class BackgroundQt final : public Background {
     public:
         void run(std::function<void()> work, std::function<void()> done) override;

@@ -1,4 +1,4 @@
-/// The keys that select tools.
+/// The shortcuts of tools, and the installation of shortcuts in a window.
 #pragma once
 
 #include "Models/Tool.h"
@@ -11,10 +11,10 @@ class QWidget;
 
 namespace korvane {
 
-/// Control and the tool's digit; no keys for a tool without a shortcut.
+/// Ctrl and the tool's digit; empty for a tool without a shortcut.
 QKeySequence shortcutKeys(Tool tool);
 
-/// Has `keys` run `action` anywhere in `window`, also while an editor has the focus.
+/// Makes `keys` run `action` anywhere in `window`, also while an editor has the focus.
 void installShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action);
 
 } // namespace korvane

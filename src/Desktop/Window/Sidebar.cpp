@@ -46,7 +46,7 @@ constexpr int searchBottom = 4;
 constexpr int footerHeight = 37;
 constexpr int footerGlyph = 13;
 
-/// The list of the tools that the search leaves, and how a row of it looks.
+/// The list of the tools that match the search, and the painting of its rows.
 class ToolList {
 public:
     ToolList(Store& store, std::function<void()> leave)
@@ -55,7 +55,7 @@ public:
           m_list(std::make_unique<RowList>(source())),
           m_motion(m_list->viewport()) {
         m_list->setAccessibleName(QWidget::tr("Tools"));
-        m_list->setFocusPolicy(Qt::TabFocus); // a click selects, and leaves the focus where it was
+        m_list->setFocusPolicy(Qt::TabFocus); // a click selects a tool without taking the focus
         m_list->onClick = [this](int row, QPoint) { select(row); };
         m_list->onActivate = [this](int row) {
             select(row);
@@ -92,7 +92,7 @@ public:
         m_list->setCurrentRow(std::max(0, rowOf(m_selected)));
     }
 
-    /// Goes to the screen of the selected tool, or of the first that the search leaves.
+    /// Opens the selected tool, or the first that matches the search.
     void open() {
         if (m_tools.empty())
             return;
@@ -112,7 +112,7 @@ private:
                 .topPadding = Theme::px(Size::gapList)};
     }
 
-    /// What the row may have had to shorten, and the keys as this desktop calls them.
+    /// The description, which the row may elide, and the keys in the desktop's notation.
     static std::string toolTip(Tool tool) {
         const auto keys = shortcutKeys(tool);
         return std::string(description(tool)) +
@@ -142,7 +142,7 @@ private:
         return isSpace || isEscape;
     }
 
-    /// How far the row of `tool` shows as selected, from 0 to 1.
+    /// The progress of the highlight on the row of `tool`, from 0 (not selected) to 1.
     double selectionOf(Tool tool) const {
         const auto progress = m_motion.isRunning() ? m_motion.progress() : 1;
         if (tool == m_selected)
@@ -197,7 +197,7 @@ private:
                      Theme::mixed(Theme::color(Role::secondary), Theme::hue(color), selection));
     }
 
-    /// Paints the shortcut badge, if the tool has one, and returns the room that it takes.
+    /// Paints the tool's shortcut badge, if any, and returns the width that it takes.
     static int paintBadge(QPainter& painter, const QRect& row, Tool tool) {
         const auto text = qString(shortcutBadge(tool));
         if (text.isEmpty())
@@ -242,11 +242,11 @@ private:
     std::optional<Tool> m_selected;
     std::optional<Tool> m_previous;
     bool m_isAnimated = false;
-    std::unique_ptr<RowList> m_list; ///< destroyed before what its rows are read from
+    std::unique_ptr<RowList> m_list; ///< destroyed before the data of its rows
     Transition m_motion;
 };
 
-/// The column's background and the line at its right edge.
+/// Paints the column's background and the line at its right edge.
 class SidebarColumn final : public QWidget {
 public:
     explicit SidebarColumn(std::unique_ptr<ToolList> tools) : m_tools(std::move(tools)) {}
@@ -262,7 +262,7 @@ private:
     std::unique_ptr<ToolList> m_tools;
 };
 
-/// A line of a glyph and a text, at the sidebar's text inset.
+/// A line with a glyph and a text, at the sidebar's text inset.
 QWidget* sidebarLine(int height, int gap, QWidget* glyph, QWidget* text) {
     constexpr auto inset = sidebarTextInset;
     auto* line =

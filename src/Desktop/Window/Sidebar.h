@@ -10,11 +10,12 @@ class QWidget;
 
 namespace korvane {
 
-/// Where texts of the sidebar begin, in pixels at a 13-pixel body text.
+/// The inset of the sidebar's texts, in pixels at a 13-pixel body text.
 inline constexpr int sidebarTextInset = 18;
 
-/// Builds the sidebar on the window's state. `menuStrip` takes its place at the top. The search field takes
-/// the focus for the whole. `leave` is called when the user leaves the sidebar by Escape.
+/// Builds the sidebar from the window's state, with `menuStrip` at its top. The search field is its focus
+/// proxy. `leave` is called when the focus is to move to the screen: by Escape, or when a tool is opened by
+/// keyboard.
 QWidget* sidebar(Store& store, QWidget* menuStrip, std::function<void()> leave);
 
 } // namespace korvane

@@ -27,7 +27,7 @@ constexpr int windowGlyphMinimise = 13;
 constexpr int windowGlyphMaximise = 11;
 constexpr int windowGlyphClose = 12;
 
-/// One of the three buttons at the window's corner. Its glyph is asked for whenever it is painted.
+/// One of the window's three buttons. `glyph` is called at every paint.
 class WindowButton final : public GlyphButton {
 public:
     WindowButton(std::string_view name, std::function<std::string_view()> glyph, int glyphSize)
@@ -79,7 +79,7 @@ void TopStrip::mouseMoveEvent(QMouseEvent* event) {
     const auto distance = (event->position().toPoint() - m_pressedAt).manhattanLength();
     if (!m_isPressed || distance < QApplication::startDragDistance())
         return;
-    m_isPressed = false; // the window system takes the pointer, and the release with it
+    m_isPressed = false; // the window system grabs the pointer, so no release event follows
     if (auto* handle = window()->windowHandle())
         handle->startSystemMove();
 }

@@ -1,5 +1,5 @@
-/// The slim strip at the window's top edge, which stands in for a title bar: it drags the window, and a
-/// double click maximises it.
+/// The strip at the window's top edge, which replaces a title bar: dragging it moves the window, and a double
+/// click maximises it.
 #pragma once
 
 #include <QWidget>
@@ -9,7 +9,7 @@ namespace korvane {
 /// The height of the strip, in pixels at a 13-pixel body text.
 inline constexpr int stripHeight = 36;
 
-/// A stretch of the strip around `content`, at its left or right end.
+/// The part of the strip above one column.
 class TopStrip final : public QWidget {
 public:
     TopStrip();
@@ -30,7 +30,7 @@ QWidget* menuStrip(QWidget* menuBar);
 /// The strip above the detail, with the buttons that minimise, maximise and close the window.
 QWidget* windowButtonStrip(QWidget* window);
 
-/// Between maximised and as it was before.
+/// Maximises the window, or restores it.
 void toggleMaximized(QWidget* window);
 
 } // namespace korvane

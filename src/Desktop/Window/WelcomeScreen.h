@@ -1,4 +1,4 @@
-/// What the detail shows while no tool is selected.
+/// The detail while no tool is selected.
 #pragma once
 
 class QWidget;

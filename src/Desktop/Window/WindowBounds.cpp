@@ -24,7 +24,7 @@ WindowBounds::WindowBounds(QWidget* window) : QObject(window), m_window(window) 
     window->installEventFilter(this);
 }
 
-/// A window can only tell that it goes to another screen once it is shown for the first time.
+/// The window's handle, which reports a change of screen, exists only once the window is shown.
 bool WindowBounds::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show && m_window->windowHandle())
         connect(m_window->windowHandle(), &QWindow::screenChanged, this, &WindowBounds::follow,
@@ -34,7 +34,7 @@ bool WindowBounds::eventFilter(QObject* watched, QEvent* event) {
 
 void WindowBounds::follow(QScreen* screen) {
     if (!screen)
-        return; // the last one is gone
+        return; // the last screen was removed
     if (m_screen)
         m_screen->disconnect(this);
     m_screen = screen;

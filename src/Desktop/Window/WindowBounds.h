@@ -1,5 +1,5 @@
-/// How large the main window is at first, and how small it may become: as it was designed where the screen
-/// has the room for that, and the room that there is where not.
+/// The initial and minimum sizes of the main window: the designed ones, or the available space of the screen
+/// where that is smaller.
 #pragma once
 
 #include <QObject>
@@ -18,11 +18,11 @@ struct WindowSizes {
     bool operator==(const WindowSizes&) const = default;
 };
 
-/// On a screen of which windows may use `available`.
+/// For a screen with `available` space for windows.
 WindowSizes windowSizes(QSize available);
 
-/// Sizes `window` for the screen that it appears on. Later only its minimum follows, to another screen or
-/// when the screen changes.
+/// Sizes `window` for its screen. Later only the minimum is updated, when the window moves to another screen
+/// or the available space changes.
 class WindowBounds final : public QObject {
 public:
     explicit WindowBounds(QWidget* window);

@@ -15,9 +15,9 @@ namespace korvane {
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int windowGrip = 5;
+constexpr int gripThickness = 5;
 
-/// An invisible strip or corner that hands a press on to the window system.
+/// An invisible strip or corner. A press on it starts a resize by the window system.
 class Grip final : public QWidget {
 public:
     Grip(Qt::Edges edges, QWidget* window) : QWidget(window), m_edges(edges) { setCursor(cursorFor(edges)); }
@@ -54,7 +54,7 @@ protected:
     }
 };
 
-/// The edges first, so that the corners lie over their ends.
+/// Edges first, so that the corners are stacked above them.
 constexpr std::array<Qt::Edges::Int, 8> gripEdges{
     Qt::LeftEdge,
     Qt::RightEdge,
@@ -100,14 +100,14 @@ bool WindowEdges::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WindowEdges::place() {
-    const bool isFree = !m_window->isMaximized() && !m_window->isFullScreen();
+    const bool isResizable = !m_window->isMaximized() && !m_window->isFullScreen();
     m_outline->setGeometry(m_window->rect());
-    m_outline->setVisible(isFree);
+    m_outline->setVisible(isResizable);
     m_outline->raise();
     for (auto* grip : m_grips) {
         const auto edges = static_cast<Grip*>(grip)->edges();
-        grip->setGeometry(gripRect(edges, m_window->rect(), Theme::px(windowGrip)));
-        grip->setVisible(isFree);
+        grip->setGeometry(gripRect(edges, m_window->rect(), Theme::px(gripThickness)));
+        grip->setVisible(isResizable);
         grip->raise();
     }
 }

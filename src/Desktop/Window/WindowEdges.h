@@ -1,5 +1,4 @@
-/// The edges and corners of the frameless window: they resize it, and a line of one pixel is painted along
-/// them.
+/// The edges and corners that resize the frameless window, and the one-pixel line along them.
 #pragma once
 
 #include <QObject>

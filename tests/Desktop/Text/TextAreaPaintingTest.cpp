@@ -38,7 +38,7 @@ TEST_F(TextAreaPaintingTest, LineNumbersAgreeWithLineCount) {
 }
 
 TEST_F(TextAreaPaintingTest, EachNumberIsBesideItsLine) {
-    Subject subject(longestPieceOfLine, 200);
+    Subject subject(defaultMaxPieceLength, 200);
     subject.area.setLineNumbers(true);
     const std::string longLine(60, 'w');
     subject.area.setText("a\n" + longLine + "\n👍漢\n" + longLine + "\nlast");
@@ -84,7 +84,7 @@ TEST_F(TextAreaPaintingTest, TheMarginFitsTheLineNumbers) {
 }
 
 TEST_F(TextAreaPaintingTest, EveryRowHasTheSameHeight) {
-    Subject subject(longestPieceOfLine);
+    Subject subject(defaultMaxPieceLength);
     subject.area.setText("a\n👍漢字\nשלום\n\nb");
     subject.press(Qt::Key_Home, Qt::ControlModifier);
     auto block = subject.area.document()->begin();
@@ -93,7 +93,7 @@ TEST_F(TextAreaPaintingTest, EveryRowHasTheSameHeight) {
 }
 
 TEST_F(TextAreaPaintingTest, AClickAnywhereInARowPlacesTheCaretInIt) {
-    Subject subject(longestPieceOfLine);
+    Subject subject(defaultMaxPieceLength);
     subject.area.setText("first\nsecond\nthird");
     const auto x = subject.area.cursorRect(QTextCursor(subject.area.document()->findBlockByNumber(1))).x();
     const auto width = QFontMetrics(subject.area.font()).horizontalAdvance(u'0');
@@ -104,7 +104,7 @@ TEST_F(TextAreaPaintingTest, AClickAnywhereInARowPlacesTheCaretInIt) {
 }
 
 TEST_F(TextAreaPaintingTest, AResizeKeepsTheFirstVisibleLine) {
-    Subject subject(longestPieceOfLine, 400);
+    Subject subject(defaultMaxPieceLength, 400);
     std::string text;
     for (int line = 0; line < 200; ++line)
         text +=
@@ -121,7 +121,7 @@ TEST_F(TextAreaPaintingTest, AResizeKeepsTheFirstVisibleLine) {
 
 TEST_F(TextAreaPaintingTest, AShorterTextShortensTheScrollRange) {
     for (const bool readOnly : {false, true}) {
-        Subject subject(longestPieceOfLine, 200);
+        Subject subject(defaultMaxPieceLength, 200);
         subject.area.setReadOnly(readOnly);
         subject.area.setText(std::string(5000, 'w'));
         auto& bar = *subject.area.verticalScrollBar();
@@ -135,7 +135,7 @@ TEST_F(TextAreaPaintingTest, AShorterTextShortensTheScrollRange) {
 
 TEST_F(TextAreaPaintingTest, ThePlaceholderIsPaintedAtThePlaceOfTheText) {
     for (const bool numbers : {false, true}) {
-        Subject subject(longestPieceOfLine);
+        Subject subject(defaultMaxPieceLength);
         subject.area.setLineNumbers(numbers);
         const auto empty = subject.picture();
         subject.area.setPlaceholder(QStringLiteral("Hold the place"));
@@ -175,7 +175,7 @@ TEST_F(TextAreaPaintingTest, TheCaretIsVisibleInFocusedEditableAndReadOnlyText) 
 }
 
 TEST_F(TextAreaPaintingTest, TheSelectionHasNoGaps) {
-    Subject subject(longestPieceOfLine, 200);
+    Subject subject(defaultMaxPieceLength, 200);
     subject.area.setText("a\n\nwords that go on in the next row, and in another\nlast");
     subject.area.selectAll();
     const auto picture = subject.picture();

@@ -49,7 +49,7 @@ constexpr std::string_view invalidTexts[] = {"\xff"sv, "a\xc3"sv, "\xed\xa0\x80z
                                              "\xef\xbb\xbf\x80"sv};
 
 TEST_F(TextAreaTest, ReturnsTheTextThatWasSet) {
-    for (const int maxPiece : {2, 8, 160, longestPieceOfLine}) {
+    for (const int maxPiece : {2, 8, 160, defaultMaxPieceLength}) {
         for (const bool readOnly : {false, true}) {
             Subject subject(maxPiece);
             subject.area.setReadOnly(readOnly);
@@ -341,7 +341,7 @@ TEST_F(TextAreaTest, DividesNoUserPerceivedCharacter) {
 }
 
 TEST_F(TextAreaTest, DividesALineOfEmojiBetweenThem) {
-    Subject subject(longestPieceOfLine);
+    Subject subject(defaultMaxPieceLength);
     std::string text;
     for (int character = 0; character < 500; ++character)
         text += "👨‍👩‍👧‍👦";

@@ -71,7 +71,7 @@ QWidget* formats(Store& store) {
     return dividedRows(rows);
 }
 
-/// A channel from 0 to 255, with the whole number that it stands at.
+/// A channel from 0 to 255, with its value as a whole number.
 QWidget* colorSlider(Store& store, const std::string& label, double ColorPickerView::* channel,
                      PaletteColor color) {
     const auto set = [channel](ColorPickerView& state, double value) { state.*channel = value; };

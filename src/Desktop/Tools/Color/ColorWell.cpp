@@ -25,19 +25,19 @@ namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
 constexpr int swatchHeight = 150;
-constexpr int colorWellWidth = 44;
-constexpr int colorWellHeight = 28;
-constexpr int colorWellInset = 4;
-constexpr int colorWellRadius = 3;
+constexpr int wellWidth = 44;
+constexpr int wellHeight = 28;
+constexpr int wellInset = 4;
+constexpr int wellRadius = 3;
 
-/// Black stands for a colour that is not in sRGB, as in the texts.
+/// `color` in sRGB; black if it is outside sRGB, as in the texts.
 QColor qColor(const Color& color) {
     const auto shown = color.sRGB().value_or(Color());
     return QColor::fromRgbF(static_cast<float>(shown.red), static_cast<float>(shown.green),
                             static_cast<float>(shown.blue));
 }
 
-/// The dialog shows and counts channels in whole numbers from 0 to 255, whatever the toolkit's colour holds.
+/// The dialog uses integer channels from 0 to 255, although a QColor has higher precision.
 Color colorOf(const QColor& color) {
     return Color::fromChannels(color.red(), color.green(), color.blue());
 }
@@ -51,7 +51,7 @@ public:
         setToolTip(text());
         setFocusPolicy(Qt::TabFocus);
         setAttribute(Qt::WA_Hover);
-        setFixedSize(Theme::px(colorWellWidth), Theme::px(colorWellHeight));
+        setFixedSize(Theme::px(wellWidth), Theme::px(wellHeight));
         giveFocusRing(this, this, Size::radiusSmall);
         connect(this, &QAbstractButton::clicked, this, [this] { openDialog(); });
     }
@@ -62,7 +62,7 @@ public:
         if (color == m_color)
             return;
         m_color = color;
-        // Where the dialog shows the colour already, it may know more of it, such as the hue of a gray.
+        // If the dialog already shows the colour, its own may hold more, such as the hue of a gray.
         if (m_dialog && colorOf(m_dialog->currentColor()) != color) {
             m_restored = color;
             m_dialog->setCurrentColor(qColor(color));
@@ -78,8 +78,8 @@ protected:
                                          : Role::controlFill;
         paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::color(fill),
                      Theme::color(Role::outline));
-        const auto inset = Theme::px(colorWellInset);
-        paintSurface(painter, rect().adjusted(inset, inset, -inset, -inset), Theme::px(colorWellRadius),
+        const auto inset = Theme::px(wellInset);
+        paintSurface(painter, rect().adjusted(inset, inset, -inset, -inset), Theme::px(wellRadius),
                      qColor(m_color));
     }
 
@@ -95,7 +95,7 @@ private:
     QColorDialog* newDialog() {
         auto* dialog = new QColorDialog(qColor(m_color), this);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setAttribute(Qt::WA_WindowPropagation); // of the window's palette
+        dialog->setAttribute(Qt::WA_WindowPropagation); // inherits the window's palette
         dialog->setOption(QColorDialog::DontUseNativeDialog);
         dialog->setWindowTitle(text());
         connect(dialog, &QColorDialog::currentColorChanged, this,
@@ -107,7 +107,7 @@ private:
 
     std::function<void(Color)> m_setColor;
     Color m_color{};
-    Color m_restored{}; // when the dialog is cancelled
+    Color m_restored{}; // the colour to restore when the dialog is cancelled
     QPointer<QColorDialog> m_dialog{};
 };
 

@@ -1,5 +1,5 @@
-/// Controls for one colour: a well that shows it and opens the toolkit's dialog to choose another, and a
-/// swatch that shows how it covers what lies below.
+/// Controls for one colour: a well that shows it and opens Qt's colour dialog, and a swatch that shows its
+/// opacity.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -12,8 +12,8 @@ class QWidget;
 
 namespace korvane {
 
-/// The colour changes while the user looks for one in the dialog. Cancelling the dialog takes back what was
-/// chosen in it, and not what another control has set meanwhile.
+/// The colour changes while the user tries colours in the dialog. Cancelling the dialog reverts only what was
+/// chosen in it, not what another control has set meanwhile.
 QWidget* colorWell(Store& store, std::string_view label, const Reader<Color>& color,
                    const Action<Color>& setColor);
 

@@ -35,18 +35,18 @@ using Theme::TextStyle;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int diffTitlePaddingX = 12;
-constexpr int diffTitlePaddingY = 8;
-constexpr int diffRow = 20;
-constexpr int diffPaddingY = 4;
-constexpr int diffNumber = 40;
-constexpr int diffNumberGap = 8;
-constexpr int diffPrefix = 16;
-constexpr int diffPaddingRight = 8;
+constexpr int titlePaddingX = 12;
+constexpr int titlePaddingY = 8;
+constexpr int rowHeight = 20;
+constexpr int listPaddingY = 4;
+constexpr int minNumberWidth = 40;
+constexpr int numberGap = 8;
+constexpr int prefixWidth = 16;
+constexpr int paddingRight = 8;
 
 using Lines = std::vector<DiffLine>;
 
-/// A list of lines below its title.
+/// A list of lines with a title.
 class DiffColumn final : public QWidget {
 public:
     struct Options {
@@ -59,14 +59,14 @@ public:
         m_list->setAccessibleName(qString(title));
         TextZoom::follow(m_list.get(), [this] {
             m_width = -1;
-            m_list->setRowHeight(TextZoom::px(diffRow));
+            m_list->setRowHeight(TextZoom::px(rowHeight));
         });
         m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
         setFocusProxy(m_list.get());
         giveFocusRing(m_list.get(), this, Size::radiusMedium);
         auto* place = stack(Qt::Vertical, {.spacing = 0}, {m_list.get()});
-        constexpr auto x = diffTitlePaddingX;
-        constexpr auto y = diffTitlePaddingY;
+        constexpr auto x = titlePaddingX;
+        constexpr auto y = titlePaddingY;
         fill(this, Qt::Vertical, {.spacing = 0},
              {stack(Qt::Vertical, {.padding = {x - edge(), y - Size::panelOutline, x, y}},
                     {new Label(title, TextStyle::quietStrong)}),
@@ -76,11 +76,11 @@ public:
     }
 
     static int titleHeight() {
-        return Theme::lineHeight(TextStyle::quietStrong) + 2 * Theme::px(diffTitlePaddingY) -
+        return Theme::lineHeight(TextStyle::quietStrong) + 2 * Theme::px(titlePaddingY) -
                Theme::px(Size::panelOutline);
     }
 
-    /// Shows `result`. That it is another one is known by the identity of its first line.
+    /// Shows `result`. A new result is recognised by the identity of its first line.
     void display(const DiffResult* result) {
         m_result = result;
         const auto first = count() > 0 ? line(0).id : UUID();
@@ -107,15 +107,15 @@ private:
             .commands = commands(),
             .textLeft = [this](int) { return contentLeft(); },
             .width = [this] { return width(); },
-            .height = TextZoom::px(diffRow),
-            .topPadding = Theme::px(diffPaddingY)};
+            .height = TextZoom::px(rowHeight),
+            .topPadding = Theme::px(listPaddingY)};
     }
 
     int count() const { return m_result ? static_cast<int>((m_result->*m_lines).size()) : 0; }
 
     const DiffLine& line(int row) const { return (m_result->*m_lines)[static_cast<std::size_t>(row)]; }
 
-    /// A filler has none.
+    /// None for a filler row.
     static std::optional<std::string_view> textOf(const DiffLine& line) {
         return line.lineNumber ? std::optional(line.content) : std::nullopt;
     }
@@ -127,7 +127,7 @@ private:
 
     QRect caret(const DiffLine& line, std::size_t offset) const {
         const auto x = rowTextX(line.content, offset, TextZoom::font(TextStyle::codeSmall));
-        return {contentLeft() + static_cast<int>(std::min(x, widestText)), 0, 1, TextZoom::px(diffRow)};
+        return {contentLeft() + static_cast<int>(std::min(x, maxTextWidth)), 0, 1, TextZoom::px(rowHeight)};
     }
 
     std::vector<RowCommand> commands() {
@@ -136,7 +136,7 @@ private:
         return {{.title = QWidget::tr("Copy with &Marks"), .run = [this](int) { copyWithMarks(); }}};
     }
 
-    /// Copies whole lines, each behind the character that says what it is, as `diff -u` writes them.
+    /// Copies whole lines, each after its mark, in the format of `diff -u`.
     void copyWithMarks() const {
         std::string text;
         const auto [first, last] = m_list->selection().rows();
@@ -147,25 +147,25 @@ private:
         copyToDesktop(text);
     }
 
-    /// How much of the room at the left the panel's outline takes.
+    /// The part of the left padding that the panel's outline takes.
     int edge() const { return m_options.isFirst ? Size::panelOutline : 0; }
 
-    /// The room for the numbers, which is wider where the highest one has many digits.
+    /// The width of the numbers, which depends on the digits of the highest.
     int numberWidth() const {
         const auto stats = m_result ? m_result->stats : DiffEngine::DiffStats();
-        const auto highest = stats.unchanged + std::max(stats.added, stats.removed);
+        const auto maxNumber = stats.unchanged + std::max(stats.added, stats.removed);
         const auto digits =
-            QFontMetrics(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance(QString::number(highest));
-        return std::max(TextZoom::px(diffNumber) - Theme::px(edge()), digits + Theme::px(diffNumberGap));
+            QFontMetrics(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance(QString::number(maxNumber));
+        return std::max(TextZoom::px(minNumberWidth) - Theme::px(edge()), digits + Theme::px(numberGap));
     }
 
-    /// Where the content of a line begins.
+    /// The left edge of a line's content.
     int contentLeft() const {
-        return numberWidth() + Theme::px(diffNumberGap) +
-               (m_options.showsPrefixes ? TextZoom::px(diffPrefix) : 0);
+        return numberWidth() + Theme::px(numberGap) +
+               (m_options.showsPrefixes ? TextZoom::px(prefixWidth) : 0);
     }
 
-    /// The room that the longest line needs.
+    /// The width that the longest line needs.
     int width() {
         if (m_width >= 0)
             return m_width;
@@ -175,8 +175,8 @@ private:
                 columns = std::max(columns, columnCount(line(row).content));
         }
         const auto column = QFontMetricsF(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance('0');
-        const auto widest = std::min(std::ceil(static_cast<double>(columns) * column), widestText);
-        m_width = contentLeft() + static_cast<int>(widest) + Theme::px(diffPaddingRight);
+        const auto widest = std::min(std::ceil(static_cast<double>(columns) * column), maxTextWidth);
+        m_width = contentLeft() + static_cast<int>(widest) + Theme::px(paddingRight);
         return m_width;
     }
 
@@ -204,22 +204,22 @@ private:
         font.setBold(true);
         painter.setFont(font);
         painter.setPen(color && !state.isCurrent ? Theme::textTone(*color) : Theme::color(Role::primary));
-        place.setLeft(place.right() + 1 + Theme::px(diffNumberGap));
-        place.setWidth(TextZoom::px(diffPrefix));
+        place.setLeft(place.right() + 1 + Theme::px(numberGap));
+        place.setWidth(TextZoom::px(prefixWidth));
         painter.drawText(place, Qt::AlignCenter, qString(shown.prefix()));
     }
 
-    static constexpr double widestText = 1e9; // what the toolkit's coordinates can hold, and room to spare
+    static constexpr double maxTextWidth = 1e9; // well within the range of Qt's coordinates
 
     const Lines DiffResult::* m_lines;
     Options m_options;
     const DiffResult* m_result = nullptr;
     UUID m_first;
     int m_width = -1;
-    std::unique_ptr<RowList> m_list; ///< destroyed before what its rows are read from
+    std::unique_ptr<RowList> m_list; ///< destroyed before the data of its rows
 };
 
-/// One or two columns in a panel, with a band behind their titles and a line between them.
+/// One or two columns in a panel, with a band behind the titles and a line between the columns.
 class DiffPanel final : public Panel {
 public:
     explicit DiffPanel(std::initializer_list<Item> columns)

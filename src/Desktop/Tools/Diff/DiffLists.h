@@ -1,5 +1,5 @@
-/// The result of a comparison, as two lists beside each other or as one. Only visible lines are drawn, their
-/// text can be selected and copied as that of one page, and each list scrolls by itself.
+/// The result of a comparison, as two lists side by side or as one. Only visible lines are drawn, their text
+/// can be selected across rows and copied, and each list scrolls independently.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -9,7 +9,7 @@ class QWidget;
 
 namespace korvane {
 
-/// What there is to show; null for nothing. The result holds until the next refresh.
+/// The result to show; null for none. It must be valid until the next refresh.
 using DiffResultReader = Reader<const DiffEngine::DiffResult*>;
 
 QWidget* sideBySideDiff(Store& store, const DiffResultReader& result);

@@ -20,9 +20,9 @@ using Theme::TextStyle;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int statBadgeDot = 8;
-constexpr int statBadgePaddingX = 10;
-constexpr int statBadgePaddingY = 6;
+constexpr int dotSize = 8;
+constexpr int paddingX = 10;
+constexpr int paddingY = 6;
 
 class StatBadgeLabel final : public QLabel {
 public:
@@ -38,8 +38,8 @@ public:
 
     QSize sizeHint() const override {
         return {textLeft() + QFontMetrics(Theme::font(TextStyle::quiet)).horizontalAdvance(text()) + 1 +
-                    Theme::px(statBadgePaddingX),
-                Theme::lineHeight(TextStyle::quiet) + 2 * Theme::px(statBadgePaddingY)};
+                    Theme::px(paddingX),
+                Theme::lineHeight(TextStyle::quiet) + 2 * Theme::px(paddingY)};
     }
 
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -50,18 +50,16 @@ protected:
         const auto fill = m_badge.color ? Theme::withTint(*m_badge.color, Theme::Tint::badge)
                                         : Theme::color(Role::plainBadgeFill);
         paintSurface(painter, rect(), Theme::px(Size::radiusSmall), fill);
-        const auto dot = Theme::px(statBadgeDot);
+        const auto dot = Theme::px(dotSize);
         painter.setBrush(m_badge.color ? Theme::hue(*m_badge.color) : Theme::color(Role::secondary));
-        painter.drawEllipse(QRectF(Theme::px(statBadgePaddingX), (height() - dot) / 2.0, dot, dot));
+        painter.drawEllipse(QRectF(Theme::px(paddingX), (height() - dot) / 2.0, dot, dot));
         painter.setFont(Theme::font(TextStyle::quiet));
         painter.setPen(Theme::color(Role::secondary));
         painter.drawText(rect().adjusted(textLeft(), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
     }
 
 private:
-    static int textLeft() {
-        return Theme::px(statBadgePaddingX) + Theme::px(statBadgeDot) + Theme::px(Size::gapBadge);
-    }
+    static int textLeft() { return Theme::px(paddingX) + Theme::px(dotSize) + Theme::px(Size::gapBadge); }
 
     StatBadge m_badge;
 };

@@ -1,4 +1,4 @@
-/// Figures beside each other, each with a dot in its colour on a tint of it.
+/// A count on a tinted badge, with a dot in its colour.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"

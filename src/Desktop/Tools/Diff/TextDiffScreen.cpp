@@ -63,7 +63,7 @@ QWidget* body(Store& store) {
                           quietButton(store, "Swap", "arrow.left.arrow.right", &TextDiffView::swap),
                           quietButton(store, "Clear All", "trash", &TextDiffView::clearAll),
                       }),
-                      when(store, &TextDiffView::isBusy, busyLabel("Comparing... Clear All stops it.")),
+                      when(store, &TextDiffView::isBusy, busyLabel("Comparing… Clear All cancels.")),
                       announcing(store, &TextDiffView::similarity,
                                  when(store, &TextDiffView::showsCounts, counts(store))),
                       either(store, &TextDiffView::hasResult, result(store), editors(store)),

@@ -18,7 +18,7 @@ using Theme::TextStyle;
 
 ElidedField::ElidedField(std::string_view name, std::string_view placeholder)
     : LineEdit(TextStyle::codeSmall, Role::secondary) {
-    constexpr int innerMargin = 2; // which the toolkit puts beside the text
+    constexpr int innerMargin = 2; // added by Qt beside the text
     setReadOnly(true);
     setFocusPolicy(Qt::ClickFocus);
     setTextMargins(-innerMargin, 0, -innerMargin, 0);
@@ -63,7 +63,7 @@ void ElidedField::mousePressEvent(QMouseEvent* event) {
 void ElidedField::focusOutEvent(QFocusEvent* event) {
     LineEdit::focusOutEvent(event);
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
-        return; // the user comes back
+        return; // the focus will return
     deselect();
     setCursorPosition(0);
 }

@@ -1,5 +1,5 @@
-/// One line of text to read, select and copy. While it does not fit, its middle is left out, until it has
-/// the focus: then all of it is there, to be scrolled and selected.
+/// A read-only line of text, which can be selected and copied. If it does not fit, its middle is elided,
+/// except while it has the focus: then the whole text can be scrolled and selected.
 #pragma once
 
 #include "Desktop/Text/LineEdit.h"
@@ -11,12 +11,12 @@ namespace korvane {
 
 class ElidedField final : public LineEdit {
 public:
-    /// `name` is for assistive technology; `placeholder` stands in place of an empty text.
+    /// `name` is the accessible name; `placeholder` is shown for an empty text.
     ElidedField(std::string_view name, std::string_view placeholder);
 
     void display(std::string_view text);
 
-    /// Told when the field is pressed.
+    /// Called when the field is pressed.
     std::function<void()> onPress{};
 
 protected:
@@ -27,7 +27,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// What is selected, or else the whole text.
+    /// Copies the selection, or else the whole text.
     void copyText() const;
 };
 

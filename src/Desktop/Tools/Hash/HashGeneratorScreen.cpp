@@ -18,7 +18,7 @@ namespace {
 
 using enum HashGenerator::HashAlgorithm;
 
-constexpr int inputMinimumHeight = 80;
+constexpr int minInputHeight = 80;
 constexpr int footerGlyph = 11;
 
 QWidget* resultRow(Store& store, HashGenerator::HashAlgorithm algorithm) {
@@ -42,31 +42,31 @@ QWidget* footer(Store& store) {
 }
 
 QWidget* body(Store& store) {
-    return screen(store, toolHeader(Tool::hashGenerator),
-                  {
-                      row({
-                          actionButton(store, "Generate All", "number", PaletteColor::green,
-                                       &HashGeneratorView::generateAll),
-                          pushToggle(store, "Live Update", "bolt.fill", PaletteColor::green,
-                                     &HashGeneratorView::liveUpdate, &HashGeneratorView::setLiveUpdate),
-                          stretch(),
-                          pasteButton(store, &HashGeneratorView::setInputText),
-                          clearButton(store, &HashGeneratorView::setInputText),
-                      }),
-                      section(store, "Input Text", "",
-                              codeEditor(store, &HashGeneratorView::inputText,
-                                         &HashGeneratorView::setInputText, "Enter text to hash...",
-                                         {.lineNumbers = false, .minimumHeight = inputMinimumHeight})),
-                      section(store, "Hash Results", "",
-                              stack(Qt::Vertical, {},
-                                    {
-                                        resultRow(store, md5),
-                                        resultRow(store, sha1),
-                                        resultRow(store, sha256),
-                                        resultRow(store, sha512),
-                                    })),
-                      footer(store),
-                  });
+    return screen(
+        store, toolHeader(Tool::hashGenerator),
+        {
+            row({
+                actionButton(store, "Generate All", "number", PaletteColor::green,
+                             &HashGeneratorView::generateAll),
+                pushToggle(store, "Live Update", "bolt.fill", PaletteColor::green,
+                           &HashGeneratorView::liveUpdate, &HashGeneratorView::setLiveUpdate),
+                stretch(),
+                pasteButton(store, &HashGeneratorView::setInputText),
+                clearButton(store, &HashGeneratorView::setInputText),
+            }),
+            section(store, "Input Text", "",
+                    codeEditor(store, &HashGeneratorView::inputText, &HashGeneratorView::setInputText,
+                               "Enter text to hash...", {.lineNumbers = false, .minHeight = minInputHeight})),
+            section(store, "Hash Results", "",
+                    stack(Qt::Vertical, {},
+                          {
+                              resultRow(store, md5),
+                              resultRow(store, sha1),
+                              resultRow(store, sha256),
+                              resultRow(store, sha512),
+                          })),
+            footer(store),
+        });
 }
 
 } // namespace

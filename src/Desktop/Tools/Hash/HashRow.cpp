@@ -27,12 +27,12 @@ using Theme::TextStyle;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int hashRowPadding = 12;
-constexpr int hashRowGap = 12;
-constexpr int hashLengthWidth = 62;
-constexpr int hashLengthHeight = 21;
+constexpr int padding = 12;
+constexpr int gap = 12;
+constexpr int lengthWidth = 62;
+constexpr int lengthHeight = 21;
 
-/// The row's surface, in the colour of its algorithm while it is the chosen one.
+/// The row's surface, in the colour of its algorithm while it is chosen.
 class HashRowButton final : public QAbstractButton, public ChoiceButton {
 public:
     HashRowButton(std::string_view name, PaletteColor color) : m_color(color) {
@@ -59,10 +59,10 @@ private:
     PaletteColor m_color;
 };
 
-/// `label` in the middle of a plate of fixed size, so that those of several rows line up.
+/// `label`, centred on a plate of fixed size, so that the plates of all rows line up.
 QWidget* lengthPlate(Label* label) {
     auto* plate = new Surface([] { return Theme::color(Role::controlFill); }, Size::radiusBadge);
-    plate->setFixedSize(Theme::px(hashLengthWidth), Theme::px(hashLengthHeight));
+    plate->setFixedSize(Theme::px(lengthWidth), Theme::px(lengthHeight));
     label->setAlignment(Qt::AlignCenter);
     fill(plate, Qt::Vertical, {.spacing = 0}, {label});
     return plate;
@@ -83,8 +83,7 @@ QWidget* hashRow(Store& store, HashGenerator::HashAlgorithm algorithm, const Rea
         copyButton(store, [read] { return read().hash; }, {.look = {.showLabel = false, .subject = name}});
     auto* fading = new QGraphicsOpacityEffect(copy);
     copy->setGraphicsEffect(fading);
-    constexpr auto padding = hashRowPadding;
-    fill(button, Qt::Horizontal, {.spacing = hashRowGap, .padding = {padding, padding, padding, padding}},
+    fill(button, Qt::Horizontal, {.spacing = gap, .padding = {padding, padding, padding, padding}},
          {tag(name, color(algorithm)), digest, plate, copy});
     store.onRefresh([=] {
         const auto current = read();
@@ -93,7 +92,7 @@ QWidget* hashRow(Store& store, HashGenerator::HashAlgorithm algorithm, const Rea
         length->display(current.lengthText());
         digest->setPlaceholderText(qString(current.prompt()));
         plate->setVisible(current.showsLength());
-        copy->setEnabled(!current.isComputing); // and is faint then by itself
+        copy->setEnabled(!current.isComputing); // a disabled button is painted faint
         fading->setOpacity(current.hasHash() || current.isComputing ? 1 : Theme::idleOpacity);
     });
     QObject::connect(button, &QAbstractButton::clicked, button, select.on(store));

@@ -1,5 +1,5 @@
-/// The row of one digest: what it is from, the digest itself, how long it is, and a button that copies it.
-/// The row is a button that marks it.
+/// The row of one digest: its algorithm, the digest, its length, and a button that copies it. The row itself
+/// is a button that marks it.
 #pragma once
 
 #include "Desktop/Binding/Action.h"

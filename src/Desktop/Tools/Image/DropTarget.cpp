@@ -20,10 +20,10 @@ using Theme::Size;
 
 namespace {
 
-/// The length of the dashes around a place to drop something on, and of the gaps, in widths of the line.
+/// The length of the dashes around a drop zone, and of the gaps, in line widths.
 constexpr double dropDash = 2.5;
 
-/// Whether the drag holds what `droppedItems` finds, told without fetching it from the other program.
+/// Whether the drag contains what `droppedItems` finds, without fetching data from the other program.
 bool canBeDropped(const QMimeData& data) {
     for (const auto& url : data.urls()) {
         if (url.isLocalFile())
@@ -36,7 +36,7 @@ bool canBeDropped(const QMimeData& data) {
     return data.hasImage();
 }
 
-/// The picture that the toolkit knows, as a file.
+/// `image` as a PNG file.
 std::string encoded(const QImage& image) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -57,7 +57,7 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override {
         if (!canBeDropped(*event->mimeData()))
             return;
-        event->setDropAction(Qt::CopyAction); // whatever the other program would like, its file stays
+        event->setDropAction(Qt::CopyAction); // even if the other program proposes a move, its file stays
         event->accept();
         m_setTargeted(true);
     }

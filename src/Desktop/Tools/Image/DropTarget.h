@@ -1,4 +1,4 @@
-/// Where pictures from other programs can be dropped.
+/// The targets for dropping pictures from other programs.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -13,16 +13,15 @@ class QWidget;
 
 namespace korvane {
 
-/// `content`, on which pictures can be dropped: files, or the picture itself. `setTargeted` is told whether
-/// something that can be dropped is over it.
+/// `content`, on which pictures can be dropped: files, or the picture itself. `setTargeted` is called with
+/// whether an acceptable drag is over it.
 QWidget* dropTarget(Store& store, const Action<bool>& setTargeted, const Action<DroppedItems>& drop,
                     QWidget* content);
 
-/// A surface with a dashed outline around `items`, which stand in its middle; it lights up while
-/// `isTargeted`.
+/// A surface with a dashed outline around `items`; it is highlighted while `isTargeted` is true.
 QWidget* dropZone(Store& store, const Reader<bool>& isTargeted, std::initializer_list<Item> items);
 
-/// What is in a drag; empty if none of it can be a picture. A file counts whatever its name.
+/// The pictures and files in a drag; empty if it has none. Files are accepted whatever their names.
 DroppedItems droppedItems(const QMimeData& data);
 
 } // namespace korvane

@@ -1,4 +1,4 @@
-/// A few facts, each a small title above its value.
+/// Facts in a grid, each with a small title above its value.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -15,8 +15,8 @@ struct Fact {
     Reader<std::string> text;
 };
 
-/// The facts in lines of `columnCount`. The columns are of one width, unless a text needs more: none is
-/// shortened.
+/// The facts in rows of `columnCount`. The columns have equal widths unless a text needs more; no text is
+/// elided.
 QWidget* factGrid(Store& store, int columnCount, const std::vector<Fact>& facts);
 
 } // namespace korvane

@@ -14,9 +14,9 @@
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Tools/Image/DropTarget.h"
 #include "Desktop/Tools/Image/FactGrid.h"
-#include "Desktop/Tools/Image/ImageView.h"
 #include "Desktop/Tools/Image/IntegerField.h"
 #include "Desktop/Tools/Image/MenuPicker.h"
+#include "Desktop/Tools/Image/Picture.h"
 #include "Desktop/Tools/Image/SecondaryButton.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/ImageConverterView.h"
@@ -25,7 +25,7 @@ namespace korvane {
 
 namespace {
 
-/// The opacity of the glyph in a place to drop something on.
+/// The opacity of the drop zone's glyph.
 constexpr double dropGlyphOpacity = 0.8;
 
 // Sizes are in pixels at a 13-pixel body text.
@@ -68,7 +68,7 @@ QWidget* loadedSource(Store& store) {
     return card({.padding = {Size::gapControl, Size::gapControl, Size::gapControl, Size::gapControl},
                  .radius = Size::radiusMedium},
                 {overlay(picture(store, "Source Image", &State::sourcePreview),
-                         neverSucceeding(
+                         excludeFromFocusHandover(
                              quietButton(store, "Remove", "trash", &State::remove, {.isOverlay = true})))});
 }
 

@@ -19,8 +19,8 @@ QWidget* integerField(Store& store, std::string_view name, const Reader<int>& va
                       const Action<int>& setValue, int width) {
     auto* edit = new LineEdit(Theme::TextStyle::body);
     edit->setAccessibleName(qString(name));
-    neverBeginWith(edit);
-    // Line breaks may come with what is pasted; the editor drops them by itself.
+    excludeFromInitialFocus(edit);
+    // Pasted text may contain line breaks, which the editor itself removes.
     edit->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("(?:[0-9][\\r\\n]*){0,9}")), edit));
     auto* field = new Surface([] { return Theme::color(Role::panelFill); }, Size::radiusSmall,

@@ -1,4 +1,4 @@
-/// A field for a whole number that is not negative.
+/// A field for a non-negative integer.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -10,8 +10,8 @@ class QWidget;
 
 namespace korvane {
 
-/// Takes up to nine digits. While the user edits, the field keeps what is typed, and nothing stands for 0;
-/// once it is left, it shows the number. `name` is the accessible name, `width` in pixels at a 13-pixel body
+/// Accepts up to nine digits. While the user edits, the field keeps the typed text, and an empty text means
+/// 0; on leaving it shows the number. `name` is the accessible name, `width` in pixels at a 13-pixel body
 /// text.
 QWidget* integerField(Store& store, std::string_view name, const Reader<int>& value,
                       const Action<int>& setValue, int width);

@@ -24,16 +24,16 @@ using Theme::Size;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int menuPickerHeight = 28;
-constexpr int menuPickerLeft = 10;
-constexpr int menuPickerRight = 8;
-constexpr int menuPickerGlyph = 11;
+constexpr int pickerHeight = 28;
+constexpr int leftPadding = 10;
+constexpr int rightPadding = 8;
+constexpr int glyphSize = 11;
 
-/// A combo box to keyboard and assistive technology, whose list is one of the window's menus.
+/// A combo box for keyboard and assistive technology, whose list is shown as a menu.
 class MenuPicker final : public QComboBox, public AccessibleRows {
 public:
     explicit MenuPicker(int width) {
-        setFixedSize(Theme::px(width), Theme::px(menuPickerHeight));
+        setFixedSize(Theme::px(width), Theme::px(pickerHeight));
         setFocusPolicy(Qt::TabFocus);
         setAttribute(Qt::WA_Hover);
         giveFocusRing(this, this, Size::radiusSmall);
@@ -61,8 +61,7 @@ public:
         QComboBox::hidePopup();
     }
 
-    // To assistive technology its choices are rows; the toolkit would have it go by the name of the chosen
-    // one.
+    // The choices are exposed as rows; Qt would use the name of the chosen one as the accessible name.
 
     QWidget* rowsWidget() override { return this; }
 
@@ -88,15 +87,15 @@ public:
 
     void focusRow(int) override { setFocus(Qt::OtherFocusReason); }
 
-    /// Keeps the choice from being made, and shows why; empty allows it.
+    /// Disables the choice and shows why; an empty text enables it.
     void setObstacle(int index, const QString& obstacle) {
         setItemData(index, obstacle, obstacleRole);
-        // Without this flag the arrow keys pass over the choice.
+        // Makes the arrow keys skip the choice.
         static_cast<QStandardItemModel*>(model())->item(index)->setEnabled(obstacle.isEmpty());
     }
 
 protected:
-    /// Like Space, which the toolkit knows.
+    /// Return acts like Space, which Qt handles.
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
             showPopup();
@@ -113,18 +112,18 @@ protected:
                                          : Role::controlFill;
         paintSurface(painter, rect(), Theme::px(Size::radiusSmall), Theme::color(fill),
                      Theme::color(Role::outline));
-        const auto glyph = Theme::px(menuPickerGlyph);
-        const auto right = width() - Theme::px(menuPickerRight);
+        const auto glyph = Theme::px(glyphSize);
+        const auto right = width() - Theme::px(rightPadding);
         Glyph::paint(painter, "menu.chevrons", QRectF(right - glyph, (height() - glyph) / 2.0, glyph, glyph),
                      Theme::color(Role::secondary));
         painter.setFont(Theme::font(Theme::TextStyle::body));
         painter.setPen(Theme::color(Role::primary));
-        const auto left = Theme::px(menuPickerLeft);
+        const auto left = Theme::px(leftPadding);
         painter.drawText(QRect(left, 0, right - glyph - left, height()), Qt::AlignVCenter | Qt::AlignLeft,
                          currentText());
     }
 
-    /// The wheel scrolls the screen, and changes nothing on its way.
+    /// The wheel scrolls the screen and must not change the choice.
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:

@@ -1,4 +1,4 @@
-/// A choice of one among a few, which drop down as a menu.
+/// A choice of one of a few values in a drop-down menu.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -15,17 +15,17 @@ class QWidget;
 
 namespace korvane {
 
-/// Why each choice cannot be made at the moment, shown beside it; empty where it can.
+/// For each choice, the reason why it is unavailable, shown beside it; empty if it is available.
 using Obstacles = std::vector<std::string>;
 
 /// `name` is the accessible name, `width` in pixels at a 13-pixel body text. Without `obstacles`, all choices
-/// can always be made.
+/// are always available.
 QWidget* menuPicker(Store& store, std::string_view name, const std::vector<std::string>& titles,
                     const Reader<std::size_t>& chosen, const Action<std::size_t>& choose, int width,
                     const std::optional<Reader<Obstacles>>& obstacles);
 
-/// A picker over all cases of the enumeration that `read` reads, with their titles. `obstacle`, where there
-/// is one, reads from the state what keeps a case from being chosen.
+/// A picker over all cases of the enumeration that `read` reads, with their titles. The optional `obstacle`
+/// returns the reason why a case is unavailable.
 template <typename State, typename E, typename Set>
 QWidget* menuPicker(Store& store, std::string_view name, E State::* read, const Set& set, int width,
                     std::string (State::*obstacle)(E) const = nullptr) {

@@ -14,7 +14,7 @@ using Theme::Size;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int secondaryGlyph = 13;
+constexpr int glyphSize = 13;
 
 class SecondaryButton final : public GlyphButton {
 public:
@@ -23,7 +23,7 @@ public:
         setMetrics({.style = m_isProminent ? Theme::TextStyle::button : Theme::TextStyle::bodyMedium,
                     .height = Size::actionHeight,
                     .padding = Size::actionPadding,
-                    .glyph = m_isProminent ? Size::actionGlyph : secondaryGlyph,
+                    .glyph = m_isProminent ? Size::actionGlyph : glyphSize,
                     .gap = Size::gapBadge,
                     .radius = Size::radiusMedium});
         setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -1,4 +1,4 @@
-/// A button as large as a screen's primary action, for what comes beside it.
+/// A secondary action in a button as large as the primary one.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -11,12 +11,12 @@ class QWidget;
 namespace korvane {
 
 struct SecondaryButtonOptions {
-    bool isProminent = false; ///< the title is bold, and not in the secondary colour
+    bool isProminent = false; ///< the title is bold and in the primary colour
     Reader<bool> isDisabled = false;
 };
 
-/// Takes its share of the row's width, where shares are given. With an empty name of a glyph the title stands
-/// alone.
+/// Takes a share of the row's width if the row assigns shares. With an empty icon name, only the title is
+/// shown.
 QWidget* secondaryButton(Store& store, std::string_view title, std::string_view icon, const Action<>& action,
                          const SecondaryButtonOptions& options = {});
 

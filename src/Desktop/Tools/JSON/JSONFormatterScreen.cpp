@@ -8,7 +8,7 @@
 #include "Desktop/Layout/ScreenLayout.h"
 #include "Desktop/Layout/Stack.h"
 #include "Desktop/Text/Editors.h"
-#include "Desktop/Tools/JSON/TreeView.h"
+#include "Desktop/Tools/JSON/Tree.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/JSONFormatterView.h"
 
@@ -60,8 +60,8 @@ QWidget* body(Store& store) {
                                              &JSONFormatterView::setInputText, "Paste your JSON here...")),
                           either(store, &JSONFormatterView::showTreeView,
                                  section(store, "Tree View", "",
-                                         treeView(store, treeRows, &JSONFormatterView::toggleRow,
-                                                  "Enter valid JSON to see tree store")),
+                                         tree(store, treeRows, &JSONFormatterView::toggleRow,
+                                              "Enter valid JSON to see tree store")),
                                  section(store, "Output", "",
                                          output(store, &JSONFormatterView::outputText,
                                                 "Formatted output will appear here..."))),

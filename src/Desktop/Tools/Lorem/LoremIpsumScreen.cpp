@@ -42,7 +42,7 @@ QWidget* options(Store& store) {
         Size::gapGroup);
 }
 
-/// What there is of everything in the text, and what can be done with it.
+/// Statistics of the text, and its actions.
 QWidget* footer(Store& store) {
     return row({
         statPill(store, &State::words),
@@ -64,8 +64,8 @@ QWidget* body(Store& store) {
                       either(store, &State::hasText,
                              stack(Qt::Vertical, {},
                                    {section(store, "Generated Text", "",
-                                            textView(store, &State::generatedText, "",
-                                                     {.lineNumbers = false, .isProse = true})),
+                                            readOnlyEditor(store, &State::generatedText, "",
+                                                           {.lineNumbers = false, .isProse = true})),
                                     footer(store)}),
                              section(store, "Generated Text", "",
                                      new Panel(emptyPrompt(store, "text.quote",

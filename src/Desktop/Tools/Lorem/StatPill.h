@@ -1,4 +1,4 @@
-/// A small counter on a card of its own, for a row of them.
+/// A small counter on its own card, for a row of them.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"

@@ -8,7 +8,7 @@ namespace korvane {
 
 namespace {
 
-/// What a button with a label takes of the text's width, in pixels at a 13-pixel body text.
+/// The width of the text that a button with a label covers, in pixels at a 13-pixel body text.
 constexpr int labelledButtonRoom = 92;
 
 } // namespace
@@ -18,8 +18,8 @@ QWidget* computedOutput(Store& store, const Reader<std::string>& text) {
                            last = std::make_shared<std::string>()]() -> const std::string& {
         return *last = compute();
     };
-    return textView(store, computed, "",
-                    {.lineNumbers = false, .isSmall = true, .buttonRoom = labelledButtonRoom});
+    return readOnlyEditor(store, computed, "",
+                          {.lineNumbers = false, .isSmall = true, .buttonRoom = labelledButtonRoom});
 }
 
 } // namespace korvane

@@ -1,4 +1,4 @@
-/// A panel that shows a text which is computed from the state whenever it is read, rather than kept in it.
+/// A panel for a text that is computed from the state on every read instead of stored in it.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -9,7 +9,7 @@ class QWidget;
 
 namespace korvane {
 
-/// The text is small, selectable, and clear of a labelled button over the top right corner.
+/// The text is small and selectable, and leaves space for a labelled button over the top right corner.
 QWidget* computedOutput(Store& store, const Reader<std::string>& text);
 
 } // namespace korvane

@@ -41,7 +41,7 @@ constexpr int proseChipHeight = 18;
 
 using Kind = MarkdownRow::Kind;
 
-/// Fills `area`, a part of a rounded rectangle that goes on above or below where it is not rounded there.
+/// Fills `area`, a part of a rounded rectangle that continues above or below where it is not rounded.
 void fillRounded(QPainter& painter, const QRectF& area, bool roundsTop, bool roundsBottom) {
     const auto radius = Theme::px(Size::radiusMedium);
     painter.save();
@@ -51,7 +51,7 @@ void fillRounded(QPainter& painter, const QRectF& area, bool roundsTop, bool rou
     painter.restore();
 }
 
-/// Writes a list's marker beside the first line of `block`, its right end at `right`.
+/// Paints a list marker beside the first line of `block`, with its right end at `right`.
 void paintMarker(QPainter& painter, const QTextBlock& block, QPointF origin, const QString& marker,
                  qreal right) {
     const auto line = block.layout()->lineAt(0);
@@ -62,7 +62,7 @@ void paintMarker(QPainter& painter, const QTextBlock& block, QPointF origin, con
     painter.drawText(QPointF(right - QFontMetricsF(font).horizontalAdvance(marker), baseline), marker);
 }
 
-/// Lays a chip behind the characters of `block` from `start` to `end`, one on each line.
+/// Paints the background of inline code behind the characters of `block` from `start` to `end`, on each line.
 void paintChip(QPainter& painter, const QTextBlock& block, QPointF origin, int start, int end) {
     const auto padding = Theme::px(proseChipPadding);
     const auto height = TextZoom::px(proseChipHeight);
@@ -73,7 +73,7 @@ void paintChip(QPainter& painter, const QTextBlock& block, QPointF origin, int s
         const auto to = std::min(end, line.textStart() + line.textLength());
         if (from >= to)
             continue;
-        // The room behind the last character is a part of it already.
+        // The space after the last character is already part of it.
         const auto left = line.cursorToX(from) - (from == start ? padding : 0);
         const auto right = line.cursorToX(to);
         const auto pitch = block.blockFormat().lineHeight();
@@ -135,7 +135,7 @@ bool MarkdownBrowser::viewportEvent(QEvent* event) {
         return QTextBrowser::viewportEvent(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const auto target = anchorAt(help->pos());
-    // A target that looks like HTML is no HTML.
+    // A target that looks like HTML is shown as plain text.
     QToolTip::showText(help->globalPos(), target.isEmpty() ? QString() : Qt::convertFromPlainText(target),
                        this);
     return true;
@@ -143,7 +143,7 @@ bool MarkdownBrowser::viewportEvent(QEvent* event) {
 
 void MarkdownBrowser::mouseReleaseEvent(QMouseEvent* event) {
     QTextBrowser::mouseReleaseEvent(event);
-    event->accept(); // the base ignores one that opens a link, which would go on to the widget behind
+    event->accept(); // the base class ignores a release that opens a link, so the parent would receive it
 }
 
 void MarkdownBrowser::changeEvent(QEvent* event) {
@@ -166,7 +166,7 @@ void MarkdownBrowser::paintEvent(QPaintEvent* event) {
         const auto exposed = QRectF(event->rect()).translated(0, verticalScrollBar()->value());
         auto block = m_document->findBlock(std::max(layout.hitTest({0, exposed.top()}, Qt::FuzzyHit), 0));
         if (block.previous().isValid())
-            block = block.previous(); // whose box may reach down to where the text of the next one is nearer
+            block = block.previous(); // its box may extend to where the next block's text is nearer
         for (; block.isValid(); block = block.next()) {
             const auto* row = m_document->row(block.blockNumber());
             if (!row || band(block, *row).top() > exposed.bottom())
@@ -177,7 +177,7 @@ void MarkdownBrowser::paintEvent(QPaintEvent* event) {
     QTextBrowser::paintEvent(event);
 }
 
-/// The room of a row across the view: its lines, and the part of a box that is its own.
+/// The area of a row across the view: its lines, and its part of a box.
 QRectF MarkdownBrowser::band(const QTextBlock& block, const MarkdownRow& row) const {
     const auto top = m_document->documentLayout()->blockBoundingRect(block).top();
     const auto format = block.blockFormat();
@@ -222,7 +222,7 @@ void MarkdownBrowser::paintBehind(QPainter& painter, const QTextBlock& block, co
 }
 
 void MarkdownBrowser::wheelEvent(QWheelEvent* event) {
-    QAbstractScrollArea::wheelEvent(event); // which does not change the size of the text
+    QAbstractScrollArea::wheelEvent(event); // skips the base class, which would zoom the text
 }
 
 QMimeData* MarkdownBrowser::createMimeDataFromSelection() const {

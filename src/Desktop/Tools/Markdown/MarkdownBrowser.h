@@ -1,6 +1,5 @@
-/// Where Markdown is seen as it is meant: headers, lists, quotes and code, drawn natively, in a view that
-/// scrolls. The text can be selected and copied, and its links followed by mouse and keyboard. It fetches
-/// nothing.
+/// The rendered view of Markdown: headers, lists, quotes and code, painted natively, with scrolling. The text
+/// can be selected and copied, and links followed by mouse and keyboard. It fetches nothing.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -18,17 +17,17 @@ namespace korvane {
 
 class MarkdownBrowser final : public QTextBrowser {
 public:
-    /// `markdown` is read whenever the view is refreshed, but only while it can be seen.
+    /// `markdown` is read at every refresh, but only while the view is visible.
     explicit MarkdownBrowser(std::function<const std::string&()> markdown);
 
-    /// Told the target of a link that was clicked or entered.
+    /// Called with the target of a link that was clicked or activated by keyboard.
     std::function<void(std::string)> onLink{};
 
     void refresh();
 
     const MarkdownDocument& content() const { return *m_document; }
 
-    /// There is nothing to fetch.
+    /// Loads nothing.
     QVariant loadResource(int type, const QUrl& name) override;
 
 protected:
@@ -45,18 +44,18 @@ protected:
 private:
     static QMimeData* newMimeData(const QTextCursor& selected);
 
-    /// Puts what is selected on the clipboard, or else the whole text.
+    /// Copies the selection to the clipboard, or else the whole text.
     void copyText() const;
 
     void paintBehind(QPainter& painter, const QTextBlock& block, const MarkdownRow& row) const;
     QRectF band(const QTextBlock& block, const MarkdownRow& row) const;
 
     std::function<const std::string&()> m_markdown;
-    std::string m_shown{}; // the Markdown of the document
+    std::string m_shown{}; // the Markdown that the document shows
     MarkdownDocument* m_document;
 };
 
-/// A browser in a panel.
+/// A `MarkdownBrowser` in a panel.
 QWidget* markdownPane(Store& store, const Reader<const std::string&>& markdown,
                       const Action<std::string>& openLink);
 

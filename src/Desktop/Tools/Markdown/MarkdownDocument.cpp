@@ -38,7 +38,7 @@ using Kind = MarkdownRow::Kind;
 
 constexpr int inlineCodeProperty = QTextFormat::UserProperty;
 
-/// Around all rows. It counts from the panel's edge, whose outline is outside the document.
+/// The margin around all rows, from the panel's edge, whose outline is outside the document.
 constexpr int margin = prosePadding - Size::panelOutline;
 
 struct Common {
@@ -46,7 +46,7 @@ struct Common {
     std::size_t suffix;
 };
 
-/// How many elements are the same at the beginning and at the end of both.
+/// The numbers of equal elements at the beginning and at the end of both.
 template <typename T>
 Common common(const std::vector<T>& a, const std::vector<T>& b) {
     const auto prefix = std::ranges::mismatch(a, b).in1 - a.begin();
@@ -102,7 +102,7 @@ int blockGap(const MarkdownRow& row) {
     return row.number == 2 ? proseHeader2Gap : proseHeader3Gap;
 }
 
-/// The distance from the text of the row above to the row's own. (The first block of a document has none.)
+/// The distance from the text of the row above to that of this row. (The first block of a document has none.)
 int topMargin(const MarkdownRow& row) {
     if (!row.above || row.continuesText)
         return 0;
@@ -113,15 +113,15 @@ int topMargin(const MarkdownRow& row) {
     return row.kind == Kind::unorderedItem || row.kind == Kind::orderedItem ? proseItemGap : 0;
 }
 
-/// The distance from the text to the end of the row. (Of it and the next row's top margin only the larger one
-/// counts.)
+/// The distance from the text to the end of the row. (Qt applies the larger of it and the next row's top
+/// margin.)
 int bottomMargin(const MarkdownRow& row) {
     if (row.endsBlock)
         return unscaledBoxPadding(row.kind);
     return row.kind == Kind::language ? proseLanguageGap : 0;
 }
 
-/// The width of the number of an item, and of as many digits as the highest number of its list has.
+/// The width of an item's number, for as many digits as the highest number of its list has.
 int numberIndent(const MarkdownRow& row) {
     const auto widthOfDigit = QFontMetricsF(TextZoom::font(TextStyle::document)).horizontalAdvance(u'0');
     return TextZoom::px(proseNumber) + static_cast<int>((row.digits - 1) * widthOfDigit);
@@ -187,7 +187,7 @@ QTextCharFormat charFormat(const QTextCharFormat& row, const InlineRun& run) {
     return format;
 }
 
-/// The text of a run, without the characters that a text document keeps for itself.
+/// The text of a run, without the characters that QTextDocument reserves.
 QString textOf(const InlineRun& run) {
     auto text = qString(run.text);
     for (const char16_t reserved : {u'\uFDD0', u'\uFDD1', u'\uFFFC'})
@@ -195,7 +195,7 @@ QString textOf(const InlineRun& run) {
     return text;
 }
 
-/// Inserts `text` with `gap` more room behind its last character.
+/// Inserts `text` with `gap` additional space after its last character.
 void insertSpaced(QTextCursor& cursor, QString text, QTextCharFormat format, int gap) {
     const bool isSimple = !text.isEmpty() && text.back() < QChar(0x300);
     if (isSimple && gap > 0) {
@@ -209,7 +209,7 @@ void insertSpaced(QTextCursor& cursor, QString text, QTextCharFormat format, int
 
 void insertRuns(QTextCursor& cursor, const MarkdownRow& row, const QTextCharFormat& rowFormat) {
     for (std::size_t run = 0; run < row.runs.size(); ++run) {
-        // A chip of inline code reaches beyond its text.
+        // The background of inline code extends beyond its text.
         const bool beginsChip = run + 1 < row.runs.size() && row.runs[run + 1].isCode;
         const bool hasGap = row.runs[run].isCode || beginsChip;
         insertSpaced(cursor, textOf(row.runs[run]), charFormat(rowFormat, row.runs[run]),
@@ -217,8 +217,9 @@ void insertRuns(QTextCursor& cursor, const MarkdownRow& row, const QTextCharForm
     }
 }
 
-/// A block that is inserted at the start of a document is the second one, and takes over the text of the
-/// first. Gives the text its format back, and goes to the first, which is empty then and gets the new format.
+/// A block inserted at the start of a document becomes the second one and takes over the text of the first.
+/// Restores the format of that text, and moves to the first block, which is now empty and gets the new
+/// format.
 void swapWithBlockBefore(QTextCursor& cursor) {
     const auto format = cursor.blockFormat();
     const auto charFormat = cursor.blockCharFormat();
@@ -294,7 +295,7 @@ void MarkdownDocument::showRows(std::vector<MarkdownRow> rows) {
     Q_ASSERT(static_cast<std::size_t>(blockCount()) == m_rows.size() + 1);
 }
 
-/// Makes room above for the box that the first row may be in.
+/// Adapts the top margin to the box of the first row, if any.
 void MarkdownDocument::fitTop() {
     const auto top = documentMargin() + (m_rows.empty() ? 0 : boxPadding(m_rows.front().kind));
     auto format = rootFrame()->frameFormat();
@@ -307,12 +308,12 @@ void MarkdownDocument::fitTop() {
 void MarkdownDocument::remove(std::size_t first, std::size_t last) {
     if (first == last)
         return;
-    const auto behind = findBlockByNumber(static_cast<int>(last));
-    const auto format = behind.blockFormat();
+    const auto following = findBlockByNumber(static_cast<int>(last));
+    const auto format = following.blockFormat();
     QTextCursor cursor(findBlockByNumber(static_cast<int>(first)));
-    cursor.setPosition(behind.position(), QTextCursor::KeepAnchor);
+    cursor.setPosition(following.position(), QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
-    cursor.setBlockFormat(format); // of the two blocks that have become one, the other's may be left
+    cursor.setBlockFormat(format); // the joined block may have kept the format of the removed one
 }
 
 void MarkdownDocument::insert(std::size_t first, std::span<const MarkdownRow> rows) {

@@ -14,25 +14,25 @@ namespace {
 using namespace MarkdownBlocks;
 using Kind = MarkdownRow::Kind;
 
-/// The length of the part of `text`, which is longer than `room`, that goes into a row with that much room.
-/// It is 0 where not even a character fits in.
+/// The length of the part of `text`, which is longer than `room` bytes, that fits in `room`; 0 if not even
+/// one character fits.
 std::size_t cut(std::string_view text, std::size_t room) {
-    constexpr std::size_t longestCharacter = 4;
+    constexpr std::size_t maxCharacterBytes = 4;
     const auto space = text.substr(0, room).rfind(' ');
     if (space != std::string_view::npos && space >= room / 2)
         return space + 1;
-    for (auto length = room; length + longestCharacter > room; --length) {
+    for (auto length = room; length + maxCharacterBytes > room; --length) {
         const bool isInsideCharacter = (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80;
         if (!isInsideCharacter)
             return length;
     }
-    return room; // it is no text
+    return room; // not valid UTF-8
 }
 
-/// The runs in groups of at most `longestRow` bytes each; at least one group.
+/// The runs in groups of at most `maxRowBytes` bytes each; at least one group.
 std::vector<std::vector<InlineRun>> pieces(std::vector<InlineRun> runs) {
     std::vector<std::vector<InlineRun>> groups(1);
-    auto room = longestRow;
+    auto room = maxRowBytes;
     for (auto& run : runs) {
         const auto text = std::exchange(run.text, {});
         for (std::string_view rest = text; !rest.empty();) {
@@ -45,7 +45,7 @@ std::vector<std::vector<InlineRun>> pieces(std::vector<InlineRun> runs) {
             room -= length;
             if (!rest.empty()) {
                 groups.emplace_back();
-                room = longestRow;
+                room = maxRowBytes;
             }
         }
     }

@@ -1,6 +1,5 @@
-/// A Markdown preview as the rows that are drawn below each other: a block is one row, or one for each of its
-/// items or lines, so that little is drawn anew when a letter of a long block changes. Rows know what they
-/// are, not how they look.
+/// A Markdown preview as a sequence of rows: a block is one row, or one for each of its items or lines, so
+/// that a change in a long block redraws little. Rows contain no formatting.
 #pragma once
 
 #include "Views/Tools/MarkdownInline.h"
@@ -16,20 +15,20 @@ struct MarkdownRow {
     enum class Kind { header, paragraph, language, code, quote, unorderedItem, orderedItem, rule };
 
     Kind kind = Kind::paragraph;
-    int number = 0; ///< of a header its level, of an ordered item its place in the list
-    int digits = 0; ///< of an ordered item those of the highest number in its list
+    int number = 0; ///< the level of a header, or the number of an ordered item
+    int digits = 0; ///< the digits of the highest number in an ordered item's list
     std::vector<InlineRun> runs{};
-    std::optional<Kind> above{}; ///< what the row above is; none at the top
+    std::optional<Kind> above{}; ///< the kind of the row above; none at the top
     bool beginsBlock = false;
     bool endsBlock = false;
-    bool continuesText = false; ///< goes on with the text of the row before, which was too long for one
+    bool continuesText = false; ///< continues the text of the row before, which was too long for one row
 
     bool operator==(const MarkdownRow&) const = default;
 };
 
-/// In bytes: a longer text is cut, behind a space if there is one. A row is laid out as a whole, which takes
-/// about a millisecond for this many.
-inline constexpr std::size_t longestRow = 4'000;
+/// In bytes: a longer text is split, after a space if there is one. A row is laid out as a whole, which takes
+/// about a millisecond for this length.
+inline constexpr std::size_t maxRowBytes = 4'000;
 
 /// The rows of all blocks of `markdown`. Costs a few milliseconds for a text of 200 KB.
 std::vector<MarkdownRow> markdownRows(std::string_view markdown);

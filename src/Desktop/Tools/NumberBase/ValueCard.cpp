@@ -17,15 +17,15 @@ using Theme::TextStyle;
 
 namespace {
 
-/// The width of an outline that marks one card among several, in pixels.
+/// The width of the outline that marks one card among several, in pixels.
 constexpr double strongOutline = 1.5;
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int valueCardGap = 10;
-constexpr int valueCardGlyph = 16;
-constexpr int valueCardTextTop = 3;
+constexpr int gap = 10;
+constexpr int glyphSize = 16;
+constexpr int textTop = 3;
 
-/// The surface of a card, with a strong outline while one is wanted.
+/// The surface of a card, with an optional strong outline.
 class CardSurface final : public QWidget {
 public:
     explicit CardSurface(PaletteColor color) : m_color(color) {}
@@ -63,12 +63,11 @@ QWidget* valueCard(Store& store, const ValueCardParts& parts) {
     constexpr auto padding = Size::cardPadding;
     auto* copy = copyButton(store, parts.value, {.look = {.subject = parts.title}});
     fill(
-        surface, Qt::Vertical, {.spacing = valueCardGap, .padding = {padding, padding, padding, padding}},
-        {row({new GlyphLabel(parts.icon, valueCardGlyph, parts.color),
-              new Label(parts.title, TextStyle::headline),
+        surface, Qt::Vertical, {.spacing = gap, .padding = {padding, padding, padding, padding}},
+        {row({new GlyphLabel(parts.icon, glyphSize, parts.color), new Label(parts.title, TextStyle::headline),
               textLabel(store, parts.note, TextStyle::subheadline, Role::secondary), stretch(),
               new Label(parts.caption, TextStyle::caption, Role::secondary)}),
-         row({growing(stack(Qt::Vertical, {.spacing = 0, .padding = {0, valueCardTextTop, 0, 0}},
+         row({growing(stack(Qt::Vertical, {.spacing = 0, .padding = {0, textTop, 0, 0}},
                             {selectableText(store, parts.title, parts.value, {.style = TextStyle::codeValue}),
                              stretch()})),
               stack(Qt::Vertical, {.spacing = 0}, {copy, stretch()})})});

@@ -1,4 +1,4 @@
-/// A card with a value that can be selected and copied, below its title.
+/// A card with a title and, below it, a value that can be selected and copied.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"

@@ -1,5 +1,5 @@
-/// How strong a password is: five bars side by side, of which the weakest lights one and the strongest all,
-/// and the word for it. Assistive technology reads the word and passes over the bars.
+/// The strength of a password: five bars, of which the weakest password lights one and the strongest all, and
+/// a word. Assistive technology reads the word and skips the bars.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"

@@ -15,9 +15,9 @@ using Theme::TextStyle;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int referenceGlyph = 13;
-constexpr int referenceColumnGap = 12;
-constexpr int referenceRowGap = 8;
+constexpr int glyphSize = 13;
+constexpr int columnGap = 12;
+constexpr int rowGap = 8;
 
 } // namespace
 
@@ -28,12 +28,13 @@ QWidget* referenceCard(std::string_view title, std::string_view icon, int column
         cells.push_back(stack(Qt::Vertical, {.spacing = 0},
                               {new Label(pattern, TextStyle::codeSmallMedium, PaletteColor::red),
                                new Label(description, TextStyle::caption, Role::secondary)}));
-        cells.back()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // no column is wider
+        cells.back()->setSizePolicy(QSizePolicy::Ignored,
+                                    QSizePolicy::Fixed); // keeps the columns equally wide
     }
     auto* heading =
         stack(Qt::Horizontal, {.spacing = Size::gapBadge},
-              {new GlyphLabel(icon, referenceGlyph, Role::secondary), new Label(title, TextStyle::headline)});
-    auto* table = grid(columnCount, {.columnGap = referenceColumnGap, .rowGap = referenceRowGap}, cells);
+              {new GlyphLabel(icon, glyphSize, Role::secondary), new Label(title, TextStyle::headline)});
+    auto* table = grid(columnCount, {.columnGap = columnGap, .rowGap = rowGap}, cells);
     auto* surface = card({}, {heading, table});
     surface->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return surface;

@@ -1,4 +1,4 @@
-/// A card that explains short signs: each in red above what it means, in columns of the same width.
+/// A card that explains patterns: each in red above its meaning, in columns of the same width.
 #pragma once
 
 #include "Views/Tools/RegexTesterView.h"

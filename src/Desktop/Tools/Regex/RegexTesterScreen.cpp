@@ -22,10 +22,10 @@ namespace {
 using Theme::TextStyle;
 using Panel = RegexTesterView::MatchesPanel;
 
-constexpr int testStringMinimum = 96;
+constexpr int minTestStringHeight = 96;
 constexpr int referenceColumns = 6;
-constexpr int resultMinimum = 66;
-constexpr int resultMaximum = 192;
+constexpr int minResultHeight = 66;
+constexpr int maxResultHeight = 192;
 constexpr int copyButtonRoom = 84;
 
 auto shows(Panel panel) {
@@ -57,12 +57,12 @@ QWidget* patternBlock(Store& store) {
 QWidget* testString(Store& store) {
     return section(
         store, "Test String", "",
-        withMinimumHeight(testStringMinimum,
-                          codeEditor(store, &RegexTesterView::testString, &RegexTesterView::setTestString,
-                                     "Enter text to test against the pattern...")));
+        withMinHeight(minTestStringHeight,
+                      codeEditor(store, &RegexTesterView::testString, &RegexTesterView::setTestString,
+                                 "Enter text to test against the pattern...")));
 }
 
-/// What the panel says without a list of matches.
+/// The panel's text without a list of matches.
 QWidget* prompt(Store& store, Panel panel, std::string icon) {
     return when(store, shows(panel),
                 emptyPrompt(store, std::move(icon), std::string(RegexTesterView::message(panel))));
@@ -83,14 +83,14 @@ QWidget* matches(Store& store) {
                        }))));
 }
 
-/// The result of replacing, as high as it is up to a limit, with a labelled button over its corner.
+/// The result of the replacement, as high as its text within limits, with a labelled button over its corner.
 QWidget* replacedText(Store& store) {
-    auto* result = textView(store, &RegexTesterView::replacedText, "Replacement result...",
-                            {.lineNumbers = false,
-                             .buttonRoom = copyButtonRoom,
-                             .minimumHeight = resultMinimum,
-                             .maximumHeight = resultMaximum,
-                             .placeholderInk = Theme::Role::secondary});
+    auto* result = readOnlyEditor(store, &RegexTesterView::replacedText, "Replacement result...",
+                                  {.lineNumbers = false,
+                                   .buttonRoom = copyButtonRoom,
+                                   .minHeight = minResultHeight,
+                                   .maxHeight = maxResultHeight,
+                                   .placeholderInk = Theme::Role::secondary});
     auto* whole = overlay(result, copyButton(store, &RegexTesterView::replacedText,
                                              {.look = {.dropsLabel = true, .isOverlay = true}}));
     giveName(*whole, "Result");

@@ -13,7 +13,7 @@ namespace {
 constexpr int secondsOfMinute = 60;
 constexpr int lastMinute = 24 * 60 - 1;
 
-/// The text can be read and selected; it is the value that is to be set.
+/// The text can be read and selected; changes are made through the value.
 class TimeInterface final : public QAccessibleWidget,
                             public QAccessibleValueInterface,
                             public QAccessibleTextInterface {

@@ -1,5 +1,5 @@
-/// How a field for a time presents itself to assistive technology: its text as it is shown, and the minutes
-/// since midnight as its value. The toolkit's interface knows no value but the year, month and day of a date.
+/// The accessible interface of a time field: its text, and the minutes since midnight as its value. Qt's own
+/// interface exposes only the year, month and day of a date as values.
 #pragma once
 
 class QAccessibleInterface;

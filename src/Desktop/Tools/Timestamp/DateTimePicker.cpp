@@ -28,23 +28,24 @@ QDateTime localTime(Moment moment) {
     return QDateTime::fromMSecsSinceEpoch(moment.time_since_epoch().count());
 }
 
-/// What a clock on the wall shows, as if it were the time in UTC.
+/// The given local date and time, interpreted as UTC.
 Moment wallClock(QDate date, QTime time) {
     return Moment(std::chrono::milliseconds(QDateTime(date, time, Qt::UTC).toMSecsSinceEpoch()));
 }
 
-/// How far the user's clocks are ahead of UTC.
+/// The offset of the user's time zone from UTC.
 std::chrono::milliseconds offsetAt(Moment moment) {
     const auto local = localTime(moment);
     return wallClock(local.date(), local.time()) - moment;
 }
 
-/// The moment of a local time, which the user comes to from `before`. Around a change of the clocks there may
-/// be two such moments, or none: then the offset from UTC stays that of `before` if it can. So whoever goes
-/// by minutes through an hour that comes twice stays in the one he is in, and whoever comes to a time that
-/// the clocks skip is taken beyond it, as long as that is on the same day.
+/// The moment of a local time, to which the user changes from `before`. Around a clock change there may be
+/// two such moments, or none; then the UTC offset of `before` is kept if possible. So stepping by minutes
+/// through an hour that occurs twice stays in the same occurrence, and stepping to a time that the clocks
+/// skip goes beyond it if that is on the same day.
 Moment momentAt(QDate date, QTime time, Moment before) {
-    constexpr auto apart = std::chrono::days(1); // further than zones are, nearer than two changes
+    constexpr auto apart =
+        std::chrono::days(1); // more than any zone's offset, less than the time between two clock changes
     const auto wall = wallClock(date, time);
     std::array offsets{offsetAt(wall - apart), offsetAt(wall + apart)};
     if (offsets.back() == offsetAt(before))
@@ -58,14 +59,14 @@ Moment momentAt(QDate date, QTime time, Moment before) {
     return wall - (onTheDay == offsets.end() ? offsets.front() : *onTheDay);
 }
 
-/// A button that, held down, acts again and again.
+/// A button that repeats its action while it is held down.
 QuietButton* turnButton(std::string_view title, std::string_view icon) {
     auto* button = new QuietButton(title, icon, {.showLabel = false, .isPlain = true});
     button->setAutoRepeat(true);
     return button;
 }
 
-/// The moment that a picker shows, and how it is changed.
+/// Access to the moment that a picker shows and changes.
 struct Choice {
     std::function<Moment()> moment;
     std::function<void(Moment)> setMoment;
@@ -98,7 +99,7 @@ void connectTurning(MonthGrid* grid, QuietButton* previous, QuietButton* next, L
 
 QWidget* dateTimePicker(Store& store, const DateTimePickerParts& parts) {
     const Choice choice{parts.moment.of(store), parts.setMoment.on(store)};
-    // The controls are made in the order in which the Tab key goes through them.
+    // The controls are created in the order of the Tab key.
     auto* label = new Label(parts.label, TextStyle::subheadline, Role::secondary);
     auto* time = newTimeField(parts.label, choice);
     auto* title = new Label({}, TextStyle::headline);

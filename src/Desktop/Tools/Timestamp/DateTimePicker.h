@@ -1,5 +1,5 @@
 /// A calendar of one month and a field for hour and minute, which together choose a moment in the user's time
-/// zone. Seconds and what is finer stay as they are.
+/// zone. Seconds and milliseconds are kept.
 #pragma once
 
 #include "Desktop/Binding/Action.h"

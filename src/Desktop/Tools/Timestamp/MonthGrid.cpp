@@ -25,17 +25,17 @@ using Theme::TextStyle;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int calendarDayWidth = 28;
-constexpr int calendarDayHeight = 24;
-constexpr int calendarHeading = 20;
-constexpr int calendarGap = 2;
+constexpr int dayWidth = 28;
+constexpr int dayHeight = 24;
+constexpr int headingHeight = 20;
+constexpr int rowGap = 2;
 
 std::chrono::sys_days chronoDay(QDate date) {
     constexpr qint64 julianDayOf1970 = 2440588;
     return std::chrono::sys_days(std::chrono::days(date.toJulianDay() - julianDayOf1970));
 }
 
-/// The day on which the first row of the month's grid begins.
+/// The first day in the grid of the month.
 QDate firstInGrid(QDate month) {
     const auto firstDayOfWeek = static_cast<int>(CalendarText::firstDayOfWeek().iso_encoding());
     return month.addDays(-((month.dayOfWeek() - firstDayOfWeek + 7) % 7));
@@ -46,7 +46,7 @@ QDate firstInGrid(QDate month) {
 class DayButton final : public QAbstractButton, public ChoiceButton {
 public:
     explicit DayButton(MonthGrid* grid) : m_grid(grid) {
-        setFixedSize(Theme::px(calendarDayWidth), Theme::px(calendarDayHeight));
+        setFixedSize(Theme::px(dayWidth), Theme::px(dayHeight));
         setFocusPolicy(Qt::NoFocus);
         setCheckable(true);
         setAttribute(Qt::WA_Hover);
@@ -70,7 +70,7 @@ public:
     }
 
 protected:
-    /// Which day is chosen is not for the button to say.
+    /// The chosen day is determined by the state, not by the button.
     void nextCheckState() override {}
 
     void keyPressEvent(QKeyEvent* event) override {
@@ -110,13 +110,13 @@ MonthGrid::MonthGrid(PaletteColor color, std::function<void(QDate)> choose)
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins({});
     layout->setHorizontalSpacing(0);
-    layout->setVerticalSpacing(Theme::px(calendarGap));
+    layout->setVerticalSpacing(Theme::px(rowGap));
     const auto names = CalendarText::weekdays();
     for (int column = 0; column < daysAWeek; ++column) {
         auto* name =
             new Label(names[static_cast<std::size_t>(column)], TextStyle::subheadline, Role::secondary);
         name->setAlignment(Qt::AlignCenter);
-        name->setFixedHeight(Theme::px(calendarHeading));
+        name->setFixedHeight(Theme::px(headingHeight));
         layout->addWidget(name, 0, column);
         layout->setColumnStretch(column, 1);
     }
@@ -133,7 +133,7 @@ QDate MonthGrid::firstDay() {
 }
 
 QDate MonthGrid::lastDay() {
-    return {9998, 12, 31}; // so that the year has four digits in whatever zone the day is written
+    return {9998, 12, 31}; // so that the year has four digits in any time zone
 }
 
 void MonthGrid::display(QDate chosen, QDate today) {
@@ -162,7 +162,7 @@ void MonthGrid::arrange() {
     const auto isOfMonth = [this](QDate date) {
         return date.year() == m_month.year() && date.month() == m_month.month();
     };
-    // The Tab key stops at one day only; the arrow keys go on from there.
+    // The Tab key stops at one day only; the arrow keys continue from there.
     const auto stop = isOfMonth(m_chosen) ? m_chosen : m_month;
     auto date = firstInGrid(m_month);
     for (std::size_t index = 0; index < m_days.size(); ++index, date = date.addDays(1)) {

@@ -1,5 +1,5 @@
-/// The days of one month, of which one can be chosen, in rows of weeks. It shows any month, whether the
-/// chosen day is in it or not.
+/// A grid of the days of one month in rows of weeks, of which one can be chosen. The chosen day may be in
+/// another month.
 #pragma once
 
 #include "Models/PaletteColor.h"
@@ -14,34 +14,34 @@ class QKeyEvent;
 
 namespace korvane {
 
-/// One day of the grid: a button named after its date.
+/// A day of the grid: a button named after its date.
 class DayButton;
 
 class MonthGrid final : public QWidget {
 public:
-    /// The chosen day is filled with `color`. `choose` is called with the day that the user wants.
+    /// The chosen day is filled with `color`. `choose` is called with the day that the user chooses.
     MonthGrid(PaletteColor color, std::function<void(QDate)> choose);
 
-    /// The days from and to which anything can be chosen.
+    /// The range of days that can be chosen.
     static QDate firstDay();
     static QDate lastDay();
 
-    /// Marks the chosen day and, with an outline, the present one. A newly chosen day is brought into view.
+    /// Marks the chosen day and, with an outline, today. A newly chosen day is brought into view.
     void display(QDate chosen, QDate today);
 
-    /// Goes back or ahead by months, choosing nothing.
+    /// Shows an earlier or later month without choosing a day.
     void turn(int months);
 
-    /// The first of the month that is shown.
+    /// The first day of the shown month.
     QDate month() const { return m_month; }
 
-    /// Has `handler` called whenever another month is shown.
+    /// Calls `handler` whenever another month is shown.
     void onTurn(std::function<void()> handler) { m_turned = std::move(handler); }
 
 private:
     friend class DayButton;
 
-    static constexpr int weeks = 6; ///< as many as a month can touch
+    static constexpr int weeks = 6; ///< the most that a month can touch
     static constexpr int daysAWeek = 7;
 
     void showMonth(QDate day);

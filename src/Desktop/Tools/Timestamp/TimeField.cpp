@@ -52,9 +52,9 @@ public:
         applyTheme();
     }
 
-    /// Goes on beyond a time that the clocks skip on the chosen day, where it would be taken back.
+    /// Steps beyond a time that the clocks skip on the chosen day, which would otherwise be reverted.
     void stepBy(int steps) override {
-        constexpr int fullTurn = 60; // after which even the minutes are where they were
+        constexpr int fullTurn = 60; // after which the minutes repeat
         const auto before = time();
         for (int reach = 1; time() == before && reach < fullTurn; ++reach)
             QTimeEdit::stepBy(reach * steps);
@@ -70,7 +70,7 @@ protected:
 
     void wheelEvent(QWheelEvent* event) override {
         if (!hasFocus())
-            return event->ignore(); // whoever scrolls past it means what is around it
+            return event->ignore(); // an unfocused field must not intercept scrolling
         QTimeEdit::wheelEvent(event);
     }
 
@@ -83,7 +83,7 @@ protected:
 private:
     void applyTheme() {
         m_applying = true;
-        QPalette look; // names only what differs, so that the rest goes on following the window
+        QPalette look; // sets only what differs, so that the rest still follows the window
         look.setColor(QPalette::Base, Qt::transparent);
         setPalette(look);
         setFont(Theme::font(TextStyle::codeSmall));
@@ -93,7 +93,7 @@ private:
     bool m_applying = false;
 };
 
-/// The two chevrons: the upper half counts up, the lower half down.
+/// The two chevrons: the upper half increases the time, the lower half decreases it.
 class Chevrons final : public QWidget {
 public:
     explicit Chevrons(QTimeEdit* edit) : m_edit(edit) {
@@ -120,7 +120,7 @@ private:
 
 TimeField::TimeField(std::string_view name, std::function<void(QTime)> set) : m_edit(new Edit) {
     m_edit->setAccessibleName(qString(name));
-    neverBeginWith(m_edit);
+    excludeFromInitialFocus(m_edit);
     setFocusProxy(m_edit);
     setFixedHeight(Theme::px(timeFieldHeight));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

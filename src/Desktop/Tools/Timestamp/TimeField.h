@@ -1,5 +1,5 @@
-/// A field for hour and minute, in the user's way of counting hours. Digits and the arrow keys change it, and
-/// so do the chevrons at its end.
+/// A field for hour and minute, on the user's 12- or 24-hour clock. It is changed by digits, the arrow keys,
+/// and the chevrons at its end.
 #pragma once
 
 #include <QTime>
@@ -17,7 +17,7 @@ public:
     /// `set` is called with the whole minute that the user chooses.
     TimeField(std::string_view name, std::function<void(QTime)> set);
 
-    /// Shows hour and minute of `time`. What is being typed is left alone where it means the same.
+    /// Shows hour and minute of `time`. Keeps typed text that has the same value.
     void display(QTime time);
 
 protected:

@@ -30,12 +30,12 @@ constexpr std::string_view widestCaption = "Milliseconds:";
 constexpr int rowHeight = 34;
 constexpr int figureHeight = 30;
 
-/// A line with some air above and below.
+/// A line with space above and below.
 QWidget* divider(int above, int below) {
     return stack(Qt::Vertical, {.padding = {0, above, 0, below}}, {new Divider});
 }
 
-/// A large figure above what it counts.
+/// A large number above its unit.
 QWidget* figure(Store& store, const Reader<std::string>& text, PaletteColor color, std::string_view unit) {
     return stack(Qt::Vertical, {.spacing = 0},
                  {textLabel(store, text, TextStyle::hero, color), caption(store, unit)});

@@ -13,20 +13,19 @@ using Theme::TextStyle;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int statGlyph = 16;
-constexpr int statPaddingX = 16;
-constexpr int statPaddingY = 12;
-constexpr int statGap = 6;
+constexpr int glyphSize = 16;
+constexpr int paddingX = 16;
+constexpr int paddingY = 12;
+constexpr int gap = 6;
 
 } // namespace
 
 QWidget* statCard(Store& store, std::string_view title, const Reader<std::string>& value,
                   std::string_view icon, PaletteColor color) {
     auto* card = new Surface([color] { return Theme::withTint(color, Theme::Tint::row); }, Size::radiusLarge);
-    fill(card, Qt::Vertical,
-         {.spacing = 0, .padding = {statPaddingX, statPaddingY, statPaddingX, statPaddingY}},
-         {stack(Qt::Horizontal, {.spacing = 0, .padding = {0, 0, 0, statGap}},
-                {new GlyphLabel(icon, statGlyph, color), stretch()}),
+    fill(card, Qt::Vertical, {.spacing = 0, .padding = {paddingX, paddingY, paddingX, paddingY}},
+         {stack(Qt::Horizontal, {.spacing = 0, .padding = {0, 0, 0, gap}},
+                {new GlyphLabel(icon, glyphSize, color), stretch()}),
           textLabel(store, value, TextStyle::stat),
           textLabel(store, title, TextStyle::caption, Theme::Role::secondary)});
     return card;

@@ -1,4 +1,4 @@
-/// A card with a figure.
+/// A card with a statistic.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -11,7 +11,7 @@ class QWidget;
 
 namespace korvane {
 
-/// Glyph and tint are in `color`, the value is large, the title below it.
+/// Glyph and tint are in `color`; the title is below the large value.
 QWidget* statCard(Store& store, std::string_view title, const Reader<std::string>& value,
                   std::string_view icon, PaletteColor color);
 

@@ -23,14 +23,14 @@ namespace {
 constexpr int statCardGap = 10;
 
 constexpr int modePickerWidth = 360;
-constexpr int statisticsHeight = 196; // two rows of cards; the prompt leaves the editor the same size
+constexpr int statisticsHeight = 196; // two rows of cards, so that the prompt does not resize the editor
 
 /// Reads whether `tab` is selected.
 auto isSelected(TransformTab tab) {
     return [tab](const TextTransformerView& state) { return state.selectedTab == tab; };
 }
 
-/// Reads one of the facts of the selected tab.
+/// Reads a property of the selected tab.
 template <typename Fact>
 auto ofTab(Fact fact) {
     return [fact](const TextTransformerView& state) { return std::string(factsOf(state.selectedTab).*fact); };

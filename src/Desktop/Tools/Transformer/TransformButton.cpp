@@ -30,9 +30,9 @@ constexpr int tileRowGap = 8;
 
 constexpr auto chosenColor = PaletteColor::teal;
 constexpr int columnCount = 3;
-constexpr double smallestScale = 0.8; // a title that needs to be smaller yet is shortened instead
+constexpr double minScale = 0.8; // a title that needs a smaller font is elided instead
 
-/// Which way an arrow key points, in columns and rows; no other key points anywhere.
+/// The direction of an arrow key, in columns and rows; null for other keys.
 QPoint stepOf(int key) {
     switch (key) {
     case Qt::Key_Left:
@@ -63,7 +63,7 @@ TransformButton::TransformButton(std::string_view title, std::string_view icon) 
 
 QSize TransformButton::sizeHint() const {
     const auto font = Theme::font(m_metrics.style);
-    const auto title = QFontMetricsF(font).horizontalAdvance(text()) * smallestScale;
+    const auto title = QFontMetricsF(font).horizontalAdvance(text()) * minScale;
     return {static_cast<int>(title) + 2 * Theme::px(m_metrics.padding), Theme::px(m_metrics.height)};
 }
 
@@ -76,7 +76,7 @@ void TransformButton::paintEvent(QPaintEvent*) {
     if (isChecked()) {
         const auto tint = isDown() ? Tint::tilePressed : (isHovered ? Tint::tileHover : Tint::tile);
         paintBackground(painter, Theme::withTint(chosenColor, tint), Theme::hue(chosenColor));
-        if (!isHovered && !isDown()) // on a stronger ground it would not be readable
+        if (!isHovered && !isDown()) // not readable on a stronger background
             ink = Theme::textTone(chosenColor);
     } else {
         const auto fill =
@@ -93,7 +93,7 @@ void TransformButton::paintEvent(QPaintEvent*) {
     paintTitle(painter, QRect(padding, qCeil(top) + glyph + gap, width() - 2 * padding, line));
 }
 
-/// The arrow keys move the focus by position; nothing is pressed by that.
+/// The arrow keys move the focus by position without pressing a button.
 void TransformButton::keyPressEvent(QKeyEvent* event) {
     const auto* grid = qobject_cast<QGridLayout*>(parentWidget()->layout());
     const auto step = stepOf(event->key());
@@ -109,12 +109,12 @@ void TransformButton::keyPressEvent(QKeyEvent* event) {
         neighbour->widget()->setFocus(Qt::TabFocusReason);
 }
 
-/// In a line that is too short the title becomes smaller before it is shortened.
+/// A title that does not fit is set smaller before it is elided.
 void TransformButton::paintTitle(QPainter& painter, const QRect& line) const {
     auto font = Theme::font(m_metrics.style);
     const auto scale = line.width() / QFontMetricsF(font).horizontalAdvance(text());
     if (scale < 1)
-        font.setPixelSize(static_cast<int>(font.pixelSize() * std::max(scale, smallestScale)));
+        font.setPixelSize(static_cast<int>(font.pixelSize() * std::max(scale, minScale)));
     painter.setFont(font);
     painter.drawText(line, Qt::AlignCenter,
                      QFontMetricsF(font).elidedText(text(), Qt::ElideRight, line.width()));

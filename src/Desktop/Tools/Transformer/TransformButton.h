@@ -1,5 +1,5 @@
-/// The tiles of the text transformer: each a choice that takes effect when it is pressed, also when it is the
-/// chosen one.
+/// The tiles of the text transformer. Pressing a tile applies its transformation, also when it is already
+/// chosen.
 #pragma once
 
 #include "Desktop/Access/AccessibleButton.h"
@@ -13,7 +13,7 @@
 
 namespace korvane {
 
-/// A glyph above a title. It is teal while it is checked.
+/// A glyph above a title; teal while it is checked.
 class TransformButton final : public GlyphButton, public ChoiceButton {
 public:
     TransformButton(std::string_view title, std::string_view icon);

@@ -23,16 +23,16 @@ using Theme::TextStyle;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int componentRow = 36;
-constexpr int componentLabel = 88;
-constexpr int componentGap = 12;
+constexpr int rowHeight = 36;
+constexpr int minNameWidth = 88;
+constexpr int gap = 12;
 constexpr int chipPaddingX = 6;
 constexpr int chipHeight = 22;
 
-/// The most that names take of a row's width, in percent, when they are long.
-constexpr int namesShare = 40;
+/// The maximum share of long names in a row's width, in percent.
+constexpr int maxNamesShare = 40;
 
-/// The name of a row, which is shortened where its column is narrow.
+/// The name of a row, elided where its column is narrow.
 QWidget* nameCell(const ComponentRow& row, ComponentLook look) {
     auto* name = look == ComponentLook::chip
                      ? new Label(row.label, TextStyle::subheadline, Role::secondary)
@@ -59,11 +59,11 @@ QWidget* rowWidget(Store& store, QWidget* name, const ComponentRow& row, Compone
     const bool isPlain = look == ComponentLook::plain;
     auto* copy = copyButton(store, [value = row.value.value_or("")] { return value; },
                             {.look = {.showLabel = isPlain, .dropsLabel = isPlain, .subject = row.label}});
-    return withHeight(componentRow, stack(Qt::Horizontal, {.spacing = componentGap},
-                                          {name, valueLabel(row, look), stretch(), copy}));
+    return withHeight(
+        rowHeight, stack(Qt::Horizontal, {.spacing = gap}, {name, valueLabel(row, look), stretch(), copy}));
 }
 
-/// Makes its rows anew whenever they are others.
+/// Recreates its rows whenever they change.
 class ComponentRows final : public QWidget {
 public:
     ComponentRows(Store& store, ComponentLook look) : m_store(store), m_look(look) {
@@ -75,15 +75,14 @@ public:
             return;
         m_rows = std::move(rows);
         removeAll();
-        for (std::size_t i = 0; i < std::min(m_rows.size(), mostComponentRows); ++i) {
+        for (std::size_t i = 0; i < std::min(m_rows.size(), maxComponentRows); ++i) {
             m_names.push_back(nameCell(m_rows[i], m_look));
             layout()->addWidget(rowWidget(m_store, m_names.back(), m_rows[i], m_look));
         }
         alignNames();
-        if (m_rows.size() > mostComponentRows)
-            layout()->addWidget(
-                new Label("and " + std::to_string(m_rows.size() - mostComponentRows) + " more",
-                          TextStyle::subheadline, Role::secondary));
+        if (m_rows.size() > maxComponentRows)
+            layout()->addWidget(new Label("and " + std::to_string(m_rows.size() - maxComponentRows) + " more",
+                                          TextStyle::subheadline, Role::secondary));
     }
 
 protected:
@@ -93,18 +92,18 @@ protected:
     }
 
 private:
-    /// Gives all names the width of the longest, so that the values line up, unless it takes too much.
+    /// Sets the width of all names to that of the longest, within the limits, so that the values line up.
     void alignNames() {
-        const int least = Theme::px(componentLabel);
-        int widest = least;
+        const int minWidth = Theme::px(minNameWidth);
+        int widest = minWidth;
         for (const auto* name : m_names)
             widest = std::max(widest, name->sizeHint().width());
-        const int width = std::min(widest, std::max(least, this->width() * namesShare / 100));
+        const int width = std::min(widest, std::max(minWidth, this->width() * maxNamesShare / 100));
         for (auto* name : m_names)
             name->setFixedWidth(width);
     }
 
-    /// They are hidden first, so that the focus goes over to a neighbour if one of them has it.
+    /// Hides the rows first, so that the focus moves to a neighbour if one of them has it.
     void removeAll() {
         m_names.clear();
         const auto old = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);

@@ -1,5 +1,4 @@
-/// The components of a URL as rows: a label, the value, and a button that copies it; as many rows as there
-/// are at the moment.
+/// The components of a URL as a variable number of rows: a label, the value, and a button that copies it.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -13,12 +12,12 @@ class QWidget;
 namespace korvane {
 
 enum class ComponentLook {
-    chip,  ///< the value on a tint of its colour
-    plain, ///< label and value like code, and a button with its label
+    chip,  ///< the value is on a tint of its colour
+    plain, ///< label and value are set as code, and the button has a label
 };
 
-/// More rows than this are not shown, only told of: each costs a handful of widgets, and nobody reads them.
-inline constexpr std::size_t mostComponentRows = 500;
+/// Further rows are only counted, not shown: each costs several widgets, and users do not read that many.
+inline constexpr std::size_t maxComponentRows = 500;
 
 QWidget* componentRows(Store& store, const Reader<std::vector<ComponentRow>>& rows, ComponentLook look);
 

@@ -31,7 +31,7 @@ using Theme::Size;
 constexpr int modePickerWidth = 264;
 constexpr int urlHeight = 96;
 
-/// Reads one of the facts of the chosen mode.
+/// Reads a property of the chosen mode.
 template <typename Fact>
 auto ofMode(Fact fact) {
     return [fact](const URLEncoderView& state) { return std::string(factsOf(state.mode).*fact); };

@@ -145,7 +145,7 @@ TEST_F(TextDiffScreenTest, SwapExchangesTheTextsOfTheEditors) {
 }
 
 TEST_F(TextDiffScreenTest, ShowsAsBusyUntilLargeTextsAreCompared) {
-    constexpr auto busy = "Comparing... Clear All stops it.";
+    constexpr auto busy = "Comparing… Clear All cancels.";
     const std::string many(50'000, '\n');
     compare(many, "x");
     EXPECT_FALSE(screen.shows(busy));

@@ -106,12 +106,12 @@ TEST(MarkdownRow, AppliesInlineStylesExceptInHeadersAndCode) {
 TEST(MarkdownRow, ALongTextIsDividedIntoSeveralRows) {
     const std::string word = "lengthy ";
     std::string paragraph = "**";
-    while (paragraph.size() < 3 * longestRow)
+    while (paragraph.size() < 3 * maxRowBytes)
         paragraph += word;
     paragraph += "end**";
     std::string all;
     for (const auto& row : markdownRows(paragraph)) {
-        EXPECT_LE(text(row).size(), longestRow);
+        EXPECT_LE(text(row).size(), maxRowBytes);
         EXPECT_EQ(row.continuesText, !all.empty());
         EXPECT_TRUE(row.runs.front().isBold);
         EXPECT_TRUE(text(row).ends_with(' ') || text(row).ends_with("end")) << "cut inside a word";
@@ -122,7 +122,7 @@ TEST(MarkdownRow, ALongTextIsDividedIntoSeveralRows) {
 
 TEST(MarkdownRow, DividesNoCharacter) {
     std::string paragraph = "x";
-    while (paragraph.size() < 3 * longestRow)
+    while (paragraph.size() < 3 * maxRowBytes)
         paragraph += "😀";
     std::string all;
     for (const auto& row : markdownRows(paragraph)) {
@@ -130,7 +130,7 @@ TEST(MarkdownRow, DividesNoCharacter) {
         all += text(row);
     }
     EXPECT_EQ(all, paragraph);
-    EXPECT_GT(markdownRows(std::string(3 * longestRow, '\x80')).size(), 2U) << "bytes that are not UTF-8";
+    EXPECT_GT(markdownRows(std::string(3 * maxRowBytes, '\x80')).size(), 2U) << "bytes that are not UTF-8";
 }
 
 TEST(MarkdownDocument, WritesOnlyChangedRows) {

@@ -163,12 +163,12 @@ TEST_F(URLEncoderScreenTest, CopyButtonsHideTheirLabelsInANarrowScreen) {
 
 TEST_F(URLEncoderScreenTest, ShowsAndCopiesManyAndLongParameters) {
     std::string url = "?";
-    for (std::size_t i = 0; i < mostComponentRows + 7; ++i)
+    for (std::size_t i = 0; i < maxComponentRows + 7; ++i)
         url += "p" + std::to_string(i) + "=v&";
     url += "long=" + std::string(1'000'000, 'x');
     analyze(url);
-    EXPECT_TRUE(screen.hasButton("Copy p" + std::to_string(mostComponentRows - 1)));
-    EXPECT_FALSE(screen.hasButton("Copy p" + std::to_string(mostComponentRows)));
+    EXPECT_TRUE(screen.hasButton("Copy p" + std::to_string(maxComponentRows - 1)));
+    EXPECT_FALSE(screen.hasButton("Copy p" + std::to_string(maxComponentRows)));
     EXPECT_TRUE(screen.shows("and 8 more"));
     analyze("x:" + std::string(1'000'000, 'y') + "%0Az");
     screen.press("Copy Path");

@@ -1,4 +1,4 @@
-#include "Desktop/Tools/JSON/TreeView.h"
+#include "Desktop/Tools/JSON/Tree.h"
 
 #include "Desktop/Access/Accessibility.h"
 #include "Desktop/Binding/Store.h"
@@ -42,7 +42,7 @@ constexpr int treeGap = 4;
 constexpr int treePaddingX = 8;
 constexpr int treePaddingY = 10;
 
-/// Draws the rows, folds them by pointer and keyboard, and knows how wide they are.
+/// Paints the rows, expands and collapses them by pointer and keyboard, and computes their width.
 class TreeController {
 public:
     TreeController(Clipboard& clipboard, std::function<TreeRows()> rows,
@@ -135,7 +135,7 @@ private:
                 static_cast<double>(TextZoom::px(treeRow))};
     }
 
-    /// Where a row's glyph begins, behind which its texts are.
+    /// The left edge of a row's glyph, which precedes its texts.
     static int textLeft(const TreeRow& row) {
         return static_cast<int>(chevronBox(row, {}).right()) + TextZoom::px(treeGap);
     }
@@ -202,8 +202,8 @@ private:
         m_list->setCurrentRow(row);
     }
 
-    /// Left folds a row or goes to its parent, Right unfolds it or goes to its first child, Space does
-    /// either.
+    /// Left collapses a row or goes to its parent, Right expands it or goes to its first child, Space toggles
+    /// it.
     bool fold(QKeyEvent* event) {
         const auto current = m_list->currentRow();
         if (current < 0 || event->modifiers() != Qt::NoModifier)
@@ -238,8 +238,7 @@ private:
         return row;
     }
 
-    /// The room that the widest row needs, from the number of columns that its texts take; never less than it
-    /// takes.
+    /// The width that the widest row needs: an upper bound from the number of columns of its texts.
     int width() {
         if (m_width >= 0)
             return m_width;
@@ -264,12 +263,12 @@ private:
     std::function<void(std::size_t)> m_toggle;
     TreeRows m_rows;
     int m_width = -1;
-    std::unique_ptr<RowList> m_list; ///< destroyed before what its rows are read from
+    std::unique_ptr<RowList> m_list; ///< destroyed before the data of its rows
     int m_turning = -1;
     Transition m_turn;
 };
 
-/// The list of a tree, or what stands in its place.
+/// The list of a tree, or the prompt of an empty one.
 class TreePanel final : public Panel {
 public:
     TreePanel(std::unique_ptr<TreeController> tree, std::string_view emptyPrompt)
@@ -304,8 +303,8 @@ private:
 
 } // namespace
 
-QWidget* treeView(Store& store, const Reader<TreeRows>& rows, const Action<std::size_t>& toggle,
-                  std::string_view emptyPrompt) {
+QWidget* tree(Store& store, const Reader<TreeRows>& rows, const Action<std::size_t>& toggle,
+              std::string_view emptyPrompt) {
     auto* panel = new TreePanel(
         std::make_unique<TreeController>(store.services().clipboard, rows.of(store), toggle.on(store)),
         emptyPrompt);

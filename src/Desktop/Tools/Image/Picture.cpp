@@ -1,4 +1,4 @@
-#include "Desktop/Tools/Image/ImageView.h"
+#include "Desktop/Tools/Image/Picture.h"
 
 #include "Desktop/Access/Accessibility.h"
 #include "Desktop/Binding/Store.h"
@@ -22,9 +22,9 @@ using Theme::Size;
 namespace {
 
 // Sizes are in pixels at a 13-pixel body text.
-constexpr int imageMinimum = 150;
+constexpr int minPictureSize = 150;
 
-/// `image` as the toolkit sees it. The samples are not copied: `image` must outlive the result.
+/// `image` as a QImage. The samples are not copied: `image` must outlive the result.
 QImage qImage(const Image& image) {
     return {reinterpret_cast<const uchar*>(image.samples.get()), image.width, image.height,
             static_cast<qsizetype>(image.rowBytes()), QImage::Format_RGBA8888};
@@ -38,7 +38,7 @@ public:
 
     QSize sizeHint() const override { return minimumSizeHint(); }
 
-    QSize minimumSizeHint() const override { return {Theme::px(imageMinimum), Theme::px(imageMinimum)}; }
+    QSize minimumSizeHint() const override { return {Theme::px(minPictureSize), Theme::px(minPictureSize)}; }
 
     void display(const std::optional<Image>& image) {
         if (image == m_image)
@@ -83,7 +83,7 @@ private:
 
     bool m_hasCheckerboard;
     std::optional<Image> m_image{};
-    QImage m_scaled{}; ///< in the size it was painted in last
+    QImage m_scaled{}; ///< in the size of the last painting
 };
 
 } // namespace
@@ -100,7 +100,7 @@ QWidget* picturePlaceholder(std::string_view text) {
     auto* panel = new Panel(
         stack(Qt::Vertical, {},
               {stretch(), centered(new Label(text, Theme::TextStyle::body, Role::secondary)), stretch()}));
-    panel->setMinimumHeight(Theme::px(imageMinimum));
+    panel->setMinimumHeight(Theme::px(minPictureSize));
     return panel;
 }
 

@@ -1,4 +1,4 @@
-/// A picture, as large as its place allows.
+/// A picture, scaled to the available space.
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
@@ -11,12 +11,12 @@ class QWidget;
 
 namespace korvane {
 
-/// Shows what `image` reads, as `ImageConverter::preview` makes it, or nothing. With a checkerboard below and
-/// around it, what is transparent can be told. `name` is the accessible name.
+/// Shows `image`, as `ImageConverter::preview` makes it, or nothing. A checkerboard below and around it makes
+/// transparency visible. `name` is the accessible name.
 QWidget* picture(Store& store, std::string_view name, const Reader<std::optional<Image>>& image,
                  bool hasCheckerboard = false);
 
-/// A panel that says `text` where a picture would be.
+/// A panel with `text` in place of a picture.
 QWidget* picturePlaceholder(std::string_view text);
 
 } // namespace korvane

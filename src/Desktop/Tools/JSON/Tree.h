@@ -1,5 +1,5 @@
-/// A tree whose rows fold, in a panel. Only visible rows are drawn, so a document of a million values scrolls
-/// like one of ten.
+/// A tree with expandable rows, in a panel. Only visible rows are painted, so scrolling costs the same for
+/// any number of rows.
 #pragma once
 
 #include "Desktop/Binding/Action.h"
@@ -16,7 +16,7 @@ class QWidget;
 
 namespace korvane {
 
-/// What one row shows. The texts may refer to the tree, and hold until it changes.
+/// The content of a row. The texts may refer to the tree, and are valid until it changes.
 struct TreeRow {
     int depth;
     bool hasChildren;
@@ -25,23 +25,23 @@ struct TreeRow {
     PaletteColor color;
     std::string_view key;
     std::string_view value; ///< in the row's colour; empty for none
-    std::string count;      ///< small, behind the key; empty for none
+    std::string count;      ///< small, after the key; empty for none
 };
 
-/// The rows of a tree, as a state tells them.
+/// Access to the rows of a tree in a state.
 struct TreeRows {
     std::size_t count = 0;
     std::size_t revision = 0; ///< changes whenever any row does
     std::function<TreeRow(std::size_t)> at;
-    /// What is copied of a row: its value, its key, if it has one, and where it is in the tree.
+    /// The texts to copy from a row: its value, its key, if it has one, and its path in the tree.
     std::function<std::string(std::size_t)> value;
     std::function<std::optional<std::string>(std::size_t)> key;
     std::function<std::string(std::size_t)> path;
 };
 
-/// `toggle` is called with the number of a row that has children, to fold it or unfold it. Without rows
-/// `emptyPrompt` stands in the panel's middle.
-QWidget* treeView(Store& store, const Reader<TreeRows>& rows, const Action<std::size_t>& toggle,
-                  std::string_view emptyPrompt);
+/// `toggle` is called with the number of a row that has children, to expand or collapse it. Without rows,
+/// `emptyPrompt` is shown in the middle of the panel.
+QWidget* tree(Store& store, const Reader<TreeRows>& rows, const Action<std::size_t>& toggle,
+              std::string_view emptyPrompt);
 
 } // namespace korvane
