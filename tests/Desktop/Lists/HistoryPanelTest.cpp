@@ -171,7 +171,8 @@ TEST_F(HistoryPanelTest, ButtonsOfHiddenRowsAreReused) {
         const auto row = list().visibleRows().first;
         EXPECT_EQ(names().front(), "Copy " + std::to_string(100 - row));
     }
-    EXPECT_LE(widget->findChildren<QAbstractButton*>().size(), count + 1) << "a scroll position can show one more row";
+    EXPECT_LE(widget->findChildren<QAbstractButton*>().size(), count + 1)
+        << "a scroll position can show one more row";
 }
 
 TEST_F(HistoryPanelTest, TheListTakesTheFocusOfARemovedButton) {
