@@ -1,5 +1,6 @@
 #include "Desktop/Binding/Screen.h"
 #include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Output.h"
 #include "Desktop/Controls/Section.h"
 #include "Desktop/Layout/ScreenLayout.h"

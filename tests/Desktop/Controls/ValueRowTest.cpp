@@ -5,6 +5,7 @@
 #include "Desktop/Layout/ScreenLayout.h"
 #include "Desktop/Layout/Stack.h"
 #include "Desktop/Look/Theme.h"
+#include "Desktop/Text/TextArea.h"
 #include "Desktop/Tools/NumberBase/ValueCard.h"
 #include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
