@@ -278,6 +278,8 @@ TEST(PasswordGenerator, KnowsCommonPatterns) {
         {"j\u212Al", true},
         {"\t\r\n\v", true},
         {"\x7f\x80", false},
+        {"~\x7f\x80", false},
+        {"\x81\x82\x83", false},
         // none
         {"a1b2c3d4", false},
         {"Zyx", false},
