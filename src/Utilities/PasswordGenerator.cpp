@@ -58,10 +58,11 @@ std::string asciiForm(std::string_view password) {
                               sink, nullptr, status);
     std::string bytes;
     for (const auto character : characters(lowercased)) {
+        const bool isASCII = character.size() == 1 && static_cast<unsigned char>(character[0]) < 0x80;
         if (character == "\r\n")
             bytes += '\n';
         else
-            bytes += character.size() == 1 && character[0] >= 0 ? character[0] : notASCII;
+            bytes += isASCII ? character[0] : notASCII;
     }
     return bytes;
 }

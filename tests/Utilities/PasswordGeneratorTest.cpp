@@ -278,6 +278,8 @@ TEST(PasswordGenerator, DetectsCommonPatterns) {
         {"j\u212Al", true},
         {"\t\r\n\v", true},
         {"\x7f\x80", false},
+        {"~\x7f\x80", false},
+        {"\x81\x82\x83", false},
         // no common pattern
         {"a1b2c3d4", false},
         {"Zyx", false},

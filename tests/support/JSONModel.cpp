@@ -71,6 +71,15 @@ std::string randomSpace() {
     return std::string(spaces[static_cast<std::size_t>(draw(static_cast<int>(spaces.size())))]);
 }
 
+/// Not by its sign: whether `char` has one depends on the processor.
+bool isASCII(char character) {
+    return static_cast<unsigned char>(character) < 0x80;
+}
+
+bool isControl(char character) {
+    return static_cast<unsigned char>(character) < 0x20;
+}
+
 std::string unicodeEscape(char character, const char* format) {
     std::array<char, 8> escape{};
     std::snprintf(escape.data(), escape.size(), format, static_cast<unsigned>(character));
@@ -80,10 +89,8 @@ std::string unicodeEscape(char character, const char* format) {
 std::string randomStringText(std::string_view content) {
     std::string text = "\"";
     for (const char character : content) {
-        const bool mustBeEscaped =
-            character == '"' || character == '\\' || (character >= 0 && character < 0x20);
-        const bool canBeEscaped = character >= 0;
-        if (mustBeEscaped || (canBeEscaped && draw(4) == 0))
+        const bool mustBeEscaped = character == '"' || character == '\\' || isControl(character);
+        if (mustBeEscaped || (isASCII(character) && draw(4) == 0))
             text += unicodeEscape(character, draw(2) == 0 ? "\\u%04x" : "\\u%04X");
         else
             text += character;
@@ -112,7 +119,7 @@ std::string expectedString(std::string_view content) {
         constexpr std::string_view letters = "\"\\/bfnrt";
         if (const auto index = characters.find(character); index != std::string_view::npos)
             text.append("\\").append(1, letters[index]);
-        else if (character >= 0 && character < 0x20)
+        else if (isControl(character))
             text += unicodeEscape(character, "\\u%04x");
         else
             text += character;

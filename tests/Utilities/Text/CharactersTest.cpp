@@ -156,7 +156,7 @@ TEST(Characters, HaveTheirUnicodeClasses) {
 }
 
 TEST(Characters, OfASCIIHaveTheirClasses) {
-    for (char c = 0; c >= 0 && c < 127; ++c) {
+    for (char c = 0; c < 127; ++c) {
         const std::string_view character(&c, 1);
         EXPECT_EQ(isUppercase(character), c >= 'A' && c <= 'Z') << int{c};
         EXPECT_EQ(isLowercase(character), c >= 'a' && c <= 'z') << int{c};
