@@ -109,6 +109,7 @@ static int drawAsAsked(const QStringList& arguments) {
         return 2;
     }
     QApplication::setStyle(new StillStyle);
+    QApplication::setCursorFlashTime(0); // the caret is always drawn
     if (arguments.size() == 5) {
         auto font = QApplication::font();
         font.setPointSizeF(arguments[4].toDouble());
