@@ -69,6 +69,7 @@ std::expected<void, std::string> ServicesQt::FilesQt::write(const std::string& p
 
 void ServicesQt::FilePanelsQt::open(const FileKind& kind, Chosen chosen) {
     auto& panel = newPanel(kind);
+    panel.setWindowTitle(QFileDialog::tr("Open")); // Qt names only its own panel
     panel.setFileMode(QFileDialog::ExistingFile);
     panel.setNameFilters(panel.nameFilters() << QStringLiteral("All files (*)"));
     show(panel, std::move(chosen));
@@ -76,6 +77,7 @@ void ServicesQt::FilePanelsQt::open(const FileKind& kind, Chosen chosen) {
 
 void ServicesQt::FilePanelsQt::save(const FileKind& kind, const std::string& proposedName, Chosen chosen) {
     auto& panel = newPanel(kind);
+    panel.setWindowTitle(QFileDialog::tr("Save As"));
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setDefaultSuffix(qString(kind.extensions.front()));
     panel.selectFile(qString(proposedName));
