@@ -108,6 +108,7 @@ static int drawAsAsked(const QStringList& arguments) {
         std::fprintf(stderr, "usage: korvane_screenshots FOLDER [WIDTH HEIGHT [POINTS]]\n");
         return 2;
     }
+    QApplication::setFont(Theme::applicationFont());
     QApplication::setStyle(new StillStyle);
     QApplication::setCursorFlashTime(0); // the caret is always drawn
     if (arguments.size() == 5) {
