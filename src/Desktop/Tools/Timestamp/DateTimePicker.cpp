@@ -11,6 +11,7 @@
 #include "Utilities/CalendarText.h"
 
 #include <QDateTime>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <array>
@@ -30,7 +31,7 @@ QDateTime localTime(Moment moment) {
 
 /// The given local date and time, interpreted as UTC.
 Moment wallClock(QDate date, QTime time) {
-    return Moment(std::chrono::milliseconds(QDateTime(date, time, Qt::UTC).toMSecsSinceEpoch()));
+    return Moment(std::chrono::milliseconds(QDateTime(date, time, QTimeZone::utc()).toMSecsSinceEpoch()));
 }
 
 /// The offset of the user's time zone from UTC.

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTimeZone>
+
 #include <vector>
 
 namespace korvane {
@@ -30,7 +32,7 @@ struct ClockChange {
 };
 
 QDateTime inUTC(QDate date, QTime time) {
-    return {date, time, Qt::UTC};
+    return {date, time, QTimeZone::utc()};
 }
 
 TEST_F(DateTimePickerClocksTest, SteppingTheTimeCrossesClockChanges) {
