@@ -19,7 +19,7 @@ class QWidget;
 namespace korvane {
 
 struct HistoryRow {
-    UUID id{};          ///< of the entry, by which it is known wherever it stands
+    UUID id{};          ///< of the entry, independent of its position
     std::string text{}; ///< shown and copied
     std::chrono::system_clock::time_point time{};
     std::optional<PaletteColor> dot{}; ///< a dot before the text
@@ -33,7 +33,7 @@ struct HistoryPanelParts {
     Reader<std::vector<HistoryRow>> rows;
     Action<> copyAll;
     Action<> clear;
-    std::string prompt;    ///< stands in the panel while the history is empty
+    std::string prompt;    ///< shown while the history is empty
     bool isSecret = false; ///< whether values are copied as secrets
 };
 

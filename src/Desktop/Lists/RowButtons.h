@@ -1,5 +1,5 @@
-/// The buttons over a list's visible rows, each of which copies what its row holds and says so for a moment.
-/// There are only as many as rows are seen: the button of a row that is out of sight serves another one.
+/// The copy buttons over a list's visible rows. Only visible rows have one: the button of a row that scrolls
+/// out is reused.
 #pragma once
 
 #include "Views/Components/CopyButton.h"
@@ -23,13 +23,13 @@ struct RowButtonSource {
     Store& store;
     std::function<std::string(int row)> text;    ///< what is copied
     std::function<std::string(int row)> subject; ///< what the button acts on, for its name
-    /// Tells a row from all that there are or have been, wherever it stands by now.
+    /// Identifies a row independently of its position, also among earlier rows.
     std::function<std::string(int row)> identity;
-    /// The part of a row, where that is given, at the right end of which the button is.
+    /// The area of a row at whose right end the button is; the whole row if not given.
     std::function<QRect(const QRect& row)> place;
-    bool isSecret = false;         ///< what is copied is marked as one that is not to be kept
-    bool isTabStop = true;         ///< else the list alone serves the keyboard
-    bool onlyNewestSpeaks = false; ///< pressing one ends what another one says
+    bool isSecret = false;         ///< copied texts are marked as secret
+    bool isTabStop = true;         ///< otherwise only the list takes the keyboard focus
+    bool onlyNewestSpeaks = false; ///< pressing one resets the "Copied!" of another
 };
 
 class RowButtons final : public QObject {
@@ -37,13 +37,13 @@ public:
     RowButtons(RowList& list, RowButtonSource source);
     ~RowButtons() override;
 
-    /// Gives each visible row its button, which it keeps while it stays in sight.
+    /// Gives each visible row a button, which it keeps while it is visible.
     void place();
 
-    /// None where the row is out of sight.
+    /// Null if the row is not visible.
     QuietButton* of(int row) const;
 
-    /// Does what the button of a row does, which may be out of sight.
+    /// Presses the button of a row, visible or not.
     void copy(int row);
 
 protected:

@@ -151,7 +151,7 @@ std::pair<int, int> RowList::visibleRows() const {
             m_places.of(last).top < bottom ? last + 1 : last};
 }
 
-/// Makes a row that is visible, or is to be seen later, the current one.
+/// Makes a row current, visible or not.
 void RowList::makeCurrent(int row) {
     if (row == m_current)
         return;
@@ -183,7 +183,7 @@ void RowList::showRow(int row) {
     reveal(verticalScrollBar(), span.top - scrolled, span.bottom() - scrolled, viewport()->height());
 }
 
-/// Scrolls as far as needed for the row, and in it the caret, to be seen.
+/// Scrolls until the row, and the caret in it, is visible.
 void RowList::showCaret() {
     const auto [row, offset] = m_selection.caret();
     showRow(row);

@@ -31,7 +31,7 @@ struct RowState {
     bool isHovered;
     bool isCurrent;                     ///< has the list's keyboard position, and the list has the focus
     RowTextRange selected{};            ///< of its text
-    std::optional<std::size_t> caret{}; ///< where in its text the caret is, if it is there and to be seen
+    std::optional<std::size_t> caret{}; ///< the caret's offset in its text, if it is in this row and visible
 };
 
 /// What can be done with a row beside copying it: an item of the menu that opens over the row.
@@ -60,7 +60,7 @@ struct RowSource {
     /// What a menu over the rows calls copying; without a title there is no menu.
     QString copyTitle{};
     std::vector<RowCommand> commands{};
-    /// Where a row's text begins, in pixels from its left edge: a menu that a key opens stands below it.
+    /// Where a row's text begins, in pixels from its left edge: a menu opened by a key is placed there.
     std::function<int(int row)> textLeft = [](int) { return 0; };
     /// Where given, whether a row is unfolded; none for a row that has nothing to unfold.
     std::function<std::optional<bool>(int row)> isExpanded = [](int) { return std::optional<bool>(); };
@@ -127,7 +127,7 @@ public:
     /// Makes a row the current one, and scrolls to it if it was not.
     void setCurrentRow(int row);
 
-    /// Scrolls as far as needed for all of a row to be seen.
+    /// Scrolls until all of a row is visible.
     void showRow(int row);
 
     /// The buttons over the rows, of a list that has them.

@@ -115,7 +115,7 @@ public:
     }
 
 private:
-    /// The piece as the toolkit lays it out.
+    /// The piece as laid out by Qt.
     class Line {
     public:
         explicit Line(const Piece& piece) : m_layout(onOneLine(piece.m_text), piece.m_font) {
@@ -165,7 +165,7 @@ void eachPiece(std::string_view text, const QFont& font, const auto& visit) {
     } while (start < text.size());
 }
 
-/// What of a row can be seen, in pixels from the left edge of `rect`.
+/// The visible range of a row, in pixels from the left edge of `rect`.
 std::pair<double, double> visiblePart(const QPainter& painter, const QRectF& rect) {
     const auto visible = painter.hasClipping() ? painter.clipBoundingRect() : QRectF(painter.viewport());
     return {visible.left() - rect.left(), visible.right() - rect.left()};

@@ -38,7 +38,7 @@ bool isInsideCharacter(std::string_view text, std::size_t offset) {
     return offset < text.size() && (static_cast<unsigned char>(text[offset]) & 0xC0) == 0x80;
 }
 
-/// A part of a text around a place, in the toolkit's form, and the way back to its bytes.
+/// A part of a text around a place, as a QString, and the mapping back to its bytes.
 class Window {
 public:
     Window(std::string_view text, std::size_t offset) {

@@ -54,7 +54,7 @@ RowSpan MatchCards::row(int row) const {
     return {cardTop(match) + Theme::px(matchCardPadding) + above, Theme::px(matchRow)};
 }
 
-/// The edge of the card is seen with a row, and the count with the first one.
+/// Includes the card's edge, and the count above the first row.
 RowSpan MatchCards::surroundings(int row) const {
     const auto margin = Theme::px(matchCardPadding) + padding();
     const auto place = this->row(row);
