@@ -3,6 +3,7 @@
 #include "Desktop/Look/Theme.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 namespace korvane {
 
@@ -24,6 +25,12 @@ void paintSurface(QPainter& painter, const QRect& area, double radius, const QCo
     painter.setPen(outline);
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+}
+
+void clipToSurface(QPainter& painter, const QRect& area, double radius) {
+    QPainterPath shape;
+    shape.addRoundedRect(area, radius, radius);
+    painter.setClipPath(shape);
 }
 
 void paintCheckerboard(QPainter& painter, const QRect& area) {

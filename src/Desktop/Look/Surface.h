@@ -14,6 +14,9 @@ namespace korvane {
 void paintSurface(QPainter& painter, const QRect& area, double radius, const QColor& fill,
                   const QColor& outline = {});
 
+/// Confines what is painted next to a rounded rectangle.
+void clipToSurface(QPainter& painter, const QRect& area, double radius);
+
 /// Paints the checkerboard behind content that may be transparent.
 void paintCheckerboard(QPainter& painter, const QRect& area);
 

@@ -17,6 +17,7 @@
 #include <QAccessible>
 #include <QCoreApplication>
 #include <QRegularExpressionValidator>
+#include <QSlider>
 #include <QTimer>
 
 #include <memory>

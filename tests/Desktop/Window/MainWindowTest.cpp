@@ -20,6 +20,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
+#include <QToolTip>
 #include <QtTest/QTest>
 
 namespace korvane {

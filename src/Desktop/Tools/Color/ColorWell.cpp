@@ -11,7 +11,6 @@
 #include <QAccessibleWidget>
 #include <QColorDialog>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPointer>
 
 #include <utility>
@@ -137,9 +136,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         const auto radius = Theme::px(Size::radiusExtraLarge);
-        QPainterPath outline;
-        outline.addRoundedRect(rect(), radius, radius);
-        painter.setClipPath(outline);
+        clipToSurface(painter, rect(), radius);
         paintCheckerboard(painter, rect());
         painter.fillRect(rect(), m_color);
         painter.setClipping(false);

@@ -10,13 +10,13 @@
 #include "Desktop/Lists/RowList.h"
 #include "Desktop/Lists/RowText.h"
 #include "Desktop/Look/FocusRing.h"
+#include "Desktop/Look/Surface.h"
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Text/TextZoom.h"
 #include "Views/Tools/DiffLineView.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -236,10 +236,7 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         const auto outline = Theme::px(Size::panelOutline);
         const auto inside = rect().adjusted(outline, outline, -outline, -outline);
-        QPainterPath shape;
-        shape.addRoundedRect(inside, Theme::px(Size::radiusMedium) - outline,
-                             Theme::px(Size::radiusMedium) - outline);
-        painter.setClipPath(shape);
+        clipToSurface(painter, inside, Theme::px(Size::radiusMedium) - outline);
         painter.fillRect(QRect(inside.left(), inside.top(), inside.width(), DiffColumn::titleHeight()),
                          Theme::color(Role::controlFill));
         if (m_hasDivider)

@@ -12,7 +12,6 @@
 #include <QAccessibleWidget>
 #include <QImage>
 #include <QPainter>
-#include <QPainterPath>
 
 namespace korvane {
 
@@ -58,9 +57,7 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         const auto radius = Theme::px(Size::radiusMedium);
         if (m_hasCheckerboard) {
-            QPainterPath outline;
-            outline.addRoundedRect(rect(), radius, radius);
-            painter.setClipPath(outline);
+            clipToSurface(painter, rect(), radius);
             paintCheckerboard(painter, rect());
         }
         if (m_image)
