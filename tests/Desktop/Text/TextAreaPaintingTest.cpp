@@ -167,7 +167,8 @@ TEST_F(TextAreaPaintingTest, TheCaretIsVisibleInFocusedEditableAndReadOnlyText) 
             return height;
         };
         EXPECT_EQ(caretHeight(), 0);
-        QApplication::setActiveWindow(&subject.area);
+        subject.area.activateWindow();
+        QApplication::processEvents();
         subject.area.setFocus();
         const auto fontHeight = std::lround(QFontMetricsF(subject.area.font()).height());
         EXPECT_EQ(caretHeight(), std::min<long>(fontHeight, lineHeight));
