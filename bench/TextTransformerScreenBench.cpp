@@ -36,8 +36,8 @@ void typeInto(benchmark::State& state, std::string_view mode, std::string (*make
     screen.press("UPPERCASE");
     screen.choose(mode);
     auto& editor = screen.editor(mode == "Line Operations" ? "Input Lines" : "Input Text");
-    editor.moveCursor(QTextCursor::Start);
-    editor.moveCursor(QTextCursor::NextWord);
+    QTest::keyClick(&editor, Qt::Key_Home, Qt::ControlModifier);
+    QTest::keyClick(&editor, Qt::Key_Right, Qt::ControlModifier);
     settle();
     for (auto _ : state) {
         QTest::keyClick(&editor, Qt::Key_X);

@@ -123,11 +123,11 @@ void ScreenDriver::enter(std::string_view name, std::string_view text) const {
 }
 
 std::string ScreenDriver::text(std::string_view name) const {
-    return editor(name).text();
+    return editor(name).text().string();
 }
 
 std::string ScreenDriver::placeholder(std::string_view name) const {
-    return utf8String(editor(name).placeholderText());
+    return utf8String(editor(name).placeholder());
 }
 
 bool ScreenDriver::hasButton(std::string_view name) const {

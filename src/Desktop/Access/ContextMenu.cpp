@@ -16,8 +16,28 @@ void showContextMenu(QWidget& owner, QPoint place, const std::vector<MenuCommand
         action->setShortcutContext(Qt::WidgetShortcut);
         action->setShortcutVisibleInContextMenu(true);
         action->setEnabled(command.isEnabled);
+        if (command.endsGroup)
+            menu->addSeparator();
     }
     menu->popup(place);
+}
+
+std::vector<MenuCommand> editingCommands(const EditingCommands& commands) {
+    const auto row = [](const QString& title, QKeySequence::StandardKey keys, const TextCommand& command,
+                        bool endsGroup = false) {
+        return MenuCommand{.title = title,
+                           .keys = keys,
+                           .run = command.run,
+                           .isEnabled = command.isEnabled,
+                           .endsGroup = endsGroup};
+    };
+    return {row(QMenu::tr("&Undo"), QKeySequence::Undo, commands.undo),
+            row(QMenu::tr("&Redo"), QKeySequence::Redo, commands.redo, true),
+            row(QMenu::tr("Cu&t"), QKeySequence::Cut, commands.cut),
+            row(QMenu::tr("&Copy"), QKeySequence::Copy, commands.copy),
+            row(QMenu::tr("&Paste"), QKeySequence::Paste, commands.paste),
+            row(QMenu::tr("Delete"), QKeySequence::UnknownKey, commands.remove, true),
+            row(QMenu::tr("Select All"), QKeySequence::SelectAll, commands.selectAll)};
 }
 
 std::vector<MenuCommand> readingCommands(std::function<void()> copy, std::function<void()> selectAll,

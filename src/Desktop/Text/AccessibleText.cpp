@@ -1,17 +1,17 @@
 #include "Desktop/Text/AccessibleText.h"
 
-#include "Desktop/Text/LineBreaks.h"
+#include "Desktop/Binding/Strings.h"
 #include "Desktop/Text/TextArea.h"
 
 #include <QAccessibleWidget>
-#include <QTextDocument>
+
+#include <algorithm>
 
 namespace korvane {
 
 namespace {
 
-/// Offsets are in UTF-16 units of the exact text. Qt's own interface counts positions of the document, where
-/// a CR LF is one character and a seam within a long line is an extra one.
+/// Offsets are in UTF-16 units of the text.
 class TextInterface final : public QAccessibleWidget,
                             public QAccessibleTextInterface,
                             public QAccessibleEditableTextInterface {
@@ -36,8 +36,8 @@ public:
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Value)
             return text(0, characterCount());
-        if (kind == QAccessible::Description && document().isEmpty())
-            return area().placeholderText();
+        if (kind == QAccessible::Description && area().text().empty())
+            return area().placeholder();
         return QAccessibleWidget::text(kind);
     }
 
@@ -51,50 +51,43 @@ public:
     }
 
     QString text(int start, int end) const override {
-        return exactText(document(), position(start), position(end));
+        const auto from = byteAt(start);
+        return qString(area().text().string(from, std::max(from, byteAt(end))));
     }
 
-    int characterCount() const override { return offset(document().characterCount() - 1); }
+    int characterCount() const override { return static_cast<int>(area().text().utf16Size()); }
 
-    int selectionCount() const override { return area().textCursor().hasSelection() ? 1 : 0; }
+    int selectionCount() const override { return area().selection().isEmpty() ? 0 : 1; }
 
     void selection(int, int* start, int* end) const override {
-        const auto cursor = area().textCursor();
-        *start = cursor.hasSelection() ? offset(cursor.selectionStart()) : 0;
-        *end = cursor.hasSelection() ? offset(cursor.selectionEnd()) : 0;
+        const auto& selection = area().selection();
+        *start = selection.isEmpty() ? 0 : unitAt(selection.from());
+        *end = selection.isEmpty() ? 0 : unitAt(selection.to());
     }
 
     void addSelection(int start, int end) override { setSelection(0, start, end); }
 
     void removeSelection(int) override { setCursorPosition(cursorPosition()); }
 
-    void setSelection(int, int start, int end) override {
-        auto cursor = cursorAt(start);
-        cursor.setPosition(position(end), QTextCursor::KeepAnchor);
-        area().setTextCursor(cursor);
-    }
+    void setSelection(int, int start, int end) override { area().select({byteAt(start), byteAt(end)}); }
 
-    int cursorPosition() const override { return offset(area().textCursor().position()); }
+    int cursorPosition() const override { return unitAt(area().selection().caret); }
 
-    void setCursorPosition(int offset) override { area().setTextCursor(cursorAt(offset)); }
+    void setCursorPosition(int offset) override { area().select({byteAt(offset), byteAt(offset)}); }
 
     QRect characterRect(int offset) const override {
-        auto place = area().cursorRect(cursorAt(offset));
-        const auto next = area().cursorRect(cursorAt(offset + 1));
+        auto place = area().caretRect(byteAt(offset));
+        const auto next = area().caretRect(byteAt(offset + 1));
         if (next.top() == place.top())
             place.setRight(next.left() - 1);
         return {area().viewport()->mapToGlobal(place.topLeft()), place.size()};
     }
 
     int offsetAtPoint(const QPoint& point) const override {
-        return offset(area().cursorForPosition(area().viewport()->mapFromGlobal(point)).position());
+        return unitAt(area().offsetAt(area().viewport()->mapFromGlobal(point)));
     }
 
-    void scrollToSubstring(int start, int) override {
-        const auto before = area().textCursor();
-        area().setTextCursor(cursorAt(start));
-        area().setTextCursor(before);
-    }
+    void scrollToSubstring(int start, int) override { area().show(byteAt(start)); }
 
     QString attributes(int, int* start, int* end) const override {
         *start = 0;
@@ -107,23 +100,18 @@ public:
     void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
 
     void replaceText(int start, int end, const QString& text) override {
-        area().replace(position(start), position(end), text);
+        const auto from = byteAt(start);
+        area().replace(from, std::max(from, byteAt(end)), utf8String(text));
     }
 
 private:
     TextArea& area() const { return *static_cast<TextArea*>(widget()); }
 
-    const QTextDocument& document() const { return *area().document(); }
-
-    int position(int offset) const { return positionAt(document(), offset); }
-
-    int offset(int position) const { return offsetOf(document(), position); }
-
-    QTextCursor cursorAt(int offset) const {
-        QTextCursor cursor(area().document());
-        cursor.setPosition(position(offset));
-        return cursor;
+    std::size_t byteAt(int unit) const {
+        return area().text().byteOffset(static_cast<std::size_t>(std::max(unit, 0)));
     }
+
+    int unitAt(std::size_t byte) const { return static_cast<int>(area().text().utf16Offset(byte)); }
 };
 
 } // namespace

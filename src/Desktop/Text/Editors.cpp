@@ -44,7 +44,8 @@ public:
     }
 
     void display(const std::string& text) {
-        m_area->setText(text);
+        if (m_area->text() != text)
+            m_area->setText(text);
         m_isFitted = text.size() <= maxFittedText;
         fitHeight();
     }
@@ -144,7 +145,7 @@ QWidget* codeEditor(Store& store, const Reader<const std::string&>& text, const 
     auto read = text.of(store);
     auto* area = newTextArea(read(), options);
     area->setReadOnly(false);
-    area->onEdit = setText.on(store);
+    area->onEdit = [set = setText.on(store)](const Rope& edited) { set(edited.string()); };
     return editorPanel(store, area, std::move(read), placeholder, options);
 }
 

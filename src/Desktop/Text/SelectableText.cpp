@@ -4,10 +4,10 @@
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Look/FocusRing.h"
 #include "Desktop/Text/SecretText.h"
+#include "Utilities/Text/Lines.h"
 
 #include <QEvent>
 #include <QFocusEvent>
-#include <QTextBlock>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ namespace korvane {
 SelectableText::SelectableText(SelectableTextOptions options) : m_options(std::move(options)) {
     setReadOnly(true);
     setFocusPolicy(m_options.isTabStop ? Qt::StrongFocus : Qt::ClickFocus);
-    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setHasCaret(false);
     if (m_options.isTabStop)
         giveFocusRing(this, this, Theme::Size::radiusBadge);
     setAlignment(m_options.alignment);
@@ -32,19 +32,21 @@ SelectableText::SelectableText(SelectableTextOptions options) : m_options(std::m
 }
 
 void SelectableText::display(const std::string& text) {
-    const auto before = document()->revision();
+    if (this->text() == text)
+        return;
     setText(text);
-    if (document()->revision() != before)
-        updateGeometry();
+    updateGeometry();
 }
 
 QSize SelectableText::sizeHint() const {
     const QFontMetricsF metrics(Theme::font(m_options.style));
-    auto widest = metrics.horizontalAdvance(document()->isEmpty() ? placeholderText() : QString());
-    for (auto block = document()->begin(); block.isValid(); block = block.next())
-        widest = std::max(widest, metrics.horizontalAdvance(block.text()));
+    auto widest = metrics.horizontalAdvance(text().empty() ? placeholder() : QString());
+    const auto text = this->text().string();
+    const auto lines = linesOf(text);
+    for (const auto line : lines)
+        widest = std::max(widest, metrics.horizontalAdvance(qString(line)));
     const auto width = static_cast<int>(std::ceil(widest)) + 2;
-    return {width, document()->blockCount() * Theme::lineHeight(m_options.style)};
+    return {width, static_cast<int>(lines.size()) * Theme::lineHeight(m_options.style)};
 }
 
 QSize SelectableText::minimumSizeHint() const {
@@ -67,9 +69,7 @@ void SelectableText::focusOutEvent(QFocusEvent* event) {
     TextArea::focusOutEvent(event);
     if (event->reason() != Qt::TabFocusReason && event->reason() != Qt::BacktabFocusReason)
         return;
-    auto cursor = textCursor();
-    cursor.clearSelection();
-    setTextCursor(cursor);
+    select({selection().caret, selection().caret});
 }
 
 void SelectableText::changeEvent(QEvent* event) {
@@ -82,8 +82,8 @@ void SelectableText::wheelEvent(QWheelEvent* event) {
     event->ignore(); // nothing scrolls in here; the parent may scroll
 }
 
-QMimeData* SelectableText::newMimeData(const QString& text) const {
-    return m_options.isSecret ? secretText(text) : TextArea::newMimeData(text);
+QMimeData* SelectableText::newMimeData(const Rope& text) const {
+    return m_options.isSecret ? secretText(qString(text.string())) : TextArea::newMimeData(text);
 }
 
 void SelectableText::applyTheme() {

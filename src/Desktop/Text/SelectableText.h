@@ -36,7 +36,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    QMimeData* newMimeData(const QString& text) const override;
+    QMimeData* newMimeData(const Rope& text) const override;
 
 private:
     void applyTheme();

@@ -1,30 +1,35 @@
-/// The multi-line text control: shows, edits and returns any text exactly, including large texts and long
-/// lines, in lines of one height, with optional line numbers. It paints no panel, outline, focus ring or
-/// scroll bar; these are around and over it.
+/// The multi-line text control: shows, edits and returns any text exactly, of any size, in rows of one
+/// height, with optional line numbers. It paints no panel, outline, focus ring or scroll bar; these are
+/// around and over it.
+///
+/// Positions are byte offsets in the text. The cost of a key press does not depend on the size of the text.
 #pragma once
 
 #include "Desktop/Access/Accessibility.h"
-#include "Desktop/Text/LineBreaks.h"
 #include "Desktop/Text/TextLayout.h"
-#include "Desktop/Text/TextMirror.h"
+#include "Utilities/Text/Rope.h"
+#include "Utilities/Text/TextHistory.h"
+#include "Utilities/Text/TextSelection.h"
 
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
 #include <QColor>
 #include <QFont>
 #include <QMargins>
-#include <QPlainTextEdit>
 #include <QRect>
 
 #include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
+
+class QMimeData;
 
 namespace korvane {
 
 struct TextAreaStyle {
     QFont font{};
-    int lineHeight = 21; ///< of every line, in pixels
+    int lineHeight = 21; ///< of every row, in pixels
     QColor text{};
     QColor placeholder{};
     QColor number{};
@@ -33,10 +38,6 @@ struct TextAreaStyle {
     int numberGap = 8;  ///< on either side of the line numbers
 };
 
-/// In UTF-16 units: longer lines are stored in several pieces. Laying out a piece takes a few milliseconds,
-/// which is the cost of a key press in the line; a line of megabytes would take seconds.
-inline constexpr int defaultMaxPieceLength = 10'000;
-
 /// The number of a line and its rectangle in the control: the width of the numbers by the first row of the
 /// line.
 struct VisibleNumber {
@@ -44,112 +45,192 @@ struct VisibleNumber {
     QRect place;
 };
 
-class TextArea : public QPlainTextEdit, public AccessibleControl {
+class TextArea : public QAbstractScrollArea, public AccessibleControl {
+    Q_OBJECT
+    Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly) // as Qt's controls with a text have it
+
 public:
     explicit TextArea(QWidget* parent = nullptr, int maxPieceLength = defaultMaxPieceLength);
 
-    using QPlainTextEdit::setStyle;
+    using QAbstractScrollArea::setStyle;
 
     void setStyle(const TextAreaStyle& style);
+
+    bool isReadOnly() const { return m_isReadOnly; }
 
     /// A read-only text can be selected and copied; it has no history.
     void setReadOnly(bool readOnly);
 
+    /// Whether keys move a caret; without, a read-only text has none.
+    void setHasCaret(bool hasCaret) { m_hasCaret = hasCaret; }
+
     void setLineNumbers(bool shown);
 
-    /// The horizontal alignment of lines. To be set before a text.
+    /// The horizontal alignment of lines.
     void setAlignment(Qt::Alignment alignment);
 
-    /// Makes lines without a space break at any character. To be called before a text is set.
-    void setBreaksValuesAnywhere() { m_layout.setBreaksValuesAnywhere(); }
+    /// Makes lines without a space break at any character.
+    void setBreaksValuesAnywhere();
 
     /// The number of rows of the text in a control of `width`. Lays out the whole text; for short texts.
     int rowCount(int width) const;
 
+    const QString& placeholder() const { return m_placeholder; }
+
     /// Shown while the text is empty.
     void setPlaceholder(const QString& placeholder);
 
-    /// Shows `utf8`; each invalid sequence is shown as U+FFFD. In an editable control this is an edit that
-    /// can be undone, with the caret after the text; a read-only control shows its start. Does nothing if the
-    /// text is unchanged. Costs about 3 microseconds a line and 10 nanoseconds a byte.
-    void setText(std::string_view utf8);
+    const Rope& text() const { return m_layout.text(); }
 
-    /// The text as it was set, byte for byte, or as the user has edited it.
-    std::string text() const;
+    /// In an editable control this is an edit that can be undone, with the caret after the text; a read-only
+    /// control shows its start. Does nothing if the text is unchanged.
+    void setText(const Rope& text);
+
+    const TextSelection& selection() const { return m_selection; }
+
+    /// Selects a range of the text, or moves the caret to where its ends meet, and shows the caret.
+    void select(const TextSelection& selection);
 
     /// The selected part of the text; empty without a selection.
-    std::string selectedText() const;
+    Rope selectedText() const;
 
     /// Copies the selection to the clipboard; in a read-only text without a selection, the whole text.
     void copyText();
 
-    /// Replaces the text between two positions of the document by exactly `text`, as an edit of the user.
-    void replace(int start, int end, const QString& text);
+    /// Replaces the range [from, to) of the text, as an edit of the user.
+    void replace(std::size_t from, std::size_t to, const Rope& text);
 
-    QAccessibleInterface* newAccessibleInterface() override;
+    bool canUndo() const { return m_history.canUndo(); }
 
-    /// Called with the whole text when the user has changed it, once for each edit, undo or redo; never by
+    bool canRedo() const { return m_history.canRedo(); }
+
+    /// The rectangle of the caret before `offset` in the viewport, which may be outside of what is visible.
+    QRect caretRect(std::size_t offset) const;
+
+    /// The caret's offset that is nearest to a point of the viewport.
+    std::size_t offsetAt(QPoint point) const;
+
+    /// Scrolls by as little as shows the row of `offset`.
+    void show(std::size_t offset);
+    using QAbstractScrollArea::show;
+
+    /// Called with the text when the user has changed it, once for each edit, undo or redo; never by
     /// `setText`.
-    std::function<void(std::string)> onEdit{};
+    std::function<void(const Rope&)> onEdit{};
 
     /// The numbers of the lines that begin in the visible part; none without line numbers.
     std::vector<VisibleNumber> visibleNumbers() const;
 
-    // Qt's corresponding functions lose or change characters.
-    QString toPlainText() const = delete;
-    void setPlainText(const QString&) = delete;
-    void insertPlainText(const QString&) = delete;
-    void appendPlainText(const QString&) = delete;
-    void appendHtml(const QString&) = delete;
-    void clear() = delete;
+    QAccessibleInterface* newAccessibleInterface() override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    QSize sizeHint() const override;
+
+public slots:
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    void paste();
+    void selectAll();
 
 protected:
     bool event(QEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
-
-    QMimeData* createMimeDataFromSelection() const final;
-    bool canInsertFromMimeData(const QMimeData* source) const override;
-    void insertFromMimeData(const QMimeData* source) override;
-
-    /// The clipboard content for `text`.
-    virtual QMimeData* newMimeData(const QString& text) const;
-
     void keyPressEvent(QKeyEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void changeEvent(QEvent* event) override;
+
+    /// The clipboard content for `text`.
+    virtual QMimeData* newMimeData(const Rope& text) const;
 
 private:
-    void watchDocument();
-    void followEdit();
-    void insert(const QString& text);
-    void stepOverSeam(const QKeyEvent& event);
-    QPointF snapped(QPointF position) const;
+    enum class Unit { character, word, line };
 
+    // Editing: TextAreaEditing.cpp.
+    void edit(TextEditKind kind, std::size_t from, std::size_t to, const Rope& text);
+    void restore(const std::optional<TextVersion>& version);
+    void insert(TextEditKind kind, const Rope& text);
+    void insertFrom(const QMimeData* content);
+    void afterEdit();
+    bool editByKey(const QKeyEvent& event);
+    void typeText(const QString& text);
+    void removeTo(TextEditKind kind, std::size_t offset);
+    void updatePreedit(const QInputMethodEvent& event);
+
+    // Moving the caret: TextAreaMoves.cpp.
+    bool moveByKey(const QKeyEvent& event);
+    std::optional<std::size_t> targetOf(const QKeyEvent& event);
+    std::size_t besideCharacter(std::size_t offset, bool forward) const;
+    std::size_t besideWord(std::size_t offset, bool forward) const;
+    std::size_t rowEnd(const PlacedRow& row) const;
+    std::size_t inNeighbouringRow(std::ptrdiff_t distance, bool selects);
+    std::size_t besidePage(bool forward, bool selects);
+    TextSelection unitAround(std::size_t offset, Unit unit) const;
+    void moveCaret(std::size_t offset, bool selects);
+    void setSelection(const TextSelection& selection);
+    std::size_t offsetNear(const PlacedRow& row, qreal x) const;
+
+    // The pointer: TextAreaPointer.cpp.
+    void extendSelectionTo(QPoint point);
+    void startDrag();
+    void offerSelection() const;
+    bool accepts(const QMimeData* content) const;
+
+    // Places and painting: TextAreaPainting.cpp.
     int numbersWidth() const;
     void fitGutter();
     void layOut();
-    void repaintRows(const QRect& rect);
-
+    int visibleRowCount() const;
+    int lastRowCount() const;
+    PlacedRow topRow() const;
+    PlacedRow lastTopRow() const;
+    void scrollTo(const PlacedRow& row);
+    void updateScrollBar();
+    void updateAll();
+    void restartBlinking();
     void paintPlaceholder(QPainter& painter) const;
-    void paintBlock(QPainter& painter, const QTextBlock& block, QPointF origin, const QRect& exposed) const;
-    void paintSelection(QPainter& painter, const QTextBlock& block, const QTextLine& line,
-                        QPointF origin) const;
-    void paintCaret(QPainter& painter, const QTextBlock& block, QPointF origin, int caret) const;
+    void paintRow(QPainter& painter, const PlacedRow& row, qreal top) const;
+    void paintSelection(QPainter& painter, const PlacedRow& row, qreal top) const;
+    void paintCaret(QPainter& painter, const PlacedRow& row, qreal top) const;
 
-    const int m_maxPieceLength;
-    QTextDocument& m_document;
-    TextLayout& m_layout;
-    TextMirror m_mirror;
+    TextLayout m_layout;
+    TextHistory m_history{};
+    TextSelection m_selection{};
     TextAreaStyle m_style{};
-    std::optional<std::string> m_invalidUTF8{}; // the text as it was set, if it is not valid UTF-8
-    QWidget* m_gutter = nullptr;                // none without line numbers
-    bool m_edited = false;                      // since the last call of `onEdit`
-    bool m_busy = false;                        // while the control itself edits
-    int m_editStart = 0;                        // the range of the last edit
-    int m_editEnd = 0;
+    QString m_placeholder{};
+    QString m_highSurrogate{};      ///< typed, and waiting for its other half
+    std::size_t m_top = 0;          ///< where the first visible row begins
+    std::optional<qreal> m_goalX{}; ///< where keys that move between rows place the caret
+    bool m_isReadOnly = false;
+    bool m_hasCaret = true;
+    bool m_isCaretShown = false; ///< blinks
+    bool m_isMovingScrollBar = false;
+    QBasicTimer m_blinking{};
+
+    Unit m_selectedUnit = Unit::character; ///< by which dragging the pointer selects
+    TextSelection m_firstUnit{};           ///< where such a selection began
+    bool m_isSelecting = false;
+    std::optional<QPoint> m_pressed{}; ///< on a selection that may be dragged
+    QPoint m_pointer{};
+    QBasicTimer m_autoScroll{};
+    QBasicTimer m_tripleClick{};
+    std::optional<std::size_t> m_dropOffset{}; ///< where a text would be dropped
+
+    QWidget* m_gutter = nullptr; ///< none without line numbers
 };
 
 } // namespace korvane

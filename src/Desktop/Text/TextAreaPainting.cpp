@@ -1,12 +1,15 @@
-/// The painting and placement of a text area.
+/// The painting, placement and scrolling of a text area.
 
 #include "Desktop/Text/TextArea.h"
 
 #include <QFontMetricsF>
 #include <QGlyphRun>
+#include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleHints>
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +24,8 @@ constexpr int minDigits = 2; // so that the text does not move when line 10 is a
 /// The column of line numbers, read from the control.
 class Gutter final : public QWidget {
 public:
-    Gutter(TextArea& area, const TextAreaStyle& style) : QWidget(&area), m_area(area), m_style(style) {
+    Gutter(TextArea& area, const TextAreaStyle& style, const TextLayout& layout)
+        : QWidget(&area), m_area(area), m_style(style), m_layout(layout) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setFocusPolicy(Qt::NoFocus);
     }
@@ -31,7 +35,7 @@ protected:
         QPainter painter(this);
         painter.setFont(m_area.font());
         painter.setPen(m_style.number);
-        const auto baseline = static_cast<TextLayout*>(m_area.document()->documentLayout())->baseline();
+        const auto baseline = baselineOf(m_layout.style());
         const QFontMetricsF metrics(m_area.font());
         for (const auto& [number, place] : m_area.visibleNumbers()) {
             const auto text = QString::number(number);
@@ -45,6 +49,7 @@ protected:
 private:
     const TextArea& m_area;
     const TextAreaStyle& m_style;
+    const TextLayout& m_layout;
 };
 
 bool hasRightToLeftText(QStringView text) {
@@ -58,7 +63,7 @@ bool hasRightToLeftText(QStringView text) {
 
 /// The horizontal extents of the characters. In a row with text of both directions they may be in several
 /// places.
-std::vector<std::pair<qreal, qreal>> selectedExtents(const QTextBlock& block, const QTextLine& line, int from,
+std::vector<std::pair<qreal, qreal>> selectedExtents(const TextPiece& piece, const QTextLine& line, int from,
                                                      int to) {
     std::vector<std::pair<qreal, qreal>> extents;
     for (const auto& run : line.glyphRuns(from, to - from)) {
@@ -67,9 +72,8 @@ std::vector<std::pair<qreal, qreal>> selectedExtents(const QTextBlock& block, co
         for (qsizetype glyph = 0; glyph < positions.size(); ++glyph)
             extents.emplace_back(positions[glyph].x(), positions[glyph].x() + advances[glyph].x());
     }
-    const auto text = block.text();
     for (int character = from; character < to; ++character) {
-        if (text[character] == u'\t') // has no glyph
+        if (piece.text()[character] == u'\t') // has no glyph
             extents.emplace_back(line.cursorToX(character, QTextLine::Leading),
                                  line.cursorToX(character, QTextLine::Trailing));
     }
@@ -81,27 +85,24 @@ std::vector<std::pair<qreal, qreal>> selectedExtents(const QTextBlock& block, co
 void TextArea::setStyle(const TextAreaStyle& style) {
     m_style = style;
     setFont(style.font);
-    m_document.setDefaultFont(font()); // with the properties that the control has inherited
     fitGutter();
     layOut();
-    viewport()->update();
-    if (m_gutter)
-        m_gutter->update();
-}
-
-void TextArea::setAlignment(Qt::Alignment alignment) {
-    m_layout.setAlignment(alignment);
+    updateAll();
 }
 
 int TextArea::rowCount(int width) const {
-    return m_layout.rowCount(width - m_style.inset.left() - m_style.inset.right());
+    auto style = m_layout.style();
+    style.width = width - m_style.inset.left() - m_style.inset.right();
+    TextLayout layout(m_layout);
+    layout.setStyle(style);
+    return static_cast<int>(layout.rowCount());
 }
 
 void TextArea::setLineNumbers(bool shown) {
     if (shown == (m_gutter != nullptr))
         return;
     if (shown) {
-        m_gutter = new Gutter(*this, m_style);
+        m_gutter = new Gutter(*this, m_style, m_layout);
         m_gutter->show();
     } else {
         delete m_gutter;
@@ -111,7 +112,7 @@ void TextArea::setLineNumbers(bool shown) {
 }
 
 int TextArea::numbersWidth() const {
-    const auto digits = static_cast<int>(std::to_string(m_mirror.lineCount()).size());
+    const auto digits = static_cast<int>(std::to_string(text().newlineCount() + 1).size());
     return static_cast<int>(
         std::ceil(QFontMetricsF(font()).horizontalAdvance(u'0') * std::max(digits, minDigits)));
 }
@@ -119,42 +120,144 @@ int TextArea::numbersWidth() const {
 /// Adapts the gutter's width to the widest number.
 void TextArea::fitGutter() {
     const int width = m_gutter ? numbersWidth() + 2 * m_style.numberGap : 0;
-    setViewportMargins(width, m_style.inset.top(), 0, 0);
+    const QMargins margins(width, m_style.inset.top(), 0, 0);
+    if (margins != viewportMargins())
+        setViewportMargins(margins);
     if (m_gutter)
         m_gutter->setGeometry(0, 0, width, height());
 }
 
-/// Lays out the lines for a changed width or style, and keeps the first visible one in view.
+/// Lays out the rows for a changed width or style. The text at the top stays there.
 void TextArea::layOut() {
-    const auto block = firstVisibleBlock();
-    const auto& lines = *block.layout();
-    const int row = static_cast<int>(std::lround(-contentOffset().y() / m_layout.frame().lineHeight));
-    const int character = row < lines.lineCount() ? lines.lineAt(row).textStart() : 0;
-    const qreal free = viewport()->width() - m_style.inset.left() - m_style.inset.right();
-    m_layout.setFrame({.left = static_cast<qreal>(m_style.inset.left()),
-                       .width = std::max(free, 1.0),
-                       .bottom = static_cast<qreal>(m_style.inset.bottom()),
-                       .lineHeight = m_style.lineHeight});
-    m_layout.blockBoundingRect(block);
-    const auto line = lines.lineForTextPosition(character);
-    if (line.isValid())
-        verticalScrollBar()->setValue(block.firstLineNumber() + line.lineNumber());
+    auto style = m_layout.style();
+    style.font = font(); // with the properties that the control has inherited
+    style.left = m_style.inset.left();
+    style.width = std::max(viewport()->width() - m_style.inset.left() - m_style.inset.right(), 1);
+    style.lineHeight = m_style.lineHeight;
+    m_layout.setStyle(style);
+    updateScrollBar();
 }
 
 void TextArea::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
     fitGutter();
     layOut();
-    // The base class would clear the layout of every block of the document on a change of width.
-    QResizeEvent sameWidth(event->size(), {event->size().width(), event->oldSize().height()});
-    QPlainTextEdit::resizeEvent(&sameWidth);
 }
 
-/// The base class requests the natural rectangles of lines, which differ slightly from the painted rows.
-void TextArea::repaintRows(const QRect& rect) {
-    const auto rows = rect.adjusted(0, -m_style.lineHeight, 0, m_style.lineHeight);
-    viewport()->update(rows);
+/// The number of rows that fit into the view.
+int TextArea::visibleRowCount() const {
+    return std::max(viewport()->height() / m_style.lineHeight, 1);
+}
+
+/// The number of rows that fit with the inset below the text. Of the first one, only the glyphs have to.
+int TextArea::lastRowCount() const {
+    const auto aboveGlyphs = m_style.lineHeight - QFontMetricsF(font()).height();
+    const auto room = viewport()->height() - 1 - m_style.inset.bottom() + aboveGlyphs;
+    return std::max(static_cast<int>(room / m_style.lineHeight), 1);
+}
+
+PlacedRow TextArea::topRow() const {
+    return m_layout.rowAt(std::min(m_top, text().size()));
+}
+
+/// The first visible row if the last one is at the bottom.
+PlacedRow TextArea::lastTopRow() const {
+    return m_layout.moved(m_layout.rowAt(text().size()), 1 - lastRowCount());
+}
+
+/// Makes `row` the first visible one, or the last that can be.
+void TextArea::scrollTo(const PlacedRow& row) {
+    m_top = std::min(row.start(), lastTopRow().start());
+    updateScrollBar();
+    updateAll();
+}
+
+void TextArea::updateScrollBar() {
+    const auto last = lastTopRow();
+    m_top = std::min(topRow().start(), last.start());
+    const auto max = static_cast<int>(m_layout.rowsBefore(last));
+    const auto value = m_top == last.start() ? max : static_cast<int>(m_layout.rowsBefore(topRow()));
+    const bool wasMoving = std::exchange(m_isMovingScrollBar, true);
+    verticalScrollBar()->setRange(0, max);
+    verticalScrollBar()->setPageStep(lastRowCount());
+    verticalScrollBar()->setValue(value);
+    m_isMovingScrollBar = wasMoving;
+}
+
+/// Follows the scroll bar. A small step goes by rows; for a large text, a larger one goes where the number of
+/// rows is estimated to be.
+void TextArea::scrollContentsBy(int, int dy) {
+    if (m_isMovingScrollBar)
+        return;
+    const auto& bar = *verticalScrollBar();
+    if (bar.value() == bar.maximum())
+        m_top = lastTopRow().start();
+    else if (std::abs(dy) <= 2 * bar.pageStep() && !m_layout.countsExactly())
+        m_top = m_layout.moved(topRow(), -dy).start();
+    else
+        m_top = m_layout.rowAfterRows(static_cast<std::size_t>(bar.value())).start();
+    updateAll();
+}
+
+void TextArea::show(std::size_t offset) {
+    const auto target = m_layout.rowAt(offset);
+    const auto top = topRow();
+    if (target.start() < top.start()) {
+        scrollTo(target);
+        return;
+    }
+    const auto firstTop = m_layout.moved(target, 1 - visibleRowCount());
+    if (top.start() < firstTop.start())
+        scrollTo(firstTop);
+}
+
+QRect TextArea::caretRect(std::size_t offset) const {
+    const auto target = m_layout.rowAt(offset);
+    // Far rows are outside; where exactly does not matter.
+    const int reach = 2 * visibleRowCount() + 2;
+    auto row = topRow();
+    int index = 0;
+    const bool isAbove = target.start() < row.start();
+    while (row.start() != target.start() && index < reach) {
+        const auto next = isAbove ? m_layout.rowBefore(row) : m_layout.rowAfter(row);
+        if (!next)
+            break;
+        row = *next;
+        ++index;
+    }
+    const auto x = target.line().cursorToX(target.place.piece->unitAt(offset - target.place.start));
+    const auto top = (isAbove ? -index : index) * m_style.lineHeight;
+    const QFontMetricsF metrics(font());
+    return QRectF(std::floor(x), std::round(top + baselineOf(m_layout.style()) - metrics.ascent()),
+                  style()->pixelMetric(QStyle::PM_TextCursorWidth), std::round(metrics.height()))
+        .toRect();
+}
+
+std::size_t TextArea::offsetAt(QPoint point) const {
+    auto row = topRow();
+    auto rows = static_cast<int>(std::floor(static_cast<double>(point.y()) / m_style.lineHeight));
+    for (; rows != 0; rows += rows < 0 ? 1 : -1) {
+        auto next = rows < 0 ? m_layout.rowBefore(row) : m_layout.rowAfter(row);
+        if (!next)
+            return rows < 0 ? 0 : text().size();
+        row = std::move(*next);
+    }
+    return offsetNear(row, point.x());
+}
+
+void TextArea::updateAll() {
+    viewport()->update();
     if (m_gutter)
-        m_gutter->update(0, rows.top() + viewport()->y(), m_gutter->width(), rows.height());
+        m_gutter->update();
+}
+
+void TextArea::restartBlinking() {
+    m_isCaretShown = hasFocus() && m_hasCaret;
+    const int flashTime = QGuiApplication::styleHints()->cursorFlashTime();
+    if (m_isCaretShown && flashTime >= 2)
+        m_blinking.start(flashTime / 2, this);
+    else
+        m_blinking.stop();
 }
 
 std::vector<VisibleNumber> TextArea::visibleNumbers() const {
@@ -162,16 +265,14 @@ std::vector<VisibleNumber> TextArea::visibleNumbers() const {
     if (!m_gutter)
         return numbers;
     const int width = numbersWidth();
-    auto top = contentOffset().y();
-    for (auto block = firstVisibleBlock(); block.isValid() && top < viewport()->height();
-         block = block.next()) {
-        const bool begins = block.position() == 0 || newlineCount(lineBreakBefore(block)) > 0;
-        if (begins && top + m_style.lineHeight > 0) {
-            const int y = viewport()->y() + static_cast<int>(std::lround(top));
-            numbers.push_back({m_mirror.lineNumber(block.blockNumber()),
-                               QRect(m_style.numberGap, y, width, m_style.lineHeight)});
-        }
-        top += m_layout.blockBoundingRect(block).height();
+    int top = 0;
+    for (auto row = std::optional(topRow()); row && top < viewport()->height();
+         row = m_layout.rowAfter(*row)) {
+        const auto start = row->place.start;
+        if (row->index == 0 && m_layout.lineAt(start).start == start)
+            numbers.push_back({text().newlinesBefore(start) + 1,
+                               QRect(m_style.numberGap, viewport()->y() + top, width, m_style.lineHeight)});
+        top += m_style.lineHeight;
     }
     return numbers;
 }
@@ -179,93 +280,96 @@ std::vector<VisibleNumber> TextArea::visibleNumbers() const {
 void TextArea::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.setPen(m_style.text);
-    auto context = getPaintContext();
-    const bool showsCaret = textInteractionFlags() & (Qt::TextEditable | Qt::TextSelectableByKeyboard);
-    auto block = firstVisibleBlock();
-    if (m_document.isEmpty() && block.layout()->preeditAreaText().isEmpty())
+    if (text().empty() && !m_layout.preedit())
         paintPlaceholder(painter);
-    auto origin = contentOffset();
-    for (; block.isValid() && origin.y() <= event->rect().bottom(); block = block.next()) {
-        const auto height = m_layout.blockBoundingRect(block).height();
-        if (origin.y() + height > event->rect().top()) {
-            paintBlock(painter, block, origin, event->rect());
-            if (showsCaret)
-                paintCaret(painter, block, origin, context.cursorPosition);
+    const auto rows = [&](auto paint) {
+        // A glyph of another font may extend into a neighbouring row.
+        const int from = event->rect().top() - m_style.lineHeight;
+        int top = 0;
+        for (auto row = std::optional(topRow()); row && top <= event->rect().bottom();
+             row = m_layout.rowAfter(*row)) {
+            if (top + m_style.lineHeight > from)
+                paint(*row, top);
+            top += m_style.lineHeight;
         }
-        origin.ry() += height;
-    }
+    };
+    if (!m_selection.isEmpty())
+        rows([&](const PlacedRow& row, int top) { paintSelection(painter, row, top); });
+    rows([&](const PlacedRow& row, int top) {
+        const QPointF origin(0, top - row.index * m_style.lineHeight);
+        row.line().draw(&painter, origin + drawingOffset(row.line(), m_layout.style()));
+        paintCaret(painter, row, top);
+    });
 }
 
 void TextArea::paintPlaceholder(QPainter& painter) const {
-    auto text = placeholderText();
+    auto text = m_placeholder;
     text.replace(u'\n', QChar::LineSeparator);
     QTextLayout layout(text, font(), viewport());
-    m_layout.layLines(layout);
+    layRows(layout, m_layout.style());
     painter.save();
     painter.setPen(m_style.placeholder);
     for (int row = 0; row < layout.lineCount(); ++row) {
         const auto line = layout.lineAt(row);
-        line.draw(&painter, contentOffset() + m_layout.drawingOffset(line));
+        line.draw(&painter, drawingOffset(line, m_layout.style()));
     }
     painter.restore();
 }
 
-void TextArea::paintBlock(QPainter& painter, const QTextBlock& block, QPointF origin,
-                          const QRect& exposed) const {
-    const auto& layout = *block.layout();
-    const int height = m_style.lineHeight;
-    const auto rowAt = [&](qreal y) { return static_cast<int>(std::floor((y - origin.y()) / height)); };
-    const int last = std::min(rowAt(exposed.bottom()), layout.lineCount() - 1);
-    // A glyph of another font may extend into a neighbouring row.
-    for (int row = std::max(rowAt(exposed.top()) - 1, 0); row <= last; ++row)
-        paintSelection(painter, block, layout.lineAt(row), origin);
-    for (int row = std::max(rowAt(exposed.top()) - 1, 0); row <= last; ++row) {
-        const auto line = layout.lineAt(row);
-        line.draw(&painter, origin + m_layout.drawingOffset(line));
-    }
-}
-
 /// Fills the selected part of a row, to the end of the row if the selection continues in the next one.
-void TextArea::paintSelection(QPainter& painter, const QTextBlock& block, const QTextLine& line,
-                              QPointF origin) const {
-    const auto cursor = textCursor();
-    const int from = std::max(cursor.selectionStart() - block.position(), line.textStart());
-    const int lineEnd = line.textStart() + line.textLength();
-    const int selectionEnd = cursor.selectionEnd() - block.position();
-    const bool isLastRow = line.lineNumber() == block.layout()->lineCount() - 1;
-    const bool continues = isLastRow ? selectionEnd > lineEnd : selectionEnd >= lineEnd;
-    const int to = std::min(selectionEnd, lineEnd);
-    if (!cursor.hasSelection() || from > to || (from == to && !continues))
+void TextArea::paintSelection(QPainter& painter, const PlacedRow& row, qreal top) const {
+    const auto& piece = *row.place.piece;
+    const auto line = row.line();
+    const int lineStart = line.textStart();
+    const int lineEnd = lineStart + line.textLength();
+    const auto start = row.place.start;
+    if (m_selection.to() < row.start() || m_selection.from() > row.place.end())
         return;
-    const qreal top = origin.y() + line.lineNumber() * m_style.lineHeight;
+    const int from = m_selection.from() <= start
+                         ? lineStart
+                         : std::max(piece.unitAt(m_selection.from() - start), lineStart);
+    const int to = std::min(piece.unitAt(m_selection.to() - start), lineEnd);
+    const bool isLastRow = row.index == piece.rowCount() - 1;
+    const bool continues = isLastRow ? m_selection.to() > row.place.end() ||
+                                           (!piece.endsLine() && m_selection.to() == row.place.end())
+                                     : m_selection.to() - start >= piece.byteAt(lineEnd);
+    if (from > to || (from == to && !continues))
+        return;
     const auto fill = [&](qreal left, qreal right) {
-        const QRectF rect(QPointF(std::round(origin.x() + left), top),
-                          QPointF(std::round(origin.x() + right), top + m_style.lineHeight));
-        painter.fillRect(rect, m_style.selection);
+        painter.fillRect(
+            QRectF(QPointF(std::round(left), top), QPointF(std::round(right), top + m_style.lineHeight)),
+            m_style.selection);
     };
-    const auto& frame = m_layout.frame();
-    if (!hasRightToLeftText(QStringView(block.text()).sliced(line.textStart(), line.textLength()))) {
-        fill(line.cursorToX(from), continues ? frame.left + frame.width : line.cursorToX(to));
+    const auto& style = m_layout.style();
+    if (!hasRightToLeftText(QStringView(piece.text()).sliced(lineStart, line.textLength()))) {
+        fill(line.cursorToX(from), continues ? style.left + style.width : line.cursorToX(to));
         return;
     }
-    for (const auto& [left, right] : selectedExtents(block, line, from, to))
+    for (const auto& [left, right] : selectedExtents(piece, line, from, to))
         fill(left, right);
     if (continues)
-        fill(std::max(line.naturalTextRect().right(), frame.left), frame.left + frame.width);
+        fill(std::max(line.naturalTextRect().right(), style.left), style.left + style.width);
 }
 
-void TextArea::paintCaret(QPainter& painter, const QTextBlock& block, QPointF origin, int caret) const {
-    const auto& layout = *block.layout();
-    int position = caret - block.position();
-    if (caret < -1 && !layout.preeditAreaText().isEmpty())
-        position = layout.preeditAreaPosition() - (caret + 2); // the caret of a composition
-    else if (caret < block.position() || caret >= block.position() + block.length())
+void TextArea::paintCaret(QPainter& painter, const PlacedRow& row, qreal top) const {
+    const auto offset = m_dropOffset.value_or(m_selection.caret);
+    const auto& piece = *row.place.piece;
+    const bool isInPiece = offset >= row.place.start &&
+                           (offset < row.place.end() || (piece.endsLine() && offset == row.place.end()));
+    if (!isInPiece || !(m_isCaretShown || m_dropOffset))
         return;
-    const auto line = layout.lineForTextPosition(position);
+    int unit = piece.unitAt(offset - row.place.start);
+    if (m_layout.preedit()) {
+        if (m_layout.preedit()->caret < 0)
+            return;
+        unit += m_layout.preedit()->caret;
+    }
+    if (piece.rowWith(unit) != row.index)
+        return;
     const QFontMetricsF metrics(font());
-    const qreal top = line.lineNumber() * m_style.lineHeight + m_layout.baseline() - metrics.ascent();
-    painter.fillRect(QRectF(std::floor(origin.x() + line.cursorToX(position)), std::round(origin.y() + top),
-                            cursorWidth(), std::round(metrics.height())),
+    painter.fillRect(QRectF(std::floor(row.line().cursorToX(unit)),
+                            std::round(top + baselineOf(m_layout.style()) - metrics.ascent()),
+                            style()->pixelMetric(QStyle::PM_TextCursorWidth), std::round(metrics.height())),
                      m_style.text);
 }
 

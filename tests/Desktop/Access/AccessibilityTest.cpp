@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QCoreApplication>
 #include <QRegularExpressionValidator>
@@ -35,7 +36,7 @@ QAccessibleInterface& interfaceOf(QWidget& widget) {
 TEST(AccessibilityTest, TextIsWrittenAndReadExactly) {
     TextArea area;
     std::string edited;
-    area.onEdit = [&](std::string text) { edited = std::move(text); };
+    area.onEdit = [&](const Rope& text) { edited = text.string(); };
     area.setText("one\r\nthree");
     auto* text = interfaceOf(area).textInterface();
     auto* editable = interfaceOf(area).editableTextInterface();
@@ -52,7 +53,6 @@ TEST(AccessibilityTest, TextIsWrittenAndReadExactly) {
 TEST(AccessibilityTest, BlockBoundariesInsideALongLineAreNotCounted) {
     TextArea area(nullptr, 8);
     area.setText("0123456789abcdefghij");
-    ASSERT_GT(area.document()->blockCount(), 1);
     auto* text = interfaceOf(area).textInterface();
     EXPECT_EQ(text->characterCount(), 20);
     for (int offset = 0; offset <= 20; ++offset) {

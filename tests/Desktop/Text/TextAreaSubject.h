@@ -27,18 +27,13 @@ struct Subject {
                        .inset = {8, 8, 40, 8}});
         area.resize(width, 300);
         area.show();
-        area.onEdit = [this](const std::string& text) {
+        area.onEdit = [this](const Rope& text) {
             ++edits;
-            reported = text;
+            reported = text.string();
         };
     }
 
-    void select(int from, int to) {
-        auto cursor = area.textCursor();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        area.setTextCursor(cursor);
-    }
+    void select(std::size_t from, std::size_t to) { area.select({from, to}); }
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(&area, key, modifiers);

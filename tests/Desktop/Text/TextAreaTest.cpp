@@ -64,22 +64,6 @@ TEST_F(TextAreaTest, ReturnsTheTextThatWasSet) {
     }
 }
 
-TEST_F(TextAreaTest, DividesLongLinesBetweenWords) {
-    constexpr int maxPiece = 40;
-    Subject subject(maxPiece);
-    std::string text;
-    for (int number = 0; number < 100; ++number)
-        text += "word-" + std::to_string(number * 37) + " ";
-    subject.area.setText(text);
-    EXPECT_EQ(subject.area.text(), text);
-    const auto* document = subject.area.document();
-    ASSERT_GT(document->blockCount(), 20);
-    for (auto block = document->begin(); block.next().isValid(); block = block.next()) {
-        EXPECT_TRUE(block.text().endsWith(' ') || block.text().endsWith('-')) << block.text().toStdString();
-        EXPECT_LE(block.text().size(), maxPiece);
-    }
-}
-
 TEST_F(TextAreaTest, PastesAndCopiesExactly) {
     for (const auto& row : texts) {
         Subject subject;
@@ -97,7 +81,7 @@ TEST_F(TextAreaTest, PastesAndCopiesExactly) {
     }
 }
 
-TEST_F(TextAreaTest, KeepsBytesThatAreNotUTF8UntilAnEdit) {
+TEST_F(TextAreaTest, KeepsBytesThatAreNotUTF8) {
     for (const auto text : invalidTexts) {
         Subject subject;
         subject.area.setText(text);
@@ -107,8 +91,8 @@ TEST_F(TextAreaTest, KeepsBytesThatAreNotUTF8UntilAnEdit) {
         EXPECT_NE(shown.find("\uFFFD"), std::string::npos);
         subject.press(Qt::Key_End, Qt::ControlModifier);
         subject.type(QStringLiteral("x"));
-        EXPECT_EQ(subject.area.text(), shown + "x");
-        EXPECT_EQ(subject.reported, shown + "x");
+        EXPECT_EQ(subject.area.text(), std::string(text) + "x");
+        EXPECT_EQ(subject.reported, std::string(text) + "x");
     }
 }
 
@@ -119,6 +103,14 @@ TEST_F(TextAreaTest, ReplacesLoneSurrogates) {
     QApplication::clipboard()->setMimeData(data);
     subject.area.paste();
     EXPECT_EQ(subject.area.text(), "a\uFFFDb\uFFFD");
+}
+
+TEST_F(TextAreaTest, JoinsTheHalvesOfASurrogatePairThatAreTypedOneAfterTheOther) {
+    Subject subject;
+    for (const auto half : QStringLiteral("👍x"))
+        subject.type(half);
+    EXPECT_EQ(subject.area.text(), "👍x");
+    EXPECT_EQ(subject.edits, 2);
 }
 
 TEST_F(TextAreaTest, ReportsEachEditOnce) {
@@ -185,7 +177,7 @@ TEST_F(TextAreaTest, TypingAfterALineBreakKeepsItsKind) {
 TEST_F(TextAreaTest, ReturnReplacesASelectionInOneEditAndKeepsSurroundingBreaks) {
     Subject subject;
     subject.area.setText("a\r\r\nb\vc");
-    for (const auto& [from, to, text] : {std::tuple{0, 2, "\n\r\nb\vc"}, std::tuple{2, 4, "\n\r\n\nc"}}) {
+    for (const auto& [from, to, text] : {std::tuple{0U, 2U, "\n\r\nb\vc"}, std::tuple{3U, 5U, "\n\r\n\nc"}}) {
         subject.edits = 0;
         subject.select(from, to);
         subject.press(Qt::Key_Return);
@@ -200,7 +192,7 @@ TEST_F(TextAreaTest, SettingTextCanBeUndone) {
     subject.edits = 0;
     subject.area.setText("set\r\n0123456789abcdefghij");
     EXPECT_EQ(subject.edits, 0);
-    EXPECT_EQ(subject.area.textCursor().position(), subject.area.document()->characterCount() - 1);
+    EXPECT_EQ(subject.area.selection(), (TextSelection{25, 25}));
     subject.area.undo();
     EXPECT_EQ(subject.area.text(), "typed");
     EXPECT_EQ(subject.edits, 1);
@@ -214,7 +206,7 @@ TEST_F(TextAreaTest, SettingTheSameTextChangesNothing) {
     subject.select(1, 3);
     subject.area.undo();
     subject.area.setText("");
-    EXPECT_TRUE(subject.area.document()->isRedoAvailable());
+    EXPECT_TRUE(subject.area.canRedo());
     subject.area.redo();
     subject.select(1, 3);
     subject.area.setText("one\r\ntwo");
@@ -229,14 +221,14 @@ TEST_F(TextAreaTest, ReadOnlyTextIsShownFromItsStartAndCannotBeChanged) {
         text += "line\n";
     subject.area.setText(text);
     EXPECT_EQ(subject.area.verticalScrollBar()->value(), 0);
-    EXPECT_FALSE(subject.area.document()->isUndoAvailable());
+    EXPECT_FALSE(subject.area.canUndo());
     subject.type(QStringLiteral("x"));
     subject.press(Qt::Key_Delete);
     subject.press(Qt::Key_Return, Qt::ShiftModifier);
     subject.paste("pasted");
     QMimeData data;
     data.setText(QStringLiteral("dropped"));
-    // The toolkit gives a drop to whichever widget accepted something last, so a refused one ends here.
+    // Qt gives a drop to whichever widget accepted something last, so a refused one ends here.
     QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     enter.accept();
     QApplication::sendEvent(subject.area.viewport(), &enter);
@@ -287,7 +279,6 @@ TEST_F(TextAreaTest, TheCaretDoesNotStopAtSeams) {
     Subject subject;
     const std::string text = "0123456789abcdefghijklmnopqrstuvwxyz";
     subject.area.setText(text);
-    ASSERT_GT(subject.area.document()->blockCount(), 3);
     subject.press(Qt::Key_Home, Qt::ControlModifier);
     for (std::size_t step = 0; step < text.size(); ++step) {
         subject.press(Qt::Key_Right, Qt::ShiftModifier);
@@ -308,7 +299,6 @@ TEST_F(TextAreaTest, DeletesCharactersAcrossSeams) {
         rest.pop_back();
         EXPECT_EQ(subject.area.text(), rest);
     }
-    EXPECT_EQ(subject.area.document()->blockCount(), 1);
     subject.area.setText(text);
     subject.press(Qt::Key_Home, Qt::ControlModifier);
     for (auto rest = text; !rest.empty();) {
@@ -316,43 +306,7 @@ TEST_F(TextAreaTest, DeletesCharactersAcrossSeams) {
         rest.erase(0, 1);
         EXPECT_EQ(subject.area.text(), rest);
     }
-    EXPECT_EQ(subject.area.document()->blockCount(), 1);
     EXPECT_EQ(subject.edits, 2 * static_cast<int>(text.size()));
-}
-
-TEST_F(TextAreaTest, TypingDividesALineThatBecomesTooLong) {
-    Subject subject;
-    std::string text;
-    for (int character = 0; character < 100; ++character) {
-        subject.type(QStringLiteral("x"));
-        text += 'x';
-        ASSERT_EQ(subject.area.text(), text);
-    }
-    EXPECT_EQ(subject.edits, 100);
-    for (auto block = subject.area.document()->begin(); block.isValid(); block = block.next())
-        EXPECT_LE(block.length(), 17);
-}
-
-TEST_F(TextAreaTest, DividesNoUserPerceivedCharacter) {
-    Subject subject;
-    subject.area.setText("a👍👍👍👍👍👍e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301");
-    ASSERT_GT(subject.area.document()->blockCount(), 2);
-    for (auto block = subject.area.document()->begin(); block.isValid(); block = block.next()) {
-        EXPECT_FALSE(block.text().startsWith(QChar(0x301)));
-        EXPECT_FALSE(block.text().at(0).isLowSurrogate());
-    }
-}
-
-TEST_F(TextAreaTest, DividesALineOfEmojiBetweenThem) {
-    Subject subject(defaultMaxPieceLength);
-    std::string text;
-    for (int character = 0; character < 500; ++character)
-        text += "👨‍👩‍👧‍👦";
-    subject.area.setText(text);
-    EXPECT_EQ(subject.area.text(), text);
-    EXPECT_GT(subject.area.document()->blockCount(), 5);
-    for (auto block = subject.area.document()->begin(); block.isValid(); block = block.next())
-        EXPECT_TRUE(block.text().startsWith(QStringLiteral("👨‍👩‍👧‍👦"))) << block.position();
 }
 
 TEST_F(TextAreaTest, TabMovesTheFocus) {
