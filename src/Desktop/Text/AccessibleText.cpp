@@ -87,7 +87,7 @@ public:
         return unitAt(area().offsetAt(area().viewport()->mapFromGlobal(point)));
     }
 
-    void scrollToSubstring(int start, int) override { area().show(byteAt(start)); }
+    void scrollToSubstring(int start, int) override { area().reveal(byteAt(start)); }
 
     QString attributes(int, int* start, int* end) const override {
         *start = 0;

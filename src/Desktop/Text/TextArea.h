@@ -111,8 +111,7 @@ public:
     std::size_t offsetAt(QPoint point) const;
 
     /// Scrolls by as little as shows the row of `offset`.
-    void show(std::size_t offset);
-    using QAbstractScrollArea::show;
+    void reveal(std::size_t offset);
 
     /// Called with the text when the user has changed it, once for each edit, undo or redo; never by
     /// `setText`.
@@ -162,10 +161,13 @@ private:
 
     // Editing: TextAreaEditing.cpp.
     void edit(TextEditKind kind, std::size_t from, std::size_t to, const Rope& text);
+    void change(TextEditKind kind, std::size_t from, std::size_t to, const Rope& text);
+    void showVersion(const TextVersion& version);
     void restore(const std::optional<TextVersion>& version);
     void insert(TextEditKind kind, const Rope& text);
     void insertFrom(const QMimeData* content);
-    void afterEdit();
+    void afterChange();
+    void tellOfEdit();
     bool editByKey(const QKeyEvent& event);
     void typeText(const QString& text);
     void removeTo(TextEditKind kind, std::size_t offset);

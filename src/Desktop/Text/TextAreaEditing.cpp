@@ -73,65 +73,74 @@ void TextArea::setReadOnly(bool readOnly) {
 void TextArea::setText(const Rope& text) {
     if (text == this->text())
         return;
-    const auto onEditBefore = std::exchange(onEdit, nullptr);
     if (m_isReadOnly) {
-        const auto before = this->text();
-        m_layout.setText(text);
-        m_selection = {};
         m_top = 0;
-        report(*this, before, {.removed = before.size(), .inserted = text.size()}, text);
-        afterEdit();
+        showVersion({text, {}});
     } else {
-        edit(TextEditKind::other, 0, this->text().size(), text);
+        change(TextEditKind::other, 0, this->text().size(), text);
     }
-    onEdit = onEditBefore;
 }
 
 void TextArea::replace(std::size_t from, std::size_t to, const Rope& text) {
     edit(TextEditKind::other, from, to, text);
 }
 
-/// Replaces the range [from, to), and places the caret after `text`.
+/// Replaces the range [from, to) as an edit of the user.
 void TextArea::edit(TextEditKind kind, std::size_t from, std::size_t to, const Rope& text) {
-    const TextVersion before{this->text(), m_selection};
-    if (before.text.substr(from, to - from) == text) // typed over itself
+    if (this->text().substr(from, to - from) == text) // typed over itself
         return moveCaret(to, false);
-    const TextChange change{.offset = from, .removed = to - from, .inserted = text.size()};
+    change(kind, from, to, text);
+    tellOfEdit();
+}
+
+void TextArea::tellOfEdit() {
+    if (onEdit)
+        onEdit(text());
+}
+
+/// Replaces the range [from, to), and places the caret after `text`.
+void TextArea::change(TextEditKind kind, std::size_t from, std::size_t to, const Rope& text) {
+    const TextVersion before{this->text(), m_selection};
+    const TextChange extent{.offset = from, .removed = to - from, .inserted = text.size()};
     const auto after = before.text.replacing(from, to, text);
-    m_layout.setText(after, change);
+    m_layout.setText(after, extent);
     const auto caret = after.summaryBefore(from + text.size()).bytes;
     m_selection = {caret, caret};
     if (m_top > from)
-        m_top = m_top < to ? from : m_top - change.removed + change.inserted;
+        m_top = m_top < to ? from : m_top - extent.removed + extent.inserted;
     if (!m_isReadOnly)
-        m_history.record(kind, before, {after, m_selection}, change);
-    report(*this, before.text, change, after);
-    afterEdit();
+        m_history.record(kind, before, {after, m_selection}, extent);
+    report(*this, before.text, extent, after);
+    afterChange();
+}
+
+/// Replaces the text as a whole, outside of the history.
+void TextArea::showVersion(const TextVersion& version) {
+    const auto before = text();
+    m_layout.setText(version.text);
+    m_selection = version.selection;
+    m_top = std::min(m_top, text().size());
+    report(*this, before, {.removed = before.size(), .inserted = text().size()}, text());
+    afterChange();
 }
 
 /// Shows a version from the history.
 void TextArea::restore(const std::optional<TextVersion>& version) {
     if (!version)
         return;
-    const auto before = text();
-    m_layout.setText(version->text);
-    m_selection = version->selection;
-    m_top = std::min(m_top, text().size());
-    report(*this, before, {.removed = before.size(), .inserted = text().size()}, text());
-    afterEdit();
+    showVersion(*version);
+    tellOfEdit();
 }
 
-void TextArea::afterEdit() {
+void TextArea::afterChange() {
     m_goalX.reset();
     fitGutter();
     updateScrollBar();
     if (!m_isReadOnly)
-        show(m_selection.caret);
+        reveal(m_selection.caret);
     restartBlinking();
     updateAll();
     updateMicroFocus();
-    if (onEdit)
-        onEdit(text());
 }
 
 void TextArea::undo() {
@@ -296,7 +305,7 @@ void TextArea::updatePreedit(const QInputMethodEvent& event) {
     m_layout.setPreedit(preedit.text.isEmpty() ? std::nullopt : std::optional(std::move(preedit)),
                         m_selection.caret);
     updateScrollBar();
-    show(m_selection.caret);
+    reveal(m_selection.caret);
     updateAll();
     updateMicroFocus();
 }

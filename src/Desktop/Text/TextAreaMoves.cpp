@@ -196,7 +196,7 @@ bool TextArea::moveByKey(const QKeyEvent& event) {
 
 void TextArea::moveCaret(std::size_t offset, bool selects) {
     setSelection({selects ? m_selection.anchor : offset, offset});
-    show(offset);
+    reveal(offset);
 }
 
 void TextArea::select(const TextSelection& selection) {
@@ -206,7 +206,7 @@ void TextArea::select(const TextSelection& selection) {
         return place < line.next ? std::min(place, line.end) : place; // not inside a CR LF
     };
     setSelection({placed(selection.anchor), placed(selection.caret)});
-    show(m_selection.caret);
+    reveal(m_selection.caret);
 }
 
 void TextArea::selectAll() {

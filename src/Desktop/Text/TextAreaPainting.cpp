@@ -199,7 +199,7 @@ void TextArea::scrollContentsBy(int, int dy) {
     updateAll();
 }
 
-void TextArea::show(std::size_t offset) {
+void TextArea::reveal(std::size_t offset) {
     const auto target = m_layout.rowAt(offset);
     const auto top = topRow();
     if (target.start() < top.start()) {

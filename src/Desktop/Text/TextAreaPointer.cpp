@@ -11,6 +11,7 @@
 #include <QDrag>
 #include <QDropEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStyleHints>
 #include <QTimerEvent>
@@ -65,7 +66,7 @@ void TextArea::mousePressEvent(QMouseEvent* event) {
         m_firstUnit = {offset, offset};
         m_isSelecting = true;
         setSelection(m_firstUnit);
-        show(offset);
+        reveal(offset);
     }
 }
 
@@ -129,13 +130,14 @@ void TextArea::offerSelection() const {
 
 void TextArea::startDrag() {
     m_pressed.reset();
+    const QPointer<TextArea> area(this); // the screen may close while the pointer drags
     auto* drag = new QDrag(this);
     drag->setMimeData(newMimeData(selectedText()));
     const auto actions = m_isReadOnly ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
     const auto before = text();
     const auto action = drag->exec(actions, m_isReadOnly ? Qt::CopyAction : Qt::MoveAction);
     // A drop in this control has moved the text already.
-    if (action == Qt::MoveAction && drag->target() != this && drag->target() != viewport() &&
+    if (area && action == Qt::MoveAction && drag->target() != this && drag->target() != viewport() &&
         text() == before)
         insert(TextEditKind::other, {});
 }

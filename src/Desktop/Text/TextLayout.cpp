@@ -35,12 +35,14 @@ void TextLayout::setStyle(const RowStyle& style) {
 }
 
 void TextLayout::setText(const Rope& text) {
+    m_preedit.reset();
     m_text = text;
     m_pieces.clear();
     m_rows.clear();
 }
 
 void TextLayout::setText(const Rope& text, const TextChange& change) {
+    setPreedit(std::nullopt, change.offset);
     // A line feed after a carriage return belongs to the break of the line before.
     const auto first = lineAt(change.offset == 0 ? 0 : change.offset - 1);
     const auto last = lineAt(change.offset + change.removed);

@@ -51,9 +51,11 @@ public:
 
     const Rope& text() const { return m_text; }
 
+    /// Removes the preedit, too.
     void setText(const Rope& text);
 
-    /// `text` is the previous text with `change` applied. Keeps the pieces that it does not touch.
+    /// The same, where `text` is the previous text with `change` applied. Keeps the pieces that it does not
+    /// touch.
     void setText(const Rope& text, const TextChange& change);
 
     /// Shows `preedit` before the character at `offset`; none shows the text alone.

@@ -162,6 +162,31 @@ TEST_F(TextAreaTest, InsertsInputMethodTextExactly) {
     EXPECT_EQ(subject.edits, 2);
 }
 
+TEST_F(TextAreaTest, AnEditMayBeAnsweredBySettingAnotherText) {
+    Subject subject;
+    subject.area.onEdit = [&](const Rope&) {
+        ++subject.edits;
+        subject.area.setText("another text");
+    };
+    subject.type(QStringLiteral("x"));
+    subject.area.undo();
+    EXPECT_EQ(subject.edits, 2);
+    EXPECT_EQ(subject.area.text(), "another text");
+}
+
+TEST_F(TextAreaTest, SettingATextEndsAComposition) {
+    Subject subject;
+    subject.area.setText("some text");
+    QInputMethodEvent composing(QStringLiteral("か"), {});
+    QApplication::sendEvent(&subject.area, &composing);
+    subject.area.setText("");
+    subject.picture();
+    QInputMethodEvent committing;
+    committing.setCommitString(QStringLiteral("漢"));
+    QApplication::sendEvent(&subject.area, &committing);
+    EXPECT_EQ(subject.area.text(), "漢");
+}
+
 TEST_F(TextAreaTest, TypingAfterALineBreakKeepsItsKind) {
     Subject subject;
     for (const auto* lineBreak : {"\r\n", "\r", "\u2028", "\v", "\uFDD0"}) {
