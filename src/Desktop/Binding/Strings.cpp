@@ -3,7 +3,6 @@
 #include "Utilities/Text/Text.h"
 #include "Utilities/Text/UTF8.h"
 
-#include <QList>
 #include <QStringDecoder>
 
 namespace korvane {
@@ -25,14 +24,8 @@ QString qString(std::string_view utf8) {
 }
 
 std::string utf8String(const QString& string) {
-    if (!string.isValidUtf16()) {
-        QString valid;
-        for (const auto character : string.toUcs4())
-            valid.append(QStringView(QChar::fromUcs4(QChar::isSurrogate(character)
-                                                         ? char32_t{QChar::ReplacementCharacter}
-                                                         : char32_t{character})));
-        return utf8String(valid);
-    }
+    if (!string.isValidUtf16())
+        return utf8String(QString::fromStdU32String(string.toStdU32String()));
     const auto bytes = string.toUtf8();
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }

@@ -6,6 +6,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <array>
@@ -99,7 +100,7 @@ QSize TextArea::sizeHint() const {
     return {256, 192}; // Qt's for a scroll area with a text
 }
 
-/// Mouse events in the margins are treated as events in the text.
+/// Events of the mouse in the margins are treated as events in the text.
 bool TextArea::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
@@ -114,6 +115,9 @@ bool TextArea::event(QEvent* event) {
         event->setAccepted(moved.isAccepted());
         return isHandled;
     }
+    case QEvent::Wheel:
+        wheelEvent(static_cast<QWheelEvent*>(event));
+        return true;
     case QEvent::ShortcutOverride:
         if (keepsFromShortcuts(static_cast<QKeyEvent&>(*event)))
             event->accept();

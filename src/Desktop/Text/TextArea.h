@@ -151,6 +151,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;
 
     /// The clipboard content for `text`.
@@ -201,6 +202,7 @@ private:
     PlacedRow topRow() const;
     PlacedRow lastTopRow() const;
     void scrollTo(const PlacedRow& row);
+    void scrollBy(std::ptrdiff_t rows);
     void updateScrollBar();
     void updateAll();
     void restartBlinking();
@@ -221,6 +223,7 @@ private:
     bool m_hasCaret = true;
     bool m_isCaretShown = false; ///< blinks
     bool m_isMovingScrollBar = false;
+    bool m_isWheelTurning = false;
     QBasicTimer m_blinking{};
 
     Unit m_selectedUnit = Unit::character; ///< by which dragging the pointer selects

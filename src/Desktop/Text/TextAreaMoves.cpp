@@ -125,7 +125,7 @@ std::size_t TextArea::inNeighbouringRow(std::ptrdiff_t distance, bool selects) {
 /// Scrolls by a page, and returns where the caret goes.
 std::size_t TextArea::besidePage(bool forward, bool selects) {
     const auto rows = std::max(visibleRowCount() - 1, 1) * (forward ? 1 : -1);
-    scrollTo(m_layout.moved(topRow(), rows));
+    scrollBy(rows);
     return inNeighbouringRow(rows, selects);
 }
 

@@ -176,7 +176,11 @@ void TextArea::updateScrollBar() {
     const auto last = lastTopRow();
     m_top = std::min(topRow().start(), last.start());
     const auto max = static_cast<int>(m_layout.rowsBefore(last));
-    const auto value = m_top == last.start() ? max : static_cast<int>(m_layout.rowsBefore(topRow()));
+    auto value = static_cast<int>(m_layout.rowsBefore(topRow()));
+    if (m_top == last.start())
+        value = max;
+    else if (m_top > 0) // an estimate must not be at an end that the text has not reached
+        value = std::max(std::min(value, max - 1), 1);
     const bool wasMoving = std::exchange(m_isMovingScrollBar, true);
     verticalScrollBar()->setRange(0, max);
     verticalScrollBar()->setPageStep(lastRowCount());
@@ -184,19 +188,28 @@ void TextArea::updateScrollBar() {
     m_isMovingScrollBar = wasMoving;
 }
 
-/// Follows the scroll bar. A small step goes by rows; for a large text, a larger one goes where the number of
-/// rows is estimated to be.
+void TextArea::scrollBy(std::ptrdiff_t rows) {
+    scrollTo(m_layout.moved(topRow(), rows));
+}
+
+/// Follows the scroll bar: by rows if the wheel turns it, otherwise to a place, which is an estimate in a
+/// large text.
 void TextArea::scrollContentsBy(int, int dy) {
     if (m_isMovingScrollBar)
         return;
     const auto& bar = *verticalScrollBar();
-    if (bar.value() == bar.maximum())
-        m_top = lastTopRow().start();
-    else if (std::abs(dy) <= 2 * bar.pageStep() && !m_layout.countsExactly())
-        m_top = m_layout.moved(topRow(), -dy).start();
-    else
-        m_top = m_layout.rowAfterRows(static_cast<std::size_t>(bar.value())).start();
+    if (m_isWheelTurning)
+        return scrollBy(-dy);
+    m_top = bar.value() == bar.maximum()
+                ? lastTopRow().start()
+                : m_layout.rowAfterRows(static_cast<std::size_t>(bar.value())).start();
     updateAll();
+}
+
+void TextArea::wheelEvent(QWheelEvent* event) {
+    m_isWheelTurning = true;
+    QAbstractScrollArea::wheelEvent(event);
+    m_isWheelTurning = false;
 }
 
 void TextArea::reveal(std::size_t offset) {

@@ -12,7 +12,6 @@
 #include <QDropEvent>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QScrollBar>
 #include <QStyleHints>
 #include <QTimerEvent>
 
@@ -157,9 +156,9 @@ void TextArea::dragMoveEvent(QDragMoveEvent* event) {
     m_dropOffset = offsetAt(point);
     updateAll();
     if (point.y() < m_style.lineHeight)
-        verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+        scrollBy(-1);
     else if (point.y() >= viewport()->height() - m_style.lineHeight)
-        verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        scrollBy(1);
 }
 
 void TextArea::dragLeaveEvent(QDragLeaveEvent*) {
@@ -216,8 +215,7 @@ void TextArea::timerEvent(QTimerEvent* event) {
     } else if (event->timerId() == m_tripleClick.timerId()) {
         m_tripleClick.stop();
     } else if (event->timerId() == m_autoScroll.timerId()) {
-        verticalScrollBar()->triggerAction(m_pointer.y() < 0 ? QAbstractSlider::SliderSingleStepSub
-                                                             : QAbstractSlider::SliderSingleStepAdd);
+        scrollBy(m_pointer.y() < 0 ? -1 : 1);
         extendSelectionTo(m_pointer);
     } else {
         QAbstractScrollArea::timerEvent(event);

@@ -97,9 +97,9 @@ TextLayout::Line TextLayout::lineAt(std::size_t offset) const {
 /// that it can be found without those before it.
 std::size_t TextLayout::seam(const Line& line, std::size_t unitsBefore, std::size_t ordinal) const {
     const auto length = static_cast<std::size_t>(m_maxPieceLength);
-    const auto target = m_text.byteOffset(unitsBefore + ordinal * length);
     if (ordinal == 0)
         return line.start;
+    const auto target = m_text.byteOffset(unitsBefore + ordinal * length);
     if (target >= line.end)
         return line.end;
     const auto reach = std::min(length / 2, seamSearchRange) * 4;

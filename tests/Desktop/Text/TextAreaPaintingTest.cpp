@@ -3,6 +3,7 @@
 
 #include <QInputMethodEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -117,6 +118,49 @@ TEST_F(TextAreaPaintingTest, AResizeKeepsTheFirstVisibleLine) {
     for (const int width : {200, 300, 150, 700, 400}) {
         subject.area.resize(width, 300);
         EXPECT_EQ(firstLine(), first) << width;
+    }
+}
+
+TEST_F(TextAreaPaintingTest, TheWheelSkipsNothingOfALargeText) {
+    Subject subject(defaultMaxPieceLength, 200);
+    subject.area.setReadOnly(true);
+    std::string text;
+    for (int line = 0; line < 5000; ++line)
+        text += "line with a longlonglongword and words of other lengths " + std::to_string(line) + "\n";
+    subject.area.setText(text);
+    auto& bar = *subject.area.verticalScrollBar();
+    const auto topRow = [&] { return subject.area.offsetAt({0, 2}); };
+    for (const int direction : {-1, 1}) {
+        bar.setValue(direction < 0 ? bar.maximum() - 40 : 40);
+        for (int turn = 0; turn < 300; ++turn) {
+            const auto before = topRow();
+            QWheelEvent event(QPointF(50, 50), subject.area.mapToGlobal(QPointF(50, 50)), {},
+                              {0, direction * 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(subject.area.viewport(), &event);
+            const auto distance = std::max(before, topRow()) - std::min(before, topRow());
+            EXPECT_LE(distance, 3U * 30) << "three rows have at most thirty characters each";
+            if (distance == 0)
+                break;
+        }
+        EXPECT_EQ(bar.value(), direction < 0 ? bar.maximum() : 0);
+    }
+    EXPECT_EQ(topRow(), 0U);
+    bar.setValue(bar.maximum());
+    EXPECT_LT(subject.area.caretRect(text.size()).bottom(), subject.area.viewport()->height());
+}
+
+TEST_F(TextAreaPaintingTest, TheWheelScrollsOverTheLineNumbersToo) {
+    Subject subject;
+    subject.area.setReadOnly(true);
+    subject.area.setLineNumbers(true);
+    subject.area.setText(std::string(100, '\n'));
+    auto& bar = *subject.area.verticalScrollBar();
+    for (QWidget* target : {subject.area.viewport(), static_cast<QWidget*>(&subject.area)}) {
+        const auto before = bar.value();
+        QWheelEvent turn(QPointF(5, 50), subject.area.mapToGlobal(QPointF(5, 50)), {}, {0, -120},
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(target, &turn);
+        EXPECT_GT(bar.value(), before);
     }
 }
 
