@@ -104,7 +104,7 @@ void JSONTree::setRoot(const JSONNode* root) {
     const bool rootStaysCollapsed = root && m_root && !m_rows.front().isExpanded;
     m_collapsed.clear();
     if (rootStaysCollapsed)
-        m_collapsed.insert(root->id);
+        m_collapsed.insert(root->id());
     m_root = root;
     updateRows();
 }
@@ -112,7 +112,7 @@ void JSONTree::setRoot(const JSONNode* root) {
 void JSONTree::toggle(std::size_t row) {
     if (row >= m_rows.size() || !m_rows[row].hasChildren())
         return;
-    const auto id = m_rows[row].node->id;
+    const auto id = m_rows[row].node->id();
     if (m_collapsed.erase(id) == 0)
         m_collapsed.insert(id);
     updateRows();
@@ -188,7 +188,7 @@ void JSONTree::updateRows() {
     while (!pending.empty()) {
         const auto [node, depth] = pending.back();
         pending.pop_back();
-        const bool isExpanded = m_collapsed.empty() || !m_collapsed.contains(node->id);
+        const bool isExpanded = m_collapsed.empty() || !m_collapsed.contains(node->id());
         m_rows.push_back({node, depth, isExpanded});
         if (!isExpanded)
             continue;
