@@ -11,6 +11,7 @@
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Look/Transition.h"
 #include "Desktop/Text/TextZoom.h"
+#include "Utilities/Text/Text.h"
 #include "Views/Services.h"
 
 #include <QEvent>
