@@ -173,6 +173,43 @@ TEST_F(JSONFormatterScreenTest, ALongValueCanBeScrolledHorizontally) {
     }
 }
 
+TEST_F(JSONFormatterScreenTest, TheWidestRowIsReachedSidewaysAlsoWhileItIsHidden) {
+    screen.press("Tree View");
+    const auto range = [&](const std::string& text) {
+        fakes.clipboard.content = text;
+        screen.press("Paste");
+        return screen.list("Tree View").horizontalScrollBar()->maximum();
+    };
+    const auto value = '"' + std::string(300, 'x') + '"';
+    const auto inner = range("[[" + value + "]]");
+    EXPECT_GT(inner, range("[" + value + "]")) << "a level more";
+    EXPECT_EQ(range("[[" + value + "],1]"), inner) << "other rows are less wide";
+    auto& list = screen.list("Tree View");
+    list.setCurrentRow(1);
+    key(Qt::Key_Left);
+    EXPECT_EQ(rows().size(), 3U);
+    EXPECT_EQ(list.horizontalScrollBar()->maximum(), inner) << "what is read does not move";
+}
+
+TEST_F(JSONFormatterScreenTest, GoesToTheParentOverCollapsedRows) {
+    screen.press("Tree View");
+    screen.type("Input", "[[[1],[2],3],4]");
+    auto& list = screen.list("Tree View");
+    for (const int row : {4, 2}) {
+        list.setCurrentRow(row);
+        key(Qt::Key_Left);
+    }
+    EXPECT_EQ(rows(),
+              (std::vector<std::string>{"root [2]", "[0] [3]", "[0] [1]", "[1] [1]", "[2] 3", "[1] 4"}));
+    list.setCurrentRow(4);
+    key(Qt::Key_Left);
+    EXPECT_EQ(list.currentRow(), 1);
+    key(Qt::Key_Left);
+    key(Qt::Key_End);
+    key(Qt::Key_Left);
+    EXPECT_EQ(list.currentRow(), 0) << "the row below collapsed ones";
+}
+
 TEST_F(JSONFormatterScreenTest, AcceptsAnyPastedText) {
     const std::string texts[] = {
         std::string(100'000, '['),         std::string("[\0]", 3),          "\xff\xfe", "\"\\ud800\"",
