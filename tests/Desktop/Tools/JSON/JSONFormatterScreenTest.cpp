@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QtTest/QTest>
 
@@ -208,6 +210,42 @@ TEST_F(JSONFormatterScreenTest, GoesToTheParentOverCollapsedRows) {
     key(Qt::Key_End);
     key(Qt::Key_Left);
     EXPECT_EQ(list.currentRow(), 0) << "the row below collapsed ones";
+}
+
+TEST_F(JSONFormatterScreenTest, TypingGoesToTheNextNameAmongAnyNumberOfRows) {
+    const auto restore = qScopeGuard([interval = QApplication::keyboardInputInterval()] {
+        QApplication::setKeyboardInputInterval(interval);
+    });
+    constexpr int anHour =
+        3'600'000; // in milliseconds: no key begins another search, however slow the test is
+    QApplication::setKeyboardInputInterval(anHour);
+    std::string numbers = "0";
+    while (numbers.size() < 40'000)
+        numbers += ",0";
+    fakes.clipboard.content = R"({"a":[)" + numbers + R"(],"name":1,"next":2})";
+    screen.press("Tree View");
+    screen.press("Paste");
+    auto& list = screen.list("Tree View");
+    const auto search = [] {
+        constexpr int turns = 100; // far more than the search needs
+        for (int turn = 0; turn < turns; ++turn)
+            QCoreApplication::processEvents();
+    };
+    key(Qt::Key_N);
+    EXPECT_EQ(list.currentRow(), 0) << "a long search goes on later";
+    search();
+    EXPECT_EQ(list.currentRow(), list.rowCount() - 2);
+    key(Qt::Key_E);
+    EXPECT_EQ(list.currentRow(), list.rowCount() - 1) << "a near row is found at once";
+    key(Qt::Key_Home);
+    key(Qt::Key_X);
+    key(Qt::Key_Down);
+    search();
+    EXPECT_EQ(list.currentRow(), 1) << "another key ends the search";
+    key(Qt::Key_T);
+    screen.press("Clear");
+    search();
+    EXPECT_FALSE(screen.hasList("Tree View"));
 }
 
 TEST_F(JSONFormatterScreenTest, AcceptsAnyPastedText) {
