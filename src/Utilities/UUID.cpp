@@ -4,6 +4,7 @@
 
 #include <bit>
 #include <cstring>
+#include <memory>
 #include <string_view>
 
 namespace korvane {
@@ -26,6 +27,37 @@ std::string UUID::text() const {
         text += digits[bytes[i] & 0x0F];
     }
     return text;
+}
+
+LazyUUID::LazyUUID(const LazyUUID& other) : m_uuid(new UUID(other())) {}
+
+LazyUUID::LazyUUID(LazyUUID&& other) noexcept
+    : m_uuid(other.m_uuid.exchange(nullptr, std::memory_order_relaxed)) {}
+
+LazyUUID& LazyUUID::operator=(LazyUUID other) noexcept {
+    other.m_uuid = m_uuid.exchange(other.m_uuid);
+    return *this;
+}
+
+LazyUUID::~LazyUUID() {
+    delete m_uuid.load(std::memory_order_relaxed);
+}
+
+const UUID& LazyUUID::operator()() const {
+    if (const auto* uuid = m_uuid.load(std::memory_order_acquire))
+        return *uuid;
+    auto generated = std::make_unique<const UUID>(UUID::random());
+    const UUID* current = nullptr;
+    if (m_uuid.compare_exchange_strong(current, generated.get(), std::memory_order_acq_rel))
+        return *generated.release();
+    return *current; // another thread was first
+}
+
+bool LazyUUID::operator==(const LazyUUID& other) const {
+    // Nothing equals a UUID that is still to be generated, except itself.
+    const auto* left = m_uuid.load(std::memory_order_acquire);
+    const auto* right = other.m_uuid.load(std::memory_order_acquire);
+    return this == &other || (left && right && *left == *right);
 }
 
 } // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <compare>
 #include <cstddef>
 #include <cstdint>
@@ -21,6 +22,28 @@ struct UUID {
     std::string text() const;
 
     auto operator<=>(const UUID&) const = default;
+};
+
+/// The identity of a value: a random UUID that is generated when it is first requested. Until then it takes
+/// the room of a pointer and no time, so ten million values may have one each. Copies have the same UUID, so
+/// copying generates it; moving transfers it, and leaves a new identity behind. A constant one may be used
+/// from several threads.
+class LazyUUID {
+public:
+    LazyUUID() = default;
+    LazyUUID(const LazyUUID& other);
+    LazyUUID(LazyUUID&& other) noexcept;
+    LazyUUID& operator=(LazyUUID other) noexcept;
+    ~LazyUUID();
+
+    /// The UUID, always the same one.
+    const UUID& operator()() const;
+
+    /// Whether both have the same UUID. Generates none.
+    bool operator==(const LazyUUID& other) const;
+
+private:
+    mutable std::atomic<const UUID*> m_uuid = nullptr; ///< owned; null until it is requested
 };
 
 } // namespace korvane

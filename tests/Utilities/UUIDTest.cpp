@@ -2,7 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <barrier>
+#include <cstddef>
+#include <thread>
 #include <unordered_set>
+#include <utility>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -43,6 +49,64 @@ TEST(UUID, WritesItsCanonicalForm) {
     UUID maxUUID;
     maxUUID.bytes.fill(0xFF);
     EXPECT_EQ(maxUUID.text(), "FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF");
+}
+
+TEST(LazyUUID, IsTheSameWheneverItIsRequested) {
+    const LazyUUID identity;
+    const auto uuid = identity();
+    EXPECT_EQ(uuid.bytes[6] >> 4, 4) << "a random one";
+    EXPECT_EQ(identity(), uuid);
+    EXPECT_NE(LazyUUID()(), uuid);
+}
+
+TEST(LazyUUID, IsEqualInCopiesOnly) {
+    for (const bool isRequested : {false, true}) {
+        const LazyUUID identity;
+        const LazyUUID other;
+        if (isRequested) {
+            EXPECT_NE(identity(), other());
+        }
+        EXPECT_EQ(identity, identity);
+        EXPECT_NE(identity, other);
+        const LazyUUID copy = identity;
+        EXPECT_EQ(copy, identity);
+        EXPECT_EQ(copy(), identity());
+        EXPECT_NE(copy, other);
+        LazyUUID assigned;
+        assigned = identity;
+        EXPECT_EQ(assigned, identity);
+    }
+}
+
+TEST(LazyUUID, MovesToAnotherPlace) {
+    LazyUUID identity;
+    const LazyUUID copy = identity;
+    const LazyUUID moved = std::move(identity);
+    EXPECT_EQ(moved, copy);
+    EXPECT_EQ(moved(), copy());
+    LazyUUID assigned;
+    const auto earlier = assigned();
+    assigned = LazyUUID(copy);
+    EXPECT_EQ(assigned(), copy());
+    EXPECT_NE(assigned(), earlier);
+}
+
+TEST(LazyUUID, IsTheSameInAllThreads) {
+    for (int round = 0; round < 100; ++round) {
+        const LazyUUID identity;
+        std::array<UUID, 4> seen;
+        std::barrier start(static_cast<std::ptrdiff_t>(seen.size()));
+        {
+            std::vector<std::jthread> threads;
+            for (auto& uuid : seen)
+                threads.emplace_back([&] {
+                    start.arrive_and_wait();
+                    uuid = identity();
+                });
+        }
+        for (const auto& uuid : seen)
+            EXPECT_EQ(uuid, identity());
+    }
 }
 
 } // namespace

@@ -47,6 +47,7 @@ RowList::RowList(RowSource source)
 }
 
 void RowList::reload() {
+    m_searching.stop();
     m_count = m_source.count();
     m_current = std::clamp(m_current, std::min(0, m_count - 1), m_count - 1);
     m_hovered = -1;
@@ -155,6 +156,7 @@ std::pair<int, int> RowList::visibleRows() const {
 void RowList::makeCurrent(int row) {
     if (row == m_current)
         return;
+    m_searching.stop();
     m_current = row;
     viewport()->update();
     reportCurrentRow(row);

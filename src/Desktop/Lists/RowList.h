@@ -192,6 +192,7 @@ private:
     int rowsOfPage() const;
     bool moveByKey(int key);
     bool searchFor(const QKeyEvent& typed);
+    void searchOn();
     int nearestRow(QPoint position) const;
     RowTextPlace placeAt(QPoint position) const;
     bool isInMargin(QPoint position) const;
@@ -214,6 +215,9 @@ private:
     QElapsedTimer m_sinceDoubleClick{}; ///< a third click selects the row
     QString m_typed{};                  ///< the start of the name that is searched for
     QElapsedTimer m_sinceTyping{};
+    QBasicTimer m_searching{}; ///< until the current row or the rows change
+    int m_searchedRow = 0;     ///< the next one, counted on from the last row to the first
+    int m_unsearchedRows = 0;
     std::unique_ptr<RowButtons> m_buttons{};
 };
 

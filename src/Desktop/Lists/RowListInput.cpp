@@ -64,7 +64,8 @@ bool RowList::moveByKey(int key) {
     return true;
 }
 
-/// Goes to the next row whose name begins with what is typed without a pause; whether that was typing.
+/// Goes to the next row whose name begins with what is typed without a pause. Returns whether that was
+/// typing.
 bool RowList::searchFor(const QKeyEvent& typed) {
     const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     const bool isText = !typed.text().isEmpty() && typed.text().front().isPrint();
@@ -76,14 +77,24 @@ bool RowList::searchFor(const QKeyEvent& typed) {
     m_sinceTyping.start();
     // One character begins a search, and so does the same one again, at the next row.
     const int start = m_typed.count(m_typed.front()) == m_typed.size() ? 1 : 0;
-    for (int step = start; step < m_count + start; ++step) {
-        const auto row = (m_current + step) % m_count;
-        if (qString(m_source.name(row)).startsWith(m_typed, Qt::CaseInsensitive)) {
-            setCurrentRow(row);
-            break;
-        }
-    }
+    m_searchedRow = m_current + start;
+    m_unsearchedRows = m_count;
+    searchOn();
     return true;
+}
+
+/// Searches the next rows, and has the others searched later: millions of names take seconds.
+void RowList::searchOn() {
+    constexpr int rowsAtOnce = 5'000; // a few milliseconds
+    m_searching.stop();
+    for (int rows = std::min(m_unsearchedRows, rowsAtOnce); rows > 0; --rows) {
+        const auto row = m_searchedRow++ % m_count;
+        --m_unsearchedRows;
+        if (qString(m_source.name(row)).startsWith(m_typed, Qt::CaseInsensitive))
+            return setCurrentRow(row);
+    }
+    if (m_unsearchedRows > 0)
+        m_searching.start(0, this);
 }
 
 void RowList::mousePressEvent(QMouseEvent* event) {
@@ -145,6 +156,8 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
 void RowList::timerEvent(QTimerEvent* event) {
     if (event->timerId() == m_scrolling.timerId())
         dragTo(viewport()->mapFromGlobal(QCursor::pos()));
+    else if (event->timerId() == m_searching.timerId())
+        searchOn();
     else
         QAbstractScrollArea::timerEvent(event);
 }

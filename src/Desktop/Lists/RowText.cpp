@@ -282,15 +282,6 @@ bool isElidedRowText(double width, std::string_view text, const QFont& font) {
     return elided(text, font, width).has_value();
 }
 
-std::size_t columnCount(std::string_view text) {
-    std::size_t columns = 0;
-    for (const char byte : text) {
-        if (!isTrailingByte(byte))
-            columns += static_cast<unsigned char>(byte) >= 0xE0 ? 2 : 1;
-    }
-    return columns;
-}
-
 std::string startOfText(std::string_view text, std::size_t length) {
     if (text.size() <= length)
         return std::string(text);

@@ -52,10 +52,6 @@ void drawElidedRowText(QPainter& painter, const QRectF& rect, std::string_view t
 /// Whether something is left out in that room.
 bool isElidedRowText(double width, std::string_view text, const QFont& font);
 
-/// How many columns of a monospaced font `text` takes at most: one for a character of few bytes, two for the
-/// others, which may be wide.
-std::size_t columnCount(std::string_view text);
-
 /// The beginning of `text`, of so many bytes at most, with an ellipsis where that is not all of it.
 std::string startOfText(std::string_view text, std::size_t length);
 

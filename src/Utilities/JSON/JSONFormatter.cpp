@@ -5,6 +5,7 @@
 #include "Utilities/Text/Characters.h"
 #include "Utilities/Text/Text.h"
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
 
 #include <utility>
@@ -62,40 +63,46 @@ std::expected<std::string, JSONError> rewrite(std::string_view input, JSON::Writ
     return std::move(*text);
 }
 
-JSONNode scalarNode(std::string key, JSONValueType type, std::string value) {
-    return {.key = std::move(key), .type = type, .value = std::move(value)};
+void setScalar(JSONNode& node, JSONValueType type, std::string_view value) {
+    node.type = type;
+    node.value.emplace(value);
 }
 
-JSONNode node(std::string key, const JSON::Value& value) {
+/// Sets everything but the key. Nodes are filled where they are, which saves moving them.
+void setValue(JSONNode& node, const JSON::Value& value) {
     switch (value.type()) {
-    case JSON::Type::object: {
-        JSONNode object{.key = std::move(key), .type = JSONValueType::object};
-        object.children.reserve(value.members().size());
-        for (const auto& [name, member] : value.members())
-            object.children.push_back(node(std::string(name.text()), member));
-        return object;
-    }
-    case JSON::Type::array: {
-        JSONNode array{.key = std::move(key), .type = JSONValueType::array};
-        array.children.reserve(value.elements().size());
-        for (const auto& element : value.elements())
-            array.children.push_back(node(fmt::format("[{}]", array.children.size()), element));
-        return array;
-    }
+    case JSON::Type::object:
+        node.type = JSONValueType::object;
+        node.children.reserve(value.members().size());
+        for (const auto& [name, member] : value.members()) {
+            auto& child = node.children.emplace_back();
+            child.key = name.text();
+            setValue(child, member);
+        }
+        return;
+    case JSON::Type::array:
+        node.type = JSONValueType::array;
+        node.children.reserve(value.elements().size());
+        for (const auto& element : value.elements()) {
+            auto& child = node.children.emplace_back();
+            child.key = fmt::format(FMT_COMPILE("[{}]"), node.children.size() - 1);
+            setValue(child, element);
+        }
+        return;
     case JSON::Type::string: {
-        std::string quoted;
+        node.type = JSONValueType::string;
+        auto& quoted = node.value.emplace();
         quoted.reserve(value.text().size() + 2);
         quoted.append("\"").append(value.text()).append("\"");
-        return scalarNode(std::move(key), JSONValueType::string, std::move(quoted));
+        return;
     }
     case JSON::Type::number:
-        return scalarNode(std::move(key), JSONValueType::number, std::string(value.text()));
+        return setScalar(node, JSONValueType::number, value.text());
     case JSON::Type::boolean:
-        return scalarNode(std::move(key), JSONValueType::bool_, value.boolean() ? "true" : "false");
+        return setScalar(node, JSONValueType::bool_, value.boolean() ? "true" : "false");
     case JSON::Type::null:
-        return scalarNode(std::move(key), JSONValueType::null, "null");
+        return setScalar(node, JSONValueType::null, "null");
     }
-    return {.key = std::move(key)};
 }
 
 } // namespace
@@ -131,7 +138,9 @@ std::expected<JSONNode, JSONError> parseToTree(std::string_view input, Duplicate
     const auto document = read(input, {.fragmentsAllowed = true}, duplicates);
     if (!document)
         return std::unexpected(document.error());
-    return node("root", document->root());
+    JSONNode root{.key = "root"};
+    setValue(root, document->root());
+    return root;
 }
 
 } // namespace JSONFormatter

@@ -38,8 +38,8 @@ inline constexpr auto facts<JSONValueType> = std::to_array<JSONValueTypeFacts>({
 /// One node of the displayed tree with all its descendants. A value type that owns its children; never deeper
 /// than `JSON::maxDepth`.
 struct JSONNode {
-    UUID id = UUID::random(); ///< differs in every parse of the same text
-    std::string key{};        ///< the member's name, "[3]" for the element at index 3, "root" at the top
+    LazyUUID id{};     ///< differs in every parse of the same text, and is the same in copies
+    std::string key{}; ///< the member's name, "[3]" for the element at index 3, "root" at the top
     JSONValueType type = JSONValueType::unknown;
     std::optional<std::string> value{}; ///< the displayed text of a scalar; none for objects and arrays
     std::vector<JSONNode> children{};   ///< members in ascending order of their keys, elements in text order

@@ -159,6 +159,15 @@ std::size_t wordCount(std::string_view text) {
     return words;
 }
 
+std::size_t columnCount(std::string_view text) {
+    auto columns = asciiPrefixLength(text);
+    for (const char byte : text.substr(columns)) {
+        const auto code = static_cast<unsigned char>(byte);
+        columns += (code & 0xC0) == 0x80 ? 0U : code >= 0xE0 ? 2U : 1U;
+    }
+    return columns;
+}
+
 TextPosition positionAt(std::string_view text, std::size_t offset) {
     std::size_t line = 1;
     std::size_t lineStart = 0;

@@ -42,6 +42,10 @@ std::size_t lineCount(std::string_view text);
 /// The number of words, delimited by white space and newlines.
 std::size_t wordCount(std::string_view text);
 
+/// How many columns of a monospaced font `text` takes on one line at most: one for a code point of up to two
+/// bytes, two for the others, which may be wide. ASCII costs only a scan.
+std::size_t columnCount(std::string_view text);
+
 /// A position in a text for display; line and column are counted from 1.
 struct TextPosition {
     std::size_t line = 1;   ///< begins after each newline; unlike in `lineCount`, CR LF is one newline

@@ -68,7 +68,7 @@ void JSONFormatterView::updateTree() {
     } else {
         treeRoot.reset();
     }
-    tree.setRoot(treeRoot.get());
+    tree.setOutline(treeRoot ? JSONOutline::of(treeRoot) : nullptr);
 }
 
 void JSONFormatterView::toggleRow(std::size_t index) {

@@ -5,7 +5,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cassert>
 #include <string_view>
+#include <utility>
 
 namespace korvane {
 
@@ -100,31 +102,36 @@ PaletteColor colorForType(JSONValueType type) {
     return PaletteColor::red;
 }
 
-void JSONTree::setRoot(const JSONNode* root) {
-    const bool rootStaysCollapsed = root && m_root && !m_rows.front().isExpanded;
+void JSONTree::setOutline(std::shared_ptr<const JSONOutline> outline) {
+    const bool rootStaysCollapsed = outline && m_outline && isCollapsed(0);
+    m_outline = std::move(outline);
     m_collapsed.clear();
     if (rootStaysCollapsed)
-        m_collapsed.insert(root->id);
-    m_root = root;
-    updateRows();
+        m_collapsed.push_back(0);
+    updateHidden();
 }
 
 void JSONTree::toggle(std::size_t row) {
-    if (row >= m_rows.size() || !m_rows[row].hasChildren())
+    if (row >= rowCount())
         return;
-    const auto id = m_rows[row].node->id;
-    if (m_collapsed.erase(id) == 0)
-        m_collapsed.insert(id);
-    updateRows();
+    const auto index = indexOf(row);
+    if (m_outline->node(index).children.empty())
+        return;
+    const auto place = std::ranges::lower_bound(m_collapsed, index);
+    if (place != m_collapsed.end() && *place == index)
+        m_collapsed.erase(place);
+    else
+        m_collapsed.insert(place, index);
+    updateHidden();
 }
 
 void JSONTree::expandAll() {
     m_collapsed.clear();
-    updateRows();
+    updateHidden();
 }
 
 std::string JSONTree::copiedValue(std::size_t row) const {
-    const auto& node = *m_rows[row].node;
+    const auto& node = m_outline->node(indexOf(row));
     if (node.value)
         return std::string(node.type == JSONValueType::string ? content(node)
                                                               : std::string_view(*node.value));
@@ -135,16 +142,17 @@ std::string JSONTree::copiedValue(std::size_t row) const {
 }
 
 std::optional<std::string> JSONTree::copiedKey(std::size_t row) const {
-    return isMember(row) ? std::optional(m_rows[row].node->key) : std::nullopt;
+    const auto index = indexOf(row);
+    return isMember(index) ? std::optional(m_outline->node(index).key) : std::nullopt;
 }
 
 std::string JSONTree::path(std::size_t row) const {
     std::vector<std::size_t> steps;
-    for (std::optional<std::size_t> step = row; step; step = parentOf(*step))
-        steps.push_back(*step);
+    for (std::optional index = indexOf(row); index; index = m_outline->parent(*index))
+        steps.push_back(*index);
     std::string path = "$";
     for (auto step = steps.rbegin() + 1; step != steps.rend(); ++step) {
-        const auto& key = m_rows[*step].node->key;
+        const auto& key = m_outline->node(*step).key;
         if (!isMember(*step)) {
             path += key;
         } else if (isShorthandName(key)) {
@@ -158,42 +166,59 @@ std::string JSONTree::path(std::size_t row) const {
     return path;
 }
 
-std::optional<std::size_t> JSONTree::parentOf(std::size_t row) const {
-    const auto depth = m_rows[row].depth;
-    while (row-- > 0) {
-        if (m_rows[row].depth < depth)
-            return row;
-    }
-    return std::nullopt;
+std::size_t JSONTree::rowCount() const {
+    return m_outline ? rowOf(m_outline->size()) : 0;
 }
 
-bool JSONTree::isMember(std::size_t row) const {
-    const auto parent = parentOf(row);
-    return parent && m_rows[*parent].node->type == JSONValueType::object;
+JSONTreeNodeView JSONTree::row(std::size_t row) const {
+    assert(row < rowCount());
+    const auto index = indexOf(row);
+    return {
+        .node = &m_outline->node(index), .depth = m_outline->depth(index), .isExpanded = !isCollapsed(index)};
 }
 
-void JSONTree::updateRows() {
-    m_rows.clear();
+std::optional<std::size_t> JSONTree::parent(std::size_t row) const {
+    const auto parent = m_outline->parent(indexOf(row));
+    return parent ? std::optional(rowOf(*parent)) : std::nullopt;
+}
+
+std::span<const std::size_t> JSONTree::columnsByDepth() const {
+    return m_outline ? m_outline->columnsByDepth() : std::span<const std::size_t>();
+}
+
+/// The index of the node that a row shows.
+std::size_t JSONTree::indexOf(std::size_t row) const {
+    const auto next = std::ranges::upper_bound(m_hidden, row, {}, &HiddenNodes::row);
+    return next == m_hidden.begin() ? row : row + (next - 1)->countBefore + (next - 1)->count();
+}
+
+/// The row of a node that is not hidden. The index after the last node gives the number of rows.
+std::size_t JSONTree::rowOf(std::size_t index) const {
+    const auto next = std::ranges::upper_bound(m_hidden, index, {}, &HiddenNodes::first);
+    return next == m_hidden.begin() ? index : index - (next - 1)->countBefore - (next - 1)->count();
+}
+
+bool JSONTree::isMember(std::size_t index) const {
+    const auto parent = m_outline->parent(index);
+    return parent && m_outline->node(*parent).type == JSONValueType::object;
+}
+
+bool JSONTree::isCollapsed(std::size_t index) const {
+    return std::ranges::binary_search(m_collapsed, index);
+}
+
+void JSONTree::updateHidden() {
+    m_hidden.clear();
     ++m_revision;
-    if (!m_root)
-        return;
-
-    struct Pending {
-        const JSONNode* node;
-        int depth;
-    };
-
-    // Children are pushed in reverse, so that they are popped in reading order.
-    std::vector<Pending> pending{{m_root, 0}};
-    while (!pending.empty()) {
-        const auto [node, depth] = pending.back();
-        pending.pop_back();
-        const bool isExpanded = m_collapsed.empty() || !m_collapsed.contains(node->id);
-        m_rows.push_back({node, depth, isExpanded});
-        if (!isExpanded)
+    std::size_t count = 0;
+    std::size_t end = 0; // of the nodes that are known to be hidden
+    for (const auto collapsed : m_collapsed) {
+        if (collapsed < end)
             continue;
-        for (auto child = node->children.rbegin(); child != node->children.rend(); ++child)
-            pending.push_back({&*child, depth + 1});
+        const auto first = collapsed + 1;
+        end = m_outline->subtreeEnd(collapsed);
+        m_hidden.push_back({.first = first, .end = end, .countBefore = count});
+        count += end - first;
     }
 }
 

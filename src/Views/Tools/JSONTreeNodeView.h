@@ -3,11 +3,13 @@
 
 #include "Models/PaletteColor.h"
 #include "Utilities/JSON/JSONFormatter.h"
+#include "Views/Tools/JSONOutline.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 namespace korvane {
@@ -29,16 +31,16 @@ struct JSONTreeNodeView {
 /// The colour of a type's glyph and values.
 PaletteColor colorForType(JSONValueType type);
 
-/// The rows of a tree, and which of its nodes are collapsed. Every node starts expanded. Nodes are recognised
-/// by their ids, so a tree that is rebuilt starts expanded, except that a collapsed root stays so. The rows
-/// point into the tree, which must outlive them.
+/// The rows of a tree, and which of its nodes are collapsed. Every node starts expanded, also those of a tree
+/// that is rebuilt, except that a collapsed root stays so. Holds no rows: each is found in the outline of the
+/// tree in logarithmic time. A row must be less than `rowCount()` unless stated otherwise.
 class JSONTree {
 public:
-    /// Shows the tree of `root`, or nothing if it is null.
-    void setRoot(const JSONNode* root);
+    /// Shows the tree of `outline`, or nothing if it is null.
+    void setOutline(std::shared_ptr<const JSONOutline> outline);
 
-    /// Shows or hides the children of a row; ignores a row without children. Takes time proportional to the
-    /// number of rows.
+    /// Shows or hides the children of a row; ignores a row without children or beyond the last. Takes time
+    /// proportional to the number of collapsed nodes.
     void toggle(std::size_t row);
 
     void expandAll();
@@ -54,7 +56,17 @@ public:
     /// follow a dot are in brackets and quotes.
     std::string path(std::size_t row) const;
 
-    const std::vector<JSONTreeNodeView>& rows() const { return m_rows; }
+    std::size_t rowCount() const;
+
+    /// The row, which refers to the tree.
+    JSONTreeNodeView row(std::size_t row) const;
+
+    /// The row of the parent; none for the root.
+    std::optional<std::size_t> parent(std::size_t row) const;
+
+    /// For each depth, how many columns of a monospaced font the texts of a row take at most. Includes the
+    /// rows that are hidden, so that collapsing does not change it.
+    std::span<const std::size_t> columnsByDepth() const;
 
     /// Incremented with every change of the rows, to detect changes without comparing the rows.
     std::size_t revision() const { return m_revision; }
@@ -62,15 +74,29 @@ public:
     bool operator==(const JSONTree&) const = default;
 
 private:
-    void updateRows();
+    /// The descendants of a collapsed node that is visible itself. Indices are those of the outline.
+    struct HiddenNodes {
+        std::size_t first = 0;
+        std::size_t end = 0;
+        std::size_t countBefore = 0; ///< of the hidden nodes before `first`
 
-    /// The row of the parent; none for the root.
-    std::optional<std::size_t> parentOf(std::size_t row) const;
-    bool isMember(std::size_t row) const;
+        std::size_t count() const { return end - first; }
 
-    const JSONNode* m_root = nullptr;
-    std::unordered_set<UUID> m_collapsed{};
-    std::vector<JSONTreeNodeView> m_rows{};
+        /// The number of rows before the hidden nodes.
+        std::size_t row() const { return first - countBefore; }
+
+        bool operator==(const HiddenNodes&) const = default;
+    };
+
+    void updateHidden();
+    std::size_t indexOf(std::size_t row) const;
+    std::size_t rowOf(std::size_t index) const;
+    bool isMember(std::size_t index) const;
+    bool isCollapsed(std::size_t index) const;
+
+    std::shared_ptr<const JSONOutline> m_outline{};
+    std::vector<std::size_t> m_collapsed{}; ///< indices in ascending order, also of nodes that are hidden
+    std::vector<HiddenNodes> m_hidden{};    ///< in ascending order
     std::size_t m_revision = 0;
 };
 

@@ -219,7 +219,7 @@ TEST(JSONFormatter, DescribesDuplicateNamesOnOneLine) {
 }
 
 void collectIdentifiers(const JSONNode& node, std::unordered_set<UUID>& identifiers) {
-    identifiers.insert(node.id);
+    identifiers.insert(node.id());
     for (const auto& child : node.children)
         collectIdentifiers(child, identifiers);
 }

@@ -126,6 +126,14 @@ TEST(Text, CountsWordsBetweenWhiteSpaceAndNewlines) {
     EXPECT_EQ(wordCount("\xff \xff"), 2U);
 }
 
+TEST(Text, CountsTheColumnsOfALine) {
+    EXPECT_EQ(columnCount(""), 0U);
+    EXPECT_EQ(columnCount("a \"b\""), 5U);
+    EXPECT_EQ(columnCount("éя"), 2U);
+    EXPECT_EQ(columnCount("漢字👩"), 6U);
+    EXPECT_EQ(columnCount("e\u0301"), 2U) << "at most";
+}
+
 TEST(Text, DistinguishesUTF8FromOtherBytes) {
     for (const std::string_view good :
          {"", "plain ASCII text", "ü", "漢字", "👩", "\xef\xbf\xbf", "\xf4\x8f\xbf\xbf"})

@@ -13,6 +13,7 @@
 #include "Desktop/Look/Surface.h"
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Text/TextZoom.h"
+#include "Utilities/Text/Text.h"
 #include "Views/Tools/DiffLineView.h"
 
 #include <QFontMetricsF>

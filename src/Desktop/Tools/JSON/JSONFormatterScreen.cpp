@@ -29,9 +29,11 @@ TreeRow treeRow(const JSONTreeNodeView& row) {
 }
 
 TreeRows treeRows(const JSONFormatterView& state) {
-    return {.count = state.tree.rows().size(),
+    return {.count = state.tree.rowCount(),
             .revision = state.tree.revision(),
-            .at = [&state](std::size_t row) { return treeRow(state.tree.rows()[row]); },
+            .at = [&state](std::size_t row) { return treeRow(state.tree.row(row)); },
+            .parent = [&state](std::size_t row) { return state.tree.parent(row); },
+            .columnsByDepth = [&state] { return state.tree.columnsByDepth(); },
             .value = [&state](std::size_t row) { return state.tree.copiedValue(row); },
             .key = [&state](std::size_t row) { return state.tree.copiedKey(row); },
             .path = [&state](std::size_t row) { return state.tree.path(row); }};

@@ -217,7 +217,7 @@ private:
             if (row.hasChildren && row.isExpanded)
                 toggle(current);
             else
-                m_list->setCurrentRow(parentOf(current, row.depth));
+                m_list->setCurrentRow(parentOf(current));
             return true;
         case Qt::Key_Right:
             if (row.hasChildren && !row.isExpanded)
@@ -230,12 +230,9 @@ private:
         }
     }
 
-    int parentOf(int row, int depth) const {
-        for (int above = row - 1; above >= 0; --above) {
-            if (m_rows.at(static_cast<std::size_t>(above)).depth < depth)
-                return above;
-        }
-        return row;
+    int parentOf(int row) const {
+        const auto parent = m_rows.parent(static_cast<std::size_t>(row));
+        return parent ? static_cast<int>(*parent) : row;
     }
 
     /// The width that the widest row needs: an upper bound from the number of columns of its texts.
@@ -244,12 +241,13 @@ private:
             return m_width;
         const auto column = QFontMetricsF(TextZoom::font(TextStyle::codeMedium)).horizontalAdvance('0');
         double widest = 0;
-        for (std::size_t number = 0; number < m_rows.count; ++number) {
-            const auto row = m_rows.at(number);
-            const auto columns = columnCount(row.key) + columnCount(row.value) + row.count.size();
-            widest = std::max(widest,
-                              static_cast<double>(columns) * column + row.depth * TextZoom::px(treeIndent));
+        if (!isEmpty()) {
+            for (double indent = 0; const auto columns : m_rows.columnsByDepth()) {
+                widest = std::max(widest, static_cast<double>(columns) * column + indent);
+                indent += TextZoom::px(treeIndent);
+            }
         }
+        widest = std::min(widest, maxTextWidth);
         m_width = static_cast<int>(std::ceil(widest)) + TextZoom::px(treeChevronBox) +
                   TextZoom::px(treeGlyph) + TextZoom::px(treeValueGap) + 3 * TextZoom::px(treeGap) +
                   2 * Theme::px(treePaddingX);
@@ -257,6 +255,7 @@ private:
     }
 
     static constexpr double quarterTurn = 90;
+    static constexpr double maxTextWidth = 1e9; // well within the range of Qt's coordinates
 
     Clipboard& m_clipboard;
     std::function<TreeRows()> m_read;

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -28,11 +29,17 @@ struct TreeRow {
     std::string count;      ///< small, after the key; empty for none
 };
 
-/// Access to the rows of a tree in a state.
+/// Access to the rows of a tree in a state. Each function must be quick for any number of rows.
 struct TreeRows {
     std::size_t count = 0;
     std::size_t revision = 0; ///< changes whenever any row does
     std::function<TreeRow(std::size_t)> at;
+    /// The row that contains a row; none for the root.
+    std::function<std::optional<std::size_t>(std::size_t)> parent;
+    /// For each depth, how many columns of a monospaced font the texts of a row take at most. The widest of
+    /// these rows, visible or not, determines how far the tree can be scrolled sideways, so that the row that
+    /// is being read stays where it is when others are collapsed.
+    std::function<std::span<const std::size_t>()> columnsByDepth;
     /// The texts to copy from a row: its value, its key, if it has one, and its path in the tree.
     std::function<std::string(std::size_t)> value;
     std::function<std::optional<std::string>(std::size_t)> key;

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QtTest/QTest>
 
@@ -171,6 +173,79 @@ TEST_F(JSONFormatterScreenTest, ALongValueCanBeScrolledHorizontally) {
         bar->setValue(0);
         list.setCurrentRow(0);
     }
+}
+
+TEST_F(JSONFormatterScreenTest, TheWidestRowIsReachedSidewaysAlsoWhileItIsHidden) {
+    screen.press("Tree View");
+    const auto range = [&](const std::string& text) {
+        fakes.clipboard.content = text;
+        screen.press("Paste");
+        return screen.list("Tree View").horizontalScrollBar()->maximum();
+    };
+    const auto value = '"' + std::string(300, 'x') + '"';
+    const auto inner = range("[[" + value + "]]");
+    EXPECT_GT(inner, range("[" + value + "]")) << "a level more";
+    EXPECT_EQ(range("[[" + value + "],1]"), inner) << "other rows are less wide";
+    auto& list = screen.list("Tree View");
+    list.setCurrentRow(1);
+    key(Qt::Key_Left);
+    EXPECT_EQ(rows().size(), 3U);
+    EXPECT_EQ(list.horizontalScrollBar()->maximum(), inner) << "what is read does not move";
+}
+
+TEST_F(JSONFormatterScreenTest, GoesToTheParentOverCollapsedRows) {
+    screen.press("Tree View");
+    screen.type("Input", "[[[1],[2],3],4]");
+    auto& list = screen.list("Tree View");
+    for (const int row : {4, 2}) {
+        list.setCurrentRow(row);
+        key(Qt::Key_Left);
+    }
+    EXPECT_EQ(rows(),
+              (std::vector<std::string>{"root [2]", "[0] [3]", "[0] [1]", "[1] [1]", "[2] 3", "[1] 4"}));
+    list.setCurrentRow(4);
+    key(Qt::Key_Left);
+    EXPECT_EQ(list.currentRow(), 1);
+    key(Qt::Key_Left);
+    key(Qt::Key_End);
+    key(Qt::Key_Left);
+    EXPECT_EQ(list.currentRow(), 0) << "the row below collapsed ones";
+}
+
+TEST_F(JSONFormatterScreenTest, TypingGoesToTheNextNameAmongAnyNumberOfRows) {
+    const auto restore = qScopeGuard([interval = QApplication::keyboardInputInterval()] {
+        QApplication::setKeyboardInputInterval(interval);
+    });
+    constexpr int anHour =
+        3'600'000; // in milliseconds: no key begins another search, however slow the test is
+    QApplication::setKeyboardInputInterval(anHour);
+    std::string numbers = "0";
+    while (numbers.size() < 40'000)
+        numbers += ",0";
+    fakes.clipboard.content = R"({"a":[)" + numbers + R"(],"name":1,"next":2})";
+    screen.press("Tree View");
+    screen.press("Paste");
+    auto& list = screen.list("Tree View");
+    const auto search = [] {
+        constexpr int turns = 100; // far more than the search needs
+        for (int turn = 0; turn < turns; ++turn)
+            QCoreApplication::processEvents();
+    };
+    key(Qt::Key_N);
+    EXPECT_EQ(list.currentRow(), 0) << "a long search goes on later";
+    search();
+    EXPECT_EQ(list.currentRow(), list.rowCount() - 2);
+    key(Qt::Key_E);
+    EXPECT_EQ(list.currentRow(), list.rowCount() - 1) << "a near row is found at once";
+    key(Qt::Key_Home);
+    key(Qt::Key_X);
+    key(Qt::Key_Down);
+    search();
+    EXPECT_EQ(list.currentRow(), 1) << "another key ends the search";
+    key(Qt::Key_T);
+    screen.press("Clear");
+    search();
+    EXPECT_FALSE(screen.hasList("Tree View"));
 }
 
 TEST_F(JSONFormatterScreenTest, AcceptsAnyPastedText) {
