@@ -2,6 +2,8 @@
 
 #include "Views/Tools/MarkdownBlock.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -58,9 +60,31 @@ std::vector<InlineRun> plain(std::string_view text) {
     return {{.text = std::string(text)}};
 }
 
+/// The whole lines of `text`, which is longer, within its first `size` bytes; if there is none, all that
+/// fits.
+std::string_view beginning(std::string_view text, std::size_t size) {
+    const auto end = text.substr(0, size).rfind('\n');
+    return text.substr(0, end != std::string_view::npos ? end : cut(text, size));
+}
+
 /// Collects the rows of blocks.
 class Rows {
 public:
+    explicit Rows(std::size_t maxRows) : m_maxRows(maxRows) {}
+
+    /// Whether rows may have been left out.
+    bool isFull() const { return m_rows.size() >= m_maxRows; }
+
+    /// Adds the row that says that the others are left out.
+    void end() {
+        m_rows.resize(std::min(m_rows.size(), m_maxRows));
+        if (!m_rows.empty())
+            m_rows.back().endsBlock = true;
+        m_maxRows = m_rows.size() + 1;
+        add(Paragraph{std::string(endOfPreview)});
+    }
+
+    /// Adds rows until it is full.
     void add(const MarkdownBlock& block) {
         const auto first = m_rows.size();
         std::visit([this](const auto& alternative) { addRows(alternative); }, block);
@@ -68,7 +92,7 @@ public:
         m_rows.back().endsBlock = true;
     }
 
-    std::vector<MarkdownRow> take() { return std::move(m_rows); }
+    MarkdownRows take() { return std::move(m_rows); }
 
 private:
     void addRows(const Header& block) {
@@ -109,6 +133,8 @@ private:
     }
 
     void add(MarkdownRow row, std::vector<InlineRun> runs) {
+        if (isFull())
+            return;
         for (auto& piece : pieces(std::move(runs))) {
             if (!m_rows.empty())
                 row.above = m_rows.back().kind;
@@ -118,16 +144,35 @@ private:
         }
     }
 
-    std::vector<MarkdownRow> m_rows;
+    std::size_t m_maxRows;
+    MarkdownRows m_rows{};
 };
 
 } // namespace
 
-std::vector<MarkdownRow> markdownRows(std::string_view markdown) {
-    Rows rows;
-    for (const auto& block : parseBlocks(markdown))
+MarkdownRows markdownRows(std::string_view markdown, const MarkdownLimit& limit,
+                          const std::stop_token& stop) {
+    const bool isTooLong = markdown.size() > limit.bytes;
+    Rows rows(limit.rows);
+    for (const auto& block : parseBlocks(isTooLong ? beginning(markdown, limit.bytes) : markdown)) {
+        if (rows.isFull() || stop.stop_requested())
+            break;
         rows.add(block);
+    }
+    if (isTooLong || rows.isFull())
+        rows.end();
     return rows.take();
+}
+
+MarkdownChange changeOfRows(const SharedMarkdownRows& before, SharedMarkdownRows after) {
+    const auto prefix = std::ranges::mismatch(*before, *after).in1 - before->begin();
+    const auto shorter = static_cast<std::ptrdiff_t>(std::min(before->size(), after->size()));
+    const auto suffix =
+        std::mismatch(before->rbegin(), before->rbegin() + (shorter - prefix), after->rbegin()).first -
+        before->rbegin();
+    return {.rows = std::move(after),
+            .samePrefix = static_cast<std::size_t>(prefix),
+            .sameSuffix = static_cast<std::size_t>(suffix)};
 }
 
 } // namespace korvane
