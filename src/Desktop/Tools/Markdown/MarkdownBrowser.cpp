@@ -36,7 +36,7 @@ namespace {
 constexpr std::size_t maxBytesAtOnce = std::size_t{64} << 10;
 
 /// Inserting this much takes about five milliseconds.
-constexpr std::size_t budgetOfPart = 50'000;
+constexpr std::size_t budgetOfPart = 40'000;
 
 /// Laying out so many characters takes a few milliseconds.
 constexpr int budgetOfMeasuring = 10'000;
@@ -210,7 +210,7 @@ void MarkdownBrowser::showEvent(QShowEvent* event) {
     QTextBrowser::showEvent(event);
     layOutVisible();
     refresh();
-    m_nextPart.start(0);
+    showPart();
 }
 
 void MarkdownBrowser::paintEvent(QPaintEvent* event) {

@@ -35,7 +35,7 @@ void swapWithBlockBefore(QTextCursor& cursor) {
     const auto charFormatBefore = before.charFormat();
     cursor.setBlockFormat(formatBefore);
     cursor.setBlockCharFormat(charFormatBefore);
-    cursor.movePosition(QTextCursor::PreviousBlock);
+    cursor.setPosition(before.position());
     cursor.setBlockFormat(format);
     cursor.setBlockCharFormat(charFormat);
 }
@@ -43,7 +43,7 @@ void swapWithBlockBefore(QTextCursor& cursor) {
 /// The time to insert `row`, in that of a byte of text.
 std::size_t costOf(const MarkdownRow& row) {
     constexpr std::size_t rowCost = 100;
-    constexpr std::size_t runCost = 50;
+    constexpr std::size_t runCost = 100;
     auto cost = rowCost;
     for (const auto& run : row.runs)
         cost += run.text.size() + runCost;
@@ -183,11 +183,9 @@ std::optional<MarkdownDocument::Replacement> MarkdownDocument::inNewTheme(std::s
     if (part == m_parts.end() || part->isCurrent || part->rows != m_rows)
         return std::nullopt;
     const auto from = part->from + (block - first);
-    const auto next = std::find_if(part, m_parts.end(), [](const Part& other) { return other.isCurrent; });
-    const auto end = std::min(part->to, next == m_parts.end() ? m_rows->size() : next->from);
-    if (from < before || from >= end)
+    if (from < before)
         return std::nullopt;
-    const auto count = affordable(from, end, block, end - from, budget);
+    const auto count = affordable(from, part->to, block, part->to - from, budget);
     return Replacement{{.first = block, .removed = count, .inserted = count}, from};
 }
 
@@ -249,8 +247,8 @@ void MarkdownDocument::remove(std::size_t first, std::size_t last) {
 void MarkdownDocument::insert(std::size_t first, std::span<const MarkdownRow> rows) {
     QTextCursor cursor(this);
     if (first > 0) {
-        cursor.setPosition(findBlockByNumber(static_cast<int>(first) - 1).position());
-        cursor.movePosition(QTextCursor::EndOfBlock);
+        const auto before = findBlockByNumber(static_cast<int>(first) - 1);
+        cursor.setPosition(before.position() + before.length() - 1); // moving by blocks would lay it out
     }
     bool isBeforeAll = first == 0;
     for (const auto& row : rows) {

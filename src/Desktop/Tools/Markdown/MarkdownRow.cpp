@@ -60,11 +60,10 @@ std::vector<InlineRun> plain(std::string_view text) {
     return {{.text = std::string(text)}};
 }
 
-/// The whole lines of `text`, which is longer, within its first `size` bytes; if there is none, all that
-/// fits.
+/// About the first `size` bytes of `text`, which is longer: whole lines, or whole characters of a long line.
 std::string_view beginning(std::string_view text, std::size_t size) {
     const auto end = text.substr(0, size).rfind('\n');
-    return text.substr(0, end != std::string_view::npos ? end : cut(text, size));
+    return text.substr(0, end != std::string_view::npos && end >= size / 2 ? end : cut(text, size));
 }
 
 /// Collects the rows of blocks.
@@ -72,24 +71,24 @@ class Rows {
 public:
     explicit Rows(std::size_t maxRows) : m_maxRows(maxRows) {}
 
-    /// Whether rows may have been left out.
-    bool isFull() const { return m_rows.size() >= m_maxRows; }
+    /// Whether rows were left out.
+    bool isCut() const { return m_isCut; }
 
-    /// Adds the row that says that the others are left out.
-    void end() {
-        m_rows.resize(std::min(m_rows.size(), m_maxRows));
-        if (!m_rows.empty())
-            m_rows.back().endsBlock = true;
-        m_maxRows = m_rows.size() + 1;
-        add(Paragraph{std::string(endOfPreview)});
-    }
-
-    /// Adds rows until it is full.
+    /// Adds the rows of `block` for which there is room.
     void add(const MarkdownBlock& block) {
         const auto first = m_rows.size();
         std::visit([this](const auto& alternative) { addRows(alternative); }, block);
+        if (first == m_rows.size())
+            return;
         m_rows[first].beginsBlock = true;
         m_rows.back().endsBlock = true;
+    }
+
+    /// Adds the row that says that others are left out.
+    void addEnd() {
+        m_maxRows = m_rows.size() + 1;
+        m_isCut = false;
+        add(Paragraph{std::string(endOfPreview)});
     }
 
     MarkdownRows take() { return std::move(m_rows); }
@@ -133,9 +132,10 @@ private:
     }
 
     void add(MarkdownRow row, std::vector<InlineRun> runs) {
-        if (isFull())
-            return;
         for (auto& piece : pieces(std::move(runs))) {
+            m_isCut = m_isCut || m_rows.size() >= m_maxRows;
+            if (m_isCut)
+                return;
             if (!m_rows.empty())
                 row.above = m_rows.back().kind;
             row.runs = std::move(piece);
@@ -145,6 +145,7 @@ private:
     }
 
     std::size_t m_maxRows;
+    bool m_isCut = false;
     MarkdownRows m_rows{};
 };
 
@@ -155,12 +156,12 @@ MarkdownRows markdownRows(std::string_view markdown, const MarkdownLimit& limit,
     const bool isTooLong = markdown.size() > limit.bytes;
     Rows rows(limit.rows);
     for (const auto& block : parseBlocks(isTooLong ? beginning(markdown, limit.bytes) : markdown)) {
-        if (rows.isFull() || stop.stop_requested())
+        if (rows.isCut() || stop.stop_requested())
             break;
         rows.add(block);
     }
-    if (isTooLong || rows.isFull())
-        rows.end();
+    if (isTooLong || rows.isCut())
+        rows.addEnd();
     return rows.take();
 }
 

@@ -37,9 +37,10 @@ using MarkdownRows = std::vector<MarkdownRow>;
 /// Rows that a document and work in the background share.
 using SharedMarkdownRows = std::shared_ptr<const MarkdownRows>;
 
-/// What a preview shows of a text; the rest would take too much memory. A row takes about half a kilobyte.
+/// What a preview shows of a text. A million rows take some 500 MB, and a text document needs up to 100 ms to
+/// tidy up so many.
 struct MarkdownLimit {
-    std::size_t bytes = 32'000'000; ///< of Markdown
+    std::size_t bytes = 24'000'000; ///< of Markdown
     std::size_t rows = 1'000'000;
 };
 
