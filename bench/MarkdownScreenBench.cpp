@@ -1,7 +1,8 @@
 /// Response times of the Markdown screen with a large text and its preview: from typing a letter at several
-/// positions until it is painted on both sides.
+/// positions until all of it is shown on both sides, and painted.
 
 #include "Desktop/Text/TextArea.h"
+#include "Desktop/Tools/Markdown/MarkdownBrowser.h"
 #include "Desktop/Tools/Screens.h"
 #include "MarkdownSample.h"
 #include "support/FakeServices.h"
@@ -23,6 +24,7 @@ struct MarkdownScreen {
     std::unique_ptr<QWidget> widget{markdownPreviewScreen(fakes.services)};
     ScreenDriver screen{*widget, {1100, 750}};
     TextArea& editor = screen.editor("Markdown");
+    MarkdownBrowser& preview = *dynamic_cast<MarkdownBrowser*>(widget->findChild<QTextBrowser*>());
 
     void show(const std::string& markdown) {
         editor.selectAll();
@@ -31,7 +33,10 @@ struct MarkdownScreen {
     }
 
     void paint() {
-        settle();
+        do {
+            fakes.background.runAll();
+            settle();
+        } while (!preview.isUpToDate());
         widget->grab();
     }
 

@@ -6,6 +6,7 @@
 #include "Desktop/Tools/Hash/ElidedField.h"
 #include "Desktop/Tools/Markdown/MarkdownBrowser.h"
 #include "support/ContextMenus.h"
+#include "support/FakeServices.h"
 
 #include <gtest/gtest.h>
 
@@ -102,8 +103,9 @@ TEST(ContextMenuTest, AnElidedFieldCopiesItsWholeText) {
 }
 
 TEST(ContextMenuTest, APreviewCopiesItsWholeTextAndItsLinks) {
-    std::string markdown;
-    MarkdownBrowser browser([&]() -> const std::string& { return markdown; });
+    Rope markdown;
+    FakeBackground background;
+    MarkdownBrowser browser([&]() -> const Rope& { return markdown; }, background);
     browser.show();
     expectDisabledMenu(browser);
     markdown = "two [words](https://example.org/)";

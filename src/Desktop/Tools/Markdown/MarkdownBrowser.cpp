@@ -1,15 +1,14 @@
 #include "Desktop/Tools/Markdown/MarkdownBrowser.h"
 #include "Desktop/Tools/Markdown/MarkdownDocument.h"
+#include "Desktop/Tools/Markdown/MarkdownPainting.h"
 
 #include "Desktop/Access/ContextMenu.h"
 #include "Desktop/Binding/Store.h"
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Layout/OverlayScrollBar.h"
 #include "Desktop/Layout/Panel.h"
-#include "Desktop/Look/Theme.h"
 #include "Desktop/Text/TextZoom.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QEvent>
@@ -18,101 +17,55 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QTextLayout>
 #include <QToolTip>
 
 #include <algorithm>
+#include <cstddef>
+#include <memory>
 #include <utility>
 
 namespace korvane {
 
-using Theme::Role;
-using Theme::Size;
-
 namespace {
 
-// Sizes are in pixels at a 13-pixel body text.
-constexpr int proseMarkerGap = 8;
-constexpr int proseQuoteBar = 3;
-constexpr int proseChipHeight = 18;
+/// A text of this size is parsed in a few milliseconds.
+constexpr std::size_t maxBytesAtOnce = std::size_t{64} << 10;
 
-using Kind = MarkdownRow::Kind;
+/// Inserting this much takes about five milliseconds.
+constexpr std::size_t budgetOfPart = 40'000;
 
-/// Fills `area`, a part of a rounded rectangle that continues above or below where it is not rounded.
-void fillRounded(QPainter& painter, const QRectF& area, bool roundsTop, bool roundsBottom) {
-    const auto radius = Theme::px(Size::radiusMedium);
-    painter.save();
-    painter.setClipRect(area, Qt::IntersectClip);
-    painter.drawRoundedRect(area.adjusted(0, roundsTop ? 0 : -radius, 0, roundsBottom ? 0 : radius), radius,
-                            radius);
-    painter.restore();
-}
+/// Laying out so many characters takes a few milliseconds.
+constexpr int budgetOfMeasuring = 10'000;
 
-/// Paints a list marker beside the first line of `block`, with its right end at `right`.
-void paintMarker(QPainter& painter, const QTextBlock& block, QPointF origin, const QString& marker,
-                 qreal right) {
-    const auto line = block.layout()->lineAt(0);
-    const auto font = TextZoom::font(Theme::TextStyle::document);
-    const auto baseline = origin.y() + line.y() + line.ascent();
-    painter.setFont(font);
-    painter.setPen(Theme::color(Role::secondary));
-    painter.drawText(QPointF(right - QFontMetricsF(font).horizontalAdvance(marker), baseline), marker);
-}
+/// The rows of a longer document are measured when they are near the visible ones. Until then its height is
+/// an estimate.
+constexpr int maxMeasuredCharacters = 200'000;
 
-/// Paints the background of inline code behind the characters of `block` from `start` to `end`, on each line.
-void paintChip(QPainter& painter, const QTextBlock& block, QPointF origin, int start, int end) {
-    const auto padding = Theme::px(proseChipPadding);
-    const auto height = TextZoom::px(proseChipHeight);
-    const auto& layout = *block.layout();
-    for (int i = 0; i < layout.lineCount(); ++i) {
-        const auto line = layout.lineAt(i);
-        const auto from = std::max(start, line.textStart());
-        const auto to = std::min(end, line.textStart() + line.textLength());
-        if (from >= to)
-            continue;
-        // The space after the last character is already part of it.
-        const auto left = line.cursorToX(from) - (from == start ? padding : 0);
-        const auto right = line.cursorToX(to);
-        const auto pitch = block.blockFormat().lineHeight();
-        const auto top = i * pitch + (pitch - height) / 2;
-        painter.drawRoundedRect(QRectF(origin + QPointF(left, top), QSizeF(right - left, height)),
-                                Theme::px(Size::radiusBadge), Theme::px(Size::radiusBadge));
-    }
-}
-
-void paintChips(QPainter& painter, const QTextBlock& block, QPointF origin) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Theme::color(Role::controlFill));
-    int start = -1;
-    int end = -1;
-    for (auto it = block.begin(); !it.atEnd(); ++it) {
-        const auto fragment = it.fragment();
-        if (!isInlineCode(fragment.charFormat()))
-            continue;
-        const auto from = fragment.position() - block.position();
-        if (from != end) {
-            paintChip(painter, block, origin, start, end);
-            start = from;
-        }
-        end = from + fragment.length();
-    }
-    paintChip(painter, block, origin, start, end);
+/// The rows of `text`. They are destroyed in the background, which takes long for many.
+SharedMarkdownRows sharedRows(const Rope& text, Background& background, const std::stop_token& stop) {
+    auto rows = std::make_unique<MarkdownRows>(markdownRows(text.string(), {}, stop));
+    return {rows.release(), [&background](const MarkdownRows* owned) {
+                background.run([rows = std::shared_ptr<const MarkdownRows>(owned)] {}, [] {});
+            }};
 }
 
 } // namespace
 
-MarkdownBrowser::MarkdownBrowser(std::function<const std::string&()> markdown)
-    : m_markdown(std::move(markdown)), m_document(new MarkdownDocument(this)) {
+MarkdownBrowser::MarkdownBrowser(std::function<const Rope&()> markdown, Background& background)
+    : m_markdown(std::move(markdown)), m_background(background), m_document(new MarkdownDocument(this)) {
     setDocument(m_document);
     setFrameShape(NoFrame);
     setOpenLinks(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     viewport()->setAutoFillBackground(false);
-    TextZoom::follow(this, [this] { m_document->applyTheme(); });
+    m_nextPart.setSingleShot(true);
+    connect(&m_nextPart, &QTimer::timeout, this, &MarkdownBrowser::showPart);
+    TextZoom::follow(this, [this] { applyTheme(); });
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& target) {
         if (onLink)
             onLink(utf8String(target.toString(QUrl::FullyEncoded)));
@@ -123,7 +76,108 @@ void MarkdownBrowser::refresh() {
     if (!isVisible() || m_markdown() == m_shown)
         return;
     m_shown = m_markdown();
-    m_document->show(m_shown);
+    if (m_shown.size() <= maxBytesAtOnce) {
+        m_parsing.reset();
+        const auto rows = std::make_shared<const MarkdownRows>(markdownRows(m_shown.string()));
+        begin(changeOfRows(m_document->rows(), rows));
+    } else if (!m_parsing) {
+        parse();
+    }
+}
+
+bool MarkdownBrowser::isUpToDate() const {
+    return m_markdown() == m_shown && !m_parsing && m_document->isFilled();
+}
+
+/// A newer text waits for the running work, so that the view makes progress while someone types.
+void MarkdownBrowser::parse() {
+    const auto& task = m_parsing.emplace();
+    const auto change = std::make_shared<MarkdownChange>();
+    m_background.run(
+        [text = m_shown, before = m_document->rows(), &background = m_background, stop = task.stopToken(),
+         change] { *change = changeOfRows(before, sharedRows(text, background, stop)); },
+        [browser = QPointer(this), identity = BackgroundTask::Identity(task), text = m_shown, change] {
+            if (browser && identity.matches(browser->m_parsing))
+                browser->finishParsing(text, std::move(*change));
+        });
+}
+
+void MarkdownBrowser::finishParsing(const Rope& text, MarkdownChange change) {
+    m_parsing.reset();
+    begin(std::move(change));
+    if (m_shown != text)
+        parse();
+}
+
+void MarkdownBrowser::begin(MarkdownChange change) {
+    m_document->lead(std::move(change));
+    showPart();
+}
+
+/// Replaces some of the rows that are outdated, and then measures some of those that are not visible. Waits
+/// while the view is hidden.
+void MarkdownBrowser::showPart() {
+    if (!isVisible())
+        return;
+    bool hasMore = true;
+    if (!m_document->isFilled())
+        keepingPlace([this](int visible) { return m_document->fill(budgetOfPart, visible); });
+    else
+        keepingPlace([this, &hasMore](int) {
+            hasMore = m_document->characterCount() <= maxMeasuredCharacters &&
+                      m_document->layout().measureSome(budgetOfMeasuring);
+            return MarkdownDocument::Step();
+        });
+    if (hasMore)
+        m_nextPart.start(0);
+}
+
+/// Calls `change` with the number of the first visible block; it returns the rows that it replaced. Then
+/// scrolls to the block that was the first, and lays out what is visible or close to it.
+template <typename Change>
+void MarkdownBrowser::keepingPlace(Change change) {
+    auto& layout = m_document->layout();
+    const auto value = verticalScrollBar()->value();
+    const auto block = layout.blockAt(value);
+    const auto inBlock = value - layout.startOf(block);
+    const auto number = block.blockNumber();
+    const MarkdownDocument::Step step = change(number);
+    const bool isAfter = static_cast<std::size_t>(number) >= step.first + step.removed;
+    const auto moved = isAfter ? static_cast<int>(step.inserted) - static_cast<int>(step.removed) : 0;
+    const auto top = m_document->findBlockByNumber(std::min(number + moved, m_document->blockCount() - 1));
+
+    const auto height = viewport()->height();
+    const auto place = [&] { return layout.startOf(top) + inBlock; };
+    layout.layOutBetween(place(), place() + 2 * height);
+    layout.layOutBetween(std::max(place() - height, 0.0), place());
+    layout.reportSize();
+    if (value > 0)
+        verticalScrollBar()->setValue(static_cast<int>(place()));
+}
+
+void MarkdownBrowser::layOutVisible() {
+    if (m_isLayingOut)
+        return;
+    m_isLayingOut = true;
+    m_document->layout().freeLines();
+    keepingPlace([](int) { return MarkdownDocument::Step(); });
+    m_isLayingOut = false;
+}
+
+void MarkdownBrowser::applyTheme() {
+    m_document->applyTheme();
+    showPart();
+}
+
+void MarkdownBrowser::scrollContentsBy(int dx, int dy) {
+    QTextBrowser::scrollContentsBy(dx, dy);
+    layOutVisible();
+}
+
+void MarkdownBrowser::resizeEvent(QResizeEvent* event) {
+    QTextBrowser::resizeEvent(event);
+    layOutVisible();
+    m_nextPart.start(0);
 }
 
 QVariant MarkdownBrowser::loadResource(int, const QUrl&) {
@@ -149,12 +203,14 @@ void MarkdownBrowser::mouseReleaseEvent(QMouseEvent* event) {
 void MarkdownBrowser::changeEvent(QEvent* event) {
     QTextBrowser::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
-        m_document->applyTheme();
+        applyTheme();
 }
 
 void MarkdownBrowser::showEvent(QShowEvent* event) {
     QTextBrowser::showEvent(event);
+    layOutVisible();
     refresh();
+    showPart();
 }
 
 void MarkdownBrowser::paintEvent(QPaintEvent* event) {
@@ -162,63 +218,19 @@ void MarkdownBrowser::paintEvent(QPaintEvent* event) {
         QPainter painter(viewport());
         painter.setRenderHint(QPainter::Antialiasing);
         painter.translate(0, -verticalScrollBar()->value());
-        const auto& layout = *m_document->documentLayout();
+        const auto& layout = m_document->layout();
         const auto exposed = QRectF(event->rect()).translated(0, verticalScrollBar()->value());
-        auto block = m_document->findBlock(std::max(layout.hitTest({0, exposed.top()}, Qt::FuzzyHit), 0));
+        auto block = layout.blockAt(exposed.top());
         if (block.previous().isValid())
-            block = block.previous(); // its box may extend to where the next block's text is nearer
+            block = block.previous(); // its box extends into the space of the next block
         for (; block.isValid(); block = block.next()) {
             const auto* row = m_document->row(block.blockNumber());
-            if (!row || band(block, *row).top() > exposed.bottom())
+            if (!row || layout.startOf(block) > exposed.bottom())
                 break;
-            paintBehind(painter, block, *row);
+            paintMarkdownRow(painter, block, *row, viewport()->width());
         }
     }
     QTextBrowser::paintEvent(event);
-}
-
-/// The area of a row across the view: its lines, and its part of a box.
-QRectF MarkdownBrowser::band(const QTextBlock& block, const MarkdownRow& row) const {
-    const auto top = m_document->documentLayout()->blockBoundingRect(block).top();
-    const auto format = block.blockFormat();
-    const auto padding = row.beginsBlock ? MarkdownDocument::boxPadding(row.kind) : 0;
-    const auto margin = m_document->documentMargin();
-    return {QPointF(margin, top - padding),
-            QPointF(viewport()->width() - margin,
-                    top + block.layout()->lineCount() * format.lineHeight() + format.bottomMargin())};
-}
-
-void MarkdownBrowser::paintBehind(QPainter& painter, const QTextBlock& block, const MarkdownRow& row) const {
-    const auto origin = m_document->documentLayout()->blockBoundingRect(block).topLeft();
-    const auto area = band(block, row);
-    const auto textLeft = area.left() + block.blockFormat().leftMargin();
-    painter.setPen(Qt::NoPen);
-    switch (row.kind) {
-    case Kind::language:
-    case Kind::code:
-        painter.setBrush(Theme::color(Role::controlFill));
-        fillRounded(painter, area, row.beginsBlock, row.endsBlock);
-        return;
-    case Kind::quote:
-        painter.fillRect(QRectF(area.left(), area.top(), Theme::px(proseQuoteBar), area.height()),
-                         Theme::color(Role::outlineStrong));
-        break;
-    case Kind::rule:
-        painter.fillRect(QRectF(area.left(), area.top(), area.width(), 1), Theme::color(Role::divider));
-        return;
-    case Kind::unorderedItem:
-    case Kind::orderedItem:
-        if (!row.continuesText) {
-            const auto marker =
-                row.kind == Kind::orderedItem ? QString::number(row.number) + u'.' : QStringLiteral("•");
-            paintMarker(painter, block, origin, marker, textLeft - Theme::px(proseMarkerGap));
-        }
-        break;
-    case Kind::header:
-    case Kind::paragraph:
-        break;
-    }
-    paintChips(painter, block, origin);
 }
 
 void MarkdownBrowser::wheelEvent(QWheelEvent* event) {
@@ -260,9 +272,9 @@ void MarkdownBrowser::contextMenuEvent(QContextMenuEvent* event) {
     showContextMenu(*this, event->globalPos(), commands);
 }
 
-QWidget* markdownPane(Store& store, const Reader<const std::string&>& markdown,
+QWidget* markdownPane(Store& store, const Reader<const Rope&>& markdown,
                       const Action<std::string>& openLink) {
-    auto* browser = new MarkdownBrowser(markdown.of(store));
+    auto* browser = new MarkdownBrowser(markdown.of(store), store.services().background);
     browser->onLink = openLink.on(store);
     store.onRefresh([browser] { browser->refresh(); });
     auto* panel = new Panel(browser);

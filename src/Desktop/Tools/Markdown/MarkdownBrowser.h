@@ -5,25 +5,32 @@
 #include "Desktop/Binding/Action.h"
 #include "Desktop/Binding/Reader.h"
 #include "Desktop/Tools/Markdown/MarkdownDocument.h"
+#include "Utilities/Text/Rope.h"
+#include "Views/Background.h"
 
 #include <QTextBrowser>
+#include <QTimer>
 
 #include <functional>
+#include <optional>
 #include <string>
-
-class QTextBlock;
 
 namespace korvane {
 
 class MarkdownBrowser final : public QTextBrowser {
 public:
     /// `markdown` is read at every refresh, but only while the view is visible.
-    explicit MarkdownBrowser(std::function<const std::string&()> markdown);
+    /// A large text is parsed in `background`.
+    MarkdownBrowser(std::function<const Rope&()> markdown, Background& background);
 
     /// Called with the target of a link that was clicked or activated by keyboard.
     std::function<void(std::string)> onLink{};
 
+    /// Shows the present text: a small one at once, a large one later and part by part.
     void refresh();
+
+    /// Whether all of the present text is shown.
+    bool isUpToDate() const;
 
     const MarkdownDocument& content() const { return *m_document; }
 
@@ -36,6 +43,8 @@ protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -47,16 +56,26 @@ private:
     /// Copies the selection to the clipboard, or else the whole text.
     void copyText() const;
 
-    void paintBehind(QPainter& painter, const QTextBlock& block, const MarkdownRow& row) const;
-    QRectF band(const QTextBlock& block, const MarkdownRow& row) const;
+    void parse();
+    void finishParsing(const Rope& text, MarkdownChange change);
+    void begin(MarkdownChange change);
+    void showPart();
+    void applyTheme();
+    void layOutVisible();
 
-    std::function<const std::string&()> m_markdown;
-    std::string m_shown{}; // the Markdown that the document shows
+    template <typename Change>
+    void keepingPlace(Change change);
+
+    std::function<const Rope&()> m_markdown;
+    Background& m_background;
+    Rope m_shown{}; // the latest text that was read; shown, being parsed, or waiting for that
+    std::optional<BackgroundTask> m_parsing{};
     MarkdownDocument* m_document;
+    QTimer m_nextPart{}; // of the work that remains after a change
+    bool m_isLayingOut = false;
 };
 
 /// A `MarkdownBrowser` in a panel.
-QWidget* markdownPane(Store& store, const Reader<const std::string&>& markdown,
-                      const Action<std::string>& openLink);
+QWidget* markdownPane(Store& store, const Reader<const Rope&>& markdown, const Action<std::string>& openLink);
 
 } // namespace korvane

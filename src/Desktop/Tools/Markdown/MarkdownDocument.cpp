@@ -1,221 +1,28 @@
 #include "Desktop/Tools/Markdown/MarkdownDocument.h"
 
-#include "Desktop/Binding/Strings.h"
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Text/TextZoom.h"
 
 #include <QFontMetricsF>
 #include <QTextBlock>
 #include <QTextCursor>
-#include <QTextFrame>
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
 #include <utility>
 
 namespace korvane {
 
-using Theme::Role;
 using Theme::Size;
 using Theme::TextStyle;
 
 namespace {
 
-// Sizes are in pixels at a 13-pixel body text.
+/// In pixels at a 13-pixel body text.
 constexpr int prosePadding = 16;
-constexpr int proseGap = 10;
-constexpr int proseItemGap = 4;
-constexpr int proseHeader2Gap = 18;
-constexpr int proseHeader3Gap = 16;
-constexpr int proseBullet = 18;
-constexpr int proseNumber = 22;
-constexpr int proseLanguageGap = 4;
-constexpr int proseQuoteInset = 15;
-constexpr int proseQuotePadding = 2;
-
-using Kind = MarkdownRow::Kind;
-
-constexpr int inlineCodeProperty = QTextFormat::UserProperty;
 
 /// The margin around all rows, from the panel's edge, whose outline is outside the document.
 constexpr int margin = prosePadding - Size::panelOutline;
-
-struct Common {
-    std::size_t prefix;
-    std::size_t suffix;
-};
-
-/// The numbers of equal elements at the beginning and at the end of both.
-template <typename T>
-Common common(const std::vector<T>& a, const std::vector<T>& b) {
-    const auto prefix = std::ranges::mismatch(a, b).in1 - a.begin();
-    const auto shorter = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
-    const auto suffix =
-        std::mismatch(a.rbegin(), a.rbegin() + (shorter - prefix), b.rbegin()).first - a.rbegin();
-    return {static_cast<std::size_t>(prefix), static_cast<std::size_t>(suffix)};
-}
-
-TextStyle headerStyle(int level) {
-    return static_cast<TextStyle>(static_cast<int>(TextStyle::header1) + level - 1);
-}
-
-TextStyle textStyle(const MarkdownRow& row) {
-    switch (row.kind) {
-    case Kind::header:
-        return headerStyle(row.number);
-    case Kind::language:
-        return TextStyle::caption;
-    case Kind::code:
-        return TextStyle::codeSmall;
-    case Kind::paragraph:
-    case Kind::quote:
-    case Kind::unorderedItem:
-    case Kind::orderedItem:
-    case Kind::rule:
-        break;
-    }
-    return TextStyle::document;
-}
-
-int unscaledBoxPadding(Kind kind) {
-    switch (kind) {
-    case Kind::language:
-    case Kind::code:
-        return proseCodePadding;
-    case Kind::quote:
-        return proseQuotePadding;
-    case Kind::header:
-    case Kind::paragraph:
-    case Kind::unorderedItem:
-    case Kind::orderedItem:
-    case Kind::rule:
-        break;
-    }
-    return 0;
-}
-
-/// The distance between a block and the one above it.
-int blockGap(const MarkdownRow& row) {
-    if (row.kind != Kind::header || row.number == 1)
-        return proseGap;
-    return row.number == 2 ? proseHeader2Gap : proseHeader3Gap;
-}
-
-/// The distance from the text of the row above to that of this row. (The first block of a document has none.)
-int topMargin(const MarkdownRow& row) {
-    if (!row.above || row.continuesText)
-        return 0;
-    if (row.beginsBlock)
-        return unscaledBoxPadding(*row.above) + blockGap(row) + unscaledBoxPadding(row.kind);
-    if (row.above == Kind::language)
-        return proseLanguageGap;
-    return row.kind == Kind::unorderedItem || row.kind == Kind::orderedItem ? proseItemGap : 0;
-}
-
-/// The distance from the text to the end of the row. (Qt applies the larger of it and the next row's top
-/// margin.)
-int bottomMargin(const MarkdownRow& row) {
-    if (row.endsBlock)
-        return unscaledBoxPadding(row.kind);
-    return row.kind == Kind::language ? proseLanguageGap : 0;
-}
-
-/// The width of an item's number, for as many digits as the highest number of its list has.
-int numberIndent(const MarkdownRow& row) {
-    const auto widthOfDigit = QFontMetricsF(TextZoom::font(TextStyle::document)).horizontalAdvance(u'0');
-    return TextZoom::px(proseNumber) + static_cast<int>((row.digits - 1) * widthOfDigit);
-}
-
-int leftMargin(const MarkdownRow& row) {
-    switch (row.kind) {
-    case Kind::language:
-    case Kind::code:
-        return Theme::px(proseCodePadding);
-    case Kind::quote:
-        return Theme::px(proseQuoteInset);
-    case Kind::unorderedItem:
-        return TextZoom::px(proseBullet);
-    case Kind::orderedItem:
-        return numberIndent(row);
-    case Kind::header:
-    case Kind::paragraph:
-    case Kind::rule:
-        break;
-    }
-    return 0;
-}
-
-QTextBlockFormat blockFormat(const MarkdownRow& row) {
-    QTextBlockFormat format;
-    format.setTopMargin(TextZoom::px(topMargin(row)));
-    format.setBottomMargin(TextZoom::px(bottomMargin(row)));
-    format.setLeftMargin(leftMargin(row));
-    if (row.kind == Kind::language || row.kind == Kind::code)
-        format.setRightMargin(Theme::px(proseCodePadding));
-    format.setLineHeight(row.kind == Kind::rule ? 1 : TextZoom::lineHeight(textStyle(row)),
-                         QTextBlockFormat::FixedHeight);
-    if (!row.runs.empty() && row.runs.front().isCode)
-        format.setTextIndent(Theme::px(proseChipPadding));
-    return format;
-}
-
-QTextCharFormat charFormat(const MarkdownRow& row) {
-    QTextCharFormat format;
-    format.setFont(TextZoom::font(textStyle(row)));
-    const bool isSecondary = row.kind == Kind::quote || row.kind == Kind::language;
-    format.setForeground(Theme::color(isSecondary ? Role::secondary : Role::primary));
-    return format;
-}
-
-QTextCharFormat charFormat(const QTextCharFormat& row, const InlineRun& run) {
-    auto format = row;
-    if (run.isCode) {
-        format.setFont(TextZoom::font(TextStyle::codeSmall));
-        format.setProperty(inlineCodeProperty, true);
-    }
-    if (run.isBold)
-        format.setFontWeight(QFont::Bold);
-    format.setFontItalic(run.isItalic);
-    format.setFontStrikeOut(run.isStruck);
-    if (!run.target.empty()) {
-        format.setAnchor(true);
-        format.setAnchorHref(qString(run.target));
-        format.setForeground(Theme::textTone(PaletteColor::blue));
-        format.setFontUnderline(true);
-    }
-    return format;
-}
-
-/// The text of a run, without the characters that QTextDocument reserves.
-QString textOf(const InlineRun& run) {
-    auto text = qString(run.text);
-    for (const char16_t reserved : {u'\uFDD0', u'\uFDD1', u'\uFFFC'})
-        text.replace(QChar(reserved), QChar(QChar::ReplacementCharacter));
-    return text;
-}
-
-/// Inserts `text` with `gap` additional space after its last character.
-void insertSpaced(QTextCursor& cursor, QString text, QTextCharFormat format, int gap) {
-    const bool isSimple = !text.isEmpty() && text.back() < QChar(0x300);
-    if (isSimple && gap > 0) {
-        cursor.insertText(text.chopped(1), format);
-        text = text.back();
-        format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
-        format.setFontLetterSpacing(gap);
-    }
-    cursor.insertText(text, format);
-}
-
-void insertRuns(QTextCursor& cursor, const MarkdownRow& row, const QTextCharFormat& rowFormat) {
-    for (std::size_t run = 0; run < row.runs.size(); ++run) {
-        // The background of inline code extends beyond its text.
-        const bool beginsChip = run + 1 < row.runs.size() && row.runs[run + 1].isCode;
-        const bool hasGap = row.runs[run].isCode || beginsChip;
-        insertSpaced(cursor, textOf(row.runs[run]), charFormat(rowFormat, row.runs[run]),
-                     hasGap ? Theme::px(proseChipPadding) : 0);
-    }
-}
 
 /// A block inserted at the start of a document becomes the second one and takes over the text of the first.
 /// Restores the format of that text, and moves to the first block, which is now empty and gets the new
@@ -228,81 +35,202 @@ void swapWithBlockBefore(QTextCursor& cursor) {
     const auto charFormatBefore = before.charFormat();
     cursor.setBlockFormat(formatBefore);
     cursor.setBlockCharFormat(charFormatBefore);
-    cursor.movePosition(QTextCursor::PreviousBlock);
+    cursor.setPosition(before.position());
     cursor.setBlockFormat(format);
     cursor.setBlockCharFormat(charFormat);
 }
 
+/// The time to insert `row`, in that of a byte of text.
+std::size_t costOf(const MarkdownRow& row) {
+    constexpr std::size_t rowCost = 100;
+    constexpr std::size_t runCost = 100;
+    auto cost = rowCost;
+    for (const auto& run : row.runs)
+        cost += run.text.size() + runCost;
+    return cost;
+}
+
+void spend(std::size_t& budget, std::size_t cost) {
+    budget -= std::min(budget, cost);
+}
+
 } // namespace
 
-QFont headerFont(int level) {
-    return TextZoom::font(headerStyle(level));
-}
-
-bool isInlineCode(const QTextCharFormat& format) {
-    return format.boolProperty(inlineCodeProperty);
-}
-
-MarkdownDocument::MarkdownDocument(QObject* parent) : QTextDocument(parent) {
+MarkdownDocument::MarkdownDocument(QObject* parent)
+    : QTextDocument(parent), m_layout(new MarkdownLayout(this)) {
     setUndoRedoEnabled(false);
+    setDocumentLayout(m_layout);
+    QTextBlockFormat format;
+    format.setLineHeight(1, QTextBlockFormat::FixedHeight);
+    QTextCursor(this).setBlockFormat(format);
     applyTheme();
 }
 
 void MarkdownDocument::applyTheme() {
-    const auto font = TextZoom::font(TextStyle::document);
-    setDefaultFont(font);
-    setDocumentMargin(Theme::px(margin));
+    setDefaultFont(TextZoom::font(TextStyle::document));
+    m_layout->setMargin(Theme::px(margin));
     constexpr int spacesInTab = 4;
     auto option = defaultTextOption();
     option.setTabStopDistance(spacesInTab *
                               QFontMetricsF(TextZoom::font(TextStyle::codeSmall)).horizontalAdvance(u' '));
     setDefaultTextOption(option);
-
-    auto rows = std::exchange(m_rows, {});
-    clear();
-    QTextBlockFormat format;
-    format.setLineHeight(1, QTextBlockFormat::FixedHeight);
-    QTextCursor(this).setBlockFormat(format);
-    showRows(std::move(rows));
-}
-
-int MarkdownDocument::boxPadding(Kind kind) {
-    return TextZoom::px(unscaledBoxPadding(kind));
+    for (auto& part : m_parts)
+        part.isCurrent = false;
+    fitTop();
 }
 
 const MarkdownRow* MarkdownDocument::row(int blockNumber) const {
-    const auto index = static_cast<std::size_t>(blockNumber);
-    return index < m_rows.size() ? &m_rows[index] : nullptr;
+    auto index = static_cast<std::size_t>(blockNumber);
+    for (const auto& part : m_parts) {
+        if (index < part.size())
+            return &(*part.rows)[part.from + index];
+        index -= part.size();
+    }
+    return nullptr;
 }
 
 void MarkdownDocument::show(std::string_view markdown) {
-    showRows(markdownRows(markdown));
+    lead(changeOfRows(m_rows, std::make_shared<const MarkdownRows>(markdownRows(markdown))));
+    while (!isFilled())
+        fill(everything);
 }
 
-void MarkdownDocument::showRows(std::vector<MarkdownRow> rows) {
-    const auto same = common(m_rows, rows);
-    const auto added = std::span(rows).subspan(same.prefix, rows.size() - same.prefix - same.suffix);
-    const auto oldEnd = m_rows.size() - same.suffix;
-    if (same.prefix < oldEnd || !added.empty()) {
+void MarkdownDocument::lead(MarkdownChange change) {
+    const auto size = m_rows->size();
+    const auto newSize = change.rows->size();
+    std::vector<Part> parts;
+    for (const auto& part : m_parts) {
+        if (!part.isCurrent) {
+            append(parts, part);
+            continue;
+        }
+        const auto changed = std::clamp(change.samePrefix, part.from, part.to);
+        const auto same = std::clamp(size - change.sameSuffix, changed, part.to);
+        append(parts, {change.rows, part.from, changed, true});
+        append(parts, {m_rows, changed, same, false});
+        append(parts, {change.rows, same + newSize - size, part.to + newSize - size, true});
+    }
+    m_parts = std::move(parts);
+    m_rows = std::move(change.rows);
+}
+
+void MarkdownDocument::append(std::vector<Part>& parts, Part part) {
+    if (part.from == part.to)
+        return;
+    if (!parts.empty() && parts.back().rows == part.rows && parts.back().to == part.from &&
+        parts.back().isCurrent == part.isCurrent)
+        parts.back().to = part.to;
+    else
+        parts.push_back(std::move(part));
+}
+
+bool MarkdownDocument::isFilled() const {
+    const auto isCurrent = [](const Part& part) { return part.isCurrent; };
+    return std::ranges::all_of(m_parts, isCurrent) &&
+           static_cast<std::size_t>(blockCount()) == m_rows->size() + 1;
+}
+
+/// The number of rows from `from`, before `to`, that `budget` allows, which it is reduced by. They replace
+/// the blocks from `block` on, `outdated` at most.
+std::size_t MarkdownDocument::affordable(std::size_t from, std::size_t to, std::size_t block,
+                                         std::size_t outdated, std::size_t& budget) const {
+    std::size_t count = 0;
+    for (; from + count < to && budget > 0; ++count) {
+        spend(budget, costOf((*m_rows)[from + count]));
+        if (count < outdated)
+            spend(budget, removalCost(block + count));
+    }
+    return count;
+}
+
+std::size_t MarkdownDocument::removalCost(std::size_t block) const {
+    return costOf(*row(static_cast<int>(block))) / 2;
+}
+
+/// As many rows are removed as are inserted, so that what follows keeps its place, and the others when none
+/// is left to insert.
+MarkdownDocument::Replacement MarkdownDocument::fromTop(std::size_t budget) const {
+    Replacement result;
+    auto part = m_parts.begin();
+    for (; part != m_parts.end() && part->isCurrent && part->from == result.from; ++part)
+        result.from = part->to;
+    std::size_t outdated = 0;
+    for (; part != m_parts.end() && !part->isCurrent; ++part)
+        outdated += part->size();
+
+    const auto end = part == m_parts.end() ? m_rows->size() : part->from;
+    auto& step = result.step;
+    step.first = result.from;
+    step.inserted = affordable(result.from, end, step.first, outdated, budget);
+    step.removed = std::min(step.inserted, outdated);
+    if (result.from + step.inserted == end) {
+        for (; step.removed < outdated && budget > 0; ++step.removed)
+            spend(budget, removalCost(step.first + step.removed));
+    }
+    return result;
+}
+
+/// From `block`, if its part is outdated only by the theme.
+std::optional<MarkdownDocument::Replacement> MarkdownDocument::inNewTheme(std::size_t budget,
+                                                                          std::size_t block) const {
+    std::size_t first = 0;
+    std::size_t before = 0; // where the current rows above end
+    auto part = m_parts.begin();
+    for (; part != m_parts.end() && first + part->size() <= block; ++part) {
+        first += part->size();
+        before = part->isCurrent ? part->to : before;
+    }
+    if (part == m_parts.end() || part->isCurrent || part->rows != m_rows)
+        return std::nullopt;
+    const auto from = part->from + (block - first);
+    if (from < before)
+        return std::nullopt;
+    const auto count = affordable(from, part->to, block, part->to - from, budget);
+    return Replacement{{.first = block, .removed = count, .inserted = count}, from};
+}
+
+MarkdownDocument::Step MarkdownDocument::fill(std::size_t budget, int visible) {
+    const auto inTheme = inNewTheme(budget, static_cast<std::size_t>(visible));
+    const auto replacement = inTheme ? *inTheme : fromTop(budget);
+    const auto& step = replacement.step;
+    if (step.removed > 0 || step.inserted > 0) {
         QTextCursor edit(this);
         edit.beginEditBlock();
-        remove(same.prefix, oldEnd);
-        insert(same.prefix, added);
+        remove(step.first, step.first + step.removed);
+        insert(step.first, std::span(*m_rows).subspan(replacement.from, step.inserted));
+        replaceParts(replacement);
         edit.endEditBlock();
     }
-    m_rows = std::move(rows);
     fitTop();
-    Q_ASSERT(static_cast<std::size_t>(blockCount()) == m_rows.size() + 1);
+    return step;
+}
+
+void MarkdownDocument::replaceParts(const Replacement& replacement) {
+    const auto& step = replacement.step;
+    const auto last = step.first + step.removed;
+    std::vector<Part> parts;
+    std::size_t first = 0; // the number of the first block of a part
+    const auto addBetween = [&](std::size_t from, std::size_t to) {
+        first = 0;
+        for (auto part : m_parts) {
+            const auto size = part.size();
+            part.to = part.from + std::clamp(to, first, first + size) - first;
+            part.from += std::clamp(from, first, first + size) - first;
+            if (part.from < part.to)
+                append(parts, part);
+            first += size;
+        }
+    };
+    addBetween(0, step.first);
+    append(parts, {m_rows, replacement.from, replacement.from + step.inserted, true});
+    addBetween(last, everything);
+    m_parts = std::move(parts);
 }
 
 /// Adapts the top margin to the box of the first row, if any.
 void MarkdownDocument::fitTop() {
-    const auto top = documentMargin() + (m_rows.empty() ? 0 : boxPadding(m_rows.front().kind));
-    auto format = rootFrame()->frameFormat();
-    if (format.topMargin() == top)
-        return;
-    format.setTopMargin(top);
-    rootFrame()->setFrameFormat(format);
+    const auto* first = row(0);
+    m_layout->setTop(static_cast<int>(documentMargin()) + (first ? boxPadding(first->kind) : 0));
 }
 
 void MarkdownDocument::remove(std::size_t first, std::size_t last) {
@@ -319,16 +247,16 @@ void MarkdownDocument::remove(std::size_t first, std::size_t last) {
 void MarkdownDocument::insert(std::size_t first, std::span<const MarkdownRow> rows) {
     QTextCursor cursor(this);
     if (first > 0) {
-        cursor.setPosition(findBlockByNumber(static_cast<int>(first) - 1).position());
-        cursor.movePosition(QTextCursor::EndOfBlock);
+        const auto before = findBlockByNumber(static_cast<int>(first) - 1);
+        cursor.setPosition(before.position() + before.length() - 1); // moving by blocks would lay it out
     }
     bool isBeforeAll = first == 0;
     for (const auto& row : rows) {
-        const auto format = charFormat(row);
-        cursor.insertBlock(blockFormat(row), format);
+        const auto format = MarkdownFormat::charFormat(row);
+        cursor.insertBlock(MarkdownFormat::blockFormat(row), format);
         if (std::exchange(isBeforeAll, false))
             swapWithBlockBefore(cursor);
-        insertRuns(cursor, row, format);
+        MarkdownFormat::insertRuns(cursor, row, format);
     }
     m_writtenRows += rows.size();
 }

@@ -14,6 +14,8 @@
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/MarkdownPreviewView.h"
 
+#include <memory>
+
 namespace korvane {
 
 namespace {
@@ -32,8 +34,13 @@ QWidget* editorPane(Store& store) {
 }
 
 QWidget* previewSection(Store& store) {
-    return section(store, "Preview", "",
-                   markdownPane(store, &MarkdownPreviewView::markdownText, &MarkdownPreviewView::openLink));
+    const auto markdown = [shown =
+                               std::make_shared<Rope>()](const MarkdownPreviewView& state) -> const Rope& {
+        if (*shown != state.markdownText)
+            *shown = Rope(state.markdownText);
+        return *shown;
+    };
+    return section(store, "Preview", "", markdownPane(store, markdown, &MarkdownPreviewView::openLink));
 }
 
 QWidget* htmlOutputSection(Store& store) {

@@ -2,6 +2,8 @@
 
 #include "Views/Tools/MarkdownBlock.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -58,17 +60,38 @@ std::vector<InlineRun> plain(std::string_view text) {
     return {{.text = std::string(text)}};
 }
 
+/// About the first `size` bytes of `text`, which is longer: whole lines, or whole characters of a long line.
+std::string_view beginning(std::string_view text, std::size_t size) {
+    const auto end = text.substr(0, size).rfind('\n');
+    return text.substr(0, end != std::string_view::npos && end >= size / 2 ? end : cut(text, size));
+}
+
 /// Collects the rows of blocks.
 class Rows {
 public:
+    explicit Rows(std::size_t maxRows) : m_maxRows(maxRows) {}
+
+    /// Whether rows were left out.
+    bool isCut() const { return m_isCut; }
+
+    /// Adds the rows of `block` for which there is room.
     void add(const MarkdownBlock& block) {
         const auto first = m_rows.size();
         std::visit([this](const auto& alternative) { addRows(alternative); }, block);
+        if (first == m_rows.size())
+            return;
         m_rows[first].beginsBlock = true;
         m_rows.back().endsBlock = true;
     }
 
-    std::vector<MarkdownRow> take() { return std::move(m_rows); }
+    /// Adds the row that says that others are left out.
+    void addEnd() {
+        m_maxRows = m_rows.size() + 1;
+        m_isCut = false;
+        add(Paragraph{std::string(endOfPreview)});
+    }
+
+    MarkdownRows take() { return std::move(m_rows); }
 
 private:
     void addRows(const Header& block) {
@@ -110,6 +133,9 @@ private:
 
     void add(MarkdownRow row, std::vector<InlineRun> runs) {
         for (auto& piece : pieces(std::move(runs))) {
+            m_isCut = m_isCut || m_rows.size() >= m_maxRows;
+            if (m_isCut)
+                return;
             if (!m_rows.empty())
                 row.above = m_rows.back().kind;
             row.runs = std::move(piece);
@@ -118,16 +144,36 @@ private:
         }
     }
 
-    std::vector<MarkdownRow> m_rows;
+    std::size_t m_maxRows;
+    bool m_isCut = false;
+    MarkdownRows m_rows{};
 };
 
 } // namespace
 
-std::vector<MarkdownRow> markdownRows(std::string_view markdown) {
-    Rows rows;
-    for (const auto& block : parseBlocks(markdown))
+MarkdownRows markdownRows(std::string_view markdown, const MarkdownLimit& limit,
+                          const std::stop_token& stop) {
+    const bool isTooLong = markdown.size() > limit.bytes;
+    Rows rows(limit.rows);
+    for (const auto& block : parseBlocks(isTooLong ? beginning(markdown, limit.bytes) : markdown)) {
+        if (rows.isCut() || stop.stop_requested())
+            break;
         rows.add(block);
+    }
+    if (isTooLong || rows.isCut())
+        rows.addEnd();
     return rows.take();
+}
+
+MarkdownChange changeOfRows(const SharedMarkdownRows& before, SharedMarkdownRows after) {
+    const auto prefix = std::ranges::mismatch(*before, *after).in1 - before->begin();
+    const auto shorter = static_cast<std::ptrdiff_t>(std::min(before->size(), after->size()));
+    const auto suffix =
+        std::mismatch(before->rbegin(), before->rbegin() + (shorter - prefix), after->rbegin()).first -
+        before->rbegin();
+    return {.rows = std::move(after),
+            .samePrefix = static_cast<std::size_t>(prefix),
+            .sameSuffix = static_cast<std::size_t>(suffix)};
 }
 
 } // namespace korvane

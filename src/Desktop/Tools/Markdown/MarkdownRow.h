@@ -5,7 +5,9 @@
 #include "Views/Tools/MarkdownInline.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
+#include <stop_token>
 #include <string_view>
 #include <vector>
 
@@ -30,7 +32,35 @@ struct MarkdownRow {
 /// about a millisecond for this length.
 inline constexpr std::size_t maxRowBytes = 4'000;
 
-/// The rows of all blocks of `markdown`. Costs a few milliseconds for a text of 200 KB.
-std::vector<MarkdownRow> markdownRows(std::string_view markdown);
+using MarkdownRows = std::vector<MarkdownRow>;
+
+/// Rows that a document and work in the background share.
+using SharedMarkdownRows = std::shared_ptr<const MarkdownRows>;
+
+/// What a preview shows of a text. A million rows take some 500 MB, and a text document needs up to 100 ms to
+/// tidy up so many.
+struct MarkdownLimit {
+    std::size_t bytes = 24'000'000; ///< of Markdown
+    std::size_t rows = 1'000'000;
+};
+
+/// The last row where the limit is reached.
+inline constexpr std::string_view endOfPreview =
+    "The text is too long for the preview, which ends here. The HTML output contains all of it.";
+
+/// The rows of all blocks of `markdown`, or of those within `limit` and a row that says so. Costs a few
+/// milliseconds for a text of 200 KB. Incomplete once `stop` is requested.
+MarkdownRows markdownRows(std::string_view markdown, const MarkdownLimit& limit = {},
+                          const std::stop_token& stop = {});
+
+/// The rows that replace others, with the numbers of rows at the beginning and at the end that both have.
+struct MarkdownChange {
+    SharedMarkdownRows rows{};
+    std::size_t samePrefix = 0;
+    std::size_t sameSuffix = 0; ///< none of the prefix
+};
+
+/// The change from `before` to `after`. Linear in the rows that are equal.
+MarkdownChange changeOfRows(const SharedMarkdownRows& before, SharedMarkdownRows after);
 
 } // namespace korvane

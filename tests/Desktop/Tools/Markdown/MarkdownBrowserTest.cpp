@@ -3,6 +3,7 @@
 
 #include "Desktop/Look/Theme.h"
 
+#include "support/FakeServices.h"
 #include "support/ScreenDriver.h"
 
 #include <gtest/gtest.h>
@@ -26,15 +27,16 @@ namespace korvane {
 namespace {
 
 struct MarkdownBrowserTest : testing::Test {
-    std::string markdown{};
+    Rope markdown{};
     std::vector<std::string> opened{};
-    MarkdownBrowser browser{[this]() -> const std::string& { return markdown; }};
+    FakeBackground background{};
+    MarkdownBrowser browser{[this]() -> const Rope& { return markdown; }, background};
 
     MarkdownBrowserTest() {
         browser.onLink = [this](std::string target) { opened.push_back(std::move(target)); };
     }
 
-    void show(std::string text) {
+    void show(Rope text) {
         markdown = std::move(text);
         browser.setPalette(Theme::palette());
         browser.resize(400, 300);
@@ -106,7 +108,7 @@ TEST_F(MarkdownBrowserTest, KeepsItsScrollPositionWhenTheTextChanges) {
         text += "Paragraph " + std::to_string(i) + ".\n\n";
     show(text);
     browser.verticalScrollBar()->setValue(1000);
-    markdown += "more";
+    markdown += Rope("more");
     browser.refresh();
     settle();
     EXPECT_EQ(browser.verticalScrollBar()->value(), 1000);
@@ -132,11 +134,11 @@ TEST_F(MarkdownBrowserTest, PaintsAMarkerBesideEachItem) {
     show("- a");
     const auto image = browser.grab().toImage();
     const auto margin = static_cast<int>(browser.document()->documentMargin());
-    const auto background = image.pixelColor(1, margin);
+    const auto empty = image.pixelColor(1, margin);
     bool isMarked = false;
     for (int y = margin; y < margin + 20; ++y) {
         for (int x = margin; x < margin + 15; ++x)
-            isMarked = isMarked || image.pixelColor(x, y) != background;
+            isMarked = isMarked || image.pixelColor(x, y) != empty;
     }
     EXPECT_TRUE(isMarked);
     EXPECT_EQ(browser.document()->firstBlock().text(), "a") << "the marker is not part of the text";

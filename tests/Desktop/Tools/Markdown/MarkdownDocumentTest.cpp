@@ -7,11 +7,12 @@
 
 #include <QFontInfo>
 #include <QTextBlock>
-#include <QTextFrame>
 #include <QTextLayout>
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -133,6 +134,28 @@ TEST(MarkdownRow, DividesNoCharacter) {
     EXPECT_GT(markdownRows(std::string(3 * maxRowBytes, '\x80')).size(), 2U) << "bytes that are not UTF-8";
 }
 
+TEST(MarkdownRow, TheLastOfATooLongTextSaysSo) {
+    const std::string markdown = "# a\n- b\n- c\n- d\n\ne";
+    EXPECT_EQ(markdownRows(markdown, {.rows = 5}), markdownRows(markdown));
+    EXPECT_EQ(markdownRows(markdown, {.bytes = markdown.size()}), markdownRows(markdown));
+    const auto expected = markdownRows("# a\n- b\n- c\n\n" + std::string(endOfPreview));
+    EXPECT_EQ(markdownRows(markdown, {.rows = 3}), expected);
+    EXPECT_EQ(markdownRows(markdown, {.bytes = 13}), expected);
+    EXPECT_EQ(text(markdownRows(std::string(100, 'x'), {.bytes = 50}).front()), std::string(50, 'x'));
+    EXPECT_EQ(markdownRows(markdown, {.rows = 0}), markdownRows(endOfPreview));
+}
+
+TEST(MarkdownRow, ChangesHaveWhatBothHave) {
+    const auto change = [](std::string_view before, std::string_view after) {
+        const auto result = changeOfRows(std::make_shared<const MarkdownRows>(markdownRows(before)),
+                                         std::make_shared<const MarkdownRows>(markdownRows(after)));
+        return std::pair(result.samePrefix, result.sameSuffix);
+    };
+    EXPECT_EQ(change("a\n\nb\n\nc\n\nd", "a\n\nb\n\nx\n\nd"), std::pair(2UZ, 1UZ));
+    EXPECT_EQ(change("a\n\na", "a\n\na\n\na"), std::pair(2UZ, 0UZ));
+    EXPECT_EQ(change("", "a"), std::pair(0UZ, 0UZ));
+}
+
 TEST(MarkdownDocument, WritesOnlyChangedRows) {
     std::string markdown;
     for (int i = 0; i < 1000; ++i)
@@ -176,8 +199,99 @@ RC_GTEST_PROP(MarkdownDocument, ResultDoesNotDependOnEarlierTexts, ()) {
         MarkdownDocument fresh(nullptr);
         fresh.show(markdown);
         RC_ASSERT(formattedLines(document) == formattedLines(fresh));
-        RC_ASSERT(document.rootFrame()->frameFormat() == fresh.rootFrame()->frameFormat());
+        RC_ASSERT(document.layout().top() == fresh.layout().top());
     }
+}
+
+/// Whether the text of each block is that of its row.
+bool hasTheTextsOfItsRows(const MarkdownDocument& document) {
+    for (auto block = document.begin(); block != document.lastBlock(); block = block.next()) {
+        const auto* row = document.row(block.blockNumber());
+        if (!row || text(*row) != block.text().toStdString())
+            return false;
+    }
+    return document.row(document.blockCount() - 1) == nullptr;
+}
+
+SharedMarkdownRows sharedRows(std::string_view markdown) {
+    return std::make_shared<const MarkdownRows>(markdownRows(markdown));
+}
+
+RC_GTEST_PROP(MarkdownDocument, ResultDoesNotDependOnThePartsItIsFilledIn, ()) {
+    const auto blocks = rc::gen::container<std::vector<std::string>>(rc::gen::element<std::string>(
+        "# a\n", "- b\n", "- c\n", "1. d\n", "> e\n", "```\nf\n```\n", "---\n", "\ng **h**\n", "\ng\n"));
+    MarkdownDocument document(nullptr);
+    const auto edits = *rc::gen::inRange(1, 6);
+    for (int edit = 0; edit < edits; ++edit) {
+        std::string markdown;
+        for (const auto& part : *blocks)
+            markdown += part;
+        document.lead(changeOfRows(document.rows(), sharedRows(markdown)));
+        const auto steps = *rc::gen::inRange(0, 8);
+        for (int step = 0; step < steps; ++step) {
+            const bool wasFilled = document.isFilled();
+            const auto count = document.blockCount();
+            const auto done = document.fill(*rc::gen::inRange(1UZ, 800UZ), *rc::gen::inRange(0, count));
+            RC_ASSERT(wasFilled == (done.removed == 0 && done.inserted == 0));
+            RC_ASSERT(document.blockCount() - count ==
+                      static_cast<int>(done.inserted) - static_cast<int>(done.removed));
+            RC_ASSERT(hasTheTextsOfItsRows(document));
+            if (*rc::gen::inRange(0, 6) == 0)
+                document.applyTheme();
+        }
+    }
+    while (!document.isFilled())
+        document.fill(300);
+    MarkdownDocument fresh(nullptr);
+    fresh.lead({.rows = document.rows()});
+    fresh.fill(MarkdownDocument::everything);
+    RC_ASSERT(formattedLines(document) == formattedLines(fresh));
+    RC_ASSERT(document.layout().top() == fresh.layout().top());
+}
+
+TEST(MarkdownDocument, KeepsFilledRowsWhenTheTextChanges) {
+    std::string markdown;
+    for (int i = 0; i < 1000; ++i)
+        markdown += "- " + std::to_string(i) + "\n";
+    MarkdownDocument document(nullptr);
+    document.lead({.rows = sharedRows(markdown)});
+    for (int edit = 0; edit < 100 && !document.isFilled(); ++edit) {
+        document.fill(5000);
+        markdown.insert(2, "x");
+        document.lead(changeOfRows(document.rows(), sharedRows(markdown)));
+    }
+    while (!document.isFilled())
+        document.fill(5000);
+    EXPECT_LT(document.writtenRows(), 1200U) << "each edit changes one row";
+    EXPECT_GT(document.writtenRows(), 1010U);
+}
+
+TEST(MarkdownDocument, RecreatesVisibleRowsFirstInANewTheme) {
+    std::string markdown;
+    for (int i = 0; i < 1000; ++i)
+        markdown += "- " + std::to_string(i) + "\n";
+    MarkdownDocument document(nullptr);
+    document.show(markdown);
+    document.applyTheme();
+    EXPECT_EQ(document.fill(5000, 500).first, 500U);
+    EXPECT_EQ(document.fill(5000, 500).first, 0U);
+}
+
+TEST(MarkdownDocument, WritesARowOnceInANewTheme) {
+    std::string before;
+    for (int i = 0; i < 50; ++i)
+        before += "a\n\n";
+    MarkdownDocument document(nullptr);
+    document.show(before + "# c\n\nend");
+    document.lead(changeOfRows(document.rows(), sharedRows("b\n\n# c\n\nend")));
+    document.applyTheme();
+    for (int row = 0; row < 3; ++row)
+        document.fill(1);
+    const auto last = document.blockCount() - 2;
+    EXPECT_EQ(document.findBlockByNumber(last).text(), "end") << "outdated, and already written above";
+    while (!document.isFilled())
+        document.fill(1, last);
+    EXPECT_EQ(document.toPlainText(), "b\nc\nend\n");
 }
 
 TEST(MarkdownDocument, HasABlockForEachRowWithAnyCharacters) {
