@@ -65,14 +65,14 @@ void getStats(benchmark::State& state, std::string (*make)()) {
 
 /// A key press in the middle of a 1 MB text.
 void updateRunningStats(benchmark::State& state, std::string (*make)()) {
-    const auto text = make().substr(0, 1'000'000);
-    auto longer = text;
-    longer.insert(text.find(' ', text.size() / 2), "x");
+    const Rope text = make().substr(0, 1'000'000);
+    const auto middle = text.summaryBefore(text.size() / 2).bytes;
+    const auto longer = text.replacing(middle, middle, "x");
     TextTransformer::RunningStats running;
-    running.update("", text);
+    running.update(text);
     for (auto _ : state) {
-        running.update(text, longer);
-        running.update(longer, text);
+        running.update(longer);
+        running.update(text);
     }
     state.SetItemsProcessed(state.iterations() * 2);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Models/Enumeration.h"
+#include "Utilities/Text/Rope.h"
 
 #include <array>
 #include <cstddef>
@@ -117,19 +118,37 @@ std::string applyLineOperation(std::string_view text, LineOperation operation);
 /// Counts a text in one pass: several hundred MB a second of ASCII, tens of MB a second in any other script.
 TextStats getStats(std::string_view text);
 
-/// The statistics of a text while it is edited. Only the part near a change is counted again, so a key press
-/// in a large text costs little more than a comparison with the previous text.
+/// The counts of the parts of a text, which can be added: `lines` are newlines, `sentences` runs of marks,
+/// and nothing is adjusted for the whole text.
+struct TextSums {
+    TextStats stats{};
+    std::int64_t carriageReturnLineFeeds = 0; ///< CR LF, each of which is two newlines
+
+    bool operator==(const TextSums&) const = default;
+};
+
+/// The statistics of a text while it is edited. Only the part near a change is counted again.
 class RunningStats {
 public:
-    /// Updates the statistics. `before` is the `text` of the previous call; in the first call it is empty.
-    void update(std::string_view before, std::string_view text);
+    /// Updates the statistics to those of `text`.
+    void update(const Rope& text);
+
+    /// About how many bytes `update` would have to count for `text`. Costs O(log n) for an edited version.
+    std::size_t changeSize(const Rope& text) const;
+
+    /// The text whose statistics these are.
+    const Rope& text() const { return m_text; }
 
     const TextStats& stats() const { return m_stats; }
+
+    /// The lines of the text if CR LF ends one line: 0 for the empty text.
+    std::int64_t linesByPairs() const { return m_stats.lines - m_sums.carriageReturnLineFeeds; }
 
     bool operator==(const RunningStats&) const = default;
 
 private:
-    TextStats m_sums{}; // the additive counts, without adjustments for the whole text
+    Rope m_text{};
+    TextSums m_sums{};
     TextStats m_stats{};
 };
 

@@ -1,5 +1,6 @@
 #include "Utilities/TextTransformer.h"
 
+#include "Utilities/Text/Characters.h"
 #include "Utilities/Text/Text.h"
 #include "Utilities/Text/UTF8.h"
 
@@ -8,7 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <ranges>
+#include <utility>
 
 namespace korvane::TextTransformer {
 
@@ -49,22 +50,27 @@ bool spaceStartsCharacter(char32_t previous, char32_t space) {
            u_charType(static_cast<UChar32>(space)) != U_SPACE_SEPARATOR;
 }
 
-/// Depends on the whole text, but inspects only its line feeds and the ends of the pieces between them.
-std::int64_t paragraphCount(std::string_view text) {
-    constexpr std::string_view delimiter = "\n\n";
-    std::int64_t count = 0;
-    for (std::size_t start = 0; start <= text.size();) {
-        const auto end = std::min(text.find(delimiter, start), text.size());
-        if (!trimmingWhitespacesAndNewlines(text.substr(start, end - start)).empty())
-            ++count;
-        start = end + delimiter.size();
+/// Finds where paragraphs begin: at the first character that is no space, and at the first after two adjacent
+/// line feeds.
+class ParagraphStarts {
+public:
+    /// Whether the paragraph begins with `character`.
+    bool isNext(char32_t character, bool isSpace) {
+        m_lineFeeds = character == '\n' ? m_lineFeeds + 1 : 0;
+        m_isBetween = m_isBetween || m_lineFeeds == 2;
+        return !isSpace && std::exchange(m_isBetween, false);
     }
-    return count;
-}
 
-/// The additive counts of `text`: `lines` counts newlines, `sentences` runs of marks; `paragraphs` stays 0.
-TextStats sumsOf(std::string_view text) {
-    TextStats sums;
+private:
+    int m_lineFeeds = 0; // before here
+    bool m_isBetween = true;
+};
+
+/// The additive counts of `text`: `lines` counts newlines, `sentences` runs of marks.
+TextSums sumsOf(std::string_view text) {
+    TextSums sums;
+    auto& stats = sums.stats;
+    ParagraphStarts paragraphs;
     std::int64_t spaces = 0;
     bool inWord = false;
     bool inMarks = false;
@@ -74,88 +80,135 @@ TextStats sumsOf(std::string_view text) {
         const auto kind = kindOf(character);
         if (kind.isSpace) {
             spaces += spaceStartsCharacter(previous, character) ? 1 : 0;
-            sums.lines += kind.isNewline ? 1 : 0;
+            stats.lines += kind.isNewline ? 1 : 0;
+            sums.carriageReturnLineFeeds += previous == '\r' && character == '\n' ? 1 : 0;
         } else {
-            sums.words += inWord ? 0 : 1;
-            sums.sentences += kind.isMark && !inMarks ? 1 : 0;
+            stats.words += inWord ? 0 : 1;
+            stats.sentences += kind.isMark && !inMarks ? 1 : 0;
         }
+        stats.paragraphs += paragraphs.isNext(character, kind.isSpace) ? 1 : 0;
         inWord = !kind.isSpace;
         inMarks = kind.isMark;
         previous = character;
         offset = end;
     }
-    sums.characters = static_cast<std::int64_t>(characterCount(text));
-    sums.charactersNoSpaces = sums.characters - spaces;
+    stats.characters = static_cast<std::int64_t>(characterCount(text));
+    stats.charactersNoSpaces = stats.characters - spaces;
     return sums;
 }
 
 /// Adds `other` multiplied by `sign`.
-void add(TextStats& sums, const TextStats& other, std::int64_t sign) {
-    sums.characters += sign * other.characters;
-    sums.charactersNoSpaces += sign * other.charactersNoSpaces;
-    sums.words += sign * other.words;
-    sums.lines += sign * other.lines;
-    sums.sentences += sign * other.sentences;
+void add(TextSums& sums, const TextSums& other, std::int64_t sign) {
+    for (const auto count : {&TextStats::characters, &TextStats::charactersNoSpaces, &TextStats::words,
+                             &TextStats::lines, &TextStats::paragraphs, &TextStats::sentences})
+        sums.stats.*count += sign * (other.stats.*count);
+    sums.carriageReturnLineFeeds += sign * other.carriageReturnLineFeeds;
 }
 
-TextStats statsOf(TextStats sums, std::string_view text) {
-    if (text.empty())
-        return {};
-    sums.lines += 1;
-    sums.paragraphs = paragraphCount(text);
-    if (sums.sentences == 0 && sums.words > 0)
-        sums.sentences = 1;
-    return sums;
+/// The statistics of a text that is not empty.
+TextStats statsOf(const TextSums& sums) {
+    auto stats = sums.stats;
+    stats.lines += 1;
+    if (stats.sentences == 0 && stats.words > 0)
+        stats.sentences = 1;
+    return stats;
 }
 
-/// Whether `offset` is a character boundary whatever the rest of the text: after a line feed, and between
-/// ASCII characters other than CR LF.
-bool isSafeSplit(std::string_view text, std::size_t offset) {
-    if (offset == 0 || offset == text.size() || text[offset - 1] == '\n')
-        return true;
-    const auto around = text.substr(offset - 1, 2);
-    return asciiPrefixLength(around) == around.size() && around != "\r\n";
+/// Whether a text can be counted in two parts that meet between these code points: there is always a boundary
+/// of user-perceived characters.
+bool canMeet(char32_t left, char32_t right) {
+    return left == '\n' ||
+           (isAlwaysSeparate(left) && isAlwaysSeparate(right) && !(left == '\r' && right == '\n'));
 }
 
-/// The length of a common prefix after which both texts can be split safely.
-std::size_t commonPrefix(std::string_view a, std::string_view b) {
-    auto length = static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
-    // `isSafeSplit` inspects the byte after the offset too, which must be common to both texts.
-    length -= length > 0 ? 1 : 0;
-    while (!isSafeSplit(a, length))
-        --length;
-    return length;
+constexpr std::size_t firstReach = 256; // in bytes; is multiplied until a cut is found
+
+/// The last offset up to `end` where `text` can be cut so that the part behind it can be counted without the
+/// part before: its first character is before `end` and no space, which would not tell where a paragraph
+/// begins. 0 if there is none.
+std::size_t cutBefore(const Rope& text, std::size_t end) {
+    for (auto reach = firstReach;; reach *= 4) {
+        const auto start = text.summaryBefore(end - std::min(reach, end)).bytes;
+        const auto part = text.string(start, end);
+        std::size_t cut = 0;
+        char32_t previous = 0;
+        for (std::size_t offset = 0; offset < part.size();) {
+            const auto [character, next] = decodeAt(part, offset);
+            if (offset > 0 && !kindOf(character).isSpace && canMeet(previous, character))
+                cut = offset;
+            previous = character;
+            offset = next;
+        }
+        if (cut > 0 || start == 0)
+            return start + cut;
+    }
 }
 
-/// The length of a common suffix, for texts whose common prefix has been removed.
-std::size_t commonSuffix(std::string_view a, std::string_view b) {
-    const auto reversedA = std::views::reverse(a);
-    auto length = static_cast<std::size_t>(std::ranges::mismatch(reversedA, std::views::reverse(b)).in1 -
-                                           reversedA.begin());
-    length -= length > 0 ? 1 : 0;
-    while (!isSafeSplit(a, a.size() - length))
-        --length;
-    return length;
+/// The first such offset from `start` on, for the part before it: its last character is no space and behind
+/// `start`. The size of the text if there is none.
+std::size_t cutAfter(const Rope& text, std::size_t start) {
+    for (auto reach = firstReach;; reach *= 4) {
+        const auto end = text.summaryBefore(std::min(start + reach, text.size())).bytes;
+        const auto part = text.string(start, end);
+        for (std::size_t offset = 0; offset < part.size();) {
+            const auto [character, next] = decodeAt(part, offset);
+            if (!kindOf(character).isSpace && next < part.size() &&
+                canMeet(character, decodeAt(part, next).character))
+                return start + next;
+            offset = next;
+        }
+        if (end == text.size())
+            return end;
+    }
+}
+
+/// The parts of two versions of a text that have to be counted to update the sums: all before and behind them
+/// is the same in both.
+struct ChangedParts {
+    Rope before{};
+    Rope after{};
+};
+
+ChangedParts changedParts(const Rope& before, const Rope& after) {
+    const auto prefix = before.commonPrefix(after);
+    const auto suffix = std::min(before.commonSuffix(after), std::min(before.size(), after.size()) - prefix);
+    // Where a character begins in one version, another may be continued in the other one.
+    const auto start =
+        cutBefore(after, std::min(before.summaryBefore(prefix).bytes, after.summaryBefore(prefix).bytes));
+    const auto characterEnd = [suffix](const Rope& text) {
+        return text.size() - text.seek(&TextSummary::bytes, text.size() - suffix).bytes;
+    };
+    const auto common = std::min(characterEnd(before), characterEnd(after));
+    const auto rest = after.size() - cutAfter(after, after.size() - common);
+    return {.before = before.substr(start, before.size() - rest - start),
+            .after = after.substr(start, after.size() - rest - start)};
 }
 
 } // namespace
 
 TextStats getStats(std::string_view text) {
-    return statsOf(sumsOf(text), text);
+    return text.empty() ? TextStats() : statsOf(sumsOf(text));
 }
 
-/// The characters on either side of a split are the same in both texts. A split word or run of marks is
-/// counted in both of its halves, equally often in the old and the new part, so the errors cancel out.
-void RunningStats::update(std::string_view before, std::string_view text) {
-    const auto prefix = commonPrefix(before, text);
-    auto oldPart = before.substr(prefix);
-    auto newPart = text.substr(prefix);
-    const auto suffix = commonSuffix(oldPart, newPart);
-    oldPart.remove_suffix(suffix);
-    newPart.remove_suffix(suffix);
-    add(m_sums, sumsOf(oldPart), -1);
-    add(m_sums, sumsOf(newPart), 1);
-    m_stats = statsOf(m_sums, text);
+std::size_t RunningStats::changeSize(const Rope& text) const {
+    const auto prefix = m_text.commonPrefix(text);
+    const auto shorter = std::min(m_text.size(), text.size());
+    const auto common = prefix + std::min(m_text.commonSuffix(text), shorter - prefix);
+    return std::min(m_text.size() - common + text.size() - common, text.size());
+}
+
+/// The first and the last character of the parts are the same in both versions. A word, a paragraph or a run
+/// of marks that continues beyond a part is counted in both versions of it, so the errors cancel out.
+void RunningStats::update(const Rope& text) {
+    auto changed = changedParts(m_text, text);
+    if (changed.before.size() + changed.after.size() > text.size()) {
+        changed = {.before = {}, .after = text};
+        m_sums = {};
+    }
+    add(m_sums, sumsOf(FlatText(changed.before)), -1);
+    add(m_sums, sumsOf(FlatText(changed.after)), 1);
+    m_text = text;
+    m_stats = text.empty() ? TextStats() : statsOf(m_sums);
 }
 
 } // namespace korvane::TextTransformer

@@ -3,6 +3,7 @@
 
 #include "Views/Services.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -83,5 +84,17 @@ void runInBackground(const Context<State>& context, State& state, std::optional<
                 std::invoke(apply, current, std::move(result));
             });
 }
+
+/// Shares a value that takes long to destroy: it is destroyed in the background, which must outlive it.
+template <typename Value>
+std::shared_ptr<const Value> shareLarge(Background& background, Value value) {
+    auto* const shared = new const Value(std::move(value));
+    return {shared, [&background](const Value* owned) {
+                background.run([last = std::shared_ptr<const Value>(owned)] {}, [] {});
+            }};
+}
+
+/// Texts of at most this size, in bytes, are worked on at once, because nobody would notice the wait.
+inline constexpr std::size_t maxImmediateSize = std::size_t{256} << 10;
 
 } // namespace korvane

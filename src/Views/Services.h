@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Models/Tool.h"
+#include "Utilities/Text/Rope.h"
 
 #include <chrono>
 #include <cstddef>
@@ -23,10 +24,10 @@ public:
     virtual ~Clipboard() = default;
 
     /// The plain text, or none if the clipboard is empty or holds something else.
-    virtual std::optional<std::string> text() const = 0;
+    virtual std::optional<Rope> text() const = 0;
 
     /// Replaces the content of the clipboard, also by an empty text.
-    virtual void setText(std::string_view text) = 0;
+    virtual void setText(const Rope& text) = 0;
 
     /// The same, with a request to clipboard managers neither to show nor to keep the text.
     virtual void setSecret(std::string_view text) = 0;

@@ -123,16 +123,16 @@ RC_GTEST_PROP(TextTransformerStats, AgreeWithEachDefinition, ()) {
 TEST(TextTransformerStats, UpdateAsATextIsTypedAndDeleted) {
     TextTransformer::RunningStats running;
     EXPECT_EQ(running.stats(), TextStats());
-    std::string before;
+    std::string before; // what was typed
     for (const char character : std::string_view("Hi there. \r\n\n\nYes?! \xcc\x81x. . \n")) {
         const auto text = before + character;
-        running.update(before, text);
+        running.update(text);
         EXPECT_EQ(running.stats(), TextTransformer::getStats(text)) << text;
         before = text;
     }
     while (!before.empty()) {
         const auto text = before.substr(1);
-        running.update(before, text);
+        running.update(text);
         EXPECT_EQ(running.stats(), TextTransformer::getStats(text)) << text;
         before = text;
     }
@@ -141,15 +141,62 @@ TEST(TextTransformerStats, UpdateAsATextIsTypedAndDeleted) {
 RC_GTEST_PROP(TextTransformerStats, UpdateAfterAnyChange, ()) {
     auto text = anyText();
     TextTransformer::RunningStats running;
-    running.update("", text);
+    running.update(text);
     for (int change = 0; change < 5; ++change) {
-        const auto before = text;
         const auto start = *rc::gen::inRange<std::size_t>(0, text.size() + 1);
         const auto length = *rc::gen::inRange<std::size_t>(0, text.size() - start + 1);
         text.replace(start, length, anyText());
-        running.update(before, text);
+        running.update(text);
         RC_ASSERT(running.stats() == TextTransformer::getStats(text));
     }
+}
+
+RC_GTEST_PROP(TextTransformerStats, UpdateAfterASmallChangeOfALongText, ()) {
+    std::string text;
+    for (int i = 0; i < 60; ++i)
+        text += anyText();
+    TextTransformer::RunningStats running;
+    running.update(text);
+    for (int change = 0; change < 10; ++change) {
+        const auto start = *rc::gen::inRange<std::size_t>(0, text.size() + 1);
+        const auto length =
+            *rc::gen::inRange<std::size_t>(0, std::min<std::size_t>(text.size() - start, 4) + 1);
+        text.replace(start, length, anyText().substr(0, 8));
+        running.update(text);
+        RC_ASSERT(running.stats() == TextTransformer::getStats(text));
+    }
+}
+
+TEST(TextTransformerStats, ALongTextIsCountedOnlyNearAChange) {
+    TextTransformer::RunningStats running;
+    Rope text = std::string(1'000'000, 'a');
+    EXPECT_EQ(running.changeSize(text), 1'000'000U);
+    running.update(text);
+    EXPECT_EQ(running.changeSize(text), 0U);
+    const auto edited = text.replacing(500'000, 500'000, " b ");
+    EXPECT_EQ(running.changeSize(edited), 3U);
+    running.update(edited);
+    EXPECT_EQ(running.stats().words, 3);
+    EXPECT_EQ(running.stats().characters, 1'000'003);
+    EXPECT_EQ(running.changeSize(text), 3U);
+    EXPECT_EQ(running.changeSize("abc"), 3U) << "it is rather counted anew";
+    running.update("abc");
+    EXPECT_EQ(running.stats(), TextTransformer::getStats("abc"));
+}
+
+TEST(TextTransformerStats, CountLinesWithCarriageReturnsToo) {
+    TextTransformer::RunningStats running;
+    EXPECT_EQ(running.linesByPairs(), 0);
+    Rope text = "a\r\nb\n\rc\r\n";
+    running.update(text);
+    EXPECT_EQ(running.stats().lines, 7);
+    EXPECT_EQ(running.linesByPairs(), 5);
+    text = text.replacing(2, 2, "x"); // between CR and LF
+    running.update(text);
+    EXPECT_EQ(running.stats().lines, 7);
+    EXPECT_EQ(running.linesByPairs(), 6);
+    running.update({});
+    EXPECT_EQ(running.linesByPairs(), 0);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "Views/Components/AwaitedWork.h"
 #include "support/Scenes.h"
 
 #include "Views/Tools/HashGeneratorView.h"
@@ -63,9 +64,10 @@ std::vector<Scene> converterScenes() {
         {"hash-busy", Tool::hashGenerator,
          [](const ScreenDriver& screen, FakeServices& fakes) {
              std::string large;
-             while (large.size() <= HashGeneratorView::maxImmediateSize)
+             while (large.size() <= maxImmediateSize)
                  large.append(pangrams).append("\n");
              paste(screen, fakes, large);
+             fakes.timers.advance(AwaitedWork::busyDelay);
              screen.press("SHA256");
          }},
         {"numberbase", Tool::numberBase,

@@ -98,6 +98,7 @@ std::vector<Scene> crowdedTexts() {
          [](const ScreenDriver& screen, FakeServices& fakes) {
              screen.choose("Statistics");
              paste(screen, fakes, repeated(everything, 3000, "\n"));
+             fakes.background.runAll();
          }},
         {"crowded-markdown", Tool::markdownPreview,
          [](const ScreenDriver& screen, FakeServices&) {

@@ -21,11 +21,11 @@ namespace korvane {
 
 class FakeClipboard final : public Clipboard {
 public:
-    std::optional<std::string> content{}; ///< none: empty, or an image
+    std::optional<Rope> content{}; ///< none: empty, or an image
 
-    std::optional<std::string> text() const override { return content; }
+    std::optional<Rope> text() const override { return content; }
 
-    void setText(std::string_view text) override {
+    void setText(const Rope& text) override {
         content = text;
         isSecret = false;
     }
@@ -191,5 +191,14 @@ struct FakeServices {
     FakeServices(const FakeServices&) = delete;
     FakeServices& operator=(const FakeServices&) = delete;
 };
+
+/// Performs an operation of `state`, and then all that it has started in the background.
+template <typename State, typename Operation, typename... Arguments>
+void perform(State& state, const Operation& operation, Arguments&&... arguments) {
+    FakeServices fakes;
+    const Context<State> context{fakes.services, [&state](const auto& change) { change(state); }};
+    std::invoke(operation, state, std::forward<Arguments>(arguments)..., context);
+    fakes.background.runAll();
+}
 
 } // namespace korvane

@@ -1,4 +1,9 @@
+#include "Views/Components/AwaitedWork.h"
 #include "support/Scenes.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace korvane {
 
@@ -16,6 +21,15 @@ Bring the maps, the lantern and a warm coat.
 
 — Ingrid ⚓)";
 
+/// An array of at least that size in bytes, one object a line.
+std::string stations(std::size_t size) {
+    std::string text = "[\n";
+    for (int number = 100'241; text.size() < size; number += 17)
+        text += "{\"id\":" + std::to_string(number) +
+                R"(,"name":"Aurora Station","crew":3,"lat":69.6492,"lon":18.9553},)" + "\n";
+    return text + "{}\n]";
+}
+
 } // namespace
 
 std::vector<Scene> formatterScenes() {
@@ -24,6 +38,14 @@ std::vector<Scene> formatterScenes() {
          [](const ScreenDriver& screen, FakeServices& fakes) {
              paste(screen, fakes, document);
              screen.press("Prettify");
+         }},
+        {"busy", Tool::jsonFormatter,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, document);
+             screen.press("Prettify");
+             paste(screen, fakes, stations(48'000'000));
+             screen.press("Prettify");
+             fakes.timers.advance(AwaitedWork::busyDelay);
          }},
         {"json-tree", Tool::jsonFormatter,
          [](const ScreenDriver& screen, FakeServices& fakes) {

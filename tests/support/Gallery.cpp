@@ -85,6 +85,7 @@ QWidget* buttons(Store& store) {
 QWidget* options(Store& store) {
     const auto half = [](const Base64View&) { return 0.5; };
     const auto five = [](const Base64View&) { return 5; };
+    const auto inputOf = [](const Base64View& state) { return state.inputText.string(); };
     return stack(
         Qt::Vertical, {.spacing = Theme::Size::gapSection},
         {
@@ -100,8 +101,8 @@ QWidget* options(Store& store) {
                 return labelledStepper(store, "Stepper", five, nothing, {"Count: 5", 100},
                                        {.minimum = 5, .width = 57});
             }),
-            columns({textField(store, "Field", &Base64View::inputText, nothing, {.placeholder = "Type..."}),
-                     textField(store, "Between", &Base64View::inputText, nothing,
+            columns({textField(store, "Field", inputOf, nothing, {.placeholder = "Type..."}),
+                     textField(store, "Between", inputOf, nothing,
                                {.placeholder = "Pattern",
                                 .style = Theme::TextStyle::code,
                                 .leading = "/",

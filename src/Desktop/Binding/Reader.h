@@ -47,6 +47,14 @@ public:
               return [value] { return value; };
           }) {}
 
+    /// Converts what another reader reads.
+    template <typename Other>
+        requires(std::convertible_to<Other, Value> && !std::is_reference_v<Value>)
+    Reader(const Reader<Other>& other)
+        : m_bind([other](const Store& store) -> std::function<Value()> {
+              return [read = other.of(store)]() -> Value { return read(); };
+          }) {}
+
     /// Reads from the state of `store`, which must outlive the result.
     std::function<Value()> of(const Store& store) const { return m_bind(store); }
 

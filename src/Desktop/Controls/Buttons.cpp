@@ -280,14 +280,14 @@ QWidget* quietButton(Store& store, const Reader<std::string>& title, std::string
     return button;
 }
 
-QWidget* pasteButton(Store& store, const Action<std::string>& setText, QuietButtonOptions look) {
+QWidget* pasteButton(Store& store, const Action<Rope>& setText, QuietButtonOptions look) {
     const auto paste = [&clipboard = store.services().clipboard, set = setText.on(store)] {
         PasteButton::paste(clipboard, set);
     };
     return quietButton(store, "Paste", PasteButton::icon, paste, std::move(look));
 }
 
-QWidget* clearButton(Store& store, const Action<std::string>& setText) {
+QWidget* clearButton(Store& store, const Action<Rope>& setText) {
     return quietButton(store, "Clear", ClearButton::icon,
                        [set = setText.on(store)] { ClearButton::clear(set); }, {.dropsLabel = true});
 }
@@ -305,7 +305,7 @@ void followWidth(QuietButton& button, const WidthClass& widthClass) {
     QObject::connect(&widthClass, &WidthClass::changed, &button, &QuietButton::setCompact);
 }
 
-QWidget* copyButton(Store& store, const Reader<std::string>& text, const CopyButtonOptions& options) {
+QWidget* copyButton(Store& store, const Reader<Rope>& text, const CopyButtonOptions& options) {
     auto state = std::make_shared<CopyButton>(CopyButton{.label = options.label,
                                                          .showLabel = options.look.showLabel,
                                                          .idleIcon = options.icon,

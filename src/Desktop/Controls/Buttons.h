@@ -9,6 +9,7 @@
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Look/Transition.h"
 #include "Models/PaletteColor.h"
+#include "Utilities/Text/Rope.h"
 
 #include <QAbstractButton>
 
@@ -164,11 +165,11 @@ QWidget* quietButton(Store& store, const Reader<std::string>& title, std::string
                      const Action<>& action, QuietButtonOptions look = {});
 
 /// Calls `setText` with the text on the clipboard.
-QWidget* pasteButton(Store& store, const Action<std::string>& setText,
+QWidget* pasteButton(Store& store, const Action<Rope>& setText,
                      QuietButtonOptions look = {.dropsLabel = true});
 
 /// Calls `setText` with an empty text.
-QWidget* clearButton(Store& store, const Action<std::string>& setText);
+QWidget* clearButton(Store& store, const Action<Rope>& setText);
 
 struct CopyButtonOptions {
     std::string label = "Copy";
@@ -178,7 +179,7 @@ struct CopyButtonOptions {
 };
 
 /// Copies the value of `text` at the time of the press.
-QWidget* copyButton(Store& store, const Reader<std::string>& text, const CopyButtonOptions& options = {});
+QWidget* copyButton(Store& store, const Reader<Rope>& text, const CopyButtonOptions& options = {});
 
 /// Copies by an operation; the feedback is part of the screen's state.
 QWidget* copyButton(Store& store, const Reader<bool>& copied, const Action<>& copy,

@@ -13,12 +13,13 @@ constexpr int iconButtonRoom = 40;
 
 } // namespace
 
-QWidget* output(Store& store, const Reader<const std::string&>& text, const Reader<std::string>& placeholder,
-                CodeEditorOptions options) {
+QWidget* output(Store& store, const Reader<Rope>& text, const Reader<std::string>& placeholder,
+                const Reader<bool>& isStale, CodeEditorOptions options) {
     options.buttonRoom = iconButtonRoom;
     const auto read = text.of(store);
     auto* button = copyButton(store, read, {.look = {.showLabel = false, .isOverlay = true}});
-    auto* whole = overlay(readOnlyEditor(store, text, placeholder, options), button);
+    auto* whole = overlay(readOnlyEditor(store, text, placeholder, options, isStale), button);
+    store.onRefresh([button, stale = isStale.of(store)] { button->setEnabled(!stale()); });
     when(store, [read] { return !read().empty(); }, button);
     return whole;
 }

@@ -47,6 +47,7 @@ public:
         state.readOnly = area().isReadOnly();
         state.selectableText = true;
         state.multiLine = true;
+        state.busy = area().isBusy();
         return state;
     }
 

@@ -43,11 +43,17 @@ public:
         });
     }
 
-    void display(const std::string& text) {
-        if (m_area->text() != text)
-            m_area->setText(text);
+    void display(const Rope& text) {
+        m_area->setText(text);
         m_isFitted = text.size() <= maxFittedText;
         fitHeight();
+    }
+
+    void setStale(bool isStale) {
+        if (isStale == m_area->isBusy())
+            return;
+        m_area->setBusy(isStale);
+        applyTheme();
     }
 
     QSize sizeHint() const override { return {Panel::sizeHint().width(), m_height}; }
@@ -87,7 +93,7 @@ private:
         const auto style = textStyle();
         m_area->setStyle({.font = TextZoom::font(style),
                           .lineHeight = TextZoom::lineHeight(style),
-                          .text = Theme::color(Role::primary),
+                          .text = Theme::color(m_area->isBusy() ? Role::secondary : Role::primary),
                           .placeholder = Theme::color(m_options.placeholderInk),
                           .number = Theme::color(Role::placeholder),
                           .selection = Theme::color(Role::selection),
@@ -119,7 +125,7 @@ private:
     bool m_isFitted = true;
 };
 
-TextArea* newTextArea(const std::string& text, const CodeEditorOptions& options) {
+TextArea* newTextArea(const Rope& text, const CodeEditorOptions& options) {
     auto* area = new TextArea;
     area->setLineNumbers(options.lineNumbers);
     // The initial text is not an edit: it is shown from its start, and undo does not remove it.
@@ -128,8 +134,8 @@ TextArea* newTextArea(const std::string& text, const CodeEditorOptions& options)
     return area;
 }
 
-QWidget* editorPanel(Store& store, TextArea* area, std::function<const std::string&()> text,
-                     const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
+EditorPanel* editorPanel(Store& store, TextArea* area, std::function<Rope()> text,
+                         const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
     auto* panel = new EditorPanel(area, options);
     store.onRefresh([panel, area, text = std::move(text), placeholder = placeholder.of(store)] {
         panel->display(text());
@@ -140,20 +146,22 @@ QWidget* editorPanel(Store& store, TextArea* area, std::function<const std::stri
 
 } // namespace
 
-QWidget* codeEditor(Store& store, const Reader<const std::string&>& text, const Action<std::string>& setText,
+QWidget* codeEditor(Store& store, const Reader<Rope>& text, const Action<Rope>& setText,
                     const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
     auto read = text.of(store);
     auto* area = newTextArea(read(), options);
     area->setReadOnly(false);
-    area->onEdit = [set = setText.on(store)](const Rope& edited) { set(edited.string()); };
+    area->onEdit = setText.on(store);
     return editorPanel(store, area, std::move(read), placeholder, options);
 }
 
-QWidget* readOnlyEditor(Store& store, const Reader<const std::string&>& text,
-                        const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
+QWidget* readOnlyEditor(Store& store, const Reader<Rope>& text, const Reader<std::string>& placeholder,
+                        const CodeEditorOptions& options, const Reader<bool>& isStale) {
     auto read = text.of(store);
     auto* area = newTextArea(read(), options);
-    return editorPanel(store, area, std::move(read), placeholder, options);
+    auto* panel = editorPanel(store, area, std::move(read), placeholder, options);
+    store.onRefresh([panel, stale = isStale.of(store)] { panel->setStale(stale()); });
+    return panel;
 }
 
 } // namespace korvane

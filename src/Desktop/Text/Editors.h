@@ -4,6 +4,7 @@
 #include "Desktop/Binding/Action.h"
 #include "Desktop/Binding/Reader.h"
 #include "Desktop/Look/Theme.h"
+#include "Utilities/Text/Rope.h"
 
 #include <optional>
 #include <string>
@@ -24,11 +25,12 @@ struct CodeEditorOptions {
 };
 
 /// An editor that shows and changes a text. `placeholder` is shown while it is empty.
-QWidget* codeEditor(Store& store, const Reader<const std::string&>& text, const Action<std::string>& setText,
+QWidget* codeEditor(Store& store, const Reader<Rope>& text, const Action<Rope>& setText,
                     const Reader<std::string>& placeholder, const CodeEditorOptions& options = {});
 
-/// The same for a read-only text, which can be selected and copied.
-QWidget* readOnlyEditor(Store& store, const Reader<const std::string&>& text,
-                        const Reader<std::string>& placeholder, const CodeEditorOptions& options = {});
+/// The same for a read-only text, which can be selected and copied. While `isStale` is true, because another
+/// text is being made, it is faint and busy to assistive technology.
+QWidget* readOnlyEditor(Store& store, const Reader<Rope>& text, const Reader<std::string>& placeholder,
+                        const CodeEditorOptions& options = {}, const Reader<bool>& isStale = false);
 
 } // namespace korvane

@@ -2,6 +2,7 @@
 
 #include "Desktop/Text/AccessibleText.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -90,6 +91,16 @@ void TextArea::setPlaceholder(const QString& placeholder) {
         return;
     m_placeholder = placeholder;
     viewport()->update();
+}
+
+void TextArea::setBusy(bool isBusy) {
+    if (isBusy == m_isBusy)
+        return;
+    m_isBusy = isBusy;
+    QAccessible::State changed;
+    changed.busy = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 QAccessibleInterface* TextArea::newAccessibleInterface() {

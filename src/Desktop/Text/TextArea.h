@@ -61,6 +61,11 @@ public:
     /// A read-only text can be selected and copied; it has no history.
     void setReadOnly(bool readOnly);
 
+    bool isBusy() const { return m_isBusy; }
+
+    /// Tells assistive technology whether another text is being made.
+    void setBusy(bool isBusy);
+
     /// Whether keys move a caret; without, a read-only text has none.
     void setHasCaret(bool hasCaret) { m_hasCaret = hasCaret; }
 
@@ -220,6 +225,7 @@ private:
     std::size_t m_top = 0;          ///< where the first visible row begins
     std::optional<qreal> m_goalX{}; ///< where keys that move between rows place the caret
     bool m_isReadOnly = false;
+    bool m_isBusy = false;
     bool m_hasCaret = true;
     bool m_isCaretShown = false; ///< blinks
     bool m_isMovingScrollBar = false;

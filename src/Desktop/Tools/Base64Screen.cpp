@@ -1,4 +1,5 @@
 #include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Output.h"
@@ -24,7 +25,7 @@ auto ofMode(Fact fact) {
 }
 
 QWidget* body(Store& store) {
-    return screen(
+    auto* content = screen(
         store, toolHeader(Tool::base64),
         {
             row({
@@ -36,15 +37,18 @@ QWidget* body(Store& store) {
                 clearButton(store, &Base64View::setInputText),
             }),
             statusBadge(store, &Base64View::status),
+            busyBadge(store, &Base64View::conversion, &Base64View::cancel),
             columns({
                 section(store, ofMode(&Base64ModeFacts::inputTitle), "arrow.down.doc",
                         codeEditor(store, &Base64View::inputText, &Base64View::setInputText,
                                    ofMode(&Base64ModeFacts::inputPlaceholder))),
                 section(store, ofMode(&Base64ModeFacts::outputTitle), "arrow.up.doc",
-                        output(store, &Base64View::outputText, "Output will appear here...")),
+                        output(store, &Base64View::outputText, "Output will appear here...",
+                               &Base64View::isBusy)),
             }),
             when(store, &Base64View::hasInput, caption(store, &Base64View::statistics)),
         });
+    return cancellable(store, &Base64View::isBusy, &Base64View::cancel, content);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Output.h"
@@ -17,13 +18,14 @@ namespace {
 constexpr int tokenHeight = 100;
 
 /// A decoded part of the token.
-QWidget* part(Store& store, std::string title, std::string JWTDecoderView::* text, std::string placeholder) {
+QWidget* part(Store& store, std::string title, Rope JWTDecoderView::* text, std::string placeholder) {
     return section(store, std::move(title), "",
-                   output(store, text, std::move(placeholder), {.lineNumbers = false, .isSmall = true}));
+                   output(store, text, std::move(placeholder), &JWTDecoderView::isBusy,
+                          {.lineNumbers = false, .isSmall = true}));
 }
 
 QWidget* body(Store& store) {
-    return screen(
+    auto* content = screen(
         store, toolHeader(Tool::jwtDecoder),
         {
             row({
@@ -33,6 +35,7 @@ QWidget* body(Store& store) {
                 clearButton(store, &JWTDecoderView::setInputToken),
             }),
             statusLine(store, &JWTDecoderView::status, &JWTDecoderView::details),
+            busyBadge(store, &JWTDecoderView::decoding, &JWTDecoderView::cancel),
             section(store, "JWT Token", "",
                     withHeight(tokenHeight,
                                codeEditor(store, &JWTDecoderView::inputToken, &JWTDecoderView::setInputToken,
@@ -43,6 +46,7 @@ QWidget* body(Store& store) {
                 sharing(2, part(store, "Signature", &JWTDecoderView::signature, "Decode to see signature")),
             }),
         });
+    return cancellable(store, &JWTDecoderView::isBusy, &JWTDecoderView::cancel, content);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Text/SecretText.h"
+#include "Desktop/Text/TextContent.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
@@ -12,15 +13,15 @@
 
 namespace korvane {
 
-std::optional<std::string> ServicesQt::ClipboardQt::text() const {
+std::optional<Rope> ServicesQt::ClipboardQt::text() const {
     const auto* content = QGuiApplication::clipboard()->mimeData();
     if (!content || !content->hasText())
         return std::nullopt;
-    return utf8String(content->text());
+    return textOf(*content);
 }
 
-void ServicesQt::ClipboardQt::setText(std::string_view text) {
-    QGuiApplication::clipboard()->setText(qString(text));
+void ServicesQt::ClipboardQt::setText(const Rope& text) {
+    QGuiApplication::clipboard()->setMimeData(new TextContent(text));
 }
 
 void ServicesQt::ClipboardQt::setSecret(std::string_view text) {

@@ -16,8 +16,8 @@ public:
 private:
     class ClipboardQt final : public Clipboard {
     public:
-        std::optional<std::string> text() const override;
-        void setText(std::string_view text) override;
+        std::optional<Rope> text() const override;
+        void setText(const Rope& text) override;
         void setSecret(std::string_view text) override;
     };
 

@@ -14,22 +14,6 @@ namespace korvane {
 
 namespace {
 
-/// Whether there is always a boundary between two such code points, except CR LF. Only other code points need
-/// the full rules.
-bool isAlwaysSeparate(char32_t character) {
-    if (character < 0x300)
-        return true;
-    switch (u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_GRAPHEME_CLUSTER_BREAK)) {
-    case U_GCB_OTHER: // emoji too: only code points not in this list join them
-    case U_GCB_CONTROL:
-    case U_GCB_LV:
-    case U_GCB_LVT:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool isCarriageReturnLineFeed(std::string_view text, std::size_t offset) {
     return text.substr(offset).starts_with("\r\n");
 }
@@ -98,6 +82,20 @@ UChar32 firstCodePoint(std::string_view character) {
 }
 
 } // namespace
+
+bool isAlwaysSeparate(char32_t character) {
+    if (character < 0x300)
+        return true;
+    switch (u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_GRAPHEME_CLUSTER_BREAK)) {
+    case U_GCB_OTHER: // emoji too: only code points not in this list join them
+    case U_GCB_CONTROL:
+    case U_GCB_LV:
+    case U_GCB_LVT:
+        return true;
+    default:
+        return false;
+    }
+}
 
 std::string_view Characters::next() {
     if (m_taken < m_windowEnds.size())

@@ -8,6 +8,10 @@
 
 namespace korvane {
 
+/// Whether there is always a boundary of user-perceived characters between two such code points, except CR
+/// LF. Only other code points need the full rules.
+bool isAlwaysSeparate(char32_t character);
+
 /// Iterates once over a text, which must outlive it. CR LF is one character. The full rules apply only where
 /// marks, emoji sequences and the like are possible; ASCII costs almost nothing.
 class Characters {

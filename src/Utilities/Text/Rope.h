@@ -91,6 +91,8 @@ public:
 
     bool empty() const { return m_tree == nullptr; }
 
+    void clear() { m_tree = nullptr; }
+
     /// The number of characters of `isNewline`; CR LF is two.
     std::size_t newlineCount() const { return summary().newlines; }
 
@@ -128,6 +130,12 @@ public:
     friend bool operator==(const Rope& left, const Text& right) {
         return left.isEqual(right);
     }
+
+    /// The number of bytes that this text and `other` begin with, or end with. As with equality, what they
+    /// share at the same distance from that end is not read.
+    std::size_t commonPrefix(const Rope& other) const { return RopeTree::commonPrefix(m_tree, other.m_tree); }
+
+    std::size_t commonSuffix(const Rope& other) const { return RopeTree::commonSuffix(m_tree, other.m_tree); }
 
     /// A copy of the text, or of its range [from, to).
     std::string string() const { return string(0, size()); }
@@ -189,6 +197,27 @@ private:
     bool isEqual(std::string_view text) const;
 
     RopeTree::Tree m_tree{};
+};
+
+/// The text of a rope as one view, for functions that read a string. Copies it unless it is contiguous.
+class FlatText {
+public:
+    explicit FlatText(Rope rope)
+        : m_rope(std::move(rope)),
+          m_copy(m_rope.contiguous() ? std::string() : m_rope.string()),
+          m_view(m_rope.contiguous().value_or(m_copy)) {}
+
+    FlatText(const FlatText&) = delete;
+    FlatText& operator=(const FlatText&) = delete;
+
+    std::string_view view() const { return m_view; }
+
+    operator std::string_view() const { return m_view; }
+
+private:
+    Rope m_rope;
+    std::string m_copy;
+    std::string_view m_view;
 };
 
 } // namespace korvane

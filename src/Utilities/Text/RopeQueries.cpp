@@ -37,27 +37,35 @@ Crossing firstInText(std::string_view text, TextSummary before,
     return {.before = before, .after = before};
 }
 
-/// Traverses a tree from left to right, and passes over whole subtrees where the caller can.
+enum class Direction { forward, backward };
+
+/// Traverses a tree from one of its ends to the other, and passes over whole subtrees where the caller can.
 class Cursor {
 public:
-    explicit Cursor(const Node& root) : m_pending{&root} {}
+    Cursor(const Node& root, Direction direction) : m_direction(direction), m_pending{&root} {}
 
     bool isAtEnd() const { return m_pending.empty(); }
 
-    /// The subtree that begins here, of which some bytes may have been passed over if it is a leaf.
+    /// The subtree that begins here, of which some bytes may have been passed over if it is a run.
     const Node& subtree() const { return *m_pending.back(); }
 
     /// What has not been passed over of the subtree, in bytes.
     std::size_t remaining() const { return subtree().summary.bytes - m_passed; }
 
-    /// Where these bytes are, if they are a run.
-    const char* run() const { return subtree().run == nullptr ? nullptr : subtree().run + m_passed; }
+    bool isRun() const { return subtree().run != nullptr; }
 
-    /// Goes from a subtree that has not begun to be passed over to its left subtree.
+    /// The next bytes of the run here, at most as many as remain.
+    std::string_view next(std::size_t bytes) const {
+        const auto skipped = m_direction == Direction::forward ? m_passed : remaining() - bytes;
+        return {subtree().run + skipped, bytes};
+    }
+
+    /// Goes from a subtree that has not begun to be passed over to the nearer of its subtrees.
     void descend() {
         const auto& [left, right] = std::get<Branch>(subtree().content);
-        m_pending.back() = right.get();
-        m_pending.push_back(left.get());
+        const bool isForward = m_direction == Direction::forward;
+        m_pending.back() = (isForward ? right : left).get();
+        m_pending.push_back((isForward ? left : right).get());
     }
 
     void pass(std::size_t bytes) {
@@ -69,36 +77,61 @@ public:
     }
 
 private:
+    Direction m_direction;
     std::vector<const Node*> m_pending; ///< subtrees from here on, the first one last
     std::size_t m_passed = 0;
 };
 
-/// Passes over what both have here at least in common, and says whether that is equal.
-bool passEqual(Cursor& left, Cursor& right) {
-    if (&left.subtree() == &right.subtree() && left.remaining() == right.remaining()) {
-        const auto bytes = left.remaining();
-        left.pass(bytes);
-        right.pass(bytes);
-        return true;
-    }
-    // The larger subtree may contain the other one, and so is entered first.
+/// The number of equal bytes at the start, or the end, of two texts of the same size.
+std::size_t commonLength(std::string_view left, std::string_view right, Direction direction) {
+    if (left.data() == right.data() || left == right)
+        return left.size();
+    if (direction == Direction::backward)
+        return static_cast<std::size_t>(std::mismatch(left.rbegin(), left.rend(), right.rbegin()).first -
+                                        left.rbegin());
+    return static_cast<std::size_t>(std::ranges::mismatch(left, right).in1 - left.begin());
+}
+
+/// Whether both are before what they share.
+bool isAtSharedSubtree(const Cursor& left, const Cursor& right) {
+    return &left.subtree() == &right.subtree() && left.remaining() == right.remaining();
+}
+
+/// Descends in one of them, unless both are at runs; returns whether it did. The larger subtree may contain
+/// the other one, so it comes first.
+bool descend(Cursor& left, Cursor& right) {
     const bool leftIsLarger = left.remaining() >= right.remaining();
-    auto& larger = leftIsLarger ? left : right;
-    auto& smaller = leftIsLarger ? right : left;
-    if (larger.run() == nullptr) {
-        larger.descend();
-        return true;
+    for (auto* cursor : {leftIsLarger ? &left : &right, leftIsLarger ? &right : &left}) {
+        if (!cursor->isRun()) {
+            cursor->descend();
+            return true;
+        }
     }
-    if (smaller.run() == nullptr) {
-        smaller.descend();
-        return true;
+    return false;
+}
+
+/// The number of bytes that two texts have in common at their start, or at their end.
+std::size_t commonLength(const Node& left, const Node& right, Direction direction) {
+    constexpr std::size_t maxCompared = 4096; // at once, because where it differs is found slowly
+    Cursor first(left, direction);
+    Cursor second(right, direction);
+    std::size_t length = 0;
+    while (!first.isAtEnd() && !second.isAtEnd()) {
+        auto bytes = std::min(first.remaining(), second.remaining());
+        if (!isAtSharedSubtree(first, second)) {
+            if (descend(first, second))
+                continue;
+            if (first.next(bytes).data() != second.next(bytes).data())
+                bytes = std::min(bytes, maxCompared);
+            const auto same = commonLength(first.next(bytes), second.next(bytes), direction);
+            if (same < bytes)
+                return length + same;
+        }
+        first.pass(bytes);
+        second.pass(bytes);
+        length += bytes;
     }
-    const auto bytes = smaller.remaining();
-    const bool isEqual = left.run() == right.run() ||
-                         std::string_view(left.run(), bytes) == std::string_view(right.run(), bytes);
-    left.pass(bytes);
-    right.pass(bytes);
-    return isEqual;
+    return length;
 }
 
 } // namespace
@@ -160,15 +193,17 @@ Run runAt(const Node& node, std::size_t offset) {
 bool isEqual(const Tree& left, const Tree& right) {
     if (left == right)
         return true;
-    if (summary(left) != summary(right))
+    if (!left || !right || left->summary != right->summary)
         return false;
-    Cursor first(*left);
-    Cursor second(*right);
-    while (!first.isAtEnd()) {
-        if (!passEqual(first, second))
-            return false;
-    }
-    return true;
+    return commonPrefix(left, right) == left->summary.bytes;
+}
+
+std::size_t commonPrefix(const Tree& left, const Tree& right) {
+    return left && right ? commonLength(*left, *right, Direction::forward) : 0;
+}
+
+std::size_t commonSuffix(const Tree& left, const Tree& right) {
+    return left && right ? commonLength(*left, *right, Direction::backward) : 0;
 }
 
 } // namespace korvane::RopeTree

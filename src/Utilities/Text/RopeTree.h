@@ -89,4 +89,9 @@ Run runAt(const Node& node, std::size_t offset);
 /// read.
 bool isEqual(const Tree& left, const Tree& right);
 
+/// The number of bytes that both texts begin with, or end with. Subtrees and pieces of buffers that both have
+/// at the same distance from that end are not read.
+std::size_t commonPrefix(const Tree& left, const Tree& right);
+std::size_t commonSuffix(const Tree& left, const Tree& right);
+
 } // namespace korvane::RopeTree

@@ -5,7 +5,7 @@ namespace korvane {
 void CopyButton::copyToClipboard(const Context<CopyButton>& context) {
     auto& clipboard = context.services.clipboard;
     if (isSecret)
-        clipboard.setSecret(text);
+        clipboard.setSecret(text.string());
     else
         clipboard.setText(text);
     copied = true;

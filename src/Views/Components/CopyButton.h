@@ -15,7 +15,7 @@ struct CopyButton {
     /// How long the feedback stays after a press.
     static constexpr std::chrono::milliseconds feedbackDuration{1500};
 
-    std::string text{};
+    Rope text{};
     std::string label{};
     bool showLabel = true;
     std::string_view idleIcon = "doc.on.doc"; ///< a glyph name that outlives the button

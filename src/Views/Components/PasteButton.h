@@ -4,7 +4,6 @@
 #include "Views/Services.h"
 
 #include <functional>
-#include <string>
 #include <string_view>
 
 namespace korvane {
@@ -13,7 +12,7 @@ struct PasteButton {
     static constexpr std::string_view icon = "doc.on.clipboard";
 
     /// Passes the clipboard's plain text to `setText`; does nothing without one.
-    static void paste(const Clipboard& clipboard, const std::function<void(std::string)>& setText) {
+    static void paste(const Clipboard& clipboard, const std::function<void(Rope)>& setText) {
         if (auto text = clipboard.text())
             setText(std::move(*text));
     }
@@ -22,7 +21,7 @@ struct PasteButton {
 struct ClearButton {
     static constexpr std::string_view icon = "trash";
 
-    static void clear(const std::function<void(std::string)>& setText) { setText({}); }
+    static void clear(const std::function<void(Rope)>& setText) { setText({}); }
 };
 
 } // namespace korvane

@@ -1,7 +1,10 @@
-/// The state of the Base64 screen: text is converted to Base64 and back only on a button press.
+/// The state of the Base64 screen: text is converted to Base64 and back only on a button press, large texts
+/// in the background.
 #pragma once
 
 #include "Models/Enumeration.h"
+#include "Views/Components/AwaitedWork.h"
+#include "Views/Components/LiveStats.h"
 #include "Views/Components/StatusBadge.h"
 
 #include <array>
@@ -14,36 +17,46 @@ namespace korvane {
 struct Base64View {
     enum class Mode { encode, decode };
 
-    std::string inputText{};
-    std::string outputText{};
+    Rope inputText{};
+    Rope outputText{};
     Mode mode = Mode::encode;
     std::optional<std::string> errorMessage{};
+    AwaitedWork conversion{};
+    LiveStats inputStats{};
+    LiveStats outputStats{};
 
-    /// Also drops the message, which belongs to the previous input.
-    void setInputText(std::string text);
+    /// Also drops the message and cancels a conversion, which belong to the previous input.
+    void setInputText(Rope text, const Context<Base64View>& context);
 
     void setMode(Mode newMode) { mode = newMode; }
 
     /// Converts the input in the direction of `mode`. A failure sets a message; decoding invalid input also
     /// empties the output.
-    void convert();
+    void convert(const Context<Base64View>& context);
+
+    void cancel() { conversion.cancel(); }
 
     /// The badge for `errorMessage`.
     std::optional<StatusBadge> status() const;
+
+    bool isBusy() const { return conversion.isBusy(); }
 
     bool hasInput() const { return !inputText.empty(); }
 
     bool hasOutput() const { return !outputText.empty(); }
 
     /// The number of user-perceived characters, such as "Input: 5 characters", followed by a bullet and those
-    /// of the output if there is one.
+    /// of the output if there is one. "…" while they are being counted.
     std::string statistics() const;
 
     bool operator==(const Base64View&) const = default;
 
 private:
-    void encode();
-    void decode();
+    struct Result;
+
+    static Result encode(std::string_view text);
+    static Result decode(std::string_view text);
+    void show(Result result, const Context<Base64View>& context);
 };
 
 struct Base64ModeFacts {
@@ -53,13 +66,15 @@ struct Base64ModeFacts {
     std::string_view inputTitle;
     std::string_view inputPlaceholder;
     std::string_view outputTitle;
+    std::string_view verb; ///< for running work
 };
 
 template <>
 inline constexpr auto facts<Base64View::Mode> = std::to_array<Base64ModeFacts>({
-    {Base64View::Mode::encode, "Encode", "lock", "Plain Text", "Enter text to encode...", "Base64 Output"},
+    {Base64View::Mode::encode, "Encode", "lock", "Plain Text", "Enter text to encode...", "Base64 Output",
+     "Encoding"},
     {Base64View::Mode::decode, "Decode", "lock.open", "Base64 Input", "Enter Base64 to decode...",
-     "Decoded Text"},
+     "Decoded Text", "Decoding"},
 });
 
 } // namespace korvane

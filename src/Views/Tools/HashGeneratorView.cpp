@@ -1,7 +1,5 @@
 #include "Views/Tools/HashGeneratorView.h"
 
-#include "Utilities/Text/Text.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -16,41 +14,21 @@ std::string HashResultRow::lengthText() const {
     return fmt::format("{} chars", factsOf(algorithm).digitCount);
 }
 
-/// Passes the result of `compute` for the input to `apply`: at once, or later from the background if the
-/// input is large.
-template <typename Compute, typename Apply>
-void HashGeneratorView::computeFromInput(const Context<HashGeneratorView>& context,
-                                         std::optional<BackgroundTask> HashGeneratorView::* slot,
-                                         Compute compute, Apply apply) {
-    if (inputText.size() > maxImmediateSize) {
-        runInBackground(
-            context, *this, slot,
-            [text = inputText, compute](const std::stop_token& stop) { return compute(text, stop); }, apply);
-    } else {
-        (this->*slot).reset();
-        apply(*this, compute(inputText, std::stop_token()));
-    }
-}
-
-void HashGeneratorView::setInputText(std::string text, const Context<HashGeneratorView>& context) {
+void HashGeneratorView::setInputText(Rope text, const Context<HashGeneratorView>& context) {
     if (text == inputText)
         return;
     inputText = std::move(text);
-    inputCharacterCount.reset();
-    computeFromInput(
-        context, &HashGeneratorView::counting,
-        [](const std::string& input, const std::stop_token&) { return characterCount(input); },
-        [](HashGeneratorView& view, std::size_t count) { view.inputCharacterCount = count; });
+    LiveStats::update(context, *this, &HashGeneratorView::inputStats, inputText);
     if (liveUpdate)
         generateAll(context);
 }
 
 void HashGeneratorView::generateAll(const Context<HashGeneratorView>& context) {
     hashes.clear(); // they may belong to another text
-    computeFromInput(
-        context, &HashGeneratorView::hashing,
-        [](const std::string& input, const std::stop_token& stop) {
-            return HashGenerator::allHashes(input, stop);
+    runAwaited(
+        context, *this, &HashGeneratorView::hashing, {.verb = "Hashing", .bytes = inputText.size()},
+        [text = inputText](const std::stop_token& stop) {
+            return HashGenerator::allHashes(FlatText(text), stop);
         },
         [](HashGeneratorView& view, std::vector<HashResult> results) { view.hashes = std::move(results); });
 }
@@ -60,11 +38,12 @@ HashResultRow HashGeneratorView::row(HashAlgorithm algorithm) const {
     return {.algorithm = algorithm,
             .hash = result == hashes.end() ? std::string() : result->hash,
             .isSelected = algorithm == selectedAlgorithm,
-            .isComputing = hashing.has_value()};
+            .isComputing = hashing.isRunning(),
+            .isBusy = hashing.isBusy()};
 }
 
 std::string HashGeneratorView::statistics() const {
-    return fmt::format("{} characters • {} bytes", inputCharacterCount.value_or(0), inputText.size());
+    return fmt::format("{} characters • {} bytes", inputStats.text(&TextStats::characters), inputText.size());
 }
 
 } // namespace korvane

@@ -4,7 +4,9 @@
 
 #include "Models/PaletteColor.h"
 #include "Utilities/HashGenerator.h"
-#include "Views/Background.h"
+#include "Utilities/Text/Rope.h"
+#include "Views/Components/AwaitedWork.h"
+#include "Views/Components/LiveStats.h"
 #include "Views/Services.h"
 
 #include <cstddef>
@@ -39,6 +41,7 @@ struct HashResultRow {
     std::string hash{}; ///< empty until it is computed
     bool isSelected = false;
     bool isComputing = false; ///< in the background; there is no digest meanwhile
+    bool isBusy = false;      ///< the same, for so long that the row says so
 
     bool hasHash() const { return !hash.empty(); }
 
@@ -60,22 +63,16 @@ struct HashGeneratorView {
     static constexpr std::string_view footer =
         "All hashing is done locally using Apple's CryptoKit framework. No data leaves your device.";
 
-    /// In bytes. Texts up to this size are hashed and counted within milliseconds, so they need no other
-    /// thread.
-    static constexpr std::size_t maxImmediateSize = std::size_t{256} << 10;
-
-    std::string inputText{};
+    Rope inputText{};
     /// The last digests; none while those of a large text are being computed.
     std::vector<HashGenerator::HashResult> hashes{};
     std::optional<HashAlgorithm> selectedAlgorithm{};
     bool liveUpdate = true;
-    /// The number of user-perceived characters; none while those of a large text are being counted.
-    std::optional<std::size_t> inputCharacterCount = 0;
-    std::optional<BackgroundTask> hashing{};
-    std::optional<BackgroundTask> counting{};
+    LiveStats inputStats{};
+    AwaitedWork hashing{};
 
     /// Also computes the digests if `liveUpdate` is set; otherwise those of the previous input stay.
-    void setInputText(std::string text, const Context<HashGeneratorView>& context);
+    void setInputText(Rope text, const Context<HashGeneratorView>& context);
 
     /// Computes nothing; the next change of the input does.
     void setLiveUpdate(bool isLive) { liveUpdate = isLive; }
@@ -83,22 +80,20 @@ struct HashGeneratorView {
     /// Computes the digests of the input.
     void generateAll(const Context<HashGeneratorView>& context);
 
+    void cancel() { hashing.cancel(); }
+
     void select(HashAlgorithm algorithm) { selectedAlgorithm = algorithm; }
 
     HashResultRow row(HashAlgorithm algorithm) const;
 
-    bool hasStatistics() const { return !inputText.empty() && inputCharacterCount; }
+    bool isBusy() const { return hashing.isBusy(); }
 
-    /// The size of the input, such as "1 characters • 2 bytes".
+    bool hasStatistics() const { return !inputText.empty(); }
+
+    /// The size of the input, such as "1 characters • 2 bytes"; "…" while characters are being counted.
     std::string statistics() const;
 
     bool operator==(const HashGeneratorView&) const = default;
-
-private:
-    template <typename Compute, typename Apply>
-    void computeFromInput(const Context<HashGeneratorView>& context,
-                          std::optional<BackgroundTask> HashGeneratorView::* slot, Compute compute,
-                          Apply apply);
 };
 
 } // namespace korvane

@@ -1,5 +1,7 @@
 #include "Views/Tools/ImageConverterView.h"
 
+#include "Utilities/Text/ByteCount.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -41,19 +43,6 @@ FileKind kindOf(ImageFormat format) {
     return {.name = std::string(description(format)),
             .extensions = extensions(format),
             .otherExtensions = anyImage().extensions};
-}
-
-/// The number in decimal units, such as "999 bytes", "482 KB" and "1.1 GB".
-std::string byteCountText(std::int64_t bytes) {
-    if (bytes < 1000)
-        return fmt::format("{} bytes", bytes);
-    constexpr auto units = std::to_array<std::string_view>({"KB", "MB", "GB"});
-    double amount = static_cast<double>(bytes) / 1000;
-    std::size_t unit = 0;
-    for (; amount >= 999.5 && unit + 1 < units.size(); ++unit)
-        amount /= 1000;
-    return unit == 0 || amount >= 99.95 ? fmt::format("{:.0f} {}", amount, units[unit])
-                                        : fmt::format("{:.1f} {}", amount, units[unit]);
 }
 
 /// How to get a codec that this computer lacks: by its Debian package, where one is known.

@@ -1,5 +1,7 @@
 #include "Views/Tools/JSONFormatterView.h"
 
+#include <expected>
+#include <stop_token>
 #include <utility>
 
 namespace korvane {
@@ -11,14 +13,37 @@ constexpr int indent = 2;
 
 } // namespace
 
-void JSONFormatterView::setInputText(std::string text) {
+struct JSONFormatterView::Result {
+    Rope output{};
+    std::optional<bool> isValid{};
+    std::optional<std::string> errorMessage{};
+    JSONFormatter::DuplicateNames duplicates{};
+
+    /// What a text or an error says.
+    static Result of(std::expected<std::string, JSONFormatter::JSONError> text,
+                     JSONFormatter::DuplicateNames duplicates) {
+        if (!text)
+            return {.errorMessage = text.error().errorDescription()};
+        return {.output = *std::move(text), .isValid = true, .duplicates = std::move(duplicates)};
+    }
+};
+
+struct JSONFormatterView::Tree {
+    std::shared_ptr<const JSONNode> root{};
+    std::shared_ptr<const JSONOutline> outline{};
+    JSONFormatter::DuplicateNames duplicates{};
+};
+
+void JSONFormatterView::setInputText(Rope text, const Context<JSONFormatterView>& context) {
     if (text == inputText)
         return;
     inputText = std::move(text);
+    formatting.cancel();
+    treeBuilding.cancel();
     if (!inputText.empty())
         clearStatus();
     if (showTreeView)
-        updateTree();
+        updateTree(context);
 }
 
 void JSONFormatterView::setShowTreeView(bool show) {
@@ -27,33 +52,52 @@ void JSONFormatterView::setShowTreeView(bool show) {
     showTreeView = show;
 }
 
-void JSONFormatterView::prettify() {
-    clearStatus();
-    showResult(JSONFormatter::prettify(inputText, indent, &duplicates));
+JSONFormatterView::Result JSONFormatterView::prettified(std::string_view input) {
+    JSONFormatter::DuplicateNames duplicates;
+    auto text = JSONFormatter::prettify(input, indent, &duplicates);
+    return Result::of(std::move(text), std::move(duplicates));
 }
 
-void JSONFormatterView::minify() {
-    clearStatus();
-    showResult(JSONFormatter::minify(inputText, &duplicates));
+JSONFormatterView::Result JSONFormatterView::minified(std::string_view input) {
+    JSONFormatter::DuplicateNames duplicates;
+    auto text = JSONFormatter::minify(input, &duplicates);
+    return Result::of(std::move(text), std::move(duplicates));
 }
 
-void JSONFormatterView::showResult(std::expected<std::string, JSONFormatter::JSONError> result) {
-    if (result) {
-        outputText = std::move(*result);
-        isValid = true;
-    } else {
-        errorMessage = result.error().errorDescription();
-        outputText.clear();
-    }
-}
-
-void JSONFormatterView::validate() {
-    clearStatus();
-    const auto verdict = JSONFormatter::validate(inputText, &duplicates);
-    isValid = verdict.has_value();
+JSONFormatterView::Result JSONFormatterView::validated(std::string_view input) {
+    JSONFormatter::DuplicateNames duplicates;
+    const auto verdict = JSONFormatter::validate(input, &duplicates);
     if (!verdict)
-        errorMessage = verdict.error().errorDescription();
-    outputText.clear();
+        return {.isValid = false, .errorMessage = verdict.error().errorDescription()};
+    return {.isValid = true, .duplicates = std::move(duplicates)};
+}
+
+void JSONFormatterView::prettify(const Context<JSONFormatterView>& context) {
+    run(context, "Formatting", prettified);
+}
+
+void JSONFormatterView::minify(const Context<JSONFormatterView>& context) {
+    run(context, "Minifying", minified);
+}
+
+void JSONFormatterView::validate(const Context<JSONFormatterView>& context) {
+    run(context, "Validating", validated);
+}
+
+void JSONFormatterView::run(const Context<JSONFormatterView>& context, std::string_view verb,
+                            Operation operation) {
+    clearStatus();
+    runAwaited(
+        context, *this, &JSONFormatterView::formatting, {.verb = verb, .bytes = inputText.size()},
+        [text = inputText, operation](const std::stop_token&) { return operation(FlatText(text)); },
+        &JSONFormatterView::showResult);
+}
+
+void JSONFormatterView::showResult(Result result) {
+    outputText = std::move(result.output);
+    isValid = result.isValid;
+    errorMessage = std::move(result.errorMessage);
+    duplicates = std::move(result.duplicates);
 }
 
 void JSONFormatterView::clearStatus() {
@@ -62,13 +106,38 @@ void JSONFormatterView::clearStatus() {
     duplicates = {};
 }
 
-void JSONFormatterView::updateTree() {
-    if (auto root = JSONFormatter::parseToTree(inputText, &duplicates)) {
-        treeRoot = std::make_shared<const JSONNode>(std::move(*root));
-    } else {
-        treeRoot.reset();
+void JSONFormatterView::updateTree(const Context<JSONFormatterView>& context) {
+    const Workload load{.verb = "Reading", .bytes = inputText.size()};
+    const auto share = [isShort = load.isShort(), &background = context.services.background](JSONNode root) {
+        return isShort ? std::make_shared<const JSONNode>(std::move(root))
+                       : shareLarge(background, std::move(root));
+    };
+    runAwaited(
+        context, *this, &JSONFormatterView::treeBuilding, load,
+        [text = inputText, share](const std::stop_token& stop) {
+            Tree built;
+            if (auto root = JSONFormatter::parseToTree(FlatText(text), &built.duplicates)) {
+                built.root = share(*std::move(root));
+                built.outline = JSONOutline::of(built.root, stop);
+            }
+            return built;
+        },
+        &JSONFormatterView::showTree);
+}
+
+void JSONFormatterView::cancel() {
+    formatting.cancel();
+    if (treeBuilding.isRunning()) {
+        treeBuilding.cancel();
+        showTree({});
     }
-    tree.setOutline(treeRoot ? JSONOutline::of(treeRoot) : nullptr);
+}
+
+void JSONFormatterView::showTree(Tree built) {
+    treeRoot = std::move(built.root);
+    tree.setOutline(std::move(built.outline));
+    if (treeRoot)
+        duplicates = std::move(built.duplicates);
 }
 
 void JSONFormatterView::toggleRow(std::size_t index) {

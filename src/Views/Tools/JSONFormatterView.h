@@ -1,22 +1,24 @@
 /// The state of the JSON Formatter screen: the input, its pretty or compact text, a verdict, and, in tree
-/// mode, the tree of the input as it was last edited.
+/// mode, the tree of the input as it was last edited. Large inputs are worked on in the background.
 #pragma once
 
 #include "Models/PaletteColor.h"
 #include "Utilities/JSON/JSONFormatter.h"
+#include "Utilities/Text/Rope.h"
+#include "Views/Components/AwaitedWork.h"
 #include "Views/Components/StatusBadge.h"
 #include "Views/Tools/JSONTreeNodeView.h"
 
-#include <expected>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace korvane {
 
 struct JSONFormatterView {
-    std::string inputText{};
-    std::string outputText{};
+    Rope inputText{};
+    Rope outputText{};
     std::optional<std::string> errorMessage{};
     std::optional<bool> isValid{};
     bool showTreeView = false;
@@ -26,19 +28,28 @@ struct JSONFormatterView {
     JSONTree tree{};
     /// Left out of the last result or tree.
     JSONFormatter::DuplicateNames duplicates{};
+    AwaitedWork formatting{};   ///< of output and verdict
+    AwaitedWork treeBuilding{}; ///< of `treeRoot`
 
-    /// Also drops message, verdict and warning, unless the new input is empty, and rebuilds the tree in tree
-    /// mode, without a message if the input is not valid.
-    void setInputText(std::string text);
+    /// Also cancels running work, which belongs to the previous input, drops message, verdict and warning,
+    /// unless the new input is empty, and rebuilds the tree in tree mode, without a message if the input is
+    /// not valid.
+    void setInputText(Rope text, const Context<JSONFormatterView>& context);
 
     /// Switches between output and tree. Does not build a tree; the next change of the input does.
     void setShowTreeView(bool show);
 
-    void prettify();
-    void minify();
+    void prettify(const Context<JSONFormatterView>& context);
+    void minify(const Context<JSONFormatterView>& context);
 
     /// Checks the input and empties the output.
-    void validate();
+    void validate(const Context<JSONFormatterView>& context);
+
+    /// Stops running work. A tree of the previous input goes with it.
+    void cancel();
+
+    /// The work that the screen tells of.
+    const AwaitedWork& shownWork() const { return treeBuilding.isBusy() ? treeBuilding : formatting; }
 
     /// Shows or hides the children of the row at `index` of `tree`.
     void toggleRow(std::size_t index);
@@ -49,6 +60,10 @@ struct JSONFormatterView {
     /// The warning beside it about names that occur twice.
     std::optional<StatusBadge> warning() const;
 
+    bool isBusy() const { return shownWork().isBusy(); }
+
+    bool isFormatting() const { return formatting.isBusy(); }
+
     bool hasOutput() const { return !outputText.empty(); }
 
     bool showsOutput() const { return !showTreeView; }
@@ -58,9 +73,18 @@ struct JSONFormatterView {
     bool operator==(const JSONFormatterView&) const = default;
 
 private:
-    void showResult(std::expected<std::string, JSONFormatter::JSONError> result);
+    struct Result;
+    struct Tree;
+    using Operation = Result (*)(std::string_view input);
+
+    static Result prettified(std::string_view input);
+    static Result minified(std::string_view input);
+    static Result validated(std::string_view input);
+    void run(const Context<JSONFormatterView>& context, std::string_view verb, Operation operation);
+    void showResult(Result result);
     void clearStatus();
-    void updateTree();
+    void updateTree(const Context<JSONFormatterView>& context);
+    void showTree(Tree built);
 };
 
 } // namespace korvane

@@ -78,23 +78,38 @@ std::size_t schemeLength(std::string_view text) {
 }
 
 /// The dates in a payload that could be decoded; none if it has none.
-std::optional<ExpiryInfo> expiryInfoOf(const JSONPart& payload, const Clock& clock) {
+std::optional<ExpiryInfo> expiryInfoOf(const JSONPart& payload) {
     auto expiryDate = payload.date("exp");
     auto issuedAt = payload.date("iat");
     if (!expiryDate && !issuedAt)
         return std::nullopt;
-    const std::chrono::duration<double> now = clock.now().time_since_epoch();
-    return ExpiryInfo{.isExpired = expiryDate && expiryDate->secondsSince1970 < now.count(),
-                      .expiryDate = std::move(expiryDate),
-                      .issuedAt = std::move(issuedAt)};
+    return ExpiryInfo{.expiryDate = std::move(expiryDate), .issuedAt = std::move(issuedAt)};
+}
+
+std::string hintFor(std::string_view token) {
+    if (const auto length = schemeLength(token); length > 0)
+        return fmt::format("Remove \"{}\" from the start", token.substr(0, length));
+    if (wordCount(token) > 1)
+        return "Remove the line breaks and spaces inside the token";
+    return {};
 }
 
 } // namespace
 
-void JWTDecoderView::setInputToken(std::string token) {
+struct JWTDecoderView::Result {
+    Rope header{};
+    Rope payload{};
+    Rope signature{};
+    std::optional<std::string> errorMessage{};
+    std::optional<ExpiryInfo> expiryInfo{}; ///< without `isExpired`
+    std::string hint{};
+};
+
+void JWTDecoderView::setInputToken(Rope token) {
     if (token == inputToken)
         return;
     inputToken = std::move(token);
+    decoding.cancel();
     clearResults();
 }
 
@@ -104,40 +119,67 @@ void JWTDecoderView::clearResults() {
     signature.clear();
     errorMessage.reset();
     expiryInfo.reset();
+    hint.clear();
 }
 
 void JWTDecoderView::decode(const Context<JWTDecoderView>& context) {
     clearResults();
-    const auto token = trimmingWhitespacesAndNewlines(inputToken);
+    runAwaited(
+        context, *this, &JWTDecoderView::decoding, {.verb = "Decoding", .bytes = inputToken.size()},
+        [text = inputToken](const std::stop_token&) { return decoded(FlatText(text)); },
+        [&clock = context.services.clock](JWTDecoderView& view, Result result) {
+            view.show(std::move(result), clock);
+        });
+}
+
+JWTDecoderView::Result JWTDecoderView::decoded(std::string_view text) {
+    const auto token = trimmingWhitespacesAndNewlines(text);
     if (token.empty())
-        return;
+        return {};
     constexpr std::size_t partCount = 3;
     std::vector<std::string_view> parts;
     for (const auto part : std::views::split(token, '.') | std::views::take(partCount + 1))
         parts.emplace_back(part);
+    Result result;
     if (parts.size() == partCount)
-        decodeParts(parts[0], parts[1], parts[2], context.services.clock);
+        decodeParts(result, parts[0], parts[1], parts[2]);
     else
-        errorMessage = "Invalid JWT format. Expected 3 parts separated by dots.";
+        result.errorMessage = "Invalid JWT format. Expected 3 parts separated by dots.";
+    if (result.errorMessage)
+        result.hint = hintFor(token);
+    return result;
 }
 
-void JWTDecoderView::decodeParts(std::string_view headerPart, std::string_view payloadPart,
-                                 std::string_view signaturePart, const Clock& clock) {
+void JWTDecoderView::decodeParts(Result& result, std::string_view headerPart, std::string_view payloadPart,
+                                 std::string_view signaturePart) {
     auto headerText = JSONPart(headerPart).prettyPrinted();
     if (!headerText) {
-        errorMessage = "Could not decode header";
+        result.errorMessage = "Could not decode header";
         return;
     }
-    header = std::move(*headerText);
+    result.header = std::move(*headerText);
     const JSONPart payloadJSON(payloadPart);
     auto payloadText = payloadJSON.prettyPrinted();
     if (!payloadText) {
-        errorMessage = "Could not decode payload";
+        result.errorMessage = "Could not decode payload";
         return;
     }
-    payload = std::move(*payloadText);
-    expiryInfo = expiryInfoOf(payloadJSON, clock);
-    signature = signaturePart;
+    result.payload = std::move(*payloadText);
+    result.expiryInfo = expiryInfoOf(payloadJSON);
+    result.signature = signaturePart;
+}
+
+void JWTDecoderView::show(Result result, const Clock& clock) {
+    header = std::move(result.header);
+    payload = std::move(result.payload);
+    signature = std::move(result.signature);
+    errorMessage = std::move(result.errorMessage);
+    expiryInfo = std::move(result.expiryInfo);
+    hint = std::move(result.hint);
+    if (hasExpiryDate()) {
+        const std::chrono::duration<double> now = clock.now().time_since_epoch();
+        expiryInfo->isExpired = expiryInfo->expiryDate->secondsSince1970 < now.count();
+    }
 }
 
 std::optional<StatusBadge> JWTDecoderView::status() const {
@@ -154,17 +196,6 @@ std::string JWTDecoderView::expiryText() const {
         return {};
     const auto& date = *expiryInfo->expiryDate;
     return "Expires: " + DateText::mediumDateAndTime(date.secondsSince1970).value_or(date.number);
-}
-
-std::string JWTDecoderView::hint() const {
-    if (!errorMessage)
-        return {};
-    const auto token = trimmingWhitespacesAndNewlines(inputToken);
-    if (const auto length = schemeLength(token); length > 0)
-        return fmt::format("Remove \"{}\" from the start", token.substr(0, length));
-    if (wordCount(token) > 1)
-        return "Remove the line breaks and spaces inside the token";
-    return {};
 }
 
 } // namespace korvane

@@ -1,7 +1,9 @@
 /// The state of the JWT Decoder screen: a JSON Web Token (RFC 7519) in its compact form, and its content once
-/// Decode has been pressed. The signature is shown, not verified.
+/// Decode has been pressed. The signature is shown, not verified. Large inputs are decoded in the background.
 #pragma once
 
+#include "Utilities/Text/Rope.h"
+#include "Views/Components/AwaitedWork.h"
 #include "Views/Components/StatusBadge.h"
 #include "Views/Services.h"
 
@@ -28,41 +30,49 @@ struct JWTDecoderView {
         bool operator==(const ExpiryInfo&) const = default;
     };
 
-    std::string inputToken{};
-    std::string header{};
-    std::string payload{};
-    std::string signature{};
+    Rope inputToken{};
+    Rope header{};
+    Rope payload{};
+    Rope signature{};
     std::optional<std::string> errorMessage{};
     std::optional<ExpiryInfo> expiryInfo{};
+    /// What to remove from a token that could not be decoded: the scheme or the start of the header field
+    /// before it, or line breaks and spaces inside it. Empty if it has neither.
+    std::string hint{};
+    AwaitedWork decoding{};
 
-    /// Also drops the results, which belong to the previous token.
-    void setInputToken(std::string token);
+    /// Also drops the results and cancels running work, which belong to the previous token.
+    void setInputToken(Rope token);
 
     /// Shows header and payload of the token as JSON, and the signature as it is written. A failure keeps the
     /// parts before it. A blank token gives neither results nor a message.
     void decode(const Context<JWTDecoderView>& context);
 
+    void cancel() { decoding.cancel(); }
+
     /// The message, or whether the token has expired; none if the token has no dates.
     std::optional<StatusBadge> status() const;
+
+    bool isBusy() const { return decoding.isBusy(); }
 
     bool hasExpiryDate() const { return expiryInfo && expiryInfo->expiryDate; }
 
     /// "Expires: " and the date in the user's locale, or the claim's number if there is no such date.
     std::string expiryText() const;
 
-    /// What to remove from a token that could not be decoded: the scheme or the start of the header field
-    /// before it, or line breaks and spaces inside it. Empty if it has neither.
-    std::string hint() const;
-
     /// The text beside the status.
-    std::string details() const { return errorMessage ? hint() : expiryText(); }
+    std::string details() const { return errorMessage ? hint : expiryText(); }
 
     bool operator==(const JWTDecoderView&) const = default;
 
 private:
+    struct Result;
+
+    static Result decoded(std::string_view text);
+    static void decodeParts(Result& result, std::string_view headerPart, std::string_view payloadPart,
+                            std::string_view signaturePart);
     void clearResults();
-    void decodeParts(std::string_view headerPart, std::string_view payloadPart,
-                     std::string_view signaturePart, const Clock& clock);
+    void show(Result result, const Clock& clock);
 };
 
 } // namespace korvane

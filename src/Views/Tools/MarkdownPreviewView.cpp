@@ -1,26 +1,17 @@
 #include "Views/Tools/MarkdownPreviewView.h"
 
 #include "Utilities/Markdown/MarkdownParser.h"
-#include "Utilities/Markdown/MarkdownPatterns.h"
-#include "Utilities/Text/Text.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
+#include <stop_token>
+#include <utility>
 
 namespace korvane {
 
 namespace {
-
-std::size_t linesIn(std::string_view text) {
-    std::size_t lines = text.empty() ? 0 : 1;
-    for (auto end = MarkdownPatterns::lineBreakFrom(text, 0); end.start < text.size();
-         end = MarkdownPatterns::lineBreakFrom(text, end.end))
-        ++lines;
-    return lines;
-}
 
 bool isWebOrMailAddress(std::string_view target) {
     constexpr auto schemes = std::to_array<std::string_view>({"http://", "https://", "mailto:"});
@@ -33,13 +24,39 @@ bool isWebOrMailAddress(std::string_view target) {
 
 } // namespace
 
-std::string MarkdownPreviewView::html() const {
-    return MarkdownParser::toHTML(markdownText);
+void MarkdownPreviewView::setMarkdownText(Rope text, const Context<MarkdownPreviewView>& context) {
+    if (text == markdownText)
+        return;
+    markdownText = std::move(text);
+    LiveStats::update(context, *this, &MarkdownPreviewView::stats, markdownText);
+    updateHTML(context);
+}
+
+void MarkdownPreviewView::setViewMode(ViewMode mode, const Context<MarkdownPreviewView>& context) {
+    if (mode == viewMode)
+        return;
+    viewMode = mode;
+    updateHTML(context);
+}
+
+void MarkdownPreviewView::updateHTML(const Context<MarkdownPreviewView>& context) {
+    html.clear();
+    converting.cancel();
+    if (!showsHTML())
+        return;
+    runAwaited(
+        context, *this, &MarkdownPreviewView::converting,
+        {.verb = "Converting", .bytes = markdownText.size()},
+        [text = markdownText](const std::stop_token&) {
+            return Rope(MarkdownParser::toHTML(FlatText(text)));
+        },
+        [](MarkdownPreviewView& view, Rope converted) { view.html = std::move(converted); });
 }
 
 std::string MarkdownPreviewView::counts() const {
-    return fmt::format("{} words\u2002•\u2002{} lines\u2002•\u2002{} characters", wordCount(markdownText),
-                       linesIn(markdownText), characterCount(markdownText));
+    return fmt::format(
+        "{} words\u2002•\u2002{} lines\u2002•\u2002{} characters", stats.text(&TextStats::words),
+        stats.text(&TextTransformer::RunningStats::linesByPairs), stats.text(&TextStats::characters));
 }
 
 void MarkdownPreviewView::openLink(const std::string& target,

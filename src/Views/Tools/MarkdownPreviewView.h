@@ -1,8 +1,12 @@
 /// The state of the Markdown Preview screen: a Markdown text, and which of its views are shown. The preview
-/// shows the blocks of `parseBlocks`; the HTML comes from `MarkdownParser` and may differ.
+/// shows the blocks of `parseBlocks`; the HTML comes from `MarkdownParser` and may differ. It is made only
+/// while it is visible, of a large text in the background.
 #pragma once
 
 #include "Models/Enumeration.h"
+#include "Utilities/Text/Rope.h"
+#include "Views/Components/AwaitedWork.h"
+#include "Views/Components/LiveStats.h"
 #include "Views/Services.h"
 
 #include <array>
@@ -56,12 +60,18 @@ Visit the project: [Korvane](https://korvane.org)
 
 That's all for now!)";
 
-    std::string markdownText{sampleDocument};
+    Rope markdownText{sampleDocument};
     ViewMode viewMode = ViewMode::sideBySide;
+    Rope html{}; ///< of the text, while the HTML is visible
+    LiveStats stats{markdownText};
+    AwaitedWork converting{}; ///< to `html`
 
-    void setMarkdownText(std::string text) { markdownText = std::move(text); }
+    void setMarkdownText(Rope text, const Context<MarkdownPreviewView>& context);
+    void setViewMode(ViewMode mode, const Context<MarkdownPreviewView>& context);
 
-    void setViewMode(ViewMode mode) { viewMode = mode; }
+    void cancel() { converting.cancel(); }
+
+    bool isBusy() const { return converting.isBusy(); }
 
     bool showsEditor() const { return viewMode == ViewMode::sideBySide || viewMode == ViewMode::editorOnly; }
 
@@ -71,14 +81,8 @@ That's all for now!)";
 
     bool showsHTML() const { return viewMode == ViewMode::htmlOutput; }
 
-    /// The text as HTML, computed at each call.
-    std::string html() const;
-
-    /// The visible HTML; empty in other modes, which saves computing it.
-    std::string shownHTML() const { return showsHTML() ? html() : std::string(); }
-
     /// Such as "98 words • 40 lines • 633 characters". Words are separated by white space, an empty text has
-    /// no line, CR LF ends one line, and characters are user-perceived.
+    /// no line, CR LF ends one line, and characters are user-perceived. "…" while they are being counted.
     std::string counts() const;
 
     /// Opens the target of a link in the browser if it is a web or mail address. Other targets do nothing, so
@@ -86,6 +90,9 @@ That's all for now!)";
     void openLink(const std::string& target, const Context<MarkdownPreviewView>& context) const;
 
     bool operator==(const MarkdownPreviewView&) const = default;
+
+private:
+    void updateHTML(const Context<MarkdownPreviewView>& context);
 };
 
 struct ViewModeFacts {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Utilities/RegularExpression.h"
+#include "Utilities/Text/Rope.h"
 #include "Utilities/UUID.h"
 
 #include <cstddef>
@@ -18,7 +19,7 @@ namespace korvane {
 struct RegexSearch {
     std::string pattern{};
     bool isCaseSensitive = true;
-    std::shared_ptr<const std::string> text{};
+    Rope text{};
 };
 
 /// One match. Its texts refer to the text that was searched and are valid as long as the list. Nothing in

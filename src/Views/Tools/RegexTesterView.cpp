@@ -30,7 +30,7 @@ struct RegexTesterView::Job {
     RegexMatches matches{}; ///< to be replaced; without a search if they are still to be found
 
     bool isQuick() const {
-        return search.text->size() <= quickTextSize && search.pattern.size() <= quickPatternSize &&
+        return search.text.size() <= quickTextSize && search.pattern.size() <= quickPatternSize &&
                replacement.size() <= quickPatternSize &&
                RegularExpression::setCount(search.pattern) <= quickSetCount;
     }
@@ -38,7 +38,7 @@ struct RegexTesterView::Job {
 
 struct RegexTesterView::Outcome {
     RegexMatches matches{};
-    std::string replacedText{};
+    Rope replacedText{};
     std::optional<std::string> errorMessage{};
 
     bool isComplete() const { return !matches.search() || !matches.findings()->interruption; }
@@ -52,7 +52,7 @@ void RegexTesterView::setPattern(std::string text, const Context<RegexTesterView
         runRegex(context);
 }
 
-void RegexTesterView::setTestString(std::string text, const Context<RegexTesterView>& context) {
+void RegexTesterView::setTestString(Rope text, const Context<RegexTesterView>& context) {
     if (text == testString)
         return;
     testString = std::move(text);
@@ -82,6 +82,7 @@ void RegexTesterView::setReplacement(std::string text, const Context<RegexTester
 
 void RegexTesterView::runRegex(const Context<RegexTesterView>& context) {
     replacing.reset();
+    isCancelled = false;
     if (pattern.empty() || testString.empty()) {
         matching.reset();
         showOutcome({});
@@ -101,22 +102,21 @@ void RegexTesterView::runReplacement(const Context<RegexTesterView>& context) {
     auto next = job();
     const auto* const known = matches.search();
     if (known && known->pattern == pattern && known->isCaseSensitive == caseSensitive &&
-        *known->text == testString)
+        known->text == testString)
         next.matches = matches;
     start(context, &RegexTesterView::replacing, &RegexTesterView::showReplacedText, std::move(next));
 }
 
 RegexTesterView::Job RegexTesterView::job() const {
-    return {.search = {.pattern = pattern,
-                       .isCaseSensitive = caseSensitive,
-                       .text = std::make_shared<const std::string>(testString)},
+    return {.search = {.pattern = pattern, .isCaseSensitive = caseSensitive, .text = testString},
             .replacement = replacement};
 }
 
 RegexTesterView::Outcome RegexTesterView::outcome(Job job, const RegularExpression::Budget& budget) {
     if (!job.matches.search()) {
-        auto findings = RegularExpression::search(job.search.pattern, job.search.isCaseSensitive,
-                                                  job.search.text, budget);
+        auto findings =
+            RegularExpression::search(job.search.pattern, job.search.isCaseSensitive,
+                                      std::make_shared<const std::string>(job.search.text.string()), budget);
         if (!findings)
             return {.errorMessage = "Invalid regex: " + findings.error().errorDescription()};
         job.matches = RegexMatches(std::move(job.search), std::move(*findings));
@@ -157,6 +157,15 @@ void RegexTesterView::announceBusy(const Context<RegexTesterView>& context) cons
                                   });
 }
 
+void RegexTesterView::cancel() {
+    replacing.reset();
+    if (!matching)
+        return;
+    matching.reset();
+    showOutcome({});
+    isCancelled = true;
+}
+
 void RegexTesterView::showOutcome(Outcome outcome) {
     isBusy = false;
     matches = std::move(outcome.matches);
@@ -176,7 +185,7 @@ RegexTesterView::MatchesPanel RegexTesterView::matchesPanel() const {
     const bool waitsForFirstResult = matching && !matches.search() && !errorMessage;
     if (pattern.empty() || testString.empty() || waitsForFirstResult)
         return MatchesPanel::prompt;
-    const bool isStopped = matches.search() && matches.findings()->interruption;
+    const bool isStopped = isCancelled || (matches.search() && matches.findings()->interruption);
     return isStopped ? MatchesPanel::stopped : MatchesPanel::noMatches;
 }
 

@@ -25,10 +25,10 @@ struct RegexTesterView {
     enum class MatchesPanel { prompt, noMatches, stopped, busy, list };
 
     std::string pattern{};
-    std::string testString{};
+    Rope testString{};
     std::string replacement{};
     RegexMatches matches{};
-    std::string replacedText{};
+    Rope replacedText{};
     std::optional<std::string> errorMessage{};
     bool liveUpdate = true;
     bool caseSensitive = true;
@@ -39,12 +39,13 @@ struct RegexTesterView {
     std::optional<BackgroundTask> replacing{};
     /// Whether matching has taken so long that the earlier result was removed.
     bool isBusy = false;
+    bool isCancelled = false; ///< the last run, so that there is no result
 
     // With `liveUpdate`, a change of pattern, text or case runs the expression; a change of the replacement
     // only replaces.
 
     void setPattern(std::string text, const Context<RegexTesterView>& context);
-    void setTestString(std::string text, const Context<RegexTesterView>& context);
+    void setTestString(Rope text, const Context<RegexTesterView>& context);
     void setReplacement(std::string text, const Context<RegexTesterView>& context);
     void setCaseSensitive(bool isSensitive, const Context<RegexTesterView>& context);
 
@@ -57,6 +58,9 @@ struct RegexTesterView {
 
     /// Only replaces. A failure gives an empty text without a message.
     void runReplacement(const Context<RegexTesterView>& context);
+
+    /// Stops finding and replacing.
+    void cancel();
 
     MatchesPanel matchesPanel() const;
 

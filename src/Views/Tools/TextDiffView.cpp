@@ -10,61 +10,49 @@ namespace korvane {
 
 namespace {
 
-/// Texts up to this size, in bytes, are compared at once. The worst case, lines of one character, takes about
+/// Texts up to this size together are compared at once. The worst case, lines of one character, takes about
 /// 40 ms, which is not noticed after a button press.
-constexpr std::size_t maxImmediateSize = std::size_t{32} * 1024;
+constexpr std::size_t maxImmediateBytes = std::size_t{32} << 10;
 
 } // namespace
 
-void TextDiffView::setLeftText(std::string text) {
+void TextDiffView::setLeftText(Rope text) {
     if (text == leftText)
         return;
     leftText = std::move(text);
-    comparison.reset();
+    comparison.cancel();
 }
 
-void TextDiffView::setRightText(std::string text) {
+void TextDiffView::setRightText(Rope text) {
     if (text == rightText)
         return;
     rightText = std::move(text);
-    comparison.reset();
+    comparison.cancel();
 }
 
 void TextDiffView::compare(const Context<TextDiffView>& context) {
-    if ((leftText.empty() && rightText.empty()) || comparison)
+    if ((leftText.empty() && rightText.empty()) || comparison.isRunning())
         return;
-    if (leftText.size() <= maxImmediateSize && rightText.size() <= maxImmediateSize)
-        diffResult = DiffEngine::compare(leftText, rightText);
-    else
-        compareInBackground(context);
-}
-
-void TextDiffView::compareInBackground(const Context<TextDiffView>& context) {
-    comparisonTakesLong = false;
-    runInBackground(
+    runAwaited(
         context, *this, &TextDiffView::comparison,
-        [left = leftText, right = rightText](const std::stop_token& stop) mutable {
-            return DiffEngine::compare(std::move(left), std::move(right), stop);
+        {.verb = "Comparing",
+         .bytes = leftText.size() + rightText.size(),
+         .maxImmediateBytes = maxImmediateBytes},
+        [left = leftText, right = rightText](const std::stop_token& stop) {
+            return DiffEngine::compare(left.string(), right.string(), stop);
         },
         [](TextDiffView& state, std::optional<DiffEngine::DiffResult> result) {
             state.diffResult = std::move(result);
         });
-    context.services.timers.after(busyDelay,
-                                  [update = context.update, task = BackgroundTask::Identity(*comparison)] {
-                                      update([&](TextDiffView& state) {
-                                          if (task.matches(state.comparison))
-                                              state.comparisonTakesLong = true;
-                                      });
-                                  });
 }
 
 void TextDiffView::swap() {
-    comparison.reset();
+    comparison.cancel();
     std::swap(leftText, rightText);
 }
 
 void TextDiffView::clearAll() {
-    comparison.reset();
+    comparison.cancel();
     leftText.clear();
     rightText.clear();
     diffResult.reset();

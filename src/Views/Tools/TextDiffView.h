@@ -3,11 +3,11 @@
 
 #include "Models/Enumeration.h"
 #include "Utilities/Diff/DiffEngine.h"
-#include "Views/Background.h"
+#include "Utilities/Text/Rope.h"
+#include "Views/Components/AwaitedWork.h"
 #include "Views/Components/StatBadge.h"
 
 #include <array>
-#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,26 +17,24 @@ namespace korvane {
 struct TextDiffView {
     enum class ViewMode { sideBySide, unified };
 
-    /// How long a comparison runs before the screen shows that it is busy, so that usual ones do not flicker.
-    static constexpr std::chrono::milliseconds busyDelay{250};
-
-    std::string leftText{};
-    std::string rightText{};
+    Rope leftText{};
+    Rope rightText{};
     std::optional<DiffEngine::DiffResult> diffResult{}; ///< replaces the editors while present
     ViewMode viewMode = ViewMode::sideBySide;
     bool showStats = true;
-    std::optional<BackgroundTask> comparison{}; ///< of the current texts, while it runs
-    bool comparisonTakesLong = false;           ///< of `comparison`
+    AwaitedWork comparison{}; ///< of the current texts
 
     /// A change of a text cancels a running comparison, whose result would belong to the previous texts.
-    void setLeftText(std::string text);
-    void setRightText(std::string text);
+    void setLeftText(Rope text);
+    void setRightText(Rope text);
 
     void setViewMode(ViewMode mode) { viewMode = mode; }
 
     /// Compares the texts, unless both are empty or a comparison is running: small ones at once, others in
     /// the background. An earlier result stays until then.
     void compare(const Context<TextDiffView>& context);
+
+    void cancel() { comparison.cancel(); }
 
     /// Swaps the texts and keeps the result.
     void swap();
@@ -50,8 +48,7 @@ struct TextDiffView {
 
     bool isSideBySide() const { return viewMode == ViewMode::sideBySide; }
 
-    /// Whether a comparison has been running for `busyDelay`.
-    bool isBusy() const { return comparison && comparisonTakesLong; }
+    bool isBusy() const { return comparison.isBusy(); }
 
     bool showsCounts() const { return showStats && hasResult(); }
 
@@ -68,8 +65,6 @@ struct TextDiffView {
 
 private:
     DiffEngine::DiffStats stats() const { return diffResult ? diffResult->stats : DiffEngine::DiffStats(); }
-
-    void compareInBackground(const Context<TextDiffView>& context);
 };
 
 struct DiffViewModeFacts {

@@ -4,6 +4,8 @@
 
 #include "Models/Enumeration.h"
 #include "Utilities/TextTransformer.h"
+#include "Views/Components/AwaitedWork.h"
+#include "Views/Components/LiveStats.h"
 
 #include <array>
 #include <cstdint>
@@ -34,27 +36,31 @@ inline constexpr auto facts<TransformTab> = std::to_array<TransformTabFacts>({
 });
 
 struct TextTransformerView {
-    std::string inputText{};
-    std::string outputText{};
+    Rope inputText{};
+    Rope outputText{};
     TransformTab selectedTab = TransformTab::caseTransform;
     CaseTransform selectedCaseTransform = CaseTransform::uppercase;
     LineOperation selectedLineOperation = LineOperation::sortAZ;
 
-    /// The statistics of the texts, stored because the screen reads them on every key press.
-    TextTransformer::RunningStats inputStats{};
-    TextTransformer::RunningStats outputStats{};
+    LiveStats inputStats{};
+    LiveStats outputStats{};
+    AwaitedWork transforming{};
 
-    /// Also updates the statistics of the input.
-    void setInputText(std::string text);
+    /// Also cancels running work, which belongs to the previous input.
+    void setInputText(Rope text, const Context<TextTransformerView>& context);
 
     void setSelectedTab(TransformTab tab) { selectedTab = tab; }
 
     /// A button press: selects, and computes the output even if the selection is the same.
-    void selectCaseTransform(CaseTransform transform);
-    void selectLineOperation(LineOperation operation);
+    void selectCaseTransform(CaseTransform transform, const Context<TextTransformerView>& context);
+    void selectLineOperation(LineOperation operation, const Context<TextTransformerView>& context);
 
-    void applyTransform();
-    void applyLineOperation();
+    void applyTransform(const Context<TextTransformerView>& context);
+    void applyLineOperation(const Context<TextTransformerView>& context);
+
+    void cancel() { transforming.cancel(); }
+
+    bool isBusy() const { return transforming.isBusy(); }
 
     bool hasInput() const { return !inputText.empty(); }
 
@@ -73,7 +79,8 @@ struct TextTransformerView {
     bool operator==(const TextTransformerView&) const = default;
 
 private:
-    void setOutputText(std::string text);
+    template <typename Operation>
+    void setOutput(const Context<TextTransformerView>& context, Operation operation);
     std::string caseFooter() const;
     std::string linesFooter() const;
 };

@@ -6,9 +6,8 @@
 
 namespace korvane {
 
-std::vector<ComponentRow> URLComponentsView::rows() const {
-    std::vector<ComponentRow> rows;
-    const auto add = [&rows](std::string label, const std::optional<std::string>& value, PaletteColor color) {
+URLComponentsView::URLComponentsView(const URLComponentsBreakdown& components) {
+    const auto add = [this](std::string label, const std::optional<std::string>& value, PaletteColor color) {
         if (value)
             rows.push_back({std::move(label), value, color});
     };
@@ -19,20 +18,24 @@ std::vector<ComponentRow> URLComponentsView::rows() const {
     add("Path", components.path, PaletteColor::green);
     add("Query String", components.query, PaletteColor::cyan);
     add("Fragment", components.fragment, PaletteColor::pink);
-    return rows;
+    if (!components.queryItems)
+        return;
+    for (const auto& item : *components.queryItems)
+        queryRows.push_back({item.name, item.value, PaletteColor::cyan});
 }
 
-std::vector<ComponentRow> URLComponentsView::queryRows() const {
-    std::vector<ComponentRow> rows;
-    for (const auto& item : components.queryItems.value_or(std::vector<URLQueryItem>()))
-        rows.push_back({item.name, item.value, PaletteColor::cyan});
-    return rows;
-}
+struct URLEncoderView::Result {
+    std::optional<Rope> output{}; ///< none: the output stays
+    std::optional<std::string> errorMessage{};
+    std::string errorDetails{};
+    std::shared_ptr<const URLComponentsView> components{};
+};
 
-void URLEncoderView::setInputText(std::string text) {
+void URLEncoderView::setInputText(Rope text) {
     if (text == inputText)
         return;
     inputText = std::move(text);
+    processing.cancel();
     clearResults();
 }
 
@@ -42,39 +45,59 @@ void URLEncoderView::clearResults() {
     urlComponents.reset();
 }
 
-void URLEncoderView::performAction() {
+void URLEncoderView::performAction(const Context<URLEncoderView>& context) {
     clearResults();
     if (inputText.empty()) {
         errorMessage = "Input is empty";
         return;
     }
+    runAwaited(
+        context, *this, &URLEncoderView::processing, {.verb = factsOf(mode).verb, .bytes = inputText.size()},
+        [process = operation(mode), text = inputText](const std::stop_token&) {
+            return process(FlatText(text));
+        },
+        &URLEncoderView::show);
+}
+
+URLEncoderView::Operation URLEncoderView::operation(Mode mode) {
     switch (mode) {
     case Mode::encode:
-        showOutput(PercentEncoding::encode(inputText), "Could not encode text");
-        break;
+        return encoded;
     case Mode::decode:
-        showOutput(PercentEncoding::decode(inputText), "Could not decode URL");
-        break;
+        return decoded;
     case Mode::analyze:
-        analyzeURL();
         break;
     }
+    return analyzed;
 }
 
-void URLEncoderView::showOutput(std::optional<std::string> output, std::string_view failure) {
-    if (output)
-        outputText = std::move(*output);
-    else
-        errorMessage = failure;
+URLEncoderView::Result URLEncoderView::encoded(std::string_view text) {
+    auto output = PercentEncoding::encode(text);
+    if (!output)
+        return {.errorMessage = "Could not encode text"};
+    return {.output = *std::move(output)};
 }
 
-void URLEncoderView::analyzeURL() {
-    if (auto components = URLComponents::parse(inputText)) {
-        urlComponents = std::move(*components);
-    } else {
-        errorMessage = "Invalid URL format";
-        errorDetails = std::move(components.error().message);
-    }
+URLEncoderView::Result URLEncoderView::decoded(std::string_view text) {
+    auto output = PercentEncoding::decode(text);
+    if (!output)
+        return {.errorMessage = "Could not decode URL"};
+    return {.output = *std::move(output)};
+}
+
+URLEncoderView::Result URLEncoderView::analyzed(std::string_view text) {
+    auto components = URLComponents::parse(text);
+    if (!components)
+        return {.errorMessage = "Invalid URL format", .errorDetails = std::move(components.error().message)};
+    return {.components = std::make_shared<const URLComponentsView>(*components)};
+}
+
+void URLEncoderView::show(Result result) {
+    if (result.output)
+        outputText = *std::move(result.output);
+    errorMessage = std::move(result.errorMessage);
+    errorDetails = std::move(result.errorDetails);
+    urlComponents = std::move(result.components);
 }
 
 std::optional<StatusBadge> URLEncoderView::status() const {
@@ -83,16 +106,12 @@ std::optional<StatusBadge> URLEncoderView::status() const {
     return StatusBadge{Status::error, *errorMessage};
 }
 
-std::vector<ComponentRow> URLEncoderView::componentRows() const {
-    return urlComponents ? URLComponentsView{*urlComponents}.rows() : std::vector<ComponentRow>();
+SharedComponentRows URLEncoderView::componentRows() const {
+    return urlComponents ? SharedComponentRows(urlComponents, &urlComponents->rows) : nullptr;
 }
 
-std::vector<ComponentRow> URLEncoderView::queryRows() const {
-    return urlComponents ? URLComponentsView{*urlComponents}.queryRows() : std::vector<ComponentRow>();
-}
-
-bool URLEncoderView::hasQueryItems() const {
-    return urlComponents && urlComponents->queryItems && !urlComponents->queryItems->empty();
+SharedComponentRows URLEncoderView::queryRows() const {
+    return urlComponents ? SharedComponentRows(urlComponents, &urlComponents->queryRows) : nullptr;
 }
 
 } // namespace korvane

@@ -1,13 +1,16 @@
 /// The state of the URL Encoder screen. On a button press, it percent-encodes text for a query, decodes it,
-/// or splits a URL into its components.
+/// or splits a URL into its components; large texts in the background.
 #pragma once
 
 #include "Models/Enumeration.h"
 #include "Models/PaletteColor.h"
+#include "Utilities/Text/Rope.h"
 #include "Utilities/URLComponents.h"
+#include "Views/Components/AwaitedWork.h"
 #include "Views/Components/StatusBadge.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,55 +31,65 @@ struct ComponentRow {
 struct URLComponentsView {
     static constexpr std::string_view queryHeading = "Query Parameters";
 
-    URLComponentsBreakdown components{};
+    explicit URLComponentsView(const URLComponentsBreakdown& components);
 
-    /// A row for each component that is present, in the order of a URL.
-    std::vector<ComponentRow> rows() const;
-
-    /// A row for each item of the query.
-    std::vector<ComponentRow> queryRows() const;
-
-    bool operator==(const URLComponentsView&) const = default;
+    std::vector<ComponentRow> rows{};      ///< for each component that is present, in the order of a URL
+    std::vector<ComponentRow> queryRows{}; ///< for each item of the query
 };
+
+/// Rows that copies of a state share; null if there are none.
+using SharedComponentRows = std::shared_ptr<const std::vector<ComponentRow>>;
 
 struct URLEncoderView {
     enum class Mode { encode, decode, analyze };
 
     static constexpr std::string_view emptyPrompt = "Enter a valid URL to see its components";
 
-    std::string inputText{};
-    std::string outputText{};
+    Rope inputText{};
+    Rope outputText{};
     Mode mode = Mode::encode;
     std::optional<std::string> errorMessage{};
     std::string errorDetails{}; ///< what is wrong where; empty if that is not known
-    std::optional<URLComponentsBreakdown> urlComponents{};
+    std::shared_ptr<const URLComponentsView> urlComponents{}; ///< null before a URL is analyzed
+    AwaitedWork processing{};
 
-    /// Also drops the message and the components, which belong to the previous input.
-    void setInputText(std::string text);
+    /// Also drops the message and the components, and cancels running work, which belong to the previous
+    /// input.
+    void setInputText(Rope text);
 
     void setMode(Mode newMode) { mode = newMode; }
 
     /// Processes the input by `mode`. A failure sets a message and keeps the output.
-    void performAction();
+    void performAction(const Context<URLEncoderView>& context);
+
+    void cancel() { processing.cancel(); }
 
     /// The badge for `errorMessage`.
     std::optional<StatusBadge> status() const;
 
+    bool isBusy() const { return processing.isBusy(); }
+
     bool isAnalyzing() const { return mode == Mode::analyze; }
 
-    bool hasComponents() const { return urlComponents.has_value(); }
+    bool hasComponents() const { return urlComponents != nullptr; }
 
-    std::vector<ComponentRow> componentRows() const;
-    std::vector<ComponentRow> queryRows() const;
+    SharedComponentRows componentRows() const;
+    SharedComponentRows queryRows() const;
 
-    bool hasQueryItems() const;
+    bool hasQueryItems() const { return urlComponents && !urlComponents->queryRows.empty(); }
 
     bool operator==(const URLEncoderView&) const = default;
 
 private:
+    struct Result;
+    using Operation = Result (*)(std::string_view text);
+
+    static Operation operation(Mode mode);
+    static Result encoded(std::string_view text);
+    static Result decoded(std::string_view text);
+    static Result analyzed(std::string_view text);
     void clearResults();
-    void showOutput(std::optional<std::string> output, std::string_view failure);
-    void analyzeURL();
+    void show(Result result);
 };
 
 struct URLEncoderModeFacts {
@@ -86,15 +99,17 @@ struct URLEncoderModeFacts {
     std::string_view inputTitle;
     std::string_view inputPlaceholder;
     std::string_view outputTitle;
+    std::string_view verb; ///< for running work
 };
 
 template <>
 inline constexpr auto facts<URLEncoderView::Mode> = std::to_array<URLEncoderModeFacts>({
     {URLEncoderView::Mode::encode, "Encode", "link.badge.plus", "Plain Text", "Enter text to encode...",
-     "Encoded URL"},
-    {URLEncoderView::Mode::decode, "Decode", "link", "Encoded URL", "Enter encoded URL...", "Decoded Text"},
+     "Encoded URL", "Encoding"},
+    {URLEncoderView::Mode::decode, "Decode", "link", "Encoded URL", "Enter encoded URL...", "Decoded Text",
+     "Decoding"},
     {URLEncoderView::Mode::analyze, "Analyze URL", "magnifyingglass", "URL Input",
-     "Enter a URL to analyze...", "URL Components"},
+     "Enter a URL to analyze...", "URL Components", "Analyzing"},
 });
 
 } // namespace korvane

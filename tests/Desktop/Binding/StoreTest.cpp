@@ -28,7 +28,7 @@ using namespace std::chrono_literals;
 
 struct Counter {
     int value = 0;
-    std::string text{};
+    Rope text{};
     bool isOn = false;
 
     void increase() { ++value; }
@@ -37,7 +37,7 @@ struct Counter {
         context.services.timers.after(1s, [update = context.update] { update(&Counter::increase); });
     }
 
-    void setText(std::string newText) {
+    void setText(Rope newText) {
         ++value;
         text = std::move(newText);
     }

@@ -6,12 +6,14 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <ranges>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -222,6 +224,39 @@ TEST(Rope, ComparesVersions) {
     EXPECT_NE(left, rope);
     EXPECT_EQ(left, Rope(left.string()));
     EXPECT_EQ(left.replacing(500'000, 500'001, rope.substr(500'000, 1)), rope);
+}
+
+RC_GTEST_PROP(Rope, KnowsWhatVersionsHaveInCommon, ()) {
+    const auto text = repeated("abcdefgh", *rc::gen::inRange<std::size_t>(0, 20'000));
+    const Rope rope = text;
+    const auto edit = [&text] {
+        const auto from = *rc::gen::inRange<std::size_t>(0, text.size() + 1);
+        return std::pair(from, *rc::gen::inRange(from, text.size() + 1));
+    };
+    const auto [from, to] = edit();
+    const Rope inserted = *rc::gen::string<std::string>();
+    const auto version = rope.replacing(from, to, inserted);
+    const auto [otherFrom, otherTo] = edit();
+    for (const auto& other : {rope, rope.replacing(otherFrom, otherTo, "x"), Rope(version.string())}) {
+        const auto left = version.string();
+        const auto right = other.string();
+        RC_ASSERT(version.commonPrefix(other) ==
+                  static_cast<std::size_t>(std::ranges::mismatch(left, right).in1 - left.begin()));
+        const auto reversed = std::views::reverse(left);
+        RC_ASSERT(version.commonSuffix(other) ==
+                  static_cast<std::size_t>(std::ranges::mismatch(reversed, std::views::reverse(right)).in1 -
+                                           reversed.begin()));
+    }
+}
+
+TEST(Rope, IsFlattenedWithoutACopyIfItIsOneRun) {
+    const Rope rope = repeated("abc", 100'000);
+    EXPECT_EQ(FlatText(rope).view().data(), rope.contiguous()->data());
+    const auto edited = rope.replacing(50'000, 50'001, "xyz");
+    const FlatText flat(edited);
+    EXPECT_EQ(edited.contiguous(), std::nullopt);
+    EXPECT_EQ(edited, flat.view());
+    EXPECT_EQ(FlatText(Rope()).view(), "");
 }
 
 TEST(Rope, ASmallCutOutDoesNotKeepTheLargeBuffer) {

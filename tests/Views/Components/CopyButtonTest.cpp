@@ -70,21 +70,21 @@ TEST_F(CopyButtonTest, CopiesAnEmptyTextToo) {
 TEST(PasteButton, ReplacesTheTextWithTheClipboard) {
     FakeClipboard clipboard;
     clipboard.content = "pasted";
-    std::string text = "before";
-    PasteButton::paste(clipboard, [&](std::string pasted) { text = std::move(pasted); });
+    Rope text = "before";
+    PasteButton::paste(clipboard, [&](Rope pasted) { text = std::move(pasted); });
     EXPECT_EQ(text, "pasted");
 }
 
 TEST(PasteButton, ChangesNothingWithoutTextOnTheClipboard) {
     const FakeClipboard clipboard;
     int calls = 0;
-    PasteButton::paste(clipboard, [&](std::string) { ++calls; });
+    PasteButton::paste(clipboard, [&](Rope) { ++calls; });
     EXPECT_EQ(calls, 0);
 }
 
 TEST(ClearButton, EmptiesTheText) {
-    std::string text = "before";
-    ClearButton::clear([&](std::string cleared) { text = std::move(cleared); });
+    Rope text = "before";
+    ClearButton::clear([&](Rope cleared) { text = std::move(cleared); });
     EXPECT_EQ(text, "");
 }
 

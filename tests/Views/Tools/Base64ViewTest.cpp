@@ -1,5 +1,7 @@
 #include "Views/Tools/Base64View.h"
 
+#include "support/FakeServices.h"
+
 #include <gtest/gtest.h>
 
 namespace korvane {
@@ -9,8 +11,8 @@ using Mode = Base64View::Mode;
 
 Base64View converted(Mode mode, std::string input, std::string output = {}) {
     Base64View view{.outputText = std::move(output), .mode = mode};
-    view.setInputText(std::move(input));
-    view.convert();
+    perform(view, &Base64View::setInputText, std::move(input));
+    perform(view, &Base64View::convert);
     return view;
 }
 
@@ -69,16 +71,16 @@ TEST(Base64View, ShowsItsMessageAsAnError) {
 
 TEST(Base64View, ChangingTheInputClearsTheMessage) {
     auto view = converted(Mode::decode, "?");
-    view.setInputText("?");
+    perform(view, &Base64View::setInputText, "?");
     EXPECT_TRUE(view.errorMessage) << "nothing has changed";
-    view.setInputText("");
+    perform(view, &Base64View::setInputText, "");
     EXPECT_EQ(view.errorMessage, std::nullopt);
 }
 
 TEST(Base64View, ASuccessClearsTheMessage) {
     auto view = converted(Mode::decode, "");
     view.inputText = "SGVsbG8=";
-    view.convert();
+    perform(view, &Base64View::convert);
     EXPECT_EQ(view.errorMessage, std::nullopt);
 }
 
@@ -87,22 +89,22 @@ TEST(Base64View, TypingAndSwitchingDoNotConvert) {
     view.setMode(Mode::decode);
     EXPECT_EQ(view.inputText, "Hello");
     EXPECT_EQ(view.outputText, "SGVsbG8=");
-    view.setInputText("Hello, world");
+    perform(view, &Base64View::setInputText, "Hello, world");
     EXPECT_EQ(view.outputText, "SGVsbG8=");
 }
 
 TEST(Base64View, ClearKeepsTheOutput) {
     auto view = converted(Mode::encode, "Hello");
-    view.setInputText({});
+    perform(view, &Base64View::setInputText, "");
     EXPECT_EQ(view.outputText, "SGVsbG8=");
     EXPECT_FALSE(view.hasInput());
 }
 
 TEST(Base64View, CountsUserPerceivedCharacters) {
     auto view = Base64View{};
-    view.setInputText("e\u0301👨‍👩‍👧!");
+    perform(view, &Base64View::setInputText, "e\u0301👨‍👩‍👧!");
     EXPECT_EQ(view.statistics(), "Input: 3 characters");
-    view.convert();
+    perform(view, &Base64View::convert);
     EXPECT_EQ(view.statistics(), "Input: 3 characters\u2002•\u2002Output: 32 characters");
 }
 

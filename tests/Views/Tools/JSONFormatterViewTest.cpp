@@ -1,5 +1,7 @@
 #include "Views/Tools/JSONFormatterView.h"
 
+#include "support/FakeServices.h"
+
 #include <gtest/gtest.h>
 
 namespace korvane {
@@ -7,14 +9,14 @@ namespace {
 
 JSONFormatterView typed(std::string text) {
     JSONFormatterView view;
-    view.setInputText(std::move(text));
+    perform(view, &JSONFormatterView::setInputText, std::move(text));
     return view;
 }
 
 JSONFormatterView treeOf(std::string text) {
     JSONFormatterView view;
     view.setShowTreeView(true);
-    view.setInputText(std::move(text));
+    perform(view, &JSONFormatterView::setInputText, std::move(text));
     return view;
 }
 
@@ -41,21 +43,21 @@ TEST(JSONFormatterView, StartsEmptyWithoutStatus) {
 
 TEST(JSONFormatterView, PrettifiesAndMinifies) {
     auto view = typed(R"({"b":[],"a":{"d":1e3,"c":"x/y"}})");
-    view.prettify();
+    perform(view, &JSONFormatterView::prettify);
     EXPECT_EQ(view.outputText,
               "{\n  \"a\" : {\n    \"c\" : \"x\\/y\",\n    \"d\" : 1000\n  },\n  \"b\" : []\n}");
     EXPECT_EQ(view.status(), valid);
-    view.minify();
+    perform(view, &JSONFormatterView::minify);
     EXPECT_EQ(view.outputText, R"({"a":{"c":"x\/y","d":1000},"b":[]})");
     EXPECT_EQ(view.status(), valid);
 }
 
 TEST(JSONFormatterView, PrettifyingEmptyInputShowsAnErrorAndClearsTheOutput) {
     auto view = typed("[1]");
-    view.prettify();
-    view.setInputText("");
+    perform(view, &JSONFormatterView::prettify);
+    perform(view, &JSONFormatterView::setInputText, "");
     EXPECT_EQ(view.status(), valid) << "the result stays until the next action or edit";
-    view.prettify();
+    perform(view, &JSONFormatterView::prettify);
     EXPECT_EQ(view.status(), (StatusBadge{Status::error, "Input is empty"}));
     EXPECT_EQ(view.outputText, "");
     EXPECT_EQ(view.isValid, std::nullopt);
@@ -63,15 +65,15 @@ TEST(JSONFormatterView, PrettifyingEmptyInputShowsAnErrorAndClearsTheOutput) {
 
 TEST(JSONFormatterView, ValidatingDiscardsTheOutput) {
     auto view = typed("[1]");
-    view.prettify();
-    view.validate();
+    perform(view, &JSONFormatterView::prettify);
+    perform(view, &JSONFormatterView::validate);
     EXPECT_EQ(view.status(), valid);
     EXPECT_EQ(view.outputText, "");
 }
 
 TEST(JSONFormatterView, AFailedValidationShowsTheEnginesMessage) {
     auto view = typed("[1");
-    view.validate();
+    perform(view, &JSONFormatterView::validate);
     EXPECT_EQ(view.isValid, false);
     ASSERT_TRUE(view.status());
     EXPECT_EQ(view.status()->status, Status::error);
@@ -82,9 +84,9 @@ TEST(JSONFormatterView, AFailedValidationShowsTheEnginesMessage) {
 
 TEST(JSONFormatterView, AFailureHidesAnEarlierResult) {
     auto view = typed("[1]");
-    view.validate();
-    view.setInputText("[1");
-    view.prettify();
+    perform(view, &JSONFormatterView::validate);
+    perform(view, &JSONFormatterView::setInputText, "[1");
+    perform(view, &JSONFormatterView::prettify);
     EXPECT_EQ(view.isValid, std::nullopt);
     EXPECT_EQ(view.status()->status, Status::error);
 }
@@ -92,7 +94,7 @@ TEST(JSONFormatterView, AFailureHidesAnEarlierResult) {
 TEST(JSONFormatterView, ATopLevelScalarHasATreeButNoPrettyForm) {
     auto view = treeOf("42");
     EXPECT_EQ(rowsOf(view), std::vector<std::string>{"0 root 42"});
-    view.prettify();
+    perform(view, &JSONFormatterView::prettify);
     EXPECT_EQ(view.status()->status, Status::error);
 }
 
@@ -100,14 +102,14 @@ TEST(JSONFormatterView, SwitchingToTheTreeDoesNotBuildOne) {
     auto view = typed("[1]");
     view.setShowTreeView(true);
     EXPECT_FALSE(view.hasTree());
-    view.setInputText("[1, 2]");
+    perform(view, &JSONFormatterView::setInputText, "[1, 2]");
     EXPECT_TRUE(view.hasTree());
 }
 
 TEST(JSONFormatterView, TheTreeFollowsTheInputInTreeModeOnly) {
     auto view = treeOf("[1]");
     view.setShowTreeView(false);
-    view.setInputText("[1, 2]");
+    perform(view, &JSONFormatterView::setInputText, "[1, 2]");
     EXPECT_EQ(view.tree.rowCount(), 2U);
     view.setShowTreeView(true);
     EXPECT_EQ(view.tree.rowCount(), 2U) << "the tree of the last update in tree mode";
@@ -115,7 +117,7 @@ TEST(JSONFormatterView, TheTreeFollowsTheInputInTreeModeOnly) {
 
 TEST(JSONFormatterView, ABrokenTextEmptiesTheTreeWithoutAMessage) {
     auto view = treeOf("[1]");
-    view.setInputText("[1");
+    perform(view, &JSONFormatterView::setInputText, "[1");
     EXPECT_FALSE(view.hasTree());
     EXPECT_EQ(view.tree.rowCount(), 0U);
     EXPECT_EQ(view.status(), std::nullopt);
@@ -127,13 +129,13 @@ TEST(JSONFormatterView, AnEditClearsStatusAndWarningButNotTheOutput) {
             auto view = showsTree ? treeOf(text) : typed(text);
             for (const auto operation :
                  {&JSONFormatterView::prettify, &JSONFormatterView::minify, &JSONFormatterView::validate}) {
-                view.setInputText(text);
-                (view.*operation)();
+                perform(view, &JSONFormatterView::setInputText, text);
+                perform(view, operation);
                 ASSERT_TRUE(view.status()) << text;
                 const auto before = view;
-                view.setInputText(text);
+                perform(view, &JSONFormatterView::setInputText, text);
                 EXPECT_EQ(view, before) << "nothing has changed";
-                view.setInputText("[1, 2]");
+                perform(view, &JSONFormatterView::setInputText, "[1, 2]");
                 EXPECT_EQ(view.status(), std::nullopt) << text;
                 EXPECT_EQ(view.warning(), std::nullopt) << text;
                 EXPECT_EQ(view.outputText, before.outputText) << "the output stays";
@@ -144,10 +146,10 @@ TEST(JSONFormatterView, AnEditClearsStatusAndWarningButNotTheOutput) {
 
 TEST(JSONFormatterView, ACorrectedTextHasATreeAndNoStatus) {
     auto view = treeOf("[1");
-    view.validate();
+    perform(view, &JSONFormatterView::validate);
     EXPECT_TRUE(view.errorMessage);
     EXPECT_EQ(view.isValid, false);
-    view.setInputText("[1]");
+    perform(view, &JSONFormatterView::setInputText, "[1]");
     EXPECT_TRUE(view.hasTree());
     EXPECT_EQ(view.status(), std::nullopt);
 }
@@ -158,25 +160,25 @@ TEST(JSONFormatterView, WarnsAboutDuplicateNames) {
     EXPECT_EQ(view.warning(), std::nullopt) << "the text has not been parsed";
     for (const auto operation :
          {&JSONFormatterView::prettify, &JSONFormatterView::minify, &JSONFormatterView::validate}) {
-        (view.*operation)();
+        perform(view, operation);
         EXPECT_EQ(view.status(), valid);
         EXPECT_EQ(view.warning(), warning);
     }
-    view.setInputText({});
+    perform(view, &JSONFormatterView::setInputText, "");
     EXPECT_EQ(view.warning(), warning);
-    view.validate();
+    perform(view, &JSONFormatterView::validate);
     EXPECT_EQ(view.warning(), std::nullopt);
     view = treeOf(R"({"a":1,"a":2})");
     EXPECT_EQ(view.status(), std::nullopt);
     EXPECT_EQ(view.warning(), warning) << "building the tree finds them";
-    view.setInputText(R"({"a":1,"a":2)");
+    perform(view, &JSONFormatterView::setInputText, R"({"a":1,"a":2)");
     EXPECT_EQ(view.warning(), std::nullopt);
 }
 
 TEST(JSONFormatterView, ClearKeepsOutputAndStatus) {
     auto view = typed("[1]");
-    view.minify();
-    view.setInputText({});
+    perform(view, &JSONFormatterView::minify);
+    perform(view, &JSONFormatterView::setInputText, "");
     EXPECT_EQ(view.outputText, "[1]");
     EXPECT_EQ(view.status(), valid);
 }
@@ -215,7 +217,7 @@ TEST(JSONTree, AnEditUnfoldsAllButTheRoot) {
     auto view = treeOf("[[1]]");
     view.toggleRow(1);
     view.toggleRow(0);
-    view.setInputText("[[1,2]]");
+    perform(view, &JSONFormatterView::setInputText, "[[1,2]]");
     EXPECT_EQ(view.tree.rowCount(), 1U);
     view.toggleRow(0);
     EXPECT_EQ(view.tree.rowCount(), 4U);
@@ -224,8 +226,8 @@ TEST(JSONTree, AnEditUnfoldsAllButTheRoot) {
 TEST(JSONTree, ARootThatReappearsIsUnfolded) {
     auto view = treeOf("[1]");
     view.toggleRow(0);
-    view.setInputText("[1");
-    view.setInputText("[1]");
+    perform(view, &JSONFormatterView::setInputText, "[1");
+    perform(view, &JSONFormatterView::setInputText, "[1]");
     EXPECT_EQ(view.tree.rowCount(), 2U);
 }
 
@@ -285,7 +287,7 @@ TEST(JSONFormatterView, CopiesTheValueOfARow) {
     EXPECT_EQ(copied("[{},[]]", 1), "{}");
     auto view = treeOf(R"({"q\"\\\u0002":{"x":["a\tb",-0.5,true,null,{}]}})");
     const auto copy = view.tree.copiedValue(0);
-    view.prettify();
+    perform(view, &JSONFormatterView::prettify);
     EXPECT_EQ(copy, view.outputText) << "JSON as in the output, including folded rows";
     view.toggleRow(1);
     EXPECT_EQ(view.tree.copiedValue(0), copy);

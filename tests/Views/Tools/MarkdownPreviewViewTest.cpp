@@ -46,7 +46,7 @@ TEST(MarkdownPreviewView, ShowsThePanesOfItsMode) {
     };
     MarkdownPreviewView view;
     for (const auto& [mode, editor, preview, html] : rows) {
-        view.setViewMode(mode);
+        perform(view, &MarkdownPreviewView::setViewMode, mode);
         EXPECT_EQ(view.showsEditor(), editor) << rawValue(mode);
         EXPECT_EQ(view.showsPreview(), preview) << rawValue(mode);
         EXPECT_EQ(view.showsHTML(), html) << rawValue(mode);
@@ -81,11 +81,15 @@ TEST(MarkdownPreviewView, TheSampleShowsEveryConstruct) {
 
 TEST(MarkdownPreviewView, ConvertsTheTextToHTML) {
     MarkdownPreviewView view;
-    view.setMarkdownText("# a\n\n*b*");
-    EXPECT_EQ(view.html(), "<h1>a</h1>\n\n<p><em>b</em></p>");
-    view.setMarkdownText({});
-    EXPECT_EQ(view.html(), "");
-    EXPECT_EQ(parseBlocks(view.markdownText), std::vector<MarkdownBlock>());
+    perform(view, &MarkdownPreviewView::setMarkdownText, "# a\n\n*b*");
+    EXPECT_EQ(view.html, "") << "it is not visible";
+    perform(view, &MarkdownPreviewView::setViewMode, ViewMode::htmlOutput);
+    EXPECT_EQ(view.html, "<h1>a</h1>\n\n<p><em>b</em></p>");
+    perform(view, &MarkdownPreviewView::setMarkdownText, "b");
+    EXPECT_EQ(view.html, "<p>b</p>");
+    perform(view, &MarkdownPreviewView::setMarkdownText, "");
+    EXPECT_EQ(view.html, "");
+    EXPECT_EQ(parseBlocks(view.markdownText.string()), std::vector<MarkdownBlock>());
 }
 
 TEST(MarkdownPreviewView, CountsWordsLinesAndCharacters) {

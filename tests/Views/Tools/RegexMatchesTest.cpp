@@ -6,8 +6,9 @@ namespace korvane {
 namespace {
 
 RegexMatches matchesOf(const std::string& pattern, const std::string& text) {
-    const RegexSearch search{.pattern = pattern, .text = std::make_shared<const std::string>(text)};
-    return {search, *RegularExpression::search(pattern, true, search.text, {.time = std::chrono::hours(1)})};
+    auto findings = RegularExpression::search(pattern, true, std::make_shared<const std::string>(text),
+                                              {.time = std::chrono::hours(1)});
+    return {{.pattern = pattern, .text = text}, *std::move(findings)};
 }
 
 TEST(RegexMatches, HaveALineForEachMatchAndGroup) {

@@ -369,5 +369,22 @@ TEST_F(RegexTesterViewTest, MatchesStayReadableWhenTheTextChanges) {
     EXPECT_EQ(fullMatches(), Texts{"aa"});
 }
 
+TEST_F(RegexTesterViewTest, CancellingStopsTheSearchAndSaysSo) {
+    search(hostilePattern, hostileText());
+    ASSERT_TRUE(isPending());
+    fakes.timers.advance(std::chrono::seconds(1));
+    EXPECT_TRUE(state->isBusy);
+    state->cancel();
+    EXPECT_FALSE(state->matching);
+    EXPECT_FALSE(state->isBusy);
+    EXPECT_EQ(state->announcedMessage(), "Matching stopped");
+    fakes.background.runAll();
+    EXPECT_EQ(state->announcedMessage(), "Matching stopped");
+    search("a", "a");
+    EXPECT_EQ(fullMatches(), Texts{"a"});
+    state->cancel();
+    EXPECT_EQ(fullMatches(), Texts{"a"}) << "there was nothing to cancel";
+}
+
 } // namespace
 } // namespace korvane

@@ -148,13 +148,13 @@ TEST_F(TextDiffViewTest, ComparesLargeTextsInTheBackground) {
     EXPECT_FALSE(view.isBusy()) << "not busy before the delay";
     fakes.background.runAll();
     EXPECT_EQ(counts(), (std::vector{0, 0, 10'000}));
-    fakes.timers.advance(TextDiffView::busyDelay);
+    fakes.timers.advance(AwaitedWork::busyDelay);
     EXPECT_FALSE(view.isBusy());
 }
 
 TEST_F(TextDiffViewTest, ALongComparisonShowsAsBusy) {
     compare(manyLines("old"), manyLines("new"));
-    fakes.timers.advance(TextDiffView::busyDelay);
+    fakes.timers.advance(AwaitedWork::busyDelay);
     EXPECT_TRUE(view.isBusy());
     view.compare(context);
     EXPECT_EQ(fakes.background.pendingCount(), 1) << "it runs already";
@@ -165,12 +165,12 @@ TEST_F(TextDiffViewTest, ALongComparisonShowsAsBusy) {
 
 TEST_F(TextDiffViewTest, TheDelayRestartsWithEachComparison) {
     compare(manyLines("old"), manyLines("new"));
-    fakes.timers.advance(TextDiffView::busyDelay);
+    fakes.timers.advance(AwaitedWork::busyDelay);
     view.swap();
     EXPECT_FALSE(view.isBusy());
     view.compare(context);
     EXPECT_FALSE(view.isBusy());
-    fakes.timers.advance(TextDiffView::busyDelay);
+    fakes.timers.advance(AwaitedWork::busyDelay);
     EXPECT_TRUE(view.isBusy());
 }
 
@@ -189,11 +189,11 @@ TEST_F(TextDiffViewTest, ChangingATextCancelsTheComparison) {
     for (const auto& row : rows) {
         view = {};
         compare(manyLines("old"), manyLines("new"));
-        const auto token = view.comparison->stopToken();
+        const auto token = view.comparison.task->stopToken();
         row.change(view);
         EXPECT_TRUE(token.stop_requested()) << row.name;
         fakes.background.runAll();
-        fakes.timers.advance(TextDiffView::busyDelay);
+        fakes.timers.advance(AwaitedWork::busyDelay);
         EXPECT_FALSE(view.hasResult()) << row.name;
         EXPECT_FALSE(view.isBusy()) << row.name;
     }

@@ -1,5 +1,7 @@
 #include "Views/Tools/TextTransformerView.h"
 
+#include "support/FakeServices.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,7 +11,7 @@ namespace {
 
 TextTransformerView withInput(std::string text) {
     TextTransformerView view;
-    view.setInputText(std::move(text));
+    perform(view, &TextTransformerView::setInputText, std::move(text));
     return view;
 }
 
@@ -46,11 +48,11 @@ TEST(TextTransformerView, TabsHaveTheirTextsInOrder) {
 
 TEST(TextTransformerView, APressTransformsAndSelectsTheButton) {
     auto view = withInput("hello World");
-    view.selectCaseTransform(CaseTransform::snakeCase);
+    perform(view, &TextTransformerView::selectCaseTransform, CaseTransform::snakeCase);
     EXPECT_EQ(view.selectedCaseTransform, CaseTransform::snakeCase);
     EXPECT_EQ(view.outputText, "hello_world");
     EXPECT_EQ(view.inputText, "hello World");
-    view.selectLineOperation(LineOperation::reverse);
+    perform(view, &TextTransformerView::selectLineOperation, LineOperation::reverse);
     EXPECT_EQ(view.selectedLineOperation, LineOperation::reverse);
     EXPECT_EQ(view.selectedCaseTransform, CaseTransform::snakeCase);
     EXPECT_EQ(view.outputText, "hello World");
@@ -58,9 +60,9 @@ TEST(TextTransformerView, APressTransformsAndSelectsTheButton) {
 
 TEST(TextTransformerView, APressOfTheSelectedButtonComputesAgain) {
     auto view = withInput("hello");
-    view.selectCaseTransform(CaseTransform::uppercase);
-    view.setInputText("bye");
-    view.selectCaseTransform(CaseTransform::uppercase);
+    perform(view, &TextTransformerView::selectCaseTransform, CaseTransform::uppercase);
+    perform(view, &TextTransformerView::setInputText, "bye");
+    perform(view, &TextTransformerView::selectCaseTransform, CaseTransform::uppercase);
     EXPECT_EQ(view.outputText, "BYE");
 }
 
@@ -69,17 +71,17 @@ TEST(TextTransformerView, ShufflingAgainGivesAnotherOrder) {
     for (int line = 0; line < 100; ++line)
         lines += std::to_string(line) + "\n";
     auto view = withInput(lines);
-    view.selectLineOperation(LineOperation::shuffle);
+    perform(view, &TextTransformerView::selectLineOperation, LineOperation::shuffle);
     const auto first = view.outputText;
-    view.selectLineOperation(LineOperation::shuffle);
+    perform(view, &TextTransformerView::selectLineOperation, LineOperation::shuffle);
     EXPECT_NE(view.outputText, first);
 }
 
 TEST(TextTransformerView, TypingAndSwitchingDoNotTransform) {
     auto view = withInput("Hello");
     EXPECT_EQ(view.outputText, "");
-    view.selectCaseTransform(CaseTransform::uppercase);
-    view.setInputText("Hello, world");
+    perform(view, &TextTransformerView::selectCaseTransform, CaseTransform::uppercase);
+    perform(view, &TextTransformerView::setInputText, "Hello, world");
     view.setSelectedTab(TransformTab::lineOperations);
     view.setSelectedTab(TransformTab::statistics);
     EXPECT_EQ(view.inputText, "Hello, world");
@@ -88,29 +90,29 @@ TEST(TextTransformerView, TypingAndSwitchingDoNotTransform) {
 
 TEST(TextTransformerView, ClearingTheInputKeepsTheOutput) {
     auto view = withInput("Hello");
-    view.selectCaseTransform(CaseTransform::uppercase);
-    view.setInputText({});
+    perform(view, &TextTransformerView::selectCaseTransform, CaseTransform::uppercase);
+    perform(view, &TextTransformerView::setInputText, "");
     EXPECT_EQ(view.outputText, "HELLO");
     EXPECT_FALSE(view.hasInput());
-    EXPECT_EQ(view.inputStats.stats(), TextStats());
+    EXPECT_EQ(view.inputStats.current()->stats(), TextStats());
 }
 
 TEST(TextTransformerView, EmptyInputGivesEmptyOutputForEveryButton) {
     auto view = withInput("Hello");
     for (const auto transform : allCases<CaseTransform>) {
-        view.setInputText("Hello");
-        view.selectCaseTransform(transform);
+        perform(view, &TextTransformerView::setInputText, "Hello");
+        perform(view, &TextTransformerView::selectCaseTransform, transform);
         EXPECT_TRUE(view.hasOutput());
-        view.setInputText({});
-        view.selectCaseTransform(transform);
+        perform(view, &TextTransformerView::setInputText, "");
+        perform(view, &TextTransformerView::selectCaseTransform, transform);
         EXPECT_EQ(view.outputText, "") << rawValue(transform);
     }
     for (const auto operation : allCases<LineOperation>) {
-        view.setInputText("Hello");
-        view.selectLineOperation(operation);
+        perform(view, &TextTransformerView::setInputText, "Hello");
+        perform(view, &TextTransformerView::selectLineOperation, operation);
         EXPECT_TRUE(view.hasOutput());
-        view.setInputText({});
-        view.selectLineOperation(operation);
+        perform(view, &TextTransformerView::setInputText, "");
+        perform(view, &TextTransformerView::selectLineOperation, operation);
         EXPECT_EQ(view.outputText, "") << rawValue(operation);
     }
 }
@@ -120,13 +122,13 @@ TEST(TextTransformerView, FootersCountTheCurrentTexts) {
     EXPECT_EQ(view.footer(), "14 characters\u2002•\u20024 words\u2002•\u20023 lines");
     view.setSelectedTab(TransformTab::lineOperations);
     EXPECT_EQ(view.footer(), "Input: 3 lines");
-    view.selectLineOperation(LineOperation::removeEmpty);
+    perform(view, &TextTransformerView::selectLineOperation, LineOperation::removeEmpty);
     EXPECT_EQ(view.footer(), "Input: 3 lines\u2002•\u2002Output: 2 lines");
-    view.setInputText("x");
+    perform(view, &TextTransformerView::setInputText, "x");
     EXPECT_EQ(view.footer(), "Input: 1 lines\u2002•\u2002Output: 2 lines");
     view.setSelectedTab(TransformTab::caseTransform);
     EXPECT_EQ(view.footer(), "1 characters\u2002•\u20021 words\u2002•\u20021 lines");
-    view.selectCaseTransform(CaseTransform::titleCase);
+    perform(view, &TextTransformerView::selectCaseTransform, CaseTransform::titleCase);
     view.setSelectedTab(TransformTab::lineOperations);
     EXPECT_EQ(view.footer(), "Input: 1 lines\u2002•\u2002Output: 1 lines");
 }
@@ -134,7 +136,7 @@ TEST(TextTransformerView, FootersCountTheCurrentTexts) {
 TEST(TextTransformerView, ShowsAFooterWhileThereIsAnInputToTransform) {
     TextTransformerView view;
     EXPECT_FALSE(view.showsFooter());
-    view.setInputText(" ");
+    perform(view, &TextTransformerView::setInputText, " ");
     EXPECT_TRUE(view.showsFooter());
     view.setSelectedTab(TransformTab::lineOperations);
     EXPECT_TRUE(view.showsFooter());
@@ -143,16 +145,16 @@ TEST(TextTransformerView, ShowsAFooterWhileThereIsAnInputToTransform) {
     EXPECT_FALSE(view.showsFooter());
     EXPECT_FALSE(view.showsOutput());
     view.setSelectedTab(TransformTab::caseTransform);
-    view.setInputText("");
+    perform(view, &TextTransformerView::setInputText, "");
     EXPECT_FALSE(view.showsFooter());
 }
 
 TEST(TextTransformerView, StatisticsCountInputAndOutput) {
     auto view = withInput("Hi! Yes?!");
-    view.setInputText("Hi! Yes?!\n\nNo.");
-    EXPECT_EQ(view.inputStats.stats(), TextTransformer::getStats("Hi! Yes?!\n\nNo."));
-    view.selectCaseTransform(CaseTransform::camelCase);
-    EXPECT_EQ(view.outputStats.stats(), TextTransformer::getStats(view.outputText));
+    perform(view, &TextTransformerView::setInputText, "Hi! Yes?!\n\nNo.");
+    EXPECT_EQ(view.inputStats.current()->stats(), TextTransformer::getStats("Hi! Yes?!\n\nNo."));
+    perform(view, &TextTransformerView::selectCaseTransform, CaseTransform::camelCase);
+    EXPECT_EQ(view.outputStats.current()->stats(), TextTransformer::getStats(view.outputText.string()));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #include "Desktop/Binding/Screen.h"
-#include "Desktop/Controls/BusyLabel.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Section.h"
@@ -52,22 +52,24 @@ QWidget* result(Store& store) {
 }
 
 QWidget* body(Store& store) {
-    return screen(store, toolHeader(Tool::textDiff),
-                  {
-                      row({
-                          actionButton(store, "Compare", "arrow.left.arrow.right", PaletteColor::mint,
-                                       &TextDiffView::compare, &TextDiffView::isBusy),
-                          segmentedPicker(store, "View", &TextDiffView::viewMode, &TextDiffView::setViewMode,
-                                          modePickerWidth),
-                          stretch(),
-                          quietButton(store, "Swap", "arrow.left.arrow.right", &TextDiffView::swap),
-                          quietButton(store, "Clear All", "trash", &TextDiffView::clearAll),
-                      }),
-                      when(store, &TextDiffView::isBusy, busyLabel("Comparing… Clear All cancels.")),
-                      announcing(store, &TextDiffView::similarity,
-                                 when(store, &TextDiffView::showsCounts, counts(store))),
-                      either(store, &TextDiffView::hasResult, result(store), editors(store)),
-                  });
+    auto* content =
+        screen(store, toolHeader(Tool::textDiff),
+               {
+                   row({
+                       actionButton(store, "Compare", "arrow.left.arrow.right", PaletteColor::mint,
+                                    &TextDiffView::compare, &TextDiffView::isBusy),
+                       segmentedPicker(store, "View", &TextDiffView::viewMode, &TextDiffView::setViewMode,
+                                       modePickerWidth),
+                       stretch(),
+                       quietButton(store, "Swap", "arrow.left.arrow.right", &TextDiffView::swap),
+                       quietButton(store, "Clear All", "trash", &TextDiffView::clearAll),
+                   }),
+                   busyBadge(store, &TextDiffView::comparison, &TextDiffView::cancel),
+                   announcing(store, &TextDiffView::similarity,
+                              when(store, &TextDiffView::showsCounts, counts(store))),
+                   either(store, &TextDiffView::hasResult, result(store), editors(store)),
+               });
+    return cancellable(store, &TextDiffView::isBusy, &TextDiffView::cancel, content);
 }
 
 } // namespace

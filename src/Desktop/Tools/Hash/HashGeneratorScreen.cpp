@@ -1,4 +1,5 @@
 #include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Section.h"
@@ -42,7 +43,7 @@ QWidget* footer(Store& store) {
 }
 
 QWidget* body(Store& store) {
-    return screen(
+    auto* content = screen(
         store, toolHeader(Tool::hashGenerator),
         {
             row({
@@ -67,6 +68,7 @@ QWidget* body(Store& store) {
                           })),
             footer(store),
         });
+    return cancellable(store, &HashGeneratorView::isBusy, &HashGeneratorView::cancel, content);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "Desktop/Access/AccessibleButton.h"
 #include "Desktop/Binding/Store.h"
 #include "Desktop/Binding/Strings.h"
+#include "Desktop/Controls/BusyLabel.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Layout/Stack.h"
@@ -77,6 +78,7 @@ QWidget* hashRow(Store& store, HashGenerator::HashAlgorithm algorithm, const Rea
     auto* button = new HashRowButton(name, color(algorithm));
     auto* digest = new ElidedField(name, HashResultRow::placeholder);
     digest->onPress = select.on(store);
+    auto* ring = new BusyRing(BusyRing::smallSize);
     auto* length = new Label({}, TextStyle::caption, Role::secondary);
     auto* plate = lengthPlate(length);
     auto* copy =
@@ -84,7 +86,7 @@ QWidget* hashRow(Store& store, HashGenerator::HashAlgorithm algorithm, const Rea
     auto* fading = new QGraphicsOpacityEffect(copy);
     copy->setGraphicsEffect(fading);
     fill(button, Qt::Horizontal, {.spacing = gap, .padding = {padding, padding, padding, padding}},
-         {tag(name, color(algorithm)), digest, plate, copy});
+         {tag(name, color(algorithm)), ring, digest, plate, copy});
     store.onRefresh([=] {
         const auto current = read();
         button->setChecked(current.isSelected);
@@ -92,6 +94,7 @@ QWidget* hashRow(Store& store, HashGenerator::HashAlgorithm algorithm, const Rea
         length->display(current.lengthText());
         digest->setPlaceholderText(qString(current.prompt()));
         plate->setVisible(current.showsLength());
+        ring->setVisible(current.isBusy);
         copy->setEnabled(!current.isComputing); // a disabled button is painted faint
         fading->setOpacity(current.hasHash() || current.isComputing ? 1 : Theme::idleOpacity);
     });

@@ -1,4 +1,5 @@
 #include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Output.h"
@@ -40,35 +41,39 @@ TreeRows treeRows(const JSONFormatterView& state) {
 }
 
 QWidget* body(Store& store) {
-    return screen(store, toolHeader(Tool::jsonFormatter),
-                  {
-                      row({
-                          actionButton(store, "Prettify", "wand.and.stars", PaletteColor::cyan,
-                                       &JSONFormatterView::prettify),
-                          actionButton(store, "Minify", "arrow.down.right.and.arrow.up.left",
-                                       PaletteColor::orange, &JSONFormatterView::minify),
-                          actionButton(store, "Validate", "checkmark.seal", PaletteColor::green,
-                                       &JSONFormatterView::validate),
-                          stretch(),
-                          pushToggle(store, "Tree View", "list.bullet.indent", PaletteColor::cyan,
-                                     &JSONFormatterView::showTreeView, &JSONFormatterView::setShowTreeView),
-                          pasteButton(store, &JSONFormatterView::setInputText),
-                          clearButton(store, &JSONFormatterView::setInputText),
-                      }),
-                      statusBadges(store, &JSONFormatterView::status, &JSONFormatterView::warning),
-                      columns({
-                          section(store, "Input", "",
-                                  codeEditor(store, &JSONFormatterView::inputText,
-                                             &JSONFormatterView::setInputText, "Paste your JSON here...")),
-                          either(store, &JSONFormatterView::showTreeView,
-                                 section(store, "Tree View", "",
-                                         tree(store, treeRows, &JSONFormatterView::toggleRow,
-                                              "Enter valid JSON to see tree store")),
-                                 section(store, "Output", "",
-                                         output(store, &JSONFormatterView::outputText,
-                                                "Formatted output will appear here..."))),
-                      }),
-                  });
+    auto* content =
+        screen(store, toolHeader(Tool::jsonFormatter),
+               {
+                   row({
+                       actionButton(store, "Prettify", "wand.and.stars", PaletteColor::cyan,
+                                    &JSONFormatterView::prettify),
+                       actionButton(store, "Minify", "arrow.down.right.and.arrow.up.left",
+                                    PaletteColor::orange, &JSONFormatterView::minify),
+                       actionButton(store, "Validate", "checkmark.seal", PaletteColor::green,
+                                    &JSONFormatterView::validate),
+                       stretch(),
+                       pushToggle(store, "Tree View", "list.bullet.indent", PaletteColor::cyan,
+                                  &JSONFormatterView::showTreeView, &JSONFormatterView::setShowTreeView),
+                       pasteButton(store, &JSONFormatterView::setInputText),
+                       clearButton(store, &JSONFormatterView::setInputText),
+                   }),
+                   statusBadges(store, &JSONFormatterView::status, &JSONFormatterView::warning),
+                   busyBadge(store, &JSONFormatterView::shownWork, &JSONFormatterView::cancel),
+                   columns({
+                       section(store, "Input", "",
+                               codeEditor(store, &JSONFormatterView::inputText,
+                                          &JSONFormatterView::setInputText, "Paste your JSON here...")),
+                       either(store, &JSONFormatterView::showTreeView,
+                              section(store, "Tree View", "",
+                                      tree(store, treeRows, &JSONFormatterView::toggleRow,
+                                           "Enter valid JSON to see tree store")),
+                              section(store, "Output", "",
+                                      output(store, &JSONFormatterView::outputText,
+                                             "Formatted output will appear here...",
+                                             &JSONFormatterView::isFormatting))),
+                   }),
+               });
+    return cancellable(store, &JSONFormatterView::isBusy, &JSONFormatterView::cancel, content);
 }
 
 } // namespace

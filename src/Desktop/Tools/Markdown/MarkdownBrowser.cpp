@@ -45,12 +45,9 @@ constexpr int budgetOfMeasuring = 10'000;
 /// an estimate.
 constexpr int maxMeasuredCharacters = 200'000;
 
-/// The rows of `text`. They are destroyed in the background, which takes long for many.
+/// The rows of `text`, which may be many.
 SharedMarkdownRows sharedRows(const Rope& text, Background& background, const std::stop_token& stop) {
-    auto rows = std::make_unique<MarkdownRows>(markdownRows(text.string(), {}, stop));
-    return {rows.release(), [&background](const MarkdownRows* owned) {
-                background.run([rows = std::shared_ptr<const MarkdownRows>(owned)] {}, [] {});
-            }};
+    return shareLarge(background, markdownRows(FlatText(text), {}, stop));
 }
 
 } // namespace
@@ -78,7 +75,7 @@ void MarkdownBrowser::refresh() {
     m_shown = m_markdown();
     if (m_shown.size() <= maxBytesAtOnce) {
         m_parsing.reset();
-        const auto rows = std::make_shared<const MarkdownRows>(markdownRows(m_shown.string()));
+        const auto rows = std::make_shared<const MarkdownRows>(markdownRows(FlatText(m_shown)));
         begin(changeOfRows(m_document->rows(), rows));
     } else if (!m_parsing) {
         parse();

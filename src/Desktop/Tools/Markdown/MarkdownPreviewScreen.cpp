@@ -1,4 +1,5 @@
 #include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Section.h"
@@ -9,18 +10,17 @@
 #include "Desktop/Layout/Stack.h"
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Text/Editors.h"
-#include "Desktop/Tools/Markdown/ComputedOutput.h"
 #include "Desktop/Tools/Markdown/MarkdownBrowser.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/MarkdownPreviewView.h"
-
-#include <memory>
 
 namespace korvane {
 
 namespace {
 
+// Sizes are in pixels at a 13-pixel body text.
 constexpr int modePickerWidth = 400;
+constexpr int copyButtonRoom = 92; // the width of the text that the button covers
 
 QWidget* editorPane(Store& store) {
     return stack(Qt::Vertical, {.spacing = Theme::Size::gapHeading},
@@ -34,36 +34,36 @@ QWidget* editorPane(Store& store) {
 }
 
 QWidget* previewSection(Store& store) {
-    const auto markdown = [shown =
-                               std::make_shared<Rope>()](const MarkdownPreviewView& state) -> const Rope& {
-        if (*shown != state.markdownText)
-            *shown = Rope(state.markdownText);
-        return *shown;
-    };
-    return section(store, "Preview", "", markdownPane(store, markdown, &MarkdownPreviewView::openLink));
+    return section(store, "Preview", "",
+                   markdownPane(store, &MarkdownPreviewView::markdownText, &MarkdownPreviewView::openLink));
 }
 
 QWidget* htmlOutputSection(Store& store) {
-    return section(store, "HTML Output", "chevron.left.forwardslash.chevron.right",
-                   overlay(computedOutput(store, &MarkdownPreviewView::shownHTML),
-                           copyButton(store, &MarkdownPreviewView::html, {.look = {.isOverlay = true}})));
+    return section(
+        store, "HTML Output", "chevron.left.forwardslash.chevron.right",
+        overlay(readOnlyEditor(store, &MarkdownPreviewView::html, "",
+                               {.lineNumbers = false, .isSmall = true, .buttonRoom = copyButtonRoom}),
+                copyButton(store, &MarkdownPreviewView::html, {.look = {.isOverlay = true}})));
 }
 
 QWidget* body(Store& store) {
-    return screen(store, toolHeader(Tool::markdownPreview),
-                  {
-                      row({
-                          segmentedPicker(store, "View", &MarkdownPreviewView::viewMode,
-                                          &MarkdownPreviewView::setViewMode, modePickerWidth),
-                          stretch(),
-                      }),
-                      panes(store,
-                            {
-                                {&MarkdownPreviewView::showsEditor, editorPane(store)},
-                                {&MarkdownPreviewView::showsPreview, previewSection(store)},
-                                {&MarkdownPreviewView::showsHTML, htmlOutputSection(store)},
-                            }),
-                  });
+    auto* content =
+        screen(store, toolHeader(Tool::markdownPreview),
+               {
+                   row({
+                       segmentedPicker(store, "View", &MarkdownPreviewView::viewMode,
+                                       &MarkdownPreviewView::setViewMode, modePickerWidth),
+                       stretch(),
+                   }),
+                   busyBadge(store, &MarkdownPreviewView::converting, &MarkdownPreviewView::cancel),
+                   panes(store,
+                         {
+                             {&MarkdownPreviewView::showsEditor, editorPane(store)},
+                             {&MarkdownPreviewView::showsPreview, previewSection(store)},
+                             {&MarkdownPreviewView::showsHTML, htmlOutputSection(store)},
+                         }),
+               });
+    return cancellable(store, &MarkdownPreviewView::isBusy, &MarkdownPreviewView::cancel, content);
 }
 
 } // namespace

@@ -44,6 +44,10 @@ QWidget* resultCard(Store& store, Base base) {
                              }});
 }
 
+void setText(NumberBaseView& state, const Rope& text) {
+    state.setInputText(text.string());
+}
+
 QWidget* body(Store& store) {
     return screen(
         store, toolHeader(Tool::numberBase),
@@ -61,8 +65,8 @@ QWidget* body(Store& store) {
                               row({
                                   pushToggle(store, "Group Digits", "", PaletteColor::green,
                                              &NumberBaseView::showGrouped, &NumberBaseView::setShowGrouped),
-                                  pasteButton(store, &NumberBaseView::setInputText),
-                                  clearButton(store, &NumberBaseView::setInputText),
+                                  pasteButton(store, setText),
+                                  clearButton(store, setText),
                               }),
                           }),
                           textField(store, "Input", &NumberBaseView::inputText, &NumberBaseView::setInputText,

@@ -1,5 +1,6 @@
 #include "Desktop/Access/Accessibility.h"
 #include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Section.h"
@@ -68,6 +69,17 @@ QWidget* prompt(Store& store, Panel panel, std::string icon) {
                 emptyPrompt(store, std::move(icon), std::string(RegexTesterView::message(panel))));
 }
 
+/// The same while the search runs, which can be cancelled.
+QWidget* busyPrompt(Store& store) {
+    return when(store, shows(Panel::busy),
+                stack(Qt::Vertical, {},
+                      {
+                          growing(emptyPrompt(store, "hourglass",
+                                              std::string(RegexTesterView::message(Panel::busy)))),
+                          centered(quietButton(store, "Cancel", "", &RegexTesterView::cancel)),
+                      }));
+}
+
 QWidget* matches(Store& store) {
     return announcing(
         store, &RegexTesterView::announcedMessage,
@@ -79,7 +91,7 @@ QWidget* matches(Store& store) {
                            prompt(store, Panel::noMatches, "xmark.circle"),
                            prompt(store, Panel::stopped, "xmark.circle"),
                            prompt(store, Panel::prompt, "magnifyingglass"),
-                           prompt(store, Panel::busy, "hourglass"),
+                           busyPrompt(store),
                        }))));
 }
 
@@ -111,19 +123,21 @@ QWidget* replacementBlock(Store& store) {
 }
 
 QWidget* body(Store& store) {
-    return screen(store, toolHeader(Tool::regexTester),
-                  {
-                      patternBlock(store),
-                      sharing(1, testString(store)),
-                      sharing(2, matches(store)),
-                      row({
-                          pushToggle(store, "Find & Replace", "arrow.triangle.swap", PaletteColor::red,
-                                     &RegexTesterView::showReplacement, &RegexTesterView::setShowReplacement),
-                          stretch(),
-                      }),
-                      when(store, &RegexTesterView::showReplacement, replacementBlock(store)),
-                      referenceCard("Quick Reference", "book", referenceColumns, regexCheatItems),
-                  });
+    auto* content =
+        screen(store, toolHeader(Tool::regexTester),
+               {
+                   patternBlock(store),
+                   sharing(1, testString(store)),
+                   sharing(2, matches(store)),
+                   row({
+                       pushToggle(store, "Find & Replace", "arrow.triangle.swap", PaletteColor::red,
+                                  &RegexTesterView::showReplacement, &RegexTesterView::setShowReplacement),
+                       stretch(),
+                   }),
+                   when(store, &RegexTesterView::showReplacement, replacementBlock(store)),
+                   referenceCard("Quick Reference", "book", referenceColumns, regexCheatItems),
+               });
+    return cancellable(store, &RegexTesterView::isBusy, &RegexTesterView::cancel, content);
 }
 
 } // namespace

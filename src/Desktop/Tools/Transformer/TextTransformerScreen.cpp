@@ -1,4 +1,5 @@
 #include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Output.h"
@@ -37,10 +38,8 @@ auto ofTab(Fact fact) {
 }
 
 /// Reads one of the statistics of the input.
-template <typename Count>
-auto counting(Count count) {
-    return
-        [count](const TextTransformerView& state) { return std::to_string(state.inputStats.stats().*count); };
+auto counting(std::int64_t TextStats::* count) {
+    return [count](const TextTransformerView& state) { return state.inputStats.text(count); };
 }
 
 QWidget* cards(Store& store) {
@@ -63,7 +62,7 @@ QWidget* prompt(Store& store) {
 }
 
 QWidget* body(Store& store) {
-    return screen(
+    auto* content = screen(
         store, toolHeader(Tool::textTransformer),
         {
             row({
@@ -81,6 +80,7 @@ QWidget* body(Store& store) {
                  section(store, "Select Operation", "",
                          transformButtons(store, &TextTransformerView::selectedLineOperation,
                                           &TextTransformerView::selectLineOperation))),
+            busyBadge(store, &TextTransformerView::transforming, &TextTransformerView::cancel),
             columns({
                 section(store, ofTab(&TransformTabFacts::inputTitle), ofTab(&TransformTabFacts::inputIcon),
                         codeEditor(store, &TextTransformerView::inputText, &TextTransformerView::setInputText,
@@ -88,7 +88,8 @@ QWidget* body(Store& store) {
                 when(store, &TextTransformerView::showsOutput,
                      section(store, "Output", "arrow.up.doc",
                              output(store, &TextTransformerView::outputText,
-                                    ofTab(&TransformTabFacts::outputPlaceholder)))),
+                                    ofTab(&TransformTabFacts::outputPlaceholder),
+                                    &TextTransformerView::isBusy))),
             }),
             when(store, &TextTransformerView::showsFooter, caption(store, &TextTransformerView::footer)),
             when(store, isSelected(TransformTab::statistics),
@@ -96,6 +97,7 @@ QWidget* body(Store& store) {
                          either(store, &TextTransformerView::hasInput, rigidHeight(cards(store)),
                                 withHeight(statisticsHeight, prompt(store))))),
         });
+    return cancellable(store, &TextTransformerView::isBusy, &TextTransformerView::cancel, content);
 }
 
 } // namespace

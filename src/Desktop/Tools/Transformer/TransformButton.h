@@ -41,14 +41,16 @@ QWidget* transformButtons(Store& store, const std::vector<TransformButtonParts>&
 /// A button for each case of an enumeration, titled with its raw value. `select` is performed with the case
 /// of the button that is pressed.
 template <typename State, typename E>
-QWidget* transformButtons(Store& store, E State::* selected, void (State::*select)(E)) {
+QWidget* transformButtons(Store& store, E State::* selected,
+                          void (State::*select)(E, const Context<State>&)) {
     std::vector<TransformButtonParts> buttons;
     for (const auto value : allCases<E>) {
         buttons.push_back(
             {.title = std::string(rawValue(value)),
              .icon = std::string(icon(value)),
              .isSelected = [selected, value](const State& state) { return state.*selected == value; },
-             .select = [select, value](State& state) { (state.*select)(value); }});
+             .select = [select, value](State& state,
+                                       const Context<State>& context) { (state.*select)(value, context); }});
     }
     return transformButtons(store, buttons);
 }

@@ -11,7 +11,9 @@
 #include <QLayout>
 
 #include <algorithm>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace korvane {
@@ -43,7 +45,8 @@ QWidget* nameCell(const ComponentRow& row, ComponentLook look) {
 QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
     if (row.value && row.value->empty())
         return new Label("(empty)", TextStyle::subheadline, Role::secondary);
-    auto* value = new Label(shortenedLine(row.value.value_or("")), TextStyle::codeSmall, row.color);
+    const auto text = row.value ? std::string_view(*row.value) : std::string_view();
+    auto* value = new Label(shortenedLine(text), TextStyle::codeSmall, row.color);
     if (!row.value || look == ComponentLook::plain)
         return value;
     const QMargins padding(chipPaddingX, 0, chipPaddingX, 0);
@@ -55,12 +58,13 @@ QWidget* valueLabel(const ComponentRow& row, ComponentLook look) {
                                        {value}));
 }
 
-QWidget* rowWidget(Store& store, QWidget* name, const ComponentRow& row, ComponentLook look) {
+QWidget* rowWidget(Store& store, QWidget* name, const std::shared_ptr<const ComponentRow>& row,
+                   ComponentLook look) {
     const bool isPlain = look == ComponentLook::plain;
-    auto* copy = copyButton(store, [value = row.value.value_or("")] { return value; },
-                            {.look = {.showLabel = isPlain, .dropsLabel = isPlain, .subject = row.label}});
+    auto* copy = copyButton(store, [row] { return row->value.value_or(""); },
+                            {.look = {.showLabel = isPlain, .dropsLabel = isPlain, .subject = row->label}});
     return withHeight(
-        rowHeight, stack(Qt::Horizontal, {.spacing = gap}, {name, valueLabel(row, look), stretch(), copy}));
+        rowHeight, stack(Qt::Horizontal, {.spacing = gap}, {name, valueLabel(*row, look), stretch(), copy}));
 }
 
 /// Recreates its rows whenever they change.
@@ -70,18 +74,20 @@ public:
         fill(this, Qt::Vertical, {.spacing = 0}, {});
     }
 
-    void display(std::vector<ComponentRow> rows) {
+    void display(const SharedComponentRows& rows) {
         if (rows == m_rows)
             return;
-        m_rows = std::move(rows);
+        m_rows = rows;
         removeAll();
-        for (std::size_t i = 0; i < std::min(m_rows.size(), maxComponentRows); ++i) {
-            m_names.push_back(nameCell(m_rows[i], m_look));
-            layout()->addWidget(rowWidget(m_store, m_names.back(), m_rows[i], m_look));
+        const auto count = rows ? rows->size() : 0;
+        for (std::size_t i = 0; i < std::min(count, maxComponentRows); ++i) {
+            const std::shared_ptr<const ComponentRow> row(rows, &(*rows)[i]);
+            m_names.push_back(nameCell(*row, m_look));
+            layout()->addWidget(rowWidget(m_store, m_names.back(), row, m_look));
         }
         alignNames();
-        if (m_rows.size() > maxComponentRows)
-            layout()->addWidget(new Label("and " + std::to_string(m_rows.size() - maxComponentRows) + " more",
+        if (count > maxComponentRows)
+            layout()->addWidget(new Label("and " + std::to_string(count - maxComponentRows) + " more",
                                           TextStyle::subheadline, Role::secondary));
     }
 
@@ -114,13 +120,13 @@ private:
 
     Store& m_store;
     ComponentLook m_look;
-    std::vector<ComponentRow> m_rows;
+    SharedComponentRows m_rows;
     std::vector<QWidget*> m_names;
 };
 
 } // namespace
 
-QWidget* componentRows(Store& store, const Reader<std::vector<ComponentRow>>& rows, ComponentLook look) {
+QWidget* componentRows(Store& store, const Reader<SharedComponentRows>& rows, ComponentLook look) {
     auto* list = new ComponentRows(store, look);
     store.onRefresh([list, read = rows.of(store)] { list->display(read()); });
     return list;

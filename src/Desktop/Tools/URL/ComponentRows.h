@@ -5,7 +5,6 @@
 #include "Views/Tools/URLEncoderView.h"
 
 #include <cstddef>
-#include <vector>
 
 class QWidget;
 
@@ -19,6 +18,6 @@ enum class ComponentLook {
 /// Further rows are only counted, not shown: each costs several widgets, and users do not read that many.
 inline constexpr std::size_t maxComponentRows = 500;
 
-QWidget* componentRows(Store& store, const Reader<std::vector<ComponentRow>>& rows, ComponentLook look);
+QWidget* componentRows(Store& store, const Reader<SharedComponentRows>& rows, ComponentLook look);
 
 } // namespace korvane

@@ -1,4 +1,5 @@
 #include "Desktop/Binding/Screen.h"
+#include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Output.h"
@@ -45,8 +46,9 @@ QWidget* editor(Store& store) {
 QWidget* conversion(Store& store) {
     return columns({
         section(store, ofMode(&URLEncoderModeFacts::inputTitle), "arrow.down.doc", editor(store)),
-        section(store, ofMode(&URLEncoderModeFacts::outputTitle), "arrow.up.doc",
-                output(store, &URLEncoderView::outputText, "", {.lineNumbers = false})),
+        section(
+            store, ofMode(&URLEncoderModeFacts::outputTitle), "arrow.up.doc",
+            output(store, &URLEncoderView::outputText, "", &URLEncoderView::isBusy, {.lineNumbers = false})),
     });
 }
 
@@ -84,21 +86,24 @@ QWidget* analysis(Store& store) {
 }
 
 QWidget* body(Store& store) {
-    return screen(store, toolHeader(Tool::urlEncoder),
-                  {
-                      row({
-                          segmentedPicker(store, "Mode", &URLEncoderView::mode, &URLEncoderView::setMode,
-                                          modePickerWidth, SegmentLook::natural),
-                          actionButton(store, ofMode(&URLEncoderModeFacts::rawValue),
-                                       ofMode(&URLEncoderModeFacts::icon), PaletteColor::blue,
-                                       &URLEncoderView::performAction),
-                          stretch(),
-                          pasteButton(store, &URLEncoderView::setInputText),
-                          clearButton(store, &URLEncoderView::setInputText),
-                      }),
-                      statusLine(store, &URLEncoderView::status, &URLEncoderView::errorDetails),
-                      either(store, &URLEncoderView::isAnalyzing, analysis(store), conversion(store)),
-                  });
+    auto* content =
+        screen(store, toolHeader(Tool::urlEncoder),
+               {
+                   row({
+                       segmentedPicker(store, "Mode", &URLEncoderView::mode, &URLEncoderView::setMode,
+                                       modePickerWidth, SegmentLook::natural),
+                       actionButton(store, ofMode(&URLEncoderModeFacts::rawValue),
+                                    ofMode(&URLEncoderModeFacts::icon), PaletteColor::blue,
+                                    &URLEncoderView::performAction),
+                       stretch(),
+                       pasteButton(store, &URLEncoderView::setInputText),
+                       clearButton(store, &URLEncoderView::setInputText),
+                   }),
+                   statusLine(store, &URLEncoderView::status, &URLEncoderView::errorDetails),
+                   busyBadge(store, &URLEncoderView::processing, &URLEncoderView::cancel),
+                   either(store, &URLEncoderView::isAnalyzing, analysis(store), conversion(store)),
+               });
+    return cancellable(store, &URLEncoderView::isBusy, &URLEncoderView::cancel, content);
 }
 
 } // namespace

@@ -145,11 +145,11 @@ TEST_F(TextDiffScreenTest, SwapExchangesTheTextsOfTheEditors) {
 }
 
 TEST_F(TextDiffScreenTest, ShowsAsBusyUntilLargeTextsAreCompared) {
-    constexpr auto busy = "Comparing… Clear All cancels.";
+    constexpr auto busy = "Comparing 50 KB…";
     const std::string many(50'000, '\n');
     compare(many, "x");
     EXPECT_FALSE(screen.shows(busy));
-    fakes.timers.advance(TextDiffView::busyDelay);
+    fakes.timers.advance(AwaitedWork::busyDelay);
     EXPECT_TRUE(screen.shows(busy));
     EXPECT_FALSE(screen.button("Compare").isEnabled());
     fakes.background.runAll();
@@ -159,7 +159,7 @@ TEST_F(TextDiffScreenTest, ShowsAsBusyUntilLargeTextsAreCompared) {
 
     screen.press("Clear All");
     compare(many, "y");
-    fakes.timers.advance(TextDiffView::busyDelay);
+    fakes.timers.advance(AwaitedWork::busyDelay);
     screen.press("Clear All");
     EXPECT_FALSE(screen.shows(busy));
     fakes.background.runAll();

@@ -159,6 +159,7 @@ TEST_F(JSONFormatterScreenTest, ALongValueCanBeScrolledHorizontally) {
     for (const std::size_t length : {std::size_t{500}, std::size_t{500'000}}) {
         fakes.clipboard.content = "[\"" + std::string(length, 'x') + "\"]";
         screen.press("Paste");
+        fakes.background.runAll();
         auto* bar = screen.list("Tree View").horizontalScrollBar();
         const auto start = screen.list("Tree View").grab().toImage();
         EXPECT_GT(bar->maximum(), static_cast<int>(length) * 5);

@@ -28,6 +28,7 @@ struct URLEncoderScreenTest : testing::Test {
         fakes.clipboard.content = std::move(url);
         screen.press("Paste");
         screen.press("Analyze URL");
+        fakes.background.runAll();
     }
 };
 
