@@ -66,7 +66,7 @@ QWidget* body(Store& store) {
                        either(store, &JSONFormatterView::showTreeView,
                               section(store, "Tree View", "",
                                       tree(store, treeRows, &JSONFormatterView::toggleRow,
-                                           "Enter valid JSON to see tree store")),
+                                           "Enter valid JSON to see tree view")),
                               section(store, "Output", "",
                                       output(store, &JSONFormatterView::outputText,
                                              "Formatted output will appear here...",

@@ -78,6 +78,18 @@ TEST_F(JSONFormatterScreenTest, ShowsTheTreeOfTypedText) {
     EXPECT_TRUE(screen.hasEditor("Output"));
 }
 
+TEST_F(JSONFormatterScreenTest, AsksForATextWhileThereIsNoTree) {
+    screen.press("Tree View");
+    const auto named = [this](const QString& name) {
+        return std::ranges::any_of(widget->findChildren<QWidget*>(), [&](const QWidget* child) {
+            return child->isVisible() && child->accessibleName() == name;
+        });
+    };
+    EXPECT_TRUE(named("Enter valid JSON to see tree view"));
+    screen.type("Input", "[1]");
+    EXPECT_FALSE(named("Enter valid JSON to see tree view"));
+}
+
 TEST_F(JSONFormatterScreenTest, FoldsRowsByPointer) {
     screen.press("Tree View");
     screen.type("Input", "[[1],2]");
