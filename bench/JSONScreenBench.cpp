@@ -32,6 +32,7 @@ struct TreeScreen {
 
     void paste() {
         screen.press("Paste");
+        fakes.background.runAll();
         widget->grab();
     }
 };

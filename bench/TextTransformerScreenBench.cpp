@@ -33,7 +33,9 @@ void typeInto(benchmark::State& state, std::string_view mode, std::string (*make
     const ScreenDriver screen(*widget);
     fakes.clipboard.content = makeText();
     screen.press("Paste");
+    fakes.background.runAll();
     screen.press("UPPERCASE");
+    fakes.background.runAll();
     screen.choose(mode);
     auto& editor = screen.editor(mode == "Line Operations" ? "Input Lines" : "Input Text");
     QTest::keyClick(&editor, Qt::Key_Home, Qt::ControlModifier);
