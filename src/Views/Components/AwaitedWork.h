@@ -20,13 +20,17 @@ namespace korvane {
 
 /// Work that the user has asked for and may wait for; a state holds one for each kind of result. It is one
 /// piece of work at a time: a newer one replaces it.
-class AwaitedWork {
-public:
+struct AwaitedWork {
     /// How long work runs before the screen says so, so that short work does not flicker.
     static constexpr std::chrono::milliseconds busyDelay{250};
 
     /// How the last work ended that the screen has said to be running.
     enum class Outcome { none, done, cancelled };
+
+    std::optional<BackgroundTask> task{};
+    std::string description{}; ///< of `task`, such as "Formatting 48 MB"
+    bool takesLong = false;    ///< of `task`
+    Outcome outcome = Outcome::none;
 
     bool isRunning() const { return task.has_value(); }
 
@@ -40,11 +44,6 @@ public:
     }
 
     bool operator==(const AwaitedWork&) const = default;
-
-    std::optional<BackgroundTask> task{};
-    std::string description{}; ///< of `task`, such as "Formatting 48 MB"
-    bool takesLong = false;    ///< of `task`
-    Outcome outcome = Outcome::none;
 };
 
 /// What work is done on how much text.

@@ -52,7 +52,7 @@ SharedMarkdownRows sharedRows(const Rope& text, Background& background, const st
 
 } // namespace
 
-MarkdownBrowser::MarkdownBrowser(std::function<const Rope&()> markdown, Background& background)
+MarkdownBrowser::MarkdownBrowser(std::function<Rope()> markdown, Background& background)
     : m_markdown(std::move(markdown)), m_background(background), m_document(new MarkdownDocument(this)) {
     setDocument(m_document);
     setFrameShape(NoFrame);
@@ -269,8 +269,7 @@ void MarkdownBrowser::contextMenuEvent(QContextMenuEvent* event) {
     showContextMenu(*this, event->globalPos(), commands);
 }
 
-QWidget* markdownPane(Store& store, const Reader<const Rope&>& markdown,
-                      const Action<std::string>& openLink) {
+QWidget* markdownPane(Store& store, const Reader<Rope>& markdown, const Action<std::string>& openLink) {
     auto* browser = new MarkdownBrowser(markdown.of(store), store.services().background);
     browser->onLink = openLink.on(store);
     store.onRefresh([browser] { browser->refresh(); });

@@ -21,7 +21,7 @@ class MarkdownBrowser final : public QTextBrowser {
 public:
     /// `markdown` is read at every refresh, but only while the view is visible.
     /// A large text is parsed in `background`.
-    MarkdownBrowser(std::function<const Rope&()> markdown, Background& background);
+    MarkdownBrowser(std::function<Rope()> markdown, Background& background);
 
     /// Called with the target of a link that was clicked or activated by keyboard.
     std::function<void(std::string)> onLink{};
@@ -66,7 +66,7 @@ private:
     template <typename Change>
     void keepingPlace(Change change);
 
-    std::function<const Rope&()> m_markdown;
+    std::function<Rope()> m_markdown;
     Background& m_background;
     Rope m_shown{}; // the latest text that was read; shown, being parsed, or waiting for that
     std::optional<BackgroundTask> m_parsing{};
@@ -76,6 +76,6 @@ private:
 };
 
 /// A `MarkdownBrowser` in a panel.
-QWidget* markdownPane(Store& store, const Reader<const Rope&>& markdown, const Action<std::string>& openLink);
+QWidget* markdownPane(Store& store, const Reader<Rope>& markdown, const Action<std::string>& openLink);
 
 } // namespace korvane
