@@ -10,6 +10,8 @@
 #include <benchmark/benchmark.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace korvane::bench {
 namespace {
@@ -83,6 +85,24 @@ void typeALetter(benchmark::State& state) {
     }
 }
 
+/// The same with a million marks, which move with their text.
+void typeALetterBeforeMarks(benchmark::State& state) {
+    constexpr std::size_t markCount = 1'000'000;
+    constexpr std::size_t distance = textSize / markCount;
+    Subject subject;
+    subject.area.setText(words(state.range(0) != 0));
+    std::vector<TextMark> marks;
+    for (std::size_t index = 1; index < markCount; ++index)
+        marks.push_back({index * distance, index * distance + distance / 2});
+    subject.area.setMarks(TextMarkLayer::content, TextMarks(std::move(marks)));
+    subject.area.select({0, 0});
+    subject.paint();
+    for (auto _ : state) {
+        QTest::sendKeyEvent(QTest::Click, &subject.area, Qt::Key_X, QStringLiteral("x"), Qt::NoModifier);
+        subject.paint();
+    }
+}
+
 void scrollByAPage(benchmark::State& state) {
     Subject subject;
     subject.area.setText(words(state.range(0) != 0));
@@ -119,6 +139,7 @@ void clearAText(benchmark::State& state) {
 BENCHMARK(copyAsAString)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 BENCHMARK(setAText)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 BENCHMARK(typeALetter)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
+BENCHMARK(typeALetterBeforeMarks)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 BENCHMARK(scrollByAPage)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 BENCHMARK(selectAllAndCopy)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 BENCHMARK(clearAText)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);

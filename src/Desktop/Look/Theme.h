@@ -59,6 +59,13 @@ enum class Role {
     dropFill,      ///< a drop target while something is dragged over it
     unchangedLine, ///< primary at 70 %: a line that is the same in both texts
     plainBadgeFill,
+    hit,        ///< behind every hit of a search
+    currentHit, ///< behind the current one, where only primary text is readable
+    hitEdge,    ///< the outline of the current one
+    oddMatch,   ///< behind the matches of an expression, in turn
+    evenMatch,  ///< the same
+    matchEdge,  ///< the outline of the selected match
+    errorMark,  ///< the wave under the place of an error, and the number of its line
 };
 
 /// The opacity of a named colour over the surface, in percent.

@@ -111,6 +111,20 @@ constexpr Tone tone(Role role) {
         return ink(70, 70);
     case Role::plainBadgeFill:
         return ink(6, 6);
+    case Role::hit:
+        return {0xFFCC00, 0xFFD60A, 34, 17};
+    case Role::currentHit:
+        return {0xFFCC00, 0xFFD60A, 70, 34};
+    case Role::hitEdge:
+        return {0x846900, 0xDDBA0C};
+    case Role::oddMatch:
+        return {0x28CD41, 0x32D74B, 20, 20};
+    case Role::evenMatch:
+        return {0x32ADE6, 0x64D2FF, 22, 20};
+    case Role::matchEdge:
+        return {0x007E1D, 0x2FB344};
+    case Role::errorMark:
+        return {0xD30208, 0xFF6052};
     }
     return {};
 }

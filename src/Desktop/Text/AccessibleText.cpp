@@ -4,12 +4,60 @@
 #include "Desktop/Text/TextArea.h"
 
 #include <QAccessibleWidget>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <optional>
 
 namespace korvane {
 
 namespace {
+
+/// In bytes.
+struct Extent {
+    std::size_t start = 0;
+    std::size_t end = 0;
+};
+
+QTextBoundaryFinder::BoundaryType finderType(QAccessible::TextBoundaryType boundary) {
+    switch (boundary) {
+    case QAccessible::WordBoundary:
+        return QTextBoundaryFinder::Word;
+    case QAccessible::SentenceBoundary:
+        return QTextBoundaryFinder::Sentence;
+    default:
+        return QTextBoundaryFinder::Grapheme;
+    }
+}
+
+/// The unit of text with the character at `offset`. A line is a row; a very long paragraph has several units.
+/// Looks only at the text nearby.
+Extent unitAround(const TextLayout& layout, std::size_t offset, QAccessible::TextBoundaryType boundary) {
+    if (boundary == QAccessible::NoBoundary)
+        return {0, layout.text().size()};
+    const auto place = layout.pieceAt(offset);
+    if (boundary == QAccessible::ParagraphBoundary)
+        return {place.start, place.next()};
+    if (boundary == QAccessible::LineBoundary) {
+        const auto row = layout.rowAt(offset);
+        const bool isLast = row.index == place.piece->rowCount() - 1;
+        return {row.start(), isLast ? place.next() : place.start + place.piece->rowStart(row.index + 1)};
+    }
+    const auto& piece = *place.piece;
+    int unit = piece.unitAt(offset - place.start);
+    if (unit == piece.length()) {
+        const bool isLineBreak = piece.breakSize() > 0;
+        if (isLineBreak || unit == 0)
+            return {place.end(), place.next()};
+        --unit; // at the end of the text
+    }
+    QTextBoundaryFinder finder(finderType(boundary), piece.text());
+    finder.setPosition(unit);
+    if (!finder.isAtBoundary())
+        finder.toPreviousBoundary();
+    const auto start = piece.byteAt(static_cast<int>(finder.position()));
+    return {place.start + start, place.start + piece.byteAt(static_cast<int>(finder.toNextBoundary()))};
+}
 
 /// Offsets are in UTF-16 units of the text.
 class TextInterface final : public QAccessibleWidget,
@@ -76,6 +124,28 @@ public:
 
     void setCursorPosition(int offset) override { area().select({byteAt(offset), byteAt(offset)}); }
 
+    QString textAtOffset(int offset, QAccessible::TextBoundaryType boundary, int* start,
+                         int* end) const override {
+        return report(unitAround(offset, boundary), start, end);
+    }
+
+    QString textBeforeOffset(int offset, QAccessible::TextBoundaryType boundary, int* start,
+                             int* end) const override {
+        const auto unit = unitAround(offset, boundary);
+        if (!unit || unit->start == 0)
+            return report(std::nullopt, start, end);
+        const auto before = area().text().summaryBefore(unit->start - 1).bytes;
+        return report(korvane::unitAround(area().layout(), before, boundary), start, end);
+    }
+
+    QString textAfterOffset(int offset, QAccessible::TextBoundaryType boundary, int* start,
+                            int* end) const override {
+        const auto unit = unitAround(offset, boundary);
+        if (!unit || unit->end == area().text().size())
+            return report(std::nullopt, start, end);
+        return report(korvane::unitAround(area().layout(), unit->end, boundary), start, end);
+    }
+
     QRect characterRect(int offset) const override {
         auto place = area().caretRect(byteAt(offset));
         const auto next = area().caretRect(byteAt(offset + 1));
@@ -106,6 +176,19 @@ public:
     }
 
 private:
+    /// None for an offset outside of the text.
+    std::optional<Extent> unitAround(int offset, QAccessible::TextBoundaryType boundary) const {
+        if (offset < 0 || offset > characterCount())
+            return std::nullopt;
+        return korvane::unitAround(area().layout(), byteAt(offset), boundary);
+    }
+
+    QString report(const std::optional<Extent>& unit, int* start, int* end) const {
+        *start = unit ? unitAt(unit->start) : -1;
+        *end = unit ? unitAt(unit->end) : -1;
+        return unit ? qString(area().text().string(unit->start, unit->end)) : QString();
+    }
+
     TextArea& area() const { return *static_cast<TextArea*>(widget()); }
 
     std::size_t byteAt(int unit) const {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <map>
 
 namespace korvane {
 
@@ -27,6 +28,23 @@ constexpr int proseInset = 16;
 
 /// In bytes. A longer text is not laid out to determine its height; its panel has the maximum height.
 constexpr std::size_t maxFittedText = 2000;
+
+std::map<TextMarkKind, TextMarkStyle> markStyles() {
+    const auto underline = [](PaletteColor color) { return TextMarkStyle{.underline = Theme::hue(color)}; };
+    return {
+        {TextMarkKind::oddMatch, {.background = Theme::color(Role::oddMatch)}},
+        {TextMarkKind::evenMatch, {.background = Theme::color(Role::evenMatch)}},
+        {TextMarkKind::selectedMatch, {.outline = Theme::color(Role::matchEdge)}},
+        {TextMarkKind::group1, underline(PaletteColor::orange)},
+        {TextMarkKind::group2, underline(PaletteColor::purple)},
+        {TextMarkKind::group3, underline(PaletteColor::blue)},
+        {TextMarkKind::group4, underline(PaletteColor::pink)},
+        {TextMarkKind::hit, {.background = Theme::color(Role::hit)}},
+        {TextMarkKind::currentHit,
+         {.background = Theme::color(Role::currentHit), .outline = Theme::color(Role::hitEdge)}},
+        {TextMarkKind::error, {.wave = Theme::color(Role::errorMark)}},
+    };
+}
 
 /// Applies the theme's look to its text area, again whenever that changes.
 class EditorPanel final : public Panel {
@@ -47,6 +65,22 @@ public:
         m_area->setText(text);
         m_isFitted = text.size() <= maxFittedText;
         fitHeight();
+    }
+
+    void setMarks(const TextMarks& marks) {
+        if (marks == m_marks)
+            return;
+        m_marks = marks;
+        m_area->setMarks(TextMarkLayer::content, marks);
+    }
+
+    void show(const TextPlace& place) {
+        if (place.request == m_shownRequest)
+            return;
+        m_shownRequest = place.request;
+        m_area->select(place.selection);
+        if (place.takesFocus)
+            m_area->setFocus(Qt::OtherFocusReason);
     }
 
     void setStale(bool isStale) {
@@ -97,6 +131,9 @@ private:
                           .placeholder = Theme::color(m_options.placeholderInk),
                           .number = Theme::color(Role::placeholder),
                           .selection = Theme::color(Role::selection),
+                          .markedLine = Theme::withTint(PaletteColor::red, Theme::Tint::row),
+                          .markedNumber = Theme::color(Role::errorMark),
+                          .marks = markStyles(),
                           .inset = Theme::margins(left, inset, endInset() - Size::panelOutline, inset),
                           .numberGap = Theme::px(gutterPadding)});
     }
@@ -121,6 +158,8 @@ private:
 
     TextArea* m_area;
     CodeEditorOptions m_options;
+    TextMarks m_marks{};
+    std::size_t m_shownRequest = 0;
     int m_height;
     bool m_isFitted = true;
 };
@@ -137,10 +176,14 @@ TextArea* newTextArea(const Rope& text, const CodeEditorOptions& options) {
 EditorPanel* editorPanel(Store& store, TextArea* area, std::function<Rope()> text,
                          const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
     auto* panel = new EditorPanel(area, options);
-    store.onRefresh([panel, area, text = std::move(text), placeholder = placeholder.of(store)] {
+    store.onRefresh([panel, area, text = std::move(text), placeholder = placeholder.of(store),
+                     marks = options.marks.of(store), place = options.place.of(store)] {
         panel->display(text());
+        panel->setMarks(marks());
+        panel->show(place());
         area->setPlaceholder(qString(placeholder()));
     });
+    area->onSelect = options.onSelect.on(store);
     return panel;
 }
 

@@ -5,13 +5,25 @@
 #include "Desktop/Binding/Reader.h"
 #include "Desktop/Look/Theme.h"
 #include "Utilities/Text/Rope.h"
+#include "Utilities/Text/TextMarks.h"
+#include "Utilities/Text/TextSelection.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
 class QWidget;
 
 namespace korvane {
+
+/// What an editor shall show: a selection, or a caret. It is shown once for each `request`.
+struct TextPlace {
+    TextSelection selection{};
+    std::size_t request = 0; ///< none before the first
+    bool takesFocus = false;
+
+    bool operator==(const TextPlace&) const = default;
+};
 
 /// Sizes are in pixels at a 13-pixel body text.
 struct CodeEditorOptions {
@@ -22,6 +34,10 @@ struct CodeEditorOptions {
     int minHeight = Theme::Size::minEditorHeight;
     std::optional<int> maxHeight{}; ///< if set, the panel fits the height of its text, within these limits
     Theme::Role placeholderInk = Theme::Role::placeholder;
+    Reader<TextMarks> marks = TextMarks{}; ///< those of the text that is shown
+    Reader<TextPlace> place = TextPlace{};
+    Action<TextSelection> onSelect = [](const TextSelection&) {
+    }; ///< the user has moved the caret or selected
 };
 
 /// An editor that shows and changes a text. `placeholder` is shown while it is empty.

@@ -9,6 +9,7 @@
 #include "Desktop/Text/TextLayout.h"
 #include "Utilities/Text/Rope.h"
 #include "Utilities/Text/TextHistory.h"
+#include "Utilities/Text/TextMarks.h"
 #include "Utilities/Text/TextSelection.h"
 
 #include <QAbstractScrollArea>
@@ -18,7 +19,9 @@
 #include <QMargins>
 #include <QRect>
 
+#include <array>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,15 +30,26 @@ class QMimeData;
 
 namespace korvane {
 
+/// How marked text looks. A colour that is not valid is not painted.
+struct TextMarkStyle {
+    QColor background{};
+    QColor outline{};
+    QColor underline{};
+    QColor wave{}; ///< a wavy underline
+};
+
 struct TextAreaStyle {
     QFont font{};
     int lineHeight = 21; ///< of every row, in pixels
     QColor text{};
     QColor placeholder{};
     QColor number{};
-    QColor selection{}; ///< behind selected text, which keeps its colour
-    QMargins inset{};   ///< around the text; the left one counts from the line numbers, if shown
-    int numberGap = 8;  ///< on either side of the line numbers
+    QColor selection{};    ///< behind selected text, which keeps its colour
+    QColor markedLine{};   ///< behind the lines of the kind `errorLine`, from edge to edge
+    QColor markedNumber{}; ///< of their numbers, which are semibold, too
+    std::map<TextMarkKind, TextMarkStyle> marks{}; ///< other kinds are not painted
+    QMargins inset{};  ///< around the text; the left one counts from the line numbers, if shown
+    int numberGap = 8; ///< on either side of the line numbers
 };
 
 /// The number of a line and its rectangle in the control: the width of the numbers by the first row of the
@@ -44,6 +58,9 @@ struct VisibleNumber {
     std::size_t number;
     QRect place;
 };
+
+/// Who marks the text. Each has marks of its own; those of later ones are painted over others.
+enum class TextMarkLayer { content, search };
 
 class TextArea : public QAbstractScrollArea, public AccessibleControl {
     Q_OBJECT
@@ -91,6 +108,8 @@ public:
     /// control shows its start. Does nothing if the text is unchanged.
     void setText(const Rope& text);
 
+    const TextLayout& layout() const { return m_layout; }
+
     const TextSelection& selection() const { return m_selection; }
 
     /// Selects a range of the text, or moves the caret to where its ends meet, and shows the caret.
@@ -109,6 +128,12 @@ public:
 
     bool canRedo() const { return m_history.canRedo(); }
 
+    /// Replaces the marks of a layer. They move with their text when it is edited; those that an edit touches
+    /// are dropped. The cost of painting depends on those that are visible.
+    void setMarks(TextMarkLayer layer, TextMarks marks);
+
+    const TextMarks& marks(TextMarkLayer layer) const { return m_marks[static_cast<std::size_t>(layer)]; }
+
     /// The rectangle of the caret before `offset` in the viewport, which may be outside of what is visible.
     QRect caretRect(std::size_t offset) const;
 
@@ -122,8 +147,15 @@ public:
     /// `setText`.
     std::function<void(const Rope&)> onEdit{};
 
+    /// Called when the user has moved the caret or selected something without an edit, with the selection;
+    /// never by `select`.
+    std::function<void(const TextSelection&)> onSelect{};
+
     /// The numbers of the lines that begin in the visible part; none without line numbers.
     std::vector<VisibleNumber> visibleNumbers() const;
+
+    /// The visible rows of marked lines, from edge to edge of the control.
+    std::vector<QRect> markedRows() const;
 
     QAccessibleInterface* newAccessibleInterface() override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
@@ -190,7 +222,13 @@ private:
     TextSelection unitAround(std::size_t offset, Unit unit) const;
     void moveCaret(std::size_t offset, bool selects);
     void setSelection(const TextSelection& selection);
+    void selectAsUser(const TextSelection& selection);
     std::size_t offsetNear(const PlacedRow& row, qreal x) const;
+
+    // Marked and selected ranges: TextAreaRanges.cpp.
+    std::vector<TextMark> visibleMarks() const;
+    void paintMark(QPainter& painter, const TextMark& mark, const PlacedRow& row, qreal top) const;
+    void paintSelection(QPainter& painter, const PlacedRow& row, qreal top) const;
 
     // The pointer: TextAreaPointer.cpp.
     void extendSelectionTo(QPoint point);
@@ -213,12 +251,12 @@ private:
     void restartBlinking();
     void paintPlaceholder(QPainter& painter) const;
     void paintRow(QPainter& painter, const PlacedRow& row, qreal top) const;
-    void paintSelection(QPainter& painter, const PlacedRow& row, qreal top) const;
     void paintCaret(QPainter& painter, const PlacedRow& row, qreal top) const;
 
     TextLayout m_layout;
     TextHistory m_history{};
     TextSelection m_selection{};
+    std::array<TextMarks, 2> m_marks{}; ///< by layer
     TextAreaStyle m_style{};
     QString m_placeholder{};
     QString m_highSurrogate{};      ///< typed, and waiting for its other half

@@ -104,6 +104,8 @@ void TextArea::change(TextEditKind kind, std::size_t from, std::size_t to, const
     const TextChange extent{.offset = from, .removed = to - from, .inserted = text.size()};
     const auto after = before.text.replacing(from, to, text);
     m_layout.setText(after, extent);
+    for (auto& marks : m_marks)
+        marks.apply(extent);
     const auto caret = after.summaryBefore(from + text.size()).bytes;
     m_selection = {caret, caret};
     if (m_top > from)
@@ -118,6 +120,7 @@ void TextArea::change(TextEditKind kind, std::size_t from, std::size_t to, const
 void TextArea::showVersion(const TextVersion& version) {
     const auto before = text();
     m_layout.setText(version.text);
+    m_marks = {};
     m_selection = version.selection;
     m_top = std::min(m_top, text().size());
     report(*this, before, {.removed = before.size(), .inserted = text().size()}, text());

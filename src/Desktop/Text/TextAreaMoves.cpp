@@ -195,7 +195,7 @@ bool TextArea::moveByKey(const QKeyEvent& event) {
 }
 
 void TextArea::moveCaret(std::size_t offset, bool selects) {
-    setSelection({selects ? m_selection.anchor : offset, offset});
+    selectAsUser({selects ? m_selection.anchor : offset, offset});
     reveal(offset);
 }
 
@@ -210,7 +210,14 @@ void TextArea::select(const TextSelection& selection) {
 }
 
 void TextArea::selectAll() {
-    setSelection({0, text().size()});
+    selectAsUser({0, text().size()});
+}
+
+void TextArea::selectAsUser(const TextSelection& selection) {
+    const bool isNew = selection != m_selection;
+    setSelection(selection);
+    if (isNew && onSelect)
+        onSelect(selection);
 }
 
 void TextArea::setSelection(const TextSelection& selection) {

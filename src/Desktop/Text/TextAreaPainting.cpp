@@ -3,7 +3,6 @@
 #include "Desktop/Text/TextArea.h"
 
 #include <QFontMetricsF>
-#include <QGlyphRun>
 #include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
@@ -33,16 +32,22 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
-        painter.setFont(m_area.font());
-        painter.setPen(m_style.number);
+        const auto markedRows = m_area.markedRows();
+        for (const auto& row : markedRows)
+            painter.fillRect(row, m_style.markedLine);
         const auto baseline = baselineOf(m_layout.style());
-        const QFontMetricsF metrics(m_area.font());
         for (const auto& [number, place] : m_area.visibleNumbers()) {
+            if (!place.intersects(event->rect()))
+                continue;
+            const bool isMarked =
+                std::ranges::any_of(markedRows, [&](const QRect& row) { return row.intersects(place); });
+            auto font = m_area.font();
+            font.setWeight(isMarked ? QFont::DemiBold : font.weight());
+            painter.setFont(font);
+            painter.setPen(isMarked ? m_style.markedNumber : m_style.number);
             const auto text = QString::number(number);
-            if (place.intersects(event->rect()))
-                painter.drawText(
-                    QPointF(place.right() + 1 - metrics.horizontalAdvance(text), place.top() + baseline),
-                    text);
+            const auto width = QFontMetricsF(font).horizontalAdvance(text);
+            painter.drawText(QPointF(place.right() + 1 - width, place.top() + baseline), text);
         }
     }
 
@@ -51,34 +56,6 @@ private:
     const TextAreaStyle& m_style;
     const TextLayout& m_layout;
 };
-
-bool hasRightToLeftText(QStringView text) {
-    return std::ranges::any_of(text, [](QChar character) {
-        const auto direction = character.direction();
-        return character >= u'\u0590' &&
-               (direction == QChar::DirR || direction == QChar::DirAL || direction == QChar::DirRLE ||
-                direction == QChar::DirRLO || direction == QChar::DirRLI);
-    });
-}
-
-/// The horizontal extents of the characters. In a row with text of both directions they may be in several
-/// places.
-std::vector<std::pair<qreal, qreal>> selectedExtents(const TextPiece& piece, const QTextLine& line, int from,
-                                                     int to) {
-    std::vector<std::pair<qreal, qreal>> extents;
-    for (const auto& run : line.glyphRuns(from, to - from)) {
-        const auto positions = run.positions();
-        const auto advances = run.rawFont().advancesForGlyphIndexes(run.glyphIndexes());
-        for (qsizetype glyph = 0; glyph < positions.size(); ++glyph)
-            extents.emplace_back(positions[glyph].x(), positions[glyph].x() + advances[glyph].x());
-    }
-    for (int character = from; character < to; ++character) {
-        if (piece.text()[character] == u'\t') // has no glyph
-            extents.emplace_back(line.cursorToX(character, QTextLine::Leading),
-                                 line.cursorToX(character, QTextLine::Trailing));
-    }
-    return extents;
-}
 
 } // namespace
 
@@ -306,8 +283,14 @@ void TextArea::paintEvent(QPaintEvent* event) {
             top += m_style.lineHeight;
         }
     };
-    if (!m_selection.isEmpty())
-        rows([&](const PlacedRow& row, int top) { paintSelection(painter, row, top); });
+    for (const auto& row : markedRows())
+        painter.fillRect(row.translated(-viewport()->pos()), m_style.markedLine);
+    const auto marks = visibleMarks();
+    rows([&](const PlacedRow& row, int top) {
+        for (const auto& mark : marks)
+            paintMark(painter, mark, row, top);
+        paintSelection(painter, row, top);
+    });
     rows([&](const PlacedRow& row, int top) {
         const QPointF origin(0, top - row.index * m_style.lineHeight);
         row.line().draw(&painter, origin + drawingOffset(row.line(), m_layout.style()));
@@ -327,41 +310,6 @@ void TextArea::paintPlaceholder(QPainter& painter) const {
         line.draw(&painter, drawingOffset(line, m_layout.style()));
     }
     painter.restore();
-}
-
-/// Fills the selected part of a row, to the end of the row if the selection continues in the next one.
-void TextArea::paintSelection(QPainter& painter, const PlacedRow& row, qreal top) const {
-    const auto& piece = *row.place.piece;
-    const auto line = row.line();
-    const int lineStart = line.textStart();
-    const int lineEnd = lineStart + line.textLength();
-    const auto start = row.place.start;
-    if (m_selection.to() < row.start() || m_selection.from() > row.place.end())
-        return;
-    const int from = m_selection.from() <= start
-                         ? lineStart
-                         : std::max(piece.unitAt(m_selection.from() - start), lineStart);
-    const int to = std::min(piece.unitAt(m_selection.to() - start), lineEnd);
-    const bool isLastRow = row.index == piece.rowCount() - 1;
-    const bool continues = isLastRow ? m_selection.to() > row.place.end() ||
-                                           (!piece.endsLine() && m_selection.to() == row.place.end())
-                                     : m_selection.to() - start >= piece.byteAt(lineEnd);
-    if (from > to || (from == to && !continues))
-        return;
-    const auto fill = [&](qreal left, qreal right) {
-        painter.fillRect(
-            QRectF(QPointF(std::round(left), top), QPointF(std::round(right), top + m_style.lineHeight)),
-            m_style.selection);
-    };
-    const auto& style = m_layout.style();
-    if (!hasRightToLeftText(QStringView(piece.text()).sliced(lineStart, line.textLength()))) {
-        fill(line.cursorToX(from), continues ? style.left + style.width : line.cursorToX(to));
-        return;
-    }
-    for (const auto& [left, right] : selectedExtents(piece, line, from, to))
-        fill(left, right);
-    if (continues)
-        fill(std::max(line.naturalTextRect().right(), style.left), style.left + style.width);
 }
 
 void TextArea::paintCaret(QPainter& painter, const PlacedRow& row, qreal top) const {

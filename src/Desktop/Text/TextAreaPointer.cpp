@@ -31,11 +31,11 @@ void TextArea::extendSelectionTo(QPoint point) {
     const auto offset = offsetAt(point);
     const auto unit = unitAround(offset, m_selectedUnit);
     if (m_selectedUnit == Unit::character)
-        setSelection({m_firstUnit.anchor, offset});
+        selectAsUser({m_firstUnit.anchor, offset});
     else if (offset < m_firstUnit.from())
-        setSelection({m_firstUnit.to(), unit.from()});
+        selectAsUser({m_firstUnit.to(), unit.from()});
     else
-        setSelection({m_firstUnit.from(), std::max(unit.to(), m_firstUnit.to())});
+        selectAsUser({m_firstUnit.from(), std::max(unit.to(), m_firstUnit.to())});
 }
 
 void TextArea::mousePressEvent(QMouseEvent* event) {
@@ -50,7 +50,7 @@ void TextArea::mousePressEvent(QMouseEvent* event) {
     if (isTriple) {
         m_selectedUnit = Unit::line;
         m_firstUnit = unitAround(offset, Unit::line);
-        setSelection(m_firstUnit);
+        selectAsUser(m_firstUnit);
         m_isSelecting = true;
         return;
     }
@@ -64,7 +64,7 @@ void TextArea::mousePressEvent(QMouseEvent* event) {
     } else {
         m_firstUnit = {offset, offset};
         m_isSelecting = true;
-        setSelection(m_firstUnit);
+        selectAsUser(m_firstUnit);
         reveal(offset);
     }
 }
@@ -76,7 +76,7 @@ void TextArea::mouseDoubleClickEvent(QMouseEvent* event) {
     m_pointer = event->position().toPoint();
     m_selectedUnit = Unit::word;
     m_firstUnit = unitAround(offsetAt(m_pointer), Unit::word);
-    setSelection(m_firstUnit);
+    selectAsUser(m_firstUnit);
     m_isSelecting = true;
     m_tripleClick.start(QApplication::doubleClickInterval(), this);
 }
@@ -106,7 +106,7 @@ void TextArea::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         if (m_pressed) {
             const auto offset = offsetAt(event->position().toPoint());
-            setSelection({offset, offset});
+            selectAsUser({offset, offset});
         }
         m_pressed.reset();
         m_isSelecting = false;
@@ -114,7 +114,7 @@ void TextArea::mouseReleaseEvent(QMouseEvent* event) {
     } else if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection() &&
                !m_isReadOnly) {
         const auto offset = offsetAt(event->position().toPoint());
-        setSelection({offset, offset});
+        selectAsUser({offset, offset});
         insertFrom(QGuiApplication::clipboard()->mimeData(QClipboard::Selection));
     } else {
         event->ignore();

@@ -61,7 +61,8 @@ void TextLayout::setText(const Rope& text, const TextChange& change) {
 void TextLayout::setPreedit(std::optional<Preedit> preedit, std::size_t offset) {
     if (!m_preedit && !preedit)
         return;
-    m_pieces.erase(pieceAt(m_preeditOffset).start);
+    if (m_preedit)
+        m_pieces.erase(pieceAt(m_preeditOffset).start);
     m_preedit = std::move(preedit);
     m_preeditOffset = offset;
     m_pieces.erase(pieceAt(offset).start);
