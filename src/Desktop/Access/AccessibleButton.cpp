@@ -11,7 +11,7 @@ namespace {
 
 /// Unlike Qt's own interface it always clicks, as the user does: Qt's only toggles a checkable button,
 /// without notifying the screen.
-class ButtonInterface final : public QAccessibleWidget {
+class ButtonInterface : public QAccessibleWidget {
 public:
     explicit ButtonInterface(QAbstractButton* button) : QAccessibleWidget(button) {}
 
@@ -65,7 +65,18 @@ private:
     QString click() const { return button().isCheckable() ? toggleAction() : pressAction(); }
 };
 
+class LinkInterface final : public ButtonInterface {
+public:
+    using ButtonInterface::ButtonInterface;
+
+    QAccessible::Role role() const override { return QAccessible::Link; }
+};
+
 } // namespace
+
+QAccessibleInterface* newLinkInterface(QAbstractButton* button) {
+    return new LinkInterface(button);
+}
 
 QAccessibleInterface* newButtonInterface(QAbstractButton* button) {
     return new ButtonInterface(button);

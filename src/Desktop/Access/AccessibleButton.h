@@ -18,4 +18,7 @@ public:
 
 QAccessibleInterface* newButtonInterface(QAbstractButton* button);
 
+/// The interface of a button that leads to another place.
+QAccessibleInterface* newLinkInterface(QAbstractButton* button);
+
 } // namespace korvane

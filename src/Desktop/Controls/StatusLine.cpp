@@ -1,6 +1,7 @@
 #include "Desktop/Controls/StatusLine.h"
 
 #include "Desktop/Binding/Store.h"
+#include "Desktop/Controls/BadgeLink.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Messages.h"
 #include "Desktop/Layout/Alternatives.h"
@@ -50,17 +51,24 @@ QWidget* statusLine(Store& store, const Reader<std::optional<StatusBadge>>& badg
 }
 
 QWidget* statusBadges(Store& store, const Reader<std::optional<StatusBadge>>& first,
-                      const Reader<std::optional<StatusBadge>>& second) {
+                      const Reader<std::optional<StatusBadge>>& second, const Action<>& showPlace) {
     auto* left = new StatusBadgeLabel;
+    auto* link = new BadgeLink;
     auto* right = new StatusBadgeLabel;
-    auto* line = stack(Qt::Horizontal, {.spacing = Theme::Size::gapControl}, {rigid(left), right, stretch()});
+    auto* line =
+        stack(Qt::Horizontal, {.spacing = Theme::Size::gapControl}, {rigid(left), link, right, stretch()});
+    QObject::connect(link, &BadgeLink::clicked, line, showPlace.on(store));
     const auto firstOf = first.of(store);
     const auto secondOf = second.of(store);
     reportMessages(store, *line, [=] { return joined(messageOf(firstOf()), messageOf(secondOf())); });
     store.onRefresh([=] {
         const auto one = firstOf();
         const auto other = secondOf();
-        display(*left, one);
+        const bool isLink = one && !one->place.empty();
+        display(*left, isLink ? std::nullopt : one);
+        if (isLink)
+            link->display(*one);
+        setShown(link, isLink);
         display(*right, other);
         line->setVisible(one || other);
     });

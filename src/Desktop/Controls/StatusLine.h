@@ -2,6 +2,7 @@
 /// two simultaneous announcements only the last would be heard.
 #pragma once
 
+#include "Desktop/Binding/Action.h"
 #include "Desktop/Binding/Reader.h"
 #include "Views/Components/StatusBadge.h"
 
@@ -16,8 +17,9 @@ namespace korvane {
 QWidget* statusLine(Store& store, const Reader<std::optional<StatusBadge>>& badge,
                     const Reader<std::string>& details);
 
-/// Two badges side by side, each visible while it has a value.
+/// Two badges side by side, each visible while it has a value. While the first one names a place, it is a
+/// link that calls `showPlace`.
 QWidget* statusBadges(Store& store, const Reader<std::optional<StatusBadge>>& first,
-                      const Reader<std::optional<StatusBadge>>& second);
+                      const Reader<std::optional<StatusBadge>>& second, const Action<>& showPlace);
 
 } // namespace korvane

@@ -74,6 +74,8 @@ enum class Tint {
     badge = 10,
     diffLine = 15,
     toggle = 14,
+    linkHover = 16, ///< over a badge that is a link
+    linkPressed = 22,
     toggleHover = 20,
     togglePressed = 26,
     tile = 12,

@@ -16,15 +16,6 @@ class QWidget;
 
 namespace korvane {
 
-/// What an editor shall show: a selection, or a caret. It is shown once for each `request`.
-struct TextPlace {
-    TextSelection selection{};
-    std::size_t request = 0; ///< none before the first
-    bool takesFocus = false;
-
-    bool operator==(const TextPlace&) const = default;
-};
-
 /// Sizes are in pixels at a 13-pixel body text.
 struct CodeEditorOptions {
     bool lineNumbers = true; ///< without them, the insets are wider

@@ -145,9 +145,13 @@ struct ParseError {
 
     Kind kind{};
     std::size_t offset = 0; ///< in bytes, from the start of the text
+    std::size_t end = 0; ///< of the token there, which is a character at least; `offset` at the end of input
     TextPosition position{};
     std::string message{}; ///< one line: the error, its position, and the expected input
 };
+
+/// How messages name a position: "line 3, column 14".
+std::string placeName(const TextPosition& position);
 
 /// Parses `text`, which is UTF-8; a byte-order mark at its start is skipped. If a name occurs more than once
 /// in an object, the last member is kept. Fails at the first violation of RFC 8259, at lone surrogate escapes

@@ -3,6 +3,7 @@
 #include "Utilities/JSON/JSONBlock.h"
 #include "Utilities/JSON/JSONEscape.h"
 #include "Utilities/Text/CharacterName.h"
+#include "Utilities/Text/UTF8.h"
 
 #include <fmt/format.h>
 
@@ -20,6 +21,24 @@ bool isWordCharacter(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
            (character >= '0' && character <= '9') ||
            std::string_view("_$+-.").find(character) != std::string_view::npos;
+}
+
+/// The end of the string, the word or the character that begins at `offset`. A string ends with its line at
+/// the latest.
+std::size_t tokenEnd(std::string_view text, std::size_t offset) {
+    if (offset == text.size())
+        return offset;
+    auto end = offset;
+    if (text[offset] == '"') {
+        for (++end; end < text.size() && text[end] != '\n' && text[end] != '"'; ++end) {
+            if (text[end] == '\\' && end + 1 < text.size() && text[end + 1] != '\n')
+                ++end;
+        }
+        return end < text.size() && text[end] == '"' ? end + 1 : end;
+    }
+    while (end < text.size() && isWordCharacter(text[end]))
+        ++end;
+    return std::max(end, decodeAt(text, offset).end);
 }
 
 std::string quoted(std::string_view text) {
@@ -71,14 +90,19 @@ std::string expectation(std::string_view text, const Failure& failure) {
 
 } // namespace
 
+std::string placeName(const TextPosition& position) {
+    return fmt::format("line {}, column {}", position.line, position.column);
+}
+
 ParseError describe(std::string_view text, const Failure& failure) {
     const auto markSize = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
     const auto position = positionAt(text.substr(markSize), failure.offset - markSize);
     return {.kind = failure.kind,
             .offset = failure.offset,
+            .end = std::max(tokenEnd(text, failure.offset), failure.offset + failure.length),
             .position = position,
-            .message = fmt::format("{} at line {}, column {}; expected {}", subject(text, failure),
-                                   position.line, position.column, expectation(text, failure))};
+            .message = fmt::format("{} at {}; expected {}", subject(text, failure), placeName(position),
+                                   expectation(text, failure))};
 }
 
 } // namespace korvane::JSON

@@ -49,7 +49,10 @@ std::expected<JSON::Document, JSONError> read(std::string_view input, JSON::Read
     // The reader reports bytes that are not UTF-8 before any other error.
     if (document.error().kind == JSON::ParseError::Kind::invalidUTF8)
         return std::unexpected(JSONError::invalidJSON("Could not encode input"));
-    return std::unexpected(JSONError::invalidJSON(std::move(document.error().message)));
+    auto& error = document.error();
+    return std::unexpected(JSONError::invalidJSON(
+        std::move(error.message),
+        JSONError::Place{.offset = error.offset, .end = error.end, .name = JSON::placeName(error.position)}));
 }
 
 std::expected<std::string, JSONError> rewrite(std::string_view input, JSON::WritingOptions options,

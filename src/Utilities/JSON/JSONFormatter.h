@@ -53,17 +53,30 @@ namespace JSONFormatter {
 struct JSONError {
     enum class Kind { invalidJSON, emptyInput };
 
-    Kind kind = Kind::emptyInput;
-    std::string message{}; ///< the parser's message, for `invalidJSON`
+    /// The bytes [offset, end) of the input, and how the message names them.
+    struct Place {
+        std::size_t offset = 0;
+        std::size_t end = 0;
+        std::string name{}; ///< such as "line 3, column 14"
 
-    static JSONError invalidJSON(std::string message) { return {Kind::invalidJSON, std::move(message)}; }
+        bool operator==(const Place&) const = default;
+    };
+
+    Kind kind = Kind::emptyInput;
+    std::string message{};        ///< the parser's message, for `invalidJSON`
+    std::optional<Place> place{}; ///< of the error in the input, where the message tells of one
+
+    static JSONError invalidJSON(std::string message, std::optional<Place> place = {}) {
+        return {Kind::invalidJSON, std::move(message), std::move(place)};
+    }
 
     static JSONError emptyInput() { return {}; }
 
     /// The message for users.
     std::string errorDescription() const;
 
-    bool operator==(const JSONError&) const = default;
+    /// Equal errors say the same.
+    bool operator==(const JSONError& other) const { return kind == other.kind && message == other.message; }
 };
 
 /// The members of the input that a result lacks, because an object keeps only the last member of each name.

@@ -33,6 +33,11 @@ std::vector<TextMark> TextMarks::in(std::size_t from, std::size_t to) const {
     return found;
 }
 
+bool TextMarks::operator==(const TextMarks& other) const {
+    return m_content == other.m_content ||
+           (m_content && other.m_content && m_content->marks == other.m_content->marks);
+}
+
 void TextMarks::apply(const TextChange& change) {
     if (!m_content)
         return;

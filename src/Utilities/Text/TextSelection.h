@@ -21,4 +21,13 @@ struct TextSelection {
     bool operator==(const TextSelection&) const = default;
 };
 
+/// What an editor shall show: a selection, or a caret. It is shown once for each `request`.
+struct TextPlace {
+    TextSelection selection{};
+    std::size_t request = 0; ///< none before the first
+    bool takesFocus = false;
+
+    bool operator==(const TextPlace&) const = default;
+};
+
 } // namespace korvane

@@ -35,6 +35,7 @@ constexpr PaletteColor color(Status status) {
 struct StatusBadge {
     Status status = Status::info;
     std::string message{};
+    std::string place{}; ///< the part of the message that names a place in the input, if there is one
 
     bool operator==(const StatusBadge&) const = default;
 };

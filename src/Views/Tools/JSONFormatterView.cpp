@@ -16,14 +16,14 @@ constexpr int indent = 2;
 struct JSONFormatterView::Result {
     Rope output{};
     std::optional<bool> isValid{};
-    std::optional<std::string> errorMessage{};
+    std::optional<JSONFormatter::JSONError> error{};
     JSONFormatter::DuplicateNames duplicates{};
 
     /// What a text or an error says.
     static Result of(std::expected<std::string, JSONFormatter::JSONError> text,
                      JSONFormatter::DuplicateNames duplicates) {
         if (!text)
-            return {.errorMessage = text.error().errorDescription()};
+            return {.error = std::move(text.error())};
         return {.output = *std::move(text), .isValid = true, .duplicates = std::move(duplicates)};
     }
 };
@@ -38,6 +38,7 @@ void JSONFormatterView::setInputText(Rope text, const Context<JSONFormatterView>
     if (text == inputText)
         return;
     inputText = std::move(text);
+    setErrorPlace(std::nullopt);
     formatting.cancel();
     treeBuilding.cancel();
     if (!inputText.empty())
@@ -66,9 +67,9 @@ JSONFormatterView::Result JSONFormatterView::minified(std::string_view input) {
 
 JSONFormatterView::Result JSONFormatterView::validated(std::string_view input) {
     JSONFormatter::DuplicateNames duplicates;
-    const auto verdict = JSONFormatter::validate(input, &duplicates);
+    auto verdict = JSONFormatter::validate(input, &duplicates);
     if (!verdict)
-        return {.isValid = false, .errorMessage = verdict.error().errorDescription()};
+        return {.isValid = false, .error = std::move(verdict.error())};
     return {.isValid = true, .duplicates = std::move(duplicates)};
 }
 
@@ -96,14 +97,38 @@ void JSONFormatterView::run(const Context<JSONFormatterView>& context, std::stri
 void JSONFormatterView::showResult(Result result) {
     outputText = std::move(result.output);
     isValid = result.isValid;
-    errorMessage = std::move(result.errorMessage);
+    errorMessage = result.error ? std::optional(result.error->errorDescription()) : std::nullopt;
     duplicates = std::move(result.duplicates);
+    setErrorPlace(result.error ? std::move(result.error->place) : std::nullopt);
 }
 
 void JSONFormatterView::clearStatus() {
     errorMessage.reset();
     isValid.reset();
     duplicates = {};
+    setErrorPlace(std::nullopt);
+}
+
+void JSONFormatterView::setErrorPlace(std::optional<JSONFormatter::JSONError::Place> place) {
+    errorPlace = std::move(place);
+    errorMarks = {};
+    if (!errorPlace)
+        return;
+    const auto line = inputText.newlinesBefore(errorPlace->offset);
+    const bool isLast = line == inputText.newlineCount();
+    errorMarks =
+        TextMarks({{.from = inputText.afterNewline(line),
+                    .to = isLast ? inputText.size() : inputText.afterNewline(line + 1) - 1,
+                    .kind = TextMarkKind::errorLine},
+                   {.from = errorPlace->offset, .to = errorPlace->end, .kind = TextMarkKind::error}});
+}
+
+void JSONFormatterView::showErrorPlace() {
+    if (!errorPlace)
+        return;
+    shownPlace = {.selection = {errorPlace->offset, errorPlace->offset},
+                  .request = shownPlace.request + 1,
+                  .takesFocus = true};
 }
 
 void JSONFormatterView::updateTree(const Context<JSONFormatterView>& context) {
@@ -146,7 +171,7 @@ void JSONFormatterView::toggleRow(std::size_t index) {
 
 std::optional<StatusBadge> JSONFormatterView::status() const {
     if (errorMessage)
-        return StatusBadge{Status::error, *errorMessage};
+        return StatusBadge{Status::error, *errorMessage, errorPlace ? errorPlace->name : ""};
     if (!isValid)
         return std::nullopt;
     return *isValid ? StatusBadge{Status::success, "Valid JSON"} : StatusBadge{Status::error, "Invalid JSON"};

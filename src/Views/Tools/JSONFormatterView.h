@@ -5,6 +5,8 @@
 #include "Models/PaletteColor.h"
 #include "Utilities/JSON/JSONFormatter.h"
 #include "Utilities/Text/Rope.h"
+#include "Utilities/Text/TextMarks.h"
+#include "Utilities/Text/TextSelection.h"
 #include "Views/Components/AwaitedWork.h"
 #include "Views/Components/StatusBadge.h"
 #include "Views/Tools/JSONTreeNodeView.h"
@@ -28,8 +30,11 @@ struct JSONFormatterView {
     JSONTree tree{};
     /// Left out of the last result or tree.
     JSONFormatter::DuplicateNames duplicates{};
-    AwaitedWork formatting{};   ///< of output and verdict
-    AwaitedWork treeBuilding{}; ///< of `treeRoot`
+    std::optional<JSONFormatter::JSONError::Place> errorPlace{}; ///< in the input
+    TextMarks errorMarks{};                                      ///< the same for the editor
+    TextPlace shownPlace{};                                      ///< in the input
+    AwaitedWork formatting{};                                    ///< of output and verdict
+    AwaitedWork treeBuilding{};                                  ///< of `treeRoot`
 
     /// Also cancels running work, which belongs to the previous input, drops message, verdict and warning,
     /// unless the new input is empty, and rebuilds the tree in tree mode, without a message if the input is
@@ -44,6 +49,9 @@ struct JSONFormatterView {
 
     /// Checks the input and empties the output.
     void validate(const Context<JSONFormatterView>& context);
+
+    /// Moves the caret of the input to the error.
+    void showErrorPlace();
 
     /// Stops running work. A tree of the previous input goes with it.
     void cancel();
@@ -83,6 +91,7 @@ private:
     void run(const Context<JSONFormatterView>& context, std::string_view verb, Operation operation);
     void showResult(Result result);
     void clearStatus();
+    void setErrorPlace(std::optional<JSONFormatter::JSONError::Place> place);
     void updateTree(const Context<JSONFormatterView>& context);
     void showTree(Tree built);
 };

@@ -192,6 +192,29 @@ TEST(JSONReader, ReportsTheOffsetInBytes) {
     EXPECT_EQ(JSON::parse("[\n x]").error().position, (TextPosition{2, 2}));
 }
 
+TEST(JSONReader, EndsAnErrorWithItsToken) {
+    const struct {
+        std::string_view text;
+        std::string_view token;
+    } rows[] = {
+        {"[1 \"two\\\" words\", 3]", "\"two\\\" words\""},
+        {"[1 \"open", "\"open"},
+        {"[1 \"open\n]", "\"open"},
+        {"[1 \"open\\", "\"open\\"},
+        {"[tru, 1]", "tru"},
+        {"[01]", "01"},
+        {"[ü]", "ü"},
+        {"{,}", ","},
+        {R"(["\uD800"])", R"(\uD800)"},
+        {"[1", ""},
+    };
+
+    for (const auto& [text, token] : rows) {
+        const auto error = JSON::parse(text).error();
+        EXPECT_EQ(text.substr(error.offset, error.end - error.offset), token) << text;
+    }
+}
+
 TEST(JSONReader, FindsAnErrorAtEveryOffsetInABlock) {
     // The reader checks sixteen characters in one step, so the error is tried at every offset around that.
     for (std::size_t before = 0; before < 40; ++before) {

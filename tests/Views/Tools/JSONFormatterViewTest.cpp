@@ -52,6 +52,46 @@ TEST(JSONFormatterView, PrettifiesAndMinifies) {
     EXPECT_EQ(view.status(), valid);
 }
 
+TEST(JSONFormatterView, MarksTheErrorUntilTheNextEdit) {
+    auto view = typed("[1,\n \"a\" \"b\",\n2]");
+    EXPECT_TRUE(view.errorMarks.empty());
+    perform(view, &JSONFormatterView::validate);
+    EXPECT_EQ(view.status()->place, "line 2, column 6");
+    EXPECT_NE(view.status()->message.find(view.status()->place), std::string::npos);
+    EXPECT_EQ(view.errorMarks, TextMarks({{.from = 4, .to = 13, .kind = TextMarkKind::errorLine},
+                                          {.from = 9, .to = 12, .kind = TextMarkKind::error}}));
+    perform(view, &JSONFormatterView::setInputText, "");
+    EXPECT_TRUE(view.errorMarks.empty());
+    EXPECT_EQ(view.status()->place, "") << "the message stays with an empty input";
+}
+
+TEST(JSONFormatterView, MarksAnErrorAtTheEndOfTheInput) {
+    auto view = typed("[1,\n");
+    perform(view, &JSONFormatterView::prettify);
+    EXPECT_EQ(view.errorMarks, TextMarks({{.from = 4, .to = 4, .kind = TextMarkKind::errorLine},
+                                          {.from = 4, .to = 4, .kind = TextMarkKind::error}}));
+}
+
+TEST(JSONFormatterView, ErrorsWithoutAPlaceAreNotMarked) {
+    for (const std::string text : {"", "[\"\xff\"]", "[1]"}) {
+        auto view = typed(text);
+        perform(view, &JSONFormatterView::prettify);
+        EXPECT_TRUE(view.errorMarks.empty());
+        EXPECT_EQ(view.status()->place, "");
+        view.showErrorPlace();
+        EXPECT_EQ(view.shownPlace, TextPlace());
+    }
+}
+
+TEST(JSONFormatterView, ShowsTheErrorAsOftenAsAsked) {
+    auto view = typed("[x]");
+    perform(view, &JSONFormatterView::validate);
+    for (const std::size_t request : {1U, 2U}) {
+        view.showErrorPlace();
+        EXPECT_EQ(view.shownPlace, (TextPlace{.selection = {1, 1}, .request = request, .takesFocus = true}));
+    }
+}
+
 TEST(JSONFormatterView, PrettifyingEmptyInputShowsAnErrorAndClearsTheOutput) {
     auto view = typed("[1]");
     perform(view, &JSONFormatterView::prettify);
