@@ -15,6 +15,8 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -34,12 +36,14 @@ std::string opened(const std::string& address) {
            ", in its own session";
 }
 
-/// Runs `use` with an opener, and returns the lines that the browsers print which it has started.
-std::multiset<std::string> linesOf(const std::function<void(const LinkOpener&)>& use) {
+/// Runs `use` with an opener that searches programs in `folders`, and returns the lines that the browsers
+/// print which it has started.
+std::multiset<std::string> linesOf(const std::function<void(const LinkOpener&)>& use,
+                                   const std::string& folders = KORVANE_FAKE_BROWSER) {
     std::array<int, 2> ends{};
     EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
     const std::string path = getenv("PATH");
-    setenv("PATH", (std::string(KORVANE_FAKE_BROWSER) + ":" + path).c_str(), 1);
+    setenv("PATH", folders.c_str(), 1);
     const int output = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
     dup2(ends[1], STDOUT_FILENO);
     {
@@ -120,6 +124,20 @@ TEST(LinkOpener, StartsTheBrowserForEachAddress) {
               }),
               (std::multiset<std::string>{opened("https://example.org/a?b#c"), opened("mailto:a@example.org"),
                                           opened("65536 bytes")}));
+}
+
+TEST(LinkOpener, StartsAnotherProgramWhereXDGOpenIsMissing) {
+    const auto folder = std::filesystem::path(testing::TempDir()) / ("links" + std::to_string(getpid()));
+    const auto open = [](const LinkOpener& opener) { EXPECT_TRUE(opener.open("https://example.org")); };
+    for (const auto& [program, line] :
+         {std::pair("sensible-browser", opened("https://example.org")),
+          std::pair("gio", opened("open https://example.org"))}) { // added, it comes first
+        std::filesystem::create_directory(folder);
+        std::filesystem::create_symlink(KORVANE_FAKE_BROWSER "/xdg-open", folder / program);
+        EXPECT_EQ(linesOf(open, folder), std::multiset<std::string>{line}) << program;
+    }
+    std::filesystem::remove_all(folder);
+    EXPECT_EQ(linesOf(open, folder), std::multiset<std::string>()) << "nothing is installed";
 }
 
 TEST(LinkOpener, DoesNotSendWhatItWouldNotOpen) {
