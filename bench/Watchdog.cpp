@@ -118,7 +118,8 @@ public:
 
 private:
     Watchdog& m_watchdog;
-    ServicesQt m_system{};
+    LinkOpener m_opener{};
+    ServicesQt m_system{m_opener};
     CountingBackground m_background{m_system.services().background};
     Services m_services{m_system.services().clipboard, m_system.services().clock,
                         m_system.services().timers,    m_background,

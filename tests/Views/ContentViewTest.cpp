@@ -68,6 +68,17 @@ TEST(ToolSidebarView, HasItsFixedTexts) {
     EXPECT_EQ(MenuTexts::localProcessing, "100% Local Processing");
 }
 
+TEST(ToolSidebarView, TheToolTipOfTheFooterTellsWhatIsEnforced) {
+    ToolSidebarView sidebar;
+    EXPECT_EQ(sidebar.footerToolTip(), "Korvane opens no network connection. "
+                                       "The system does not enforce this: nothing has asked for it.");
+    sidebar.closedNetwork = std::unexpected("the reason");
+    EXPECT_EQ(sidebar.footerToolTip(),
+              "Korvane opens no network connection. The system does not enforce this: the reason.");
+    sidebar.closedNetwork = {};
+    EXPECT_EQ(sidebar.footerToolTip(), "Korvane opens no network connection. The system enforces this.");
+}
+
 TEST(StatusBadge, HasAGlyphAndAColourForEachStatus) {
     struct Row {
         Status status;

@@ -1,4 +1,5 @@
-# Shared by the tests that trace a program: whether it opens internet sockets or writes files. It is sourced, not run.
+# Shared by the tests that trace a program: whether it closes the network, tries to use it, or writes files. It is sourced,
+# not run.
 # shellcheck shell=bash
 
 # Replaces the shell by the command under strace, with the relevant calls in the file given first; for a subshell.
@@ -6,7 +7,7 @@ become_traced() {
     local changes=creat,truncate,mkdir,mkdirat,mknod,mknodat,rename,renameat,renameat2,link,linkat,symlink,symlinkat
     export ASAN_OPTIONS=detect_leaks=0 # leak detection does not work under ptrace
     exec strace --follow-forks --quiet=all --interruptible=waiting --output="$1" \
-        --trace="socket,poll,ppoll,open,openat,unlink,unlinkat,rmdir,$changes" "${@:2}"
+        --trace="socket,socketpair,io_uring_setup,seccomp,poll,ppoll,open,openat,unlink,unlinkat,rmdir,$changes" "${@:2}"
 }
 
 # The same without a display or a session. The folder given first gets the trace `calls`, an empty `home`, and `saved`
@@ -41,13 +42,29 @@ changes_outside() {
         grep -vE ' = -1 E[A-Z]+ |"/dev/null"' | grep -vF -e "\"$saved/" -e "\"$saved\"" || true
 }
 
-# Whether the trace shows no internet socket and no change outside of the folder for saved files, named as in the trace,
+# Prints the calls of a trace that open a socket that is not local, or try to. The kernel refuses these once the network
+# is closed, but there is no reason to try.
+other_sockets() {
+    whole_calls "$1" | grep -E '^[0-9]+ +(socket|socketpair|io_uring_setup)\(' |
+        grep -vE ' (socket|socketpair)\(AF_UNIX,' || true
+}
+
+# Whether the trace shows that the filter for all threads has been installed.
+check_closed_network() {
+    local installs='seccomp\(SECCOMP_SET_MODE_FILTER, [^{]*\bSECCOMP_FILTER_FLAG_TSYNC\b.*\{len=.* = 0$'
+    if [ -z "$(whole_calls "$1" | grep -E "$installs")" ]; then
+        echo 'it does not close the network'
+        return 1
+    fi
+}
+
+# Whether the trace shows only local sockets and no change outside of the folder for saved files, named as in the trace,
 # and whether the home is empty.
 check_trace() {
     local calls=$1 saved=$2 home=$3 failed=0 found
-    found=$(grep 'AF_INET' "$calls" || true)
+    found=$(other_sockets "$calls")
     if [ -n "$found" ]; then
-        printf 'it opens an internet socket:\n%s\n' "$found"
+        printf 'it tries to open sockets that are not local:\n%s\n' "$found"
         failed=1
     fi
     found=$(changes_outside "$calls" "$saved")

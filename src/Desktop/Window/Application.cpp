@@ -56,7 +56,7 @@ bool isKDEWithoutTheme() {
 
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
     constexpr auto variable = "QT_QPA_PLATFORMTHEME";
-    // Qt reads it once; a browser that opens a link must not inherit it.
+    // Qt reads it once; programs that are started later must not inherit it.
     const bool needsPortal = !qEnvironmentVariableIsSet(variable) && isKDEWithoutTheme();
     if (needsPortal)
         qputenv(variable, "xdgdesktopportal");

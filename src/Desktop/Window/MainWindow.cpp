@@ -31,7 +31,7 @@
 
 namespace korvane {
 
-MainWindow::MainWindow(Services& services) : m_store(services, ContentView()) {
+MainWindow::MainWindow(Services& services, const ContentView& state) : m_store(services, state) {
     setWindowTitle(QStringLiteral("Korvane"));
     setWindowFlag(Qt::FramelessWindowHint);
     new WindowBounds(this);

@@ -19,7 +19,7 @@ namespace korvane {
 
 class MainWindow final : public QWidget, public AccessibleControl {
 public:
-    explicit MainWindow(Services& services);
+    explicit MainWindow(Services& services, const ContentView& state = {});
     ~MainWindow() override;
 
     MainWindow(const MainWindow&) = delete;

@@ -5,7 +5,6 @@
 #include "Desktop/Text/TextContent.h"
 
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTimer>
@@ -41,7 +40,7 @@ void ServicesQt::BackgroundQt::run(std::function<void()> work, std::function<voi
 }
 
 void ServicesQt::BrowserQt::open(std::string_view url) {
-    QDesktopServices::openUrl(QUrl(qString(url)));
+    m_opener.open(QUrl(qString(url)).toEncoded().toStdString());
 }
 
 } // namespace korvane

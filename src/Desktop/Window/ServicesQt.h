@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Utilities/ImageModule.h"
+#include "Utilities/LinkOpener.h"
 #include "Views/Services.h"
 
 #include <QThreadPool>
@@ -11,6 +12,9 @@ namespace korvane {
 
 class ServicesQt {
 public:
+    /// `opener` outlives the services.
+    explicit ServicesQt(const LinkOpener& opener) : m_browser(opener) {}
+
     Services& services() { return m_services; }
 
 private:
@@ -44,7 +48,12 @@ private:
 
     class BrowserQt final : public Browser {
     public:
+        explicit BrowserQt(const LinkOpener& opener) : m_opener(opener) {}
+
         void open(std::string_view url) override;
+
+    private:
+        const LinkOpener& m_opener;
     };
 
     class FilesQt final : public Files {

@@ -1,5 +1,6 @@
 #include "Desktop/Window/Sidebar.h"
 
+#include "Desktop/Access/Accessibility.h"
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Layout/OverlayScrollBar.h"
@@ -271,6 +272,17 @@ QWidget* sidebarLine(int height, int gap, QWidget* glyph, QWidget* text) {
     return line;
 }
 
+/// The privacy footer. The tool tip is its description for assistive technology, too.
+QWidget* footer(const ToolSidebarView& sidebar) {
+    auto* text = new Label(ToolSidebarView::footer, TextStyle::caption, Role::secondary);
+    auto* line =
+        sidebarLine(footerHeight, brandGap,
+                    new GlyphLabel(ToolSidebarView::footerIcon, footerGlyph, PaletteColor::green), text);
+    line->setToolTip(qString(sidebar.footerToolTip()));
+    setAccessibleDescription(*text, sidebar.footerToolTip());
+    return line;
+}
+
 } // namespace
 
 QWidget* sidebar(Store& store, QWidget* menuStrip, std::function<void()> leave) {
@@ -298,9 +310,7 @@ QWidget* sidebar(Store& store, QWidget* menuStrip, std::function<void()> leave) 
             stack(Qt::Vertical, {.spacing = 0, .padding = {inset, searchTop, inset, searchBottom}}, {search}),
             tools->list(),
             new Divider,
-            sidebarLine(footerHeight, brandGap,
-                        new GlyphLabel(ToolSidebarView::footerIcon, footerGlyph, PaletteColor::green),
-                        new Label(ToolSidebarView::footer, TextStyle::caption, Role::secondary)),
+            footer(store.state<ContentView>().sidebar),
         });
     new OverlayScrollBar(Qt::Vertical, tools->list(), tools->list());
     tools->list()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

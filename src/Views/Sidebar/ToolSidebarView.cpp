@@ -2,6 +2,8 @@
 
 #include "Utilities/Text/Text.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <iterator>
 
@@ -14,6 +16,13 @@ std::vector<Tool> ToolSidebarView::filteredTools() const {
                localizedCaseInsensitiveContains(description(tool), searchText);
     });
     return tools;
+}
+
+std::string ToolSidebarView::footerToolTip() const {
+    constexpr auto promise = "Korvane opens no network connection.";
+    return closedNetwork
+               ? fmt::format("{} The system enforces this.", promise)
+               : fmt::format("{} The system does not enforce this: {}.", promise, closedNetwork.error());
 }
 
 std::string shortcutBadge(Tool tool) {

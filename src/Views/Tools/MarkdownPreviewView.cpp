@@ -1,28 +1,14 @@
 #include "Views/Tools/MarkdownPreviewView.h"
 
+#include "Utilities/LinkOpener.h"
 #include "Utilities/Markdown/MarkdownParser.h"
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
 #include <stop_token>
 #include <utility>
 
 namespace korvane {
-
-namespace {
-
-bool isWebOrMailAddress(std::string_view target) {
-    constexpr auto schemes = std::to_array<std::string_view>({"http://", "https://", "mailto:"});
-    return std::ranges::any_of(schemes, [&](std::string_view scheme) {
-        return std::ranges::equal(target.substr(0, scheme.size()), scheme, [](char a, char b) {
-            return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
-        });
-    });
-}
-
-} // namespace
 
 void MarkdownPreviewView::setMarkdownText(Rope text, const Context<MarkdownPreviewView>& context) {
     if (text == markdownText)
@@ -61,7 +47,7 @@ std::string MarkdownPreviewView::counts() const {
 
 void MarkdownPreviewView::openLink(const std::string& target,
                                    const Context<MarkdownPreviewView>& context) const {
-    if (isWebOrMailAddress(target))
+    if (isWebOrMailLink(target))
         context.services.browser.open(target);
 }
 

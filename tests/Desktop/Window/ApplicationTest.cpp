@@ -1,9 +1,10 @@
-/// The whole program with the real services. These tests also run under a tracer, which checks for network
-/// access and for files written.
+/// The whole program with the real services and with the network closed. These tests also run under a tracer,
+/// which checks for network access and for files written.
 
 #include "Desktop/Look/Theme.h"
 #include "Desktop/Window/MainWindow.h"
 #include "Desktop/Window/ServicesQt.h"
+#include "Utilities/ClosedNetwork.h"
 #include "support/Pictures.h"
 #include "support/ScreenDriver.h"
 
@@ -31,8 +32,12 @@ constexpr int timeout = 60'000;
 
 class ApplicationTest : public ::testing::Test {
 protected:
+    /// It cannot be opened again; the other tests in the process need none.
+    static void SetUpTestSuite() { ASSERT_TRUE(closeNetwork()); }
+
     QTemporaryDir folder{};
-    ServicesQt real{};
+    LinkOpener opener{};
+    ServicesQt real{opener};
     MainWindow window{real.services()};
     ScreenDriver screen{window, {1100, 750}};
 

@@ -27,7 +27,8 @@ namespace {
 class FilesTest : public ::testing::Test {
 protected:
     QTemporaryDir folder{};
-    ServicesQt real{};
+    LinkOpener opener{};
+    ServicesQt real{opener};
     Files& files = real.services().files;
 
     std::string path(const std::string& name) const { return folder.path().toStdString() + "/" + name; }

@@ -1,5 +1,6 @@
 #include "Desktop/Window/MainWindow.h"
 
+#include "Desktop/Binding/Strings.h"
 #include "Desktop/Lists/RowList.h"
 #include "Desktop/Look/FocusRing.h"
 #include "Desktop/Look/Theme.h"
@@ -13,6 +14,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -289,6 +291,27 @@ TEST_F(MainWindowTest, AToolTipShowsDescriptionAndShortcut) {
     };
     EXPECT_EQ(toolTip(0), "Format, minify, and validate JSON (Ctrl+1)");
     EXPECT_EQ(toolTip(10), "Transform text case and lines");
+}
+
+TEST_F(MainWindowTest, TheFooterTellsWhetherTheNetworkIsClosed) {
+    struct Row {
+        NetworkClosure closedNetwork;
+        QString text;
+    };
+
+    const Row rows[] = {
+        {{}, "Korvane opens no network connection. The system enforces this."},
+        {std::unexpected("the reason"),
+         "Korvane opens no network connection. The system does not enforce this: the reason."},
+    };
+    for (const auto& [closedNetwork, text] : rows) {
+        const MainWindow told(fakes.services, {.sidebar = {.closedNetwork = closedNetwork}});
+        const auto labels = told.findChildren<QLabel*>();
+        const auto footer = std::ranges::find(labels, qString(ToolSidebarView::footer), &QLabel::text);
+        ASSERT_NE(footer, labels.end());
+        EXPECT_EQ((*footer)->parentWidget()->toolTip(), text);
+        EXPECT_EQ((*footer)->accessibleDescription(), text);
+    }
 }
 
 TEST_F(MainWindowTest, AClickSelectsAToolAndFocusesItsInput) {
