@@ -1,5 +1,6 @@
 #include "support/Scenes.h"
 
+#include "Desktop/Lists/RowList.h"
 #include "Desktop/Text/TextArea.h"
 
 #include <QAbstractButton>
@@ -120,6 +121,12 @@ std::vector<Scene> regexScenes() {
     return {
         {"regex", Tool::regexTester,
          [](const ScreenDriver& screen, FakeServices&) { search(screen, R"((\w+)@([a-z]+)\.(org|com))"); }},
+        {"regex-marks", Tool::regexTester,
+         [](const ScreenDriver& screen, FakeServices&) {
+             search(screen, R"((\w+)@([a-z]+)\.(org|com))");
+             screen.list("Matches").setCurrentRow(1); // the first row is the current one already
+             screen.list("Matches").setCurrentRow(0);
+         }},
         {"regex-empty", Tool::regexTester,
          [](const ScreenDriver& screen, FakeServices&) { screen.press("Find & Replace"); }},
         {"regex-replace", Tool::regexTester,

@@ -160,6 +160,8 @@ void RowList::makeCurrent(int row) {
     m_current = row;
     viewport()->update();
     reportCurrentRow(row);
+    if (onCurrentRow)
+        onCurrentRow(row);
 }
 
 void RowList::setCurrentRow(int row) {

@@ -92,6 +92,9 @@ public:
     std::function<void(int row, QPoint position)> onClick;
     std::function<void(int row)> onActivate;
 
+    /// Told of the row that a key, a click or assistive technology has made the current one.
+    std::function<void(int row)> onCurrentRow;
+
     /// Told that the rows are elsewhere in the view, for what moves with them.
     std::function<void()> onMove;
 

@@ -67,11 +67,12 @@ public:
         fitHeight();
     }
 
-    void setMarks(const TextMarks& marks) {
-        if (marks == m_marks)
+    void setMarks(TextMarkLayer layer, const TextMarks& marks) {
+        auto& shown = m_marks[layer];
+        if (marks == shown)
             return;
-        m_marks = marks;
-        m_area->setMarks(TextMarkLayer::content, marks);
+        shown = marks;
+        m_area->setMarks(layer, marks);
     }
 
     void show(const TextPlace& place) {
@@ -158,7 +159,7 @@ private:
 
     TextArea* m_area;
     CodeEditorOptions m_options;
-    TextMarks m_marks{};
+    std::map<TextMarkLayer, TextMarks> m_marks{};
     std::size_t m_shownRequest = 0;
     int m_height;
     bool m_isFitted = true;
@@ -177,9 +178,11 @@ EditorPanel* editorPanel(Store& store, TextArea* area, std::function<Rope()> tex
                          const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
     auto* panel = new EditorPanel(area, options);
     store.onRefresh([panel, area, text = std::move(text), placeholder = placeholder.of(store),
-                     marks = options.marks.of(store), place = options.place.of(store)] {
+                     marks = options.marks.of(store), chosen = options.chosenMarks.of(store),
+                     place = options.place.of(store)] {
         panel->display(text());
-        panel->setMarks(marks());
+        panel->setMarks(TextMarkLayer::content, marks());
+        panel->setMarks(TextMarkLayer::chosen, chosen());
         panel->show(place());
         area->setPlaceholder(qString(placeholder()));
     });

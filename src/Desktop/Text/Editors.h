@@ -25,7 +25,8 @@ struct CodeEditorOptions {
     int minHeight = Theme::Size::minEditorHeight;
     std::optional<int> maxHeight{}; ///< if set, the panel fits the height of its text, within these limits
     Theme::Role placeholderInk = Theme::Role::placeholder;
-    Reader<TextMarks> marks = TextMarks{}; ///< those of the text that is shown
+    Reader<TextMarks> marks = TextMarks{};       ///< those of the text that is shown
+    Reader<TextMarks> chosenMarks = TextMarks{}; ///< the same, for what is chosen among them
     Reader<TextPlace> place = TextPlace{};
     Action<TextSelection> onSelect = [](const TextSelection&) {
     }; ///< the user has moved the caret or selected

@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cassert>
+#include <cstdint>
 #include <utility>
 
 namespace korvane {
@@ -46,6 +48,50 @@ RegexMatchLine RegexMatches::line(std::size_t index) const {
     if (index > first)
         line.group = index - first - 1;
     return line;
+}
+
+std::optional<std::size_t> RegexMatches::lineAt(std::size_t offset) const {
+    if (empty())
+        return std::nullopt;
+    const auto& [text, groupCount, pieces, firstPieces, interruption] = m_contents->findings;
+    const auto start = [&](std::uint32_t piece) -> std::size_t { return pieces[piece].range.start; };
+    const auto next = std::ranges::upper_bound(firstPieces, offset, {}, start);
+    if (next == firstPieces.begin())
+        return std::nullopt;
+    const auto line = *std::prev(next);
+    return offset <= pieces[line].range.end ? std::optional<std::size_t>(line) : std::nullopt;
+}
+
+RegularExpression::TextRange RegexMatches::range(std::size_t line) const {
+    assert(line < lineCount());
+    return m_contents->findings.pieces[line].range;
+}
+
+TextMarks RegexMatches::marks() const {
+    std::vector<TextMark> marks;
+    marks.reserve(size());
+    for (std::size_t match = 0; match < size(); ++match) {
+        const auto place = range(firstLine(match));
+        marks.push_back({.from = place.start,
+                         .to = place.end,
+                         .kind = match % 2 == 0 ? TextMarkKind::oddMatch : TextMarkKind::evenMatch});
+    }
+    return TextMarks(std::move(marks));
+}
+
+TextMarks RegexMatches::marksOf(std::size_t line) const {
+    static constexpr std::array groupKinds{TextMarkKind::group1, TextMarkKind::group2, TextMarkKind::group3,
+                                           TextMarkKind::group4};
+    const auto match = this->line(line).match;
+    std::vector<TextMark> marks;
+    const auto add = [&](std::size_t place, TextMarkKind kind) {
+        marks.push_back({.from = range(place).start, .to = range(place).end, .kind = kind});
+    };
+    add(line, TextMarkKind::selectedMatch);
+    const auto first = firstLine(match) + 1;
+    for (auto group = first; group < firstLine(match + 1); ++group)
+        add(group, groupKinds[(group - first) % groupKinds.size()]);
+    return TextMarks(std::move(marks));
 }
 
 std::size_t RegexMatches::firstLine(std::size_t match) const {

@@ -4,6 +4,7 @@
 
 #include "Utilities/RegularExpression.h"
 #include "Utilities/Text/Rope.h"
+#include "Utilities/Text/TextMarks.h"
 #include "Utilities/UUID.h"
 
 #include <cstddef>
@@ -72,6 +73,19 @@ public:
     std::size_t lineCount() const { return m_contents ? m_contents->findings.pieces.size() : 0; }
 
     RegexMatchLine line(std::size_t index) const;
+
+    /// The first line of the match with the byte `offset` of the text, or that begins or ends there; none if
+    /// there is no such match. Of two, the one that begins there.
+    std::optional<std::size_t> lineAt(std::size_t offset) const;
+
+    /// The range of a line in the text, in bytes.
+    RegularExpression::TextRange range(std::size_t line) const;
+
+    /// Marks of all matches in the text, in turn `oddMatch` and `evenMatch`.
+    TextMarks marks() const;
+
+    /// Marks of a chosen line: its match with the groups, and an outline of the line's own range.
+    TextMarks marksOf(std::size_t line) const;
 
     /// The first line of a match; `lineCount` for the index after the last match.
     std::size_t firstLine(std::size_t match) const;

@@ -40,6 +40,7 @@ struct RegexTesterView::Outcome {
     RegexMatches matches{};
     Rope replacedText{};
     std::optional<std::string> errorMessage{};
+    TextMarks marks{};
 
     bool isComplete() const { return !matches.search() || !matches.findings()->interruption; }
 };
@@ -129,7 +130,10 @@ RegexTesterView::Outcome RegexTesterView::outcome(Job job, const RegularExpressi
     auto replacedText = job.replacement.empty()
                             ? std::string()
                             : RegularExpression::replacingMatches(findings, job.replacement).value_or("");
-    return {.matches = std::move(job.matches), .replacedText = std::move(replacedText)};
+    auto marks = job.matches.marks();
+    return {.matches = std::move(job.matches),
+            .replacedText = std::move(replacedText),
+            .marks = std::move(marks)};
 }
 
 void RegexTesterView::start(const Context<RegexTesterView>& context, Slot slot, Show show, Job job) {
@@ -157,6 +161,30 @@ void RegexTesterView::announceBusy(const Context<RegexTesterView>& context) cons
                                   });
 }
 
+/// Whether the matches are those of the test string, which may have changed since.
+bool RegexTesterView::matchesShownText() const {
+    return matches.search() && matches.search()->text == testString;
+}
+
+void RegexTesterView::select(std::optional<std::size_t> line) {
+    selectedLine = line;
+    selectedMarks = line && matchesShownText() ? matches.marksOf(*line) : TextMarks();
+}
+
+void RegexTesterView::selectLine(std::size_t line) {
+    if (line == selectedLine || line >= matches.lineCount())
+        return;
+    select(line);
+    if (selectedMarks.empty())
+        return;
+    const std::size_t start = matches.range(line).start;
+    shownPlace = {.selection = {start, start}, .request = shownPlace.request + 1};
+}
+
+void RegexTesterView::selectAt(const TextSelection& selection) {
+    select(matchesShownText() && selection.isEmpty() ? matches.lineAt(selection.caret) : std::nullopt);
+}
+
 void RegexTesterView::cancel() {
     replacing.reset();
     if (!matching)
@@ -169,6 +197,8 @@ void RegexTesterView::cancel() {
 void RegexTesterView::showOutcome(Outcome outcome) {
     isBusy = false;
     matches = std::move(outcome.matches);
+    matchMarks = std::move(outcome.marks);
+    select(std::nullopt);
     errorMessage = std::move(outcome.errorMessage);
     replacedText = std::move(outcome.replacedText);
 }

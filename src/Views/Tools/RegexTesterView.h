@@ -39,7 +39,11 @@ struct RegexTesterView {
     std::optional<BackgroundTask> replacing{};
     /// Whether matching has taken so long that the earlier result was removed.
     bool isBusy = false;
-    bool isCancelled = false; ///< the last run, so that there is no result
+    bool isCancelled = false;                  ///< the last run, so that there is no result
+    std::optional<std::size_t> selectedLine{}; ///< of `matches`
+    TextMarks matchMarks{};                    ///< of `matches` in the test string
+    TextMarks selectedMarks{};                 ///< of `selectedLine`, the same
+    TextPlace shownPlace{};                    ///< in the test string
 
     // With `liveUpdate`, a change of pattern, text or case runs the expression; a change of the replacement
     // only replaces.
@@ -58,6 +62,12 @@ struct RegexTesterView {
 
     /// Only replaces. A failure gives an empty text without a message.
     void runReplacement(const Context<RegexTesterView>& context);
+
+    /// Selects a line of the list, and shows it in the test string.
+    void selectLine(std::size_t line);
+
+    /// Selects the match with the caret, or none.
+    void selectAt(const TextSelection& selection);
 
     /// Stops finding and replacing.
     void cancel();
@@ -102,6 +112,8 @@ private:
     void start(const Context<RegexTesterView>& context, Slot slot, Show show, Job job);
     void announceBusy(const Context<RegexTesterView>& context) const;
     void showOutcome(Outcome outcome);
+    void select(std::optional<std::size_t> line);
+    bool matchesShownText() const;
     void showReplacedText(Outcome outcome);
 };
 

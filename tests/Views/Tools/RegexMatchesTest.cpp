@@ -37,6 +37,33 @@ TEST(RegexMatches, FindTheFirstLineOfEachMatch) {
     EXPECT_EQ(matches.firstLine(3), 6U);
 }
 
+TEST(RegexMatches, FindTheLineAtAnOffset) {
+    const auto matches = matchesOf("(a)b|c|(?=x)", "-abc-x"); // lines at [1, 3), [1, 2), [3, 4) and [5, 5)
+    const std::vector<std::optional<std::size_t>> expected{{}, 0, 0, 2, 2, 3, {}};
+    for (std::size_t offset = 0; offset < expected.size(); ++offset)
+        EXPECT_EQ(matches.lineAt(offset), expected[offset]) << offset;
+    EXPECT_EQ(RegexMatches().lineAt(0), std::nullopt);
+}
+
+TEST(RegexMatches, AreMarkedInTurn) {
+    const auto matches = matchesOf("(a)b|c", "-abcc");
+    using Kind = TextMarkKind;
+    EXPECT_EQ(matches.marks(),
+              TextMarks({{1, 3, Kind::oddMatch}, {3, 4, Kind::evenMatch}, {4, 5, Kind::oddMatch}}));
+    EXPECT_EQ(matches.marksOf(0), TextMarks({{1, 3, Kind::selectedMatch}, {1, 2, Kind::group1}}));
+    EXPECT_EQ(matches.marksOf(1), TextMarks({{1, 2, Kind::selectedMatch}, {1, 2, Kind::group1}}))
+        << "a group outlines itself";
+    EXPECT_EQ(matches.marksOf(2), TextMarks({{3, 4, Kind::selectedMatch}}));
+    EXPECT_TRUE(RegexMatches().marks().empty());
+}
+
+TEST(RegexMatches, UseTheColoursOfGroupsInTurn) {
+    const auto marks = matchesOf("(a)(b)(c)(d)(e)", "abcde").marksOf(0).in(0, 5);
+    ASSERT_EQ(marks.size(), 6U);
+    EXPECT_EQ(marks[4].kind, TextMarkKind::group4);
+    EXPECT_EQ(marks[5].kind, TextMarkKind::group1);
+}
+
 TEST(RegexMatches, AreCreatedOnDemand) {
     const auto matches = matchesOf("(a)", std::string(100'000, 'a'));
     ASSERT_EQ(matches.size(), 100'000U);

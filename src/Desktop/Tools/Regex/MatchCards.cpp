@@ -20,6 +20,7 @@ constexpr int matchListPadding = 8;
 constexpr int matchCountInset = 2;
 constexpr int matchCountBottom = 4;
 constexpr int matchCardPadding = 2;
+constexpr float outlineOpacity = 0.6F;
 
 } // namespace
 
@@ -77,14 +78,17 @@ RowPlaces MatchCards::rows() const {
             .takeGaps = true};
 }
 
-void MatchCards::paint(QPainter& painter, const QRect& seen) const {
+void MatchCards::paint(QPainter& painter, const QRect& seen, std::optional<std::size_t> selected) const {
+    auto outline = Theme::color(Theme::Role::matchEdge);
+    outline.setAlphaF(outlineOpacity);
     for (auto match = matchAt(seen.top()); match < m_matches.size(); ++match) {
         const auto top = cardTop(match);
         if (top > seen.bottom())
             break;
         const auto height = cardTop(match + 1) - Theme::px(Size::gapList) - top;
         const QRect card(padding(), top - seen.top(), seen.width() - 2 * padding(), height);
-        paintSurface(painter, card, Theme::px(Size::radiusSmall), Theme::color(Theme::Role::panelFill));
+        paintSurface(painter, card, Theme::px(Size::radiusSmall), Theme::color(Theme::Role::panelFill),
+                     match == selected ? outline : QColor());
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QRect>
 
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 class QPainter;
@@ -29,8 +30,9 @@ public:
 
     RowPlaces rows() const;
 
-    /// Paints the cards behind the rows that are within `seen`, which is at the origin of the painter.
-    void paint(QPainter& painter, const QRect& seen) const;
+    /// Paints the cards behind the rows that are within `seen`, which is at the origin of the painter. The
+    /// card of the selected match has an outline.
+    void paint(QPainter& painter, const QRect& seen, std::optional<std::size_t> selected) const;
 
 private:
     int cardTop(std::size_t match) const;

@@ -19,7 +19,10 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace korvane {
@@ -36,10 +39,20 @@ constexpr int matchCardRight = 4;
 constexpr int matchHeading = 64;
 constexpr int matchIndent = 16;
 constexpr int matchListMinimum = 180;
+constexpr int dashWidth = 10;
+constexpr int dashHeight = 2;
+constexpr int dashRadius = 1;
 
 /// How much of a long text a tool tip or a name shows, in bytes.
 constexpr std::size_t toolTipLength = 2000;
 constexpr std::size_t nameLength = 200;
+
+/// As the marks of groups in the test string.
+PaletteColor groupColor(const RegexMatchLine& line) {
+    static constexpr std::array colors{PaletteColor::orange, PaletteColor::purple, PaletteColor::blue,
+                                       PaletteColor::pink};
+    return colors[*line.group % colors.size()];
+}
 
 QFont textFont(const RegexMatchLine& line) {
     return Theme::font(line.group ? TextStyle::codeSmall : TextStyle::codeSmallMedium);
@@ -48,10 +61,15 @@ QFont textFont(const RegexMatchLine& line) {
 /// How the rows look, where they are, and what they do.
 class MatchRows {
 public:
-    explicit MatchRows(Store& store) : m_store(store), m_list(std::make_unique<RowList>(source())) {
+    MatchRows(Store& store, std::function<void(std::size_t)> select)
+        : m_store(store), m_select(std::move(select)), m_list(std::make_unique<RowList>(source())) {
         m_count->setParent(m_list->viewport());
         m_list->onActivate = [this](int) { m_list->copy(); };
-        m_list->onClick = [this](int row, QPoint) { m_list->showRow(row); };
+        m_list->onClick = [this](int row, QPoint) {
+            m_list->showRow(row);
+            choose(row); // also the row that is the current one already
+        };
+        m_list->onCurrentRow = [this](int row) { choose(row); };
         m_list->onMove = [this] { placeCount(); };
         m_list->onKey = [this](const QKeyEvent* event) {
             const bool isSpace = event->key() == Qt::Key_Space;
@@ -66,6 +84,7 @@ public:
     void display(const RegexMatches& matches, std::string_view count) {
         if (matches == m_matches)
             return;
+        m_selected.reset();
         m_matches = matches;
         ++m_run;
         m_count->display(count);
@@ -73,21 +92,42 @@ public:
         m_list->reload();
     }
 
+    void showSelected(std::optional<std::size_t> line) {
+        if (line && *line >= m_matches.lineCount())
+            line.reset();
+        if (line == m_selected)
+            return;
+        m_selected = line;
+        m_isShowing = true;
+        if (line)
+            m_list->setCurrentRow(static_cast<int>(*line));
+        m_isShowing = false;
+        m_list->viewport()->update();
+    }
+
 private:
+    void choose(int row) {
+        if (!m_isShowing && row >= 0)
+            m_select(static_cast<std::size_t>(row));
+    }
+
     RowSource source() {
         return {
             .count = [this] { return static_cast<int>(m_matches.lineCount()); },
             .name =
                 [this](int row) { return line(row).name() + ": " + startOfText(line(row).text, nameLength); },
-            .paint = [this](QPainter& painter, const QRect& rect, int row,
-                            RowState state) { paint(painter, rect, row, state.isCurrent); },
+            .paint =
+                [this](QPainter& painter, const QRect& rect, int row, RowState state) {
+                    paint(painter, rect, row, state.isCurrent || m_selected == static_cast<std::size_t>(row));
+                },
             .copyRow = [this](int row) { m_list->buttons().copy(row); },
             .copyTitle = QWidget::tr("&Copy"),
             .textLeft = [](int) { return Theme::px(matchCardLeft); },
             .toolTip = [this](int row) { return toolTip(row); },
             .places = [this] { return places(); },
             .sidePadding = MatchCards::padding(),
-            .paintBehind = [this](QPainter& painter) { MatchCards(m_matches).paint(painter, seen()); },
+            .paintBehind =
+                [this](QPainter& painter) { MatchCards(m_matches).paint(painter, seen(), selectedMatch()); },
             .buttons = buttons(),
             .goesAsAnyList = false};
     }
@@ -101,6 +141,10 @@ private:
                 .place = [](const QRect& row) { return row.adjusted(0, 0, -Theme::px(matchCardRight), 0); },
                 .isTabStop = false,
                 .onlyNewestSpeaks = true};
+    }
+
+    std::optional<std::size_t> selectedMatch() const {
+        return m_selected ? std::optional(m_matches.line(*m_selected).match) : std::nullopt;
     }
 
     RegexMatchLine line(int row) const { return m_matches.line(static_cast<std::size_t>(row)); }
@@ -139,12 +183,20 @@ private:
         const auto primary = Theme::color(Role::primary);
         const auto tone = [&](PaletteColor color) { return isCurrent ? primary : Theme::textTone(color); };
         painter.setFont(Theme::font(isGroup ? TextStyle::subheadline : TextStyle::subheadlineStrong));
-        painter.setPen(isGroup ? tone(PaletteColor::orange) : primary);
+        if (isGroup)
+            paintSurface(painter, dashPlace(rect), Theme::px(dashRadius), Theme::hue(groupColor(shown)));
+        painter.setPen(isGroup ? tone(groupColor(shown)) : primary);
         painter.drawText(QRect(rect.left() + Theme::px(matchCardLeft) + indent, rect.top(),
                                m_headingWidth - indent, rect.height()),
                          Qt::AlignVCenter | Qt::AlignLeft, qString(shown.heading()));
         drawElidedRowText(painter, textRoom(rect, row), shown.text, textFont(shown),
                           isGroup ? primary : tone(PaletteColor::green));
+    }
+
+    /// The dash before the heading of a group, in the colour of its mark in the text.
+    static QRect dashPlace(const QRect& row) {
+        return {row.left() + Theme::px(matchCardLeft), row.center().y() - Theme::px(dashHeight) / 2 + 1,
+                Theme::px(dashWidth), Theme::px(dashHeight)};
     }
 
     /// What the row has to leave out.
@@ -157,8 +209,11 @@ private:
     }
 
     Store& m_store;
+    std::function<void(std::size_t)> m_select;
     RegexMatches m_matches{};
-    int m_run = 0; ///< has the rows of another search be others
+    std::optional<std::size_t> m_selected{};
+    bool m_isShowing = false; ///< what is selected, so that going there selects nothing
+    int m_run = 0;            ///< has the rows of another search be others
     int m_headingWidth = 0;
     Label* m_count = new Label({}, TextStyle::subheadline, Role::secondary); ///< the viewport's
     std::unique_ptr<RowList> m_list; ///< destroyed before what its rows are read from
@@ -178,12 +233,16 @@ private:
 
 } // namespace
 
-QWidget* matchList(Store& store, const Reader<RegexMatches>& matches, const Reader<std::string>& count) {
-    auto owned = std::make_unique<MatchRows>(store);
+QWidget* matchList(Store& store, const Reader<RegexMatches>& matches, const Reader<std::string>& count,
+                   const Reader<std::optional<std::size_t>>& selected, const Action<std::size_t>& select) {
+    auto owned = std::make_unique<MatchRows>(store, select.on(store));
     auto* rows = owned.get();
     auto* panel = new MatchPanel(std::move(owned));
     store.onRefresh(
-        [rows, matches = matches.of(store), count = count.of(store)] { rows->display(matches(), count()); });
+        [rows, matches = matches.of(store), count = count.of(store), selected = selected.of(store)] {
+            rows->display(matches(), count());
+            rows->showSelected(selected());
+        });
     return panel;
 }
 

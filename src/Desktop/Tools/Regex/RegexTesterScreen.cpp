@@ -60,7 +60,11 @@ QWidget* testString(Store& store) {
         store, "Test String", "",
         withMinHeight(minTestStringHeight,
                       codeEditor(store, &RegexTesterView::testString, &RegexTesterView::setTestString,
-                                 "Enter text to test against the pattern...")));
+                                 "Enter text to test against the pattern...",
+                                 {.marks = &RegexTesterView::matchMarks,
+                                  .chosenMarks = &RegexTesterView::selectedMarks,
+                                  .place = &RegexTesterView::shownPlace,
+                                  .onSelect = &RegexTesterView::selectAt})));
 }
 
 /// The panel's text without a list of matches.
@@ -81,18 +85,18 @@ QWidget* busyPrompt(Store& store) {
 }
 
 QWidget* matches(Store& store) {
-    return announcing(
-        store, &RegexTesterView::announcedMessage,
-        either(store, shows(Panel::list),
-               section(store, "Matches", "",
-                       matchList(store, &RegexTesterView::matches, &RegexTesterView::matchCount)),
-               section(store, "Matches", "",
-                       matchPrompt({
-                           prompt(store, Panel::noMatches, "xmark.circle"),
-                           prompt(store, Panel::stopped, "xmark.circle"),
-                           prompt(store, Panel::prompt, "magnifyingglass"),
-                           busyPrompt(store),
-                       }))));
+    return announcing(store, &RegexTesterView::announcedMessage,
+                      either(store, shows(Panel::list),
+                             section(store, "Matches", "",
+                                     matchList(store, &RegexTesterView::matches, &RegexTesterView::matchCount,
+                                               &RegexTesterView::selectedLine, &RegexTesterView::selectLine)),
+                             section(store, "Matches", "",
+                                     matchPrompt({
+                                         prompt(store, Panel::noMatches, "xmark.circle"),
+                                         prompt(store, Panel::stopped, "xmark.circle"),
+                                         prompt(store, Panel::prompt, "magnifyingglass"),
+                                         busyPrompt(store),
+                                     }))));
 }
 
 /// The result of the replacement, as high as its text within limits, with a labelled button over its corner.

@@ -23,12 +23,16 @@ namespace {
 
 struct Shown {
     RegexMatches matches{};
+    std::optional<std::size_t> selected{};
+
+    void select(std::size_t line) { selected = line; }
 };
 
 struct MatchListTest : testing::Test {
     FakeServices fakes{};
     Store store{fakes.services, Shown()};
-    std::unique_ptr<QWidget> widget{named(matchList(store, &Shown::matches, std::string("count")))};
+    std::unique_ptr<QWidget> widget{
+        named(matchList(store, &Shown::matches, std::string("count"), &Shown::selected, &Shown::select))};
     ScreenDriver screen{*widget, {502, 302}}; // with an outline of one pixel
     RowList& list = screen.list("Matches");
 

@@ -42,6 +42,30 @@ struct RegexTesterScreenTest : testing::Test {
     }
 };
 
+TEST_F(RegexTesterScreenTest, ListAndTextSelectTheSameMatch) {
+    screen.enter("Pattern", "(b)c");
+    screen.type("Test String", "abc bc bc");
+    auto& text = screen.editor("Test String");
+    EXPECT_EQ(text.marks(TextMarkLayer::content).in(0, 9).size(), 3U);
+    EXPECT_TRUE(text.marks(TextMarkLayer::chosen).empty());
+
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QTest::keyClick(&list(), Qt::Key_Down);
+    EXPECT_EQ(text.selection(), (TextSelection{4, 4}));
+    EXPECT_EQ(text.marks(TextMarkLayer::chosen).in(0, 9).size(), 2U);
+
+    QTest::keyClick(&text, Qt::Key_End);
+    EXPECT_EQ(list().currentRow(), 4);
+    EXPECT_EQ(text.selection(), (TextSelection{9, 9})) << "the caret stays where the user has placed it";
+    QTest::keyClick(&text, Qt::Key_Home);
+    EXPECT_TRUE(text.marks(TextMarkLayer::chosen).empty());
+
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().rowPlace(4).center());
+    EXPECT_EQ(text.selection(), (TextSelection{7, 7})) << "also the row that is the current one";
+    screen.type("Test String", "x");
+    EXPECT_TRUE(text.marks(TextMarkLayer::chosen).empty());
+}
+
 TEST_F(RegexTesterScreenTest, ShowsItsTextsInOrder) {
     screen.press("Find & Replace");
     EXPECT_EQ(screen.labels(), (std::vector<std::string>{"Regex Tester",
