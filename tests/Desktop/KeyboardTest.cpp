@@ -176,13 +176,13 @@ TEST_F(KeyboardTest, TheTreeIsNavigatedAndCopiedByKey) {
 
 TEST_F(KeyboardTest, OnePressOfEscapeLeavesTheSearch) {
     screen.button("Prettify").setFocus();
-    QTest::keySequence(window.focusWidget(), QKeySequence::Find);
+    QTest::keySequence(window.focusWidget(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
     EXPECT_EQ(window.focusWidget(), &search());
     QTest::keyClicks(&search(), "hash");
     press(Qt::Key_Escape);
     EXPECT_EQ(search().text(), "");
     EXPECT_EQ(focus(), "Prettify");
-    QTest::keySequence(window.focusWidget(), QKeySequence::Find);
+    QTest::keySequence(window.focusWidget(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
     press(Qt::Key_Escape);
     EXPECT_EQ(focus(), "Prettify");
 }
@@ -191,13 +191,13 @@ TEST_F(KeyboardTest, TypingInTheSearchReplacesItsText) {
     search().setFocus();
     QTest::keyClicks(&search(), "hash");
     screen.editor("Input").setFocus();
-    QTest::keySequence(window.focusWidget(), QKeySequence::Find);
+    QTest::keySequence(window.focusWidget(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
     QTest::keyClicks(&search(), "j");
     EXPECT_EQ(search().text(), "j");
 }
 
 TEST_F(KeyboardTest, TheSearchOpensAToolAndFocusesItByKeyboardAlone) {
-    QTest::keySequence(window.focusWidget(), QKeySequence::Find);
+    QTest::keySequence(window.focusWidget(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
     QTest::keyClicks(&search(), "base64");
     press(Qt::Key_Down);
     press(Qt::Key_Return);
@@ -206,13 +206,13 @@ TEST_F(KeyboardTest, TheSearchOpensAToolAndFocusesItByKeyboardAlone) {
 }
 
 TEST_F(KeyboardTest, ReturnOpensTheToolThatTheSearchFound) {
-    press(Qt::Key_F, Qt::ControlModifier);
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     QTest::keyClicks(window.focusWidget(), "hash");
     press(Qt::Key_Return);
     EXPECT_EQ(window.store().state<ContentView>().selectedTool, Tool::hashGenerator);
     EXPECT_EQ(focus(), "Input Text");
 
-    press(Qt::Key_F, Qt::ControlModifier);
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     QTest::keyClicks(window.focusWidget(), "no such tool");
     press(Qt::Key_Return);
     EXPECT_EQ(window.store().state<ContentView>().selectedTool, Tool::hashGenerator);

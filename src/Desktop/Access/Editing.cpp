@@ -7,6 +7,16 @@
 
 namespace korvane {
 
+bool find(QWidget* control) {
+    for (; control; control = control->parentWidget()) {
+        if (auto* searchable = dynamic_cast<Searchable*>(control)) {
+            searchable->find();
+            return true;
+        }
+    }
+    return false;
+}
+
 bool holdsText(const QWidget* control) {
     const bool isNumber = qobject_cast<const QAbstractSpinBox*>(control) != nullptr;
     return isNumber || control->metaObject()->indexOfMethod("undo()") >= 0; // lists have other editing slots

@@ -18,6 +18,21 @@ public:
     virtual bool answersTo(QKeySequence::StandardKey command) const = 0;
 };
 
+/// A part of a screen whose content can be searched.
+class Searchable {
+public:
+    Searchable() = default;
+    Searchable(const Searchable&) = delete;
+    Searchable& operator=(const Searchable&) = delete;
+    virtual ~Searchable() = default;
+
+    /// Opens its search.
+    virtual void find() = 0;
+};
+
+/// Opens the search of the part that `control` is in. Returns whether there is one.
+bool find(QWidget* control);
+
 /// Whether `control` has a text cursor. The text may be read-only.
 bool holdsText(const QWidget* control);
 

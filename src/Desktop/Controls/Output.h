@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Desktop/Binding/Reader.h"
-#include "Desktop/Text/Editors.h"
+#include "Desktop/Controls/Editors.h"
 
 #include <string>
 

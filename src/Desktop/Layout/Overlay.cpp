@@ -4,6 +4,7 @@
 #include "Desktop/Look/Theme.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QWidget>
 
 #include <string>
@@ -46,10 +47,20 @@ protected:
 private:
     void place() {
         m_panel->setGeometry(rect());
+        if (auto* layout = m_panel->layout())
+            layout->activate();
         const auto size = m_button->sizeHint();
         const auto inset = Theme::px(overlayInset);
-        m_button->setGeometry(width() - inset - size.width(), inset, size.width(), size.height());
+        m_button->setGeometry(width() - inset - size.width(), contentTop() + inset, size.width(),
+                              size.height());
         m_button->raise();
+    }
+
+    /// The height of what a panel has above its content.
+    int contentTop() const {
+        const auto* content = m_panel->focusProxy();
+        const bool isInPanel = content && content->parentWidget() == m_panel;
+        return isInPanel ? content->y() - Theme::Size::panelOutline : 0;
     }
 
     QWidget* m_panel;

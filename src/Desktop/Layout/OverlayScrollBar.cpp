@@ -27,7 +27,7 @@ constexpr int minThumbLength = 32;
 } // namespace
 
 OverlayScrollBar::OverlayScrollBar(Qt::Orientation orientation, QAbstractScrollArea* area, QWidget* host)
-    : QWidget(host), m_host(host) {
+    : QWidget(host), m_host(host), m_area(area) {
     if (orientation == Qt::Vertical) {
         m_driven = area->verticalScrollBar();
         area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -54,13 +54,17 @@ void OverlayScrollBar::follow() {
 void OverlayScrollBar::place() {
     const auto thickness = Theme::px(scrollWidthHover) + 2 * Theme::px(scrollInset);
     const auto area = m_host->rect();
-    setGeometry(isVertical() ? QRect(area.right() + 1 - thickness, 0, thickness, area.height())
+    const bool isInHost = m_area->parentWidget() == m_host;
+    const auto top = isInHost ? std::max(m_area->y() - Theme::Size::panelOutline, 0) : 0; // of the content
+    setGeometry(isVertical() ? QRect(area.right() + 1 - thickness, top, thickness, area.height() - top)
                              : QRect(0, area.bottom() + 1 - thickness, area.width() - thickness, thickness));
     raise();
 }
 
 bool OverlayScrollBar::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_host && (event->type() == QEvent::Resize || event->type() == QEvent::ChildAdded))
+        place();
+    if (watched != m_host && event->type() == QEvent::Resize)
         place();
     if (event->type() == QEvent::Paint && m_driven->value() != m_paintedValue)
         update();

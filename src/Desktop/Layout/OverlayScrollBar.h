@@ -42,6 +42,7 @@ private:
 
     QScrollBar* m_driven;
     QWidget* m_host;
+    QAbstractScrollArea* m_area;
     int m_paintedValue = 0;
     double m_grabbedAt = -1; // the offset of the pointer in the thumb; negative unless dragging
 };

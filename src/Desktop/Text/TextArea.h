@@ -60,7 +60,7 @@ struct VisibleNumber {
 };
 
 /// Who marks the text. Each has marks of its own; those of later ones are painted over others.
-enum class TextMarkLayer { content, chosen, search };
+enum class TextMarkLayer { content, chosen, search, currentHit };
 
 class TextArea : public QAbstractScrollArea, public AccessibleControl {
     Q_OBJECT
@@ -256,7 +256,7 @@ private:
     TextLayout m_layout;
     TextHistory m_history{};
     TextSelection m_selection{};
-    std::array<TextMarks, 3> m_marks{}; ///< by layer
+    std::array<TextMarks, 4> m_marks{}; ///< by layer
     TextAreaStyle m_style{};
     QString m_placeholder{};
     QString m_highSurrogate{};      ///< typed, and waiting for its other half

@@ -7,7 +7,7 @@
 #include "Desktop/Controls/StatusLine.h"
 #include "Desktop/Layout/ScreenLayout.h"
 #include "Desktop/Layout/Stack.h"
-#include "Desktop/Text/Editors.h"
+#include "Desktop/Controls/Editors.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/JWTDecoderView.h"
 

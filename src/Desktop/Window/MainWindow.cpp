@@ -1,5 +1,6 @@
 #include "Desktop/Window/MainWindow.h"
 
+#include "Desktop/Access/Editing.h"
 #include "Desktop/Access/TabStops.h"
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Controls/Buttons.h"
@@ -95,7 +96,12 @@ void MainWindow::addShortcuts() {
         if (const auto keys = shortcutKeys(tool); !keys.isEmpty())
             installShortcut(this, keys, [this, tool] { m_store.perform(&ContentView::select, tool); });
     }
-    installShortcut(this, QKeySequence::Find, [this] { m_sidebar->setFocus(Qt::ShortcutFocusReason); });
+    const auto searchTools = [this] { m_sidebar->setFocus(Qt::ShortcutFocusReason); };
+    installShortcut(this, Qt::CTRL | Qt::SHIFT | Qt::Key_F, searchTools);
+    installShortcut(this, QKeySequence::Find, [this, searchTools] {
+        if (!korvane::find(focusWidget()))
+            searchTools();
+    });
     installShortcut(this, Qt::Key_F10, [this] { openFirstMenu(m_menus); });
     installShortcut(this, Qt::SHIFT | Qt::Key_F10, [this] { openContextMenu(focusWidget()); });
     // Moves out of any control, including those that use the Tab key.

@@ -5,7 +5,8 @@
 /// - single steps of the history, which are words here and whole runs there; undoing everything is played,
 /// - page keys, which scroll by other amounts,
 /// - Control with Up or Down, which Qt's editor does not know,
-/// - lines that begin with a right-to-left script, which are on the left here and on the right there.
+/// - lines that begin with a right-to-left script, which are on the left here and on the right there,
+/// - the end of a row that is wrapped without a space, from where Qt's editor goes on to the next row.
 
 #include "Desktop/Binding/Strings.h"
 #include "Desktop/Text/TextAreaSubject.h"
@@ -13,6 +14,7 @@
 
 #include <QPlainTextEdit>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
@@ -126,6 +128,13 @@ struct Peers {
                std::to_string(cursor.position());
     }
 
+    /// Whether the caret of Qt's editor is at the start of a row that continues a line.
+    bool isBehindRow() const {
+        const auto place = editor.textCursor().positionInBlock();
+        const auto row = editor.textCursor().block().layout()->lineForTextPosition(place);
+        return row.lineNumber() > 0 && row.textStart() == place;
+    }
+
     ~Peers() { QApplication::setDoubleClickInterval(interval); }
 
     Peers(const Peers&) = delete;
@@ -141,6 +150,7 @@ RC_GTEST_PROP(TextAreaPeerTest, DoesWhatTheEditorOfQtDoes, ()) {
     const auto steps = *rc::gen::inRange(1, 60);
     for (int step = 0; step < steps; ++step) {
         std::string played;
+        bool isEnd = false;
         switch (*rc::gen::inRange(0, 8)) {
         case 0: {
             const auto text =
@@ -170,9 +180,10 @@ RC_GTEST_PROP(TextAreaPeerTest, DoesWhatTheEditorOfQtDoes, ()) {
             const QKeySequence sequence(QKeyCombination(keys[index].modifiers, keys[index].key));
             played = utf8String(sequence.toString());
             peers.press(keys[index]);
+            isEnd = keys[index].key == Qt::Key_End;
         }
         }
-        if (hasRightToLeftLine(peers.area.text().string()))
+        if (hasRightToLeftLine(peers.area.text().string()) || (isEnd && peers.isBehindRow()))
             return;
         RC_LOG(played);
         RC_ASSERT(peers.areaState() == peers.editorState());

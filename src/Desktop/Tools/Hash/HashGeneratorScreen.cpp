@@ -7,7 +7,7 @@
 #include "Desktop/Layout/ScreenLayout.h"
 #include "Desktop/Layout/Stack.h"
 #include "Desktop/Look/Theme.h"
-#include "Desktop/Text/Editors.h"
+#include "Desktop/Controls/Editors.h"
 #include "Desktop/Text/SelectableText.h"
 #include "Desktop/Tools/Hash/HashRow.h"
 #include "Desktop/Tools/Screens.h"

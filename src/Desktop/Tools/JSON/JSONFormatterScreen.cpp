@@ -8,7 +8,7 @@
 #include "Desktop/Layout/Alternatives.h"
 #include "Desktop/Layout/ScreenLayout.h"
 #include "Desktop/Layout/Stack.h"
-#include "Desktop/Text/Editors.h"
+#include "Desktop/Controls/Editors.h"
 #include "Desktop/Tools/JSON/Tree.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/JSONFormatterView.h"

@@ -9,7 +9,7 @@
 #include "Desktop/Layout/ScreenLayout.h"
 #include "Desktop/Layout/Stack.h"
 #include "Desktop/Look/Theme.h"
-#include "Desktop/Text/Editors.h"
+#include "Desktop/Controls/Editors.h"
 #include "Desktop/Tools/Markdown/MarkdownBrowser.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/MarkdownPreviewView.h"

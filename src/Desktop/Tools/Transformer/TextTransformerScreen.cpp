@@ -10,7 +10,7 @@
 #include "Desktop/Layout/ScreenLayout.h"
 #include "Desktop/Layout/Stack.h"
 #include "Desktop/Look/Theme.h"
-#include "Desktop/Text/Editors.h"
+#include "Desktop/Controls/Editors.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Tools/Transformer/StatCard.h"
 #include "Desktop/Tools/Transformer/TransformButton.h"

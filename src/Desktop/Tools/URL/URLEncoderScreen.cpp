@@ -12,7 +12,7 @@
 #include "Desktop/Layout/Stack.h"
 #include "Desktop/Look/Divider.h"
 #include "Desktop/Look/Theme.h"
-#include "Desktop/Text/Editors.h"
+#include "Desktop/Controls/Editors.h"
 #include "Desktop/Tools/Screens.h"
 #include "Desktop/Tools/URL/ComponentRows.h"
 #include "Views/Tools/URLEncoderView.h"

@@ -1,11 +1,14 @@
-#include "Desktop/Text/Editors.h"
+#include "Desktop/Controls/Editors.h"
 
+#include "Desktop/Access/Editing.h"
 #include "Desktop/Binding/Strings.h"
+#include "Desktop/Controls/FindBar.h"
 #include "Desktop/Layout/OverlayScrollBar.h"
 #include "Desktop/Layout/Panel.h"
 #include "Desktop/Text/TextArea.h"
 #include "Desktop/Text/TextZoom.h"
 
+#include <QBoxLayout>
 #include <QEvent>
 
 #include <algorithm>
@@ -47,10 +50,14 @@ std::map<TextMarkKind, TextMarkStyle> markStyles() {
 }
 
 /// Applies the theme's look to its text area, again whenever that changes.
-class EditorPanel final : public Panel {
+class EditorPanel final : public Panel, public Searchable {
 public:
-    EditorPanel(TextArea* area, CodeEditorOptions options)
-        : Panel(area), m_area(area), m_options(options), m_height(Theme::px(options.minHeight)) {
+    EditorPanel(Services& services, TextArea* area, CodeEditorOptions options)
+        : Panel(area),
+          m_services(services),
+          m_area(area),
+          m_options(std::move(options)),
+          m_height(Theme::px(options.minHeight)) {
         if (m_options.maxHeight)
             setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         applyTheme();
@@ -63,8 +70,18 @@ public:
 
     void display(const Rope& text) {
         m_area->setText(text);
+        if (m_findBar)
+            m_findBar->followText();
         m_isFitted = text.size() <= maxFittedText;
         fitHeight();
+    }
+
+    void find() override {
+        if (!m_findBar) {
+            m_findBar = new FindBar(m_services, *m_area, *this);
+            static_cast<QBoxLayout*>(layout())->insertWidget(0, m_findBar);
+        }
+        m_findBar->open();
     }
 
     void setMarks(TextMarkLayer layer, const TextMarks& marks) {
@@ -157,7 +174,9 @@ private:
         return m_options.isProse ? proseInset : editorInsetRight;
     }
 
+    Services& m_services;
     TextArea* m_area;
+    FindBar* m_findBar = nullptr; ///< until it is first opened
     CodeEditorOptions m_options;
     std::map<TextMarkLayer, TextMarks> m_marks{};
     std::size_t m_shownRequest = 0;
@@ -176,7 +195,7 @@ TextArea* newTextArea(const Rope& text, const CodeEditorOptions& options) {
 
 EditorPanel* editorPanel(Store& store, TextArea* area, std::function<Rope()> text,
                          const Reader<std::string>& placeholder, const CodeEditorOptions& options) {
-    auto* panel = new EditorPanel(area, options);
+    auto* panel = new EditorPanel(store.services(), area, options);
     store.onRefresh([panel, area, text = std::move(text), placeholder = placeholder.of(store),
                      marks = options.marks.of(store), chosen = options.chosenMarks.of(store),
                      place = options.place.of(store)] {
