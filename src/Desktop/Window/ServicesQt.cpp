@@ -44,4 +44,17 @@ void ServicesQt::BrowserQt::open(std::string_view url) {
     QDesktopServices::openUrl(QUrl(qString(url)));
 }
 
+std::shared_ptr<ImageProcess> ServicesQt::ImagesQt::process() {
+    auto process = m_process.lock();
+    if (!process) {
+        // Ended in the background: a process with a large picture takes long to end.
+        const auto end = [&background = m_background](ImageProcess* last) {
+            background.run([owned = std::shared_ptr<ImageProcess>(last)]() mutable { owned.reset(); }, [] {});
+        };
+        process = std::shared_ptr<ImageProcess>(new ImageProcess, end);
+        m_process = process;
+    }
+    return process;
+}
+
 } // namespace korvane
