@@ -1,7 +1,7 @@
 /// The image program with defects to choose from, for tests of what contains them. An argument chooses one of
 /// its start:
 ///
-///     exits, not-isolated, silent, without-heic
+///     exits, not-isolated, only-landlock, silent, without-heic
 ///
 /// and a file that begins with "misbehave:" and one of the names below chooses what it does instead of
 /// reading it.
@@ -12,9 +12,11 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include <arpa/inet.h>
@@ -90,8 +92,36 @@ void startProgram() {
     execl("/bin/true", "true", nullptr);
 }
 
-void openFile() {
-    sink = open("/etc/passwd", O_RDONLY | O_CLOEXEC);
+bool canOpenFile() {
+    return open("/etc/passwd", O_RDONLY | O_CLOEXEC) >= 0;
+}
+
+/// A thread that is older than the isolation, and tries to open a file when it is told to.
+class OlderThread {
+public:
+    bool canOpenFile() {
+        m_isTold = true;
+        m_isTold.notify_all();
+        m_thread.join();
+        return m_could;
+    }
+
+private:
+    std::atomic<bool> m_isTold = false;
+    bool m_could = false;
+    std::thread m_thread{[this] {
+        m_isTold.wait(false);
+        m_could = korvane::canOpenFile();
+    }};
+};
+
+std::unique_ptr<OlderThread> olderThread;
+
+/// Answers with a picture if any thread can open a file.
+void openFile(const ImageServer::Request& request) {
+    const bool thread = olderThread && olderThread->canOpenFile();
+    if (thread || canOpenFile())
+        replyWithPicture(request, pictureSide * pictureSide);
 }
 
 void openSocket() {
@@ -195,7 +225,7 @@ constexpr auto defects = std::to_array<Defect>({
     {"allocate", ignoring<allocate>},
     {"fork", ignoring<startProcess>},
     {"execute", ignoring<startProgram>},
-    {"open", ignoring<openFile>},
+    {"open", openFile},
     {"socket", ignoring<openSocket>},
     {"connect", ignoring<connectSocket>},
     {"trace", ignoring<traceParent>},
@@ -231,10 +261,14 @@ int run(std::string_view defect) {
                                      .file = std::uint64_t(64) << 20};
     if (defect == "exits" || !ImageServer::isConnected(socketNumber) || !warmUpImageLibraries())
         return 1;
+    if (defect == "only-landlock")
+        olderThread = std::make_unique<OlderThread>();
     if (defect == "silent")
         stayedSilent();
     auto greeting = ImageServer::greeting();
-    greeting.isIsolated = defect != "not-isolated" && Sandbox::close(limits) ? 1 : 0;
+    const bool isIsolated = defect == "only-landlock" ? Sandbox::restrictThreads()
+                                                      : defect != "not-isolated" && Sandbox::close(limits);
+    greeting.isIsolated = isIsolated ? 1 : 0;
     if (defect == "without-heic") {
         const auto others = ~(1U << static_cast<unsigned>(ImageFormat::heic));
         greeting.decodable &= others;

@@ -154,7 +154,8 @@ std::vector<pid_t> otherThreads() {
     return threads;
 }
 
-/// Restricts all threads, of which the libraries' pools have some by now.
+} // namespace
+
 bool restrictThreads() {
     const auto ruleset = emptyRuleset();
     order.ruleset = ruleset.number();
@@ -175,8 +176,6 @@ bool restrictThreads() {
     restrictThread();
     return order.failed == 0 && sigaction(orderSignal, &previous, nullptr) == 0;
 }
-
-} // namespace
 
 bool close(const Limits& limits) {
     if constexpr (isSanitizedBuild)

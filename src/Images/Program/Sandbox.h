@@ -37,6 +37,10 @@ struct Limits {
 /// all but Landlock. In a build with sanitizers it does nothing and succeeds.
 bool close(const Limits& limits);
 
+/// No new privileges, and Landlock where the kernel has it, for all threads, of which the libraries' pools
+/// have some. Returns whether it succeeded.
+bool restrictThreads();
+
 /// The filter of system calls, for all threads. Returns whether it is in force.
 bool filterSystemCalls();
 

@@ -18,6 +18,11 @@
 #include <string>
 #include <string_view>
 #include <thread>
+#include <vector>
+
+#include <linux/landlock.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace korvane {
 namespace {
@@ -248,6 +253,15 @@ TEST(ImageProcess, TheProcessIsIsolated) {
     ImageProcess process(misbehavingProgram());
     EXPECT_EQ(process.decode(fileThat("open")).error(), ConversionError::processEnded);
     EXPECT_EQ(process.lastSignal(), SIGSYS);
+}
+
+TEST(ImageProcess, LandlockAloneKeepsAllThreadsFromFiles) {
+    if (syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION) < 1)
+        GTEST_SKIP() << "the kernel has no Landlock";
+    ImageProcess process(misbehavingProgram({"only-landlock"}));
+    EXPECT_EQ(process.decode(fileThat("open")).error(), ConversionError::unsupportedFormat)
+        << "the file could be opened if there is an answer";
+    EXPECT_EQ(process.lastSignal(), std::nullopt);
 }
 
 } // namespace
