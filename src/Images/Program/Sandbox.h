@@ -15,9 +15,8 @@ namespace korvane::Sandbox {
 
 /// In bytes.
 struct Limits {
-    /// Private memory that can be written, which is what decoders allocate. The largest picture has 1 GiB;
-    /// its HEIC decoder holds it in planes, converted, and interleaved, with two bytes a sample, and the
-    /// encoder holds as much again.
+    /// Private memory that can be written, which is what decoders allocate. Writing HEIC needs most: 21 bytes
+    /// a pixel, 6 GB for the largest picture; the rest is for its transparency, which is encoded beside it.
     std::uint64_t privateMemory = std::uint64_t(12) << 30;
 
     /// One file in shared memory: a picture of 1 GiB, or its file, with room to grow by doubling.

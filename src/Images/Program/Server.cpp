@@ -109,10 +109,16 @@ Answered answer(Request request) {
                              operation == Operation::getImageInfo;
     if (isAboutFile) {
         const auto file = ImageMessages::fileOf(record.fileBytes, std::move(request.descriptors));
-        return file ? answerAboutFile(operation, *file) : invalid();
+        if (!file)
+            return invalid();
+        file->willBeRead();
+        return answerAboutFile(operation, *file);
     }
     const auto image = ImageMessages::imageOf(record.picture, std::move(request.descriptors));
-    return image ? answerAboutImage(operation, record, *image) : invalid();
+    if (!image)
+        return invalid();
+    SharedBytes::of(image->samples, image->byteCount()).willBeRead();
+    return answerAboutImage(operation, record, *image);
 }
 
 Answered guardedAnswer(Request request, const std::function<void(const Request&)>& before) {

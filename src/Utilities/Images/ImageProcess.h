@@ -42,13 +42,13 @@ struct ImageProcessOptions {
     std::string program = installedImageProgram();
     std::vector<std::string> arguments{};
 
-    /// From the start of the process until it is ready: over a hundred times as long as usual, for a computer
-    /// that has just been switched on or is out of memory.
+    /// From the start of the process until it is ready: hundreds of times as long as usual, for a computer
+    /// that has just been switched on or is short of memory.
     std::chrono::milliseconds startLimit = std::chrono::seconds(30);
 
-    /// For one operation: ten times what the slowest, writing HEIC, takes for the largest picture on two
-    /// slow processors. Everything else ends by itself long before, and the user can cancel it.
-    std::chrono::milliseconds operationLimit = std::chrono::minutes(20);
+    /// For one operation. The slowest, writing HEIC, takes about a minute for the largest picture on two
+    /// processors, and twenty times as long on a busy computer; twice that.
+    std::chrono::milliseconds operationLimit = std::chrono::minutes(40);
 };
 
 /// One image process at a time, and the operations of `ImageConverter` in it. May be used on any thread;

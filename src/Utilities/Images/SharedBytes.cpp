@@ -1,6 +1,7 @@
 #include "Utilities/Images/SharedBytes.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -17,6 +18,12 @@ constexpr unsigned allSeals = F_SEAL_SEAL | F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL
 // For C libraries older than the kernel's flag.
 #ifndef MFD_NOEXEC_SEAL
 #define MFD_NOEXEC_SEAL 0x0008U
+#endif
+
+/// For C libraries older than the kernel's advice.
+#ifndef MADV_POPULATE_READ
+#define MADV_POPULATE_READ 22
+#define MADV_POPULATE_WRITE 23
 #endif
 
 /// Unmaps the memory and closes its file; also recognises a pointer into shared memory.
@@ -80,6 +87,11 @@ std::optional<int> SharedBytes::descriptor() const {
     return mapping ? std::optional(mapping->descriptor) : std::nullopt;
 }
 
+void SharedBytes::willBeRead() const {
+    if (m_size > 0)
+        madvise(const_cast<std::byte*>(m_bytes.get()), m_size, MADV_POPULATE_READ);
+}
+
 SharedBuffer::~SharedBuffer() {
     unmap();
 }
@@ -109,6 +121,20 @@ void SharedBuffer::resize(std::size_t size) {
     if (size > m_capacity)
         reserve(std::max({size, 2 * m_capacity, minCapacity}));
     m_size = size;
+    if (size > m_populated)
+        populate();
+}
+
+/// Has the kernel provide the pages up to the size and some more at once, which takes half as long as one
+/// after the other when they are first written. It is also where a lack of memory is noticed without a
+/// signal.
+void SharedBuffer::populate() {
+    constexpr std::size_t step = std::size_t(1) << 20; // a multiple of every page size
+    const auto start = m_populated / step * step;
+    const auto end = std::min(m_capacity, (m_size + step - 1) / step * step);
+    if (madvise(m_bytes + start, end - start, MADV_POPULATE_WRITE) != 0 && errno != EINVAL)
+        throw std::bad_alloc(); // kernels before 5.14 do not know the advice
+    m_populated = end;
 }
 
 void SharedBuffer::append(std::string_view bytes) {
@@ -131,7 +157,7 @@ SharedBytes SharedBuffer::finish() {
     if (m_size == 0)
         return {};
     unmap(); // memory that can be written through a mapping cannot be sealed
-    m_capacity = 0;
+    m_capacity = m_populated = 0;
     const auto size = std::exchange(m_size, 0);
     const auto file = m_file.number();
     const bool sealed =
