@@ -67,7 +67,7 @@ bool write(const Image& image, const std::string& path, double quality) {
         return false;
     const auto bytes = convert(image, *format, quality);
     return bytes && std::ofstream(path, std::ios::binary)
-                        .write(bytes->data(), static_cast<std::streamsize>(bytes->size()));
+                        .write(bytes->view().data(), static_cast<std::streamsize>(bytes->size()));
 }
 
 bool run(const std::vector<std::string>& arguments) {

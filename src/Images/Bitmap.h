@@ -48,11 +48,12 @@ struct Header {
 /// Supports the headers of OS/2 1 (12 bytes) and of Windows 3 to 5 (40 to 124 bytes).
 std::optional<Header> readHeader(std::string_view bytes);
 
-/// The pixels of a file with that header, or none if they are truncated or invalid.
+/// The pixels of a file with that header, or none if they are truncated or invalid. Throws `std::bad_alloc`
+/// if memory does not suffice.
 std::optional<Image> read(const Header& header);
 
 /// A file with the picture, which has 8 bits a sample and 1, 3 or 4 channels: gray as a palette of 256 grays,
-/// RGB as 24 bits a pixel, and RGB with alpha as 32 bits a pixel with masks.
-std::string write(const Image& image);
+/// RGB as 24 bits a pixel, and RGB with alpha as 32 bits a pixel with masks. Throws `std::bad_alloc`.
+SharedBytes write(const Image& image);
 
 } // namespace korvane::Bitmap

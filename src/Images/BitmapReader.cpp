@@ -3,7 +3,6 @@
 #include <array>
 #include <bit>
 #include <cstring>
-#include <new>
 #include <vector>
 
 namespace korvane::Bitmap {
@@ -18,21 +17,22 @@ public:
     explicit Canvas(const Header& header)
         : m_header(header),
           m_channels(header.channels()),
-          m_rowBytes(static_cast<std::size_t>(header.width) * static_cast<std::size_t>(m_channels)),
-          m_samples(new(std::nothrow) Byte[m_rowBytes * static_cast<std::size_t>(header.height)]) {}
-
-    bool exists() const { return m_samples != nullptr; }
+          m_rowBytes(static_cast<std::size_t>(header.width) * static_cast<std::size_t>(m_channels)) {
+        m_buffer.resize(m_rowBytes * static_cast<std::size_t>(header.height));
+        m_samples = reinterpret_cast<Byte*>(m_buffer.data());
+    }
 
     Byte* row(int fileRow) const {
         const int row = m_header.isTopDown ? fileRow : m_header.height - 1 - fileRow;
-        return m_samples.get() + static_cast<std::size_t>(row) * m_rowBytes;
+        return m_samples + static_cast<std::size_t>(row) * m_rowBytes;
     }
 
-    Image image() const {
+    /// The picture, after which nothing more can be written.
+    Image finish() {
         return {.width = m_header.width,
                 .height = m_header.height,
                 .channels = m_channels,
-                .samples = {m_samples, reinterpret_cast<const std::byte*>(m_samples.get())},
+                .samples = m_buffer.finish().samples(),
                 .colorProfile = std::string(m_header.colorProfile),
                 .horizontalDPI = m_header.horizontalDPI,
                 .verticalDPI = m_header.verticalDPI};
@@ -42,7 +42,8 @@ private:
     const Header& m_header;
     int m_channels;
     std::size_t m_rowBytes;
-    std::shared_ptr<Byte[]> m_samples;
+    SharedBuffer m_buffer;
+    Byte* m_samples = nullptr;
 };
 
 /// The colours of the palette in the picture's channel order. An index beyond its end is black.
@@ -260,15 +261,13 @@ private:
 } // namespace
 
 std::optional<Image> read(const Header& header) {
-    const Canvas canvas(header);
-    if (!canvas.exists())
-        return std::nullopt;
+    Canvas canvas(header);
     const bool hasRuns =
         header.compression == Compression::runLength8 || header.compression == Compression::runLength4;
     const bool isComplete = hasRuns ? RunLengthReader(header, canvas).read() : readRows(header, canvas);
     if (!isComplete)
         return std::nullopt;
-    return canvas.image();
+    return canvas.finish();
 }
 
 } // namespace korvane::Bitmap

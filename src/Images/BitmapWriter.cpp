@@ -14,16 +14,16 @@ constexpr std::uint32_t sRGB = 0x73524742;
 constexpr double inchesPerMetre = 1 / 0.0254;
 
 /// Appends the little-endian number.
-void append(std::string& bytes, std::uint32_t value, int count = 4) {
+void append(SharedBuffer& bytes, std::uint32_t value, int count = 4) {
     for (int i = 0; i < count; ++i)
-        bytes += static_cast<char>(value >> (8 * i));
+        bytes.append(1, static_cast<char>(value >> (8 * i)));
 }
 
 std::uint32_t dotsPerMetre(double dotsPerInch) {
     return static_cast<std::uint32_t>(std::lround(dotsPerInch * inchesPerMetre));
 }
 
-void appendInformation(std::string& bytes, const Image& image, std::uint32_t pixelBytes) {
+void appendInformation(SharedBuffer& bytes, const Image& image, std::uint32_t pixelBytes) {
     const bool hasAlpha = image.channels == 4;
     append(bytes, hasAlpha ? alphaHeaderBytes : plainHeaderBytes);
     append(bytes, static_cast<std::uint32_t>(image.width));
@@ -45,9 +45,9 @@ void appendInformation(std::string& bytes, const Image& image, std::uint32_t pix
 }
 
 /// Appends one row with red and blue swapped.
-void appendRow(std::string& bytes, const Image& image, const char* row) {
+void appendRow(SharedBuffer& bytes, const Image& image, const char* row) {
     const auto start = bytes.size();
-    bytes.append(row, image.rowBytes());
+    bytes.append({row, image.rowBytes()});
     if (image.channels == 1)
         return;
     const auto step = static_cast<std::size_t>(image.channels);
@@ -57,15 +57,15 @@ void appendRow(std::string& bytes, const Image& image, const char* row) {
 
 } // namespace
 
-std::string write(const Image& image) {
+SharedBytes write(const Image& image) {
     const auto stride = (image.rowBytes() + 3) / 4 * 4;
     const auto pixelBytes = static_cast<std::uint32_t>(stride * static_cast<std::size_t>(image.height));
     const auto paletteBytes = image.channels == 1 ? 4 * paletteEntries : 0;
     const auto start =
         fileHeaderBytes + (image.channels == 4 ? alphaHeaderBytes : plainHeaderBytes) + paletteBytes;
-    std::string bytes;
+    SharedBuffer bytes;
     bytes.reserve(start + pixelBytes);
-    bytes += "BM";
+    bytes.append("BM");
     append(bytes, start + pixelBytes);
     append(bytes, 0);
     append(bytes, start);
@@ -77,7 +77,7 @@ std::string write(const Image& image) {
         appendRow(bytes, image, samples + static_cast<std::size_t>(y) * image.rowBytes());
         bytes.append(stride - image.rowBytes(), '\0');
     }
-    return bytes;
+    return bytes.finish();
 }
 
 } // namespace korvane::Bitmap

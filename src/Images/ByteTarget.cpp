@@ -19,8 +19,10 @@ ByteTarget::ByteTarget(std::size_t expectedSize)
 gint64 ByteTarget::write(VipsTargetCustom*, const void* data, gint64 size, ByteTarget* self) {
     const std::string_view bytes(static_cast<const char*>(data), static_cast<std::size_t>(size));
     try {
-        const auto replaced = std::min(bytes.size(), self->m_bytes.size() - self->m_position);
-        self->m_bytes.replace(self->m_position, replaced, bytes);
+        const auto end = self->m_position + bytes.size();
+        if (end > self->m_bytes.size())
+            self->m_bytes.resize(end);
+        std::ranges::copy(bytes, self->m_bytes.data() + self->m_position);
     } catch (const std::bad_alloc&) { // exceptions must not pass through the library
         return -1;
     }
@@ -29,8 +31,8 @@ gint64 ByteTarget::write(VipsTargetCustom*, const void* data, gint64 size, ByteT
 }
 
 gint64 ByteTarget::read(VipsTargetCustom*, void* data, gint64 size, ByteTarget* self) {
-    const auto count =
-        self->m_bytes.copy(static_cast<char*>(data), static_cast<std::size_t>(size), self->m_position);
+    const auto count = std::min(static_cast<std::size_t>(size), self->m_bytes.size() - self->m_position);
+    std::copy_n(self->m_bytes.data() + self->m_position, count, static_cast<char*>(data));
     self->m_position += count;
     return static_cast<gint64>(count);
 }
@@ -41,8 +43,12 @@ gint64 ByteTarget::seek(VipsTargetCustom*, gint64 offset, int whence, ByteTarget
     if (position < 0)
         return -1;
     self->m_position = static_cast<std::size_t>(position);
-    if (self->m_position > self->m_bytes.size())
-        self->m_bytes.resize(self->m_position);
+    try {
+        if (self->m_position > self->m_bytes.size())
+            self->m_bytes.resize(self->m_position);
+    } catch (const std::bad_alloc&) {
+        return -1;
+    }
     return position;
 }
 

@@ -1,10 +1,10 @@
-/// An output of the image library that writes into a growing string. For uncompressed formats this avoids a
-/// copy of the whole picture.
+/// An output of the image library that writes into shared memory. For uncompressed formats this avoids a copy
+/// of the whole picture.
 #pragma once
 
+#include "Utilities/Images/SharedBytes.h"
+
 #include <cstddef>
-#include <memory>
-#include <string>
 
 #include <vips/vips8>
 
@@ -20,15 +20,15 @@ public:
 
     vips::VTarget target() const { return m_target; }
 
-    /// The written bytes. May be called once.
-    std::string take() { return std::move(m_bytes); }
+    /// What has been written.
+    SharedBuffer& bytes() { return m_bytes; }
 
 private:
     static gint64 write(VipsTargetCustom*, const void* data, gint64 size, ByteTarget* self);
     static gint64 read(VipsTargetCustom*, void* data, gint64 size, ByteTarget* self);
     static gint64 seek(VipsTargetCustom*, gint64 offset, int whence, ByteTarget* self);
 
-    std::string m_bytes;
+    SharedBuffer m_bytes;
     std::size_t m_position = 0;
     vips::VTarget m_target;
 };

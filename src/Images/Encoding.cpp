@@ -50,7 +50,7 @@ VImage inRGB(const VImage& image) {
 }
 
 /// The file that the image library writes for `image`.
-std::string encodedByLibrary(const VImage& image, ImageFormat format, double quality) {
+SharedBytes encodedByLibrary(const VImage& image, ImageFormat format, double quality) {
     const auto pixelBytes = std::int64_t(image.width()) * image.height() * bytesPerPixel(image);
     ByteTarget bytes(headroom + static_cast<std::size_t>(pixelBytes));
     const auto target = bytes.target();
@@ -72,10 +72,10 @@ std::string encodedByLibrary(const VImage& image, ImageFormat format, double qua
     case ImageFormat::heic:
         break; // have their own encoders
     }
-    auto file = bytes.take();
+    auto& file = bytes.bytes();
     if (format == ImageFormat::png)
-        fixVerticalResolutionInPNG(file, image.yres());
-    return file;
+        fixVerticalResolutionInPNG({file.data(), file.size()}, image.yres());
+    return file.finish();
 }
 
 /// `image` in the form that the encoders outside the image library require: 8 bits, no gray with alpha, and
@@ -89,7 +89,7 @@ Image plainImage(const Image& image, ImageFormat format, bool onlyRGB) {
 }
 
 /// `image` must have pixels; `quality` is from 0 to 1.
-std::expected<std::string, ConversionError> createImageData(const Image& image, ImageFormat format,
+std::expected<SharedBytes, ConversionError> createImageData(const Image& image, ImageFormat format,
                                                             double quality) {
     switch (format) {
     case ImageFormat::bmp:
@@ -103,7 +103,7 @@ std::expected<std::string, ConversionError> createImageData(const Image& image, 
 
 } // namespace
 
-std::expected<std::string, ConversionError> convert(const Image& image, ImageFormat to, double quality) {
+std::expected<SharedBytes, ConversionError> convert(const Image& image, ImageFormat to, double quality) {
     if (!image.samples)
         return std::unexpected(ConversionError::invalidImage);
     const auto valid = std::isnan(quality) ? 1 : std::clamp(quality, 0.0, 1.0);

@@ -6,7 +6,6 @@
 
 #include <expected>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace korvane::HEIC {
@@ -25,6 +24,6 @@ std::optional<ImageInfo> readInfo(std::string_view bytes);
 std::expected<Image, ConversionError> read(std::string_view bytes);
 
 /// A file with the picture, which has 8 bits a sample and 3 or 4 channels; `quality` is from 0 to 1.
-std::expected<std::string, ConversionError> write(const Image& image, double quality);
+std::expected<SharedBytes, ConversionError> write(const Image& image, double quality);
 
 } // namespace korvane::HEIC

@@ -136,14 +136,16 @@ std::expected<Image, ConversionError> read(std::string_view bytes) {
                             heif_image_get_primary_height(picture.get()) == image.height;
     if (!rows || !isAsStated)
         return std::unexpected(ConversionError::invalidImage);
-    const std::shared_ptr<std::byte[]> samples(new std::byte[image.byteCount()]);
+    SharedBuffer buffer;
+    buffer.resize(image.byteCount());
+    auto* samples = reinterpret_cast<std::byte*>(buffer.data());
     for (std::size_t y = 0; y < static_cast<std::size_t>(image.height); ++y)
-        std::memcpy(samples.get() + y * image.rowBytes(), rows + y * static_cast<std::size_t>(stride),
+        std::memcpy(samples + y * image.rowBytes(), rows + y * static_cast<std::size_t>(stride),
                     image.rowBytes());
     if (image.bytesPerSample == 2)
-        widen(samples.get(), image.byteCount() / 2,
+        widen(samples, image.byteCount() / 2,
               heif_image_get_bits_per_pixel_range(picture.get(), heif_channel_interleaved));
-    image.samples = {samples, samples.get()};
+    image.samples = buffer.finish().samples();
     return image;
 }
 

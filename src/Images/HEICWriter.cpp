@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 #include <memory>
+#include <new>
 
 namespace korvane::HEIC {
 
@@ -54,7 +55,12 @@ Encoder encoder(heif_context* context, double quality) {
 }
 
 heif_error append(heif_context*, const void* data, std::size_t size, void* bytes) {
-    static_cast<std::string*>(bytes)->append(static_cast<const char*>(data), size);
+    try {
+        static_cast<SharedBuffer*>(bytes)->append({static_cast<const char*>(data), size});
+    } catch (const std::bad_alloc&) { // exceptions must not pass through the library
+        return {
+            .code = heif_error_Memory_allocation_error, .subcode = heif_suberror_Unspecified, .message = ""};
+    }
     return {.code = heif_error_Ok, .subcode = heif_suberror_Unspecified, .message = ""};
 }
 
@@ -64,7 +70,7 @@ bool canWrite() {
     return heif_have_encoder_for_format(heif_compression_HEVC) != 0;
 }
 
-std::expected<std::string, ConversionError> write(const Image& image, double quality) {
+std::expected<SharedBytes, ConversionError> write(const Image& image, double quality) {
     const std::unexpected failed(ConversionError::conversionFailed);
     const Context context(heif_context_alloc(), heif_context_free);
     const auto encoding = encoder(context.get(), quality);
@@ -74,11 +80,11 @@ std::expected<std::string, ConversionError> write(const Image& image, double qua
     if (!succeeded(heif_context_encode_image(context.get(), picture.get(), encoding.get(), nullptr, nullptr)))
         return failed;
     picture.reset();
-    std::string bytes;
+    SharedBuffer bytes;
     heif_writer writer{.writer_api_version = 1, .write = append};
     if (!succeeded(heif_context_write(context.get(), &writer, &bytes)))
         return failed;
-    return bytes;
+    return bytes.finish();
 }
 
 } // namespace korvane::HEIC

@@ -81,8 +81,8 @@ VImage withStatedResolution(const VImage& image, std::string_view bytes, ImageFo
                           ->set("yres", known(&Resolution::vertical)));
 }
 
-void fixVerticalResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre) {
-    const auto chunk = resolutionChunk(bytes);
+void fixVerticalResolutionInPNG(std::span<char> bytes, double verticalDotsPerMillimetre) {
+    const auto chunk = resolutionChunk({bytes.data(), bytes.size()});
     if (!chunk)
         return;
     constexpr std::size_t typeBytes = 4, contentBytes = 9;

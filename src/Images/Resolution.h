@@ -4,7 +4,7 @@
 
 #include "Utilities/ImageConverter.h"
 
-#include <string>
+#include <span>
 #include <string_view>
 
 #include <vips/vips8>
@@ -15,6 +15,6 @@ namespace korvane {
 vips::VImage withStatedResolution(const vips::VImage& image, std::string_view bytes, ImageFormat format);
 
 /// Corrects the vertical resolution of a PNG file, for which libvips 8.16 writes the horizontal one.
-void fixVerticalResolutionInPNG(std::string& bytes, double verticalDotsPerMillimetre);
+void fixVerticalResolutionInPNG(std::span<char> bytes, double verticalDotsPerMillimetre);
 
 } // namespace korvane

@@ -81,12 +81,15 @@ Image computed(const vips::VImage& image, const std::stop_token& stop) {
         g_signal_connect(picture.get_image(), "eval", G_CALLBACK(stopComputing),
                          const_cast<std::stop_token*>(&stop));
     }
-    std::size_t size = 0;
-    result.samples = {static_cast<const std::byte*>(picture.write_to_memory(&size)),
-                      [](const std::byte* samples) { g_free(const_cast<std::byte*>(samples)); }};
+    SharedBuffer samples;
+    samples.resize(result.byteCount());
+    picture.write(vips::VImage::new_from_memory(samples.data(), samples.size(), result.width, result.height,
+                                                result.channels, image.format()));
+    result.samples = samples.finish().samples();
     if (stop.stop_requested()) // the library may finish before its next progress report
         throw vips::VError("stopped");
     if (vips_image_get_typeof(image.get_image(), VIPS_META_ICC_NAME) != 0) {
+        std::size_t size = 0;
         const auto* profile = static_cast<const char*>(image.get_blob(VIPS_META_ICC_NAME, &size));
         result.colorProfile.assign(profile, size);
     }

@@ -6,6 +6,7 @@
 
 #include <exception>
 #include <expected>
+#include <new>
 #include <stop_token>
 #include <type_traits>
 
@@ -45,7 +46,7 @@ public:
     ~VipsScope();
 };
 
-/// The result of `work`, or `error` if the library fails or memory runs out. No exception leaves the engine.
+/// The result of `work`, or `error` if the library fails, or `outOfMemory`. No exception leaves the engine.
 template <typename Work>
 auto guarded(ConversionError error, Work work) -> std::invoke_result_t<Work> {
     if (!startVips())
@@ -53,6 +54,8 @@ auto guarded(ConversionError error, Work work) -> std::invoke_result_t<Work> {
     const VipsScope scope;
     try {
         return work();
+    } catch (const std::bad_alloc&) {
+        return std::unexpected(ConversionError::outOfMemory);
     } catch (const std::exception&) { // the library's own are among them
         return std::unexpected(error);
     }

@@ -1,9 +1,10 @@
-/// Pictures: six file formats, facts about files, and three transforms. The image engine implements them; it
-/// is a separate library, which `ImageModule` loads on first use. The functions of the namespace
-/// `ImageConverter` are called through its `ImageEngine`.
+/// Pictures: six file formats, facts about files, and three transforms. The image engine implements the
+/// functions of the namespace `ImageConverter`. It runs in a process of its own, and the program calls it
+/// through `ImageProcess`.
 #pragma once
 
 #include "Models/Enumeration.h"
+#include "Utilities/Images/SharedBytes.h"
 
 #include <array>
 #include <cstddef>
@@ -101,7 +102,22 @@ constexpr std::string_view id(FlipDirection direction) {
     return rawValue(direction);
 }
 
-enum class ConversionError { invalidImage, conversionFailed, unsupportedFormat, saveFailed, resizeFailed };
+/// The first five are about a picture; the others are about the image process and say nothing about the
+/// picture, but that `outOfMemory` and those after it can be caused by it.
+enum class ConversionError {
+    invalidImage,
+    conversionFailed,
+    unsupportedFormat,
+    saveFailed,
+    resizeFailed,
+    cancelled,
+    processMissing,
+    processNotIsolated,
+    outOfMemory,
+    processEnded,
+    timedOut,
+    invalidAnswer,
+};
 
 struct ConversionErrorFacts {
     ConversionError value;
@@ -115,11 +131,24 @@ inline constexpr auto facts<ConversionError> = std::to_array<ConversionErrorFact
     {ConversionError::unsupportedFormat, "Unsupported image format"},
     {ConversionError::saveFailed, "Failed to save image"},
     {ConversionError::resizeFailed, "Failed to resize image"},
+    {ConversionError::cancelled, "Cancelled"},
+    {ConversionError::processMissing, "The image process cannot be started"},
+    {ConversionError::processNotIsolated,
+     "The image process cannot be isolated on this computer, so it opens no images"},
+    {ConversionError::outOfMemory, "The image needs too much memory"},
+    {ConversionError::processEnded, "The image process stopped unexpectedly"},
+    {ConversionError::timedOut, "It took too long and was stopped"},
+    {ConversionError::invalidAnswer, "The image process gave an invalid answer"},
 });
 
 /// The message for users.
 constexpr std::string_view errorDescription(ConversionError error) {
     return factsOf(error).errorDescription;
+}
+
+/// Whether the user learns of the error even where one about the picture is skipped.
+constexpr bool isAboutProcess(ConversionError error) {
+    return error >= ConversionError::cancelled;
 }
 
 /// The resolution of a picture that specifies none, in dots per inch.
@@ -174,7 +203,8 @@ struct ImageSize {
     bool operator==(const ImageSize&) const = default;
 };
 
-/// The operations of the engine. They are thread-safe.
+/// The operations of the engine. They are thread-safe. Each can also fail with `outOfMemory`. Samples and
+/// bytes of results are shared memory.
 namespace ImageConverter {
 
 /// The limits of pictures that are decoded or created: without them, a file of a few kilobytes could require
@@ -204,7 +234,7 @@ std::optional<ImageInfo> getImageInfo(std::string_view bytes);
 /// `supportsQuality`. Properties that the format cannot store are converted: colours to sRGB, samples to
 /// 8 bits, transparency to white. Fails with `invalidImage` if the image has no pixels, and with
 /// `conversionFailed` on other errors.
-std::expected<std::string, ConversionError> convert(const Image& image, ImageFormat to, double quality);
+std::expected<SharedBytes, ConversionError> convert(const Image& image, ImageFormat to, double quality);
 
 /// The picture turned counter-clockwise.
 std::expected<Image, ConversionError> rotate(const Image& image, Rotation by);
@@ -221,19 +251,5 @@ std::expected<Image, ConversionError> resize(const Image& image, ImageSize to, b
 std::expected<Image, ConversionError> preview(const Image& image, int side);
 
 } // namespace ImageConverter
-
-/// The function table that the engine's library exports.
-struct ImageEngine {
-    decltype(&ImageConverter::canDecode) canDecode;
-    decltype(&ImageConverter::canEncode) canEncode;
-    decltype(&ImageConverter::formatOf) formatOf;
-    decltype(&ImageConverter::decode) decode;
-    decltype(&ImageConverter::getImageInfo) getImageInfo;
-    decltype(&ImageConverter::convert) convert;
-    decltype(&ImageConverter::rotate) rotate;
-    decltype(&ImageConverter::flip) flip;
-    decltype(&ImageConverter::resize) resize;
-    decltype(&ImageConverter::preview) preview;
-};
 
 } // namespace korvane

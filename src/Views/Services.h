@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <expected>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,7 +17,8 @@
 
 namespace korvane {
 
-struct ImageEngine;
+class ImageProcess;
+class SharedBytes;
 
 /// The plain text on the system's clipboard.
 class Clipboard {
@@ -75,7 +77,7 @@ public:
 
     /// The content of the file, or why it cannot be read: it is missing, not permitted, not a regular file,
     /// or longer than `maxBytes`.
-    virtual std::expected<std::string, std::string> read(const std::string& path,
+    virtual std::expected<SharedBytes, std::string> read(const std::string& path,
                                                          std::size_t maxBytes) const = 0;
 
     /// Replaces the content of the file by `bytes`. They are written to another file beside it, which then
@@ -111,13 +113,14 @@ public:
     virtual void save(const FileKind& kind, const std::string& proposedName, Chosen chosen) = 0;
 };
 
-/// Loads the image engine.
+/// The image process.
 class Images {
 public:
     virtual ~Images() = default;
 
-    /// The engine, or why it cannot be loaded; the first call takes about 50 ms.
-    virtual std::expected<const ImageEngine*, std::string> engine() = 0;
+    /// The process, which all share that have asked for it. Its first operation starts it; it ends when
+    /// nobody holds it any more.
+    virtual std::shared_ptr<ImageProcess> process() = 0;
 };
 
 /// Notifications that carry a tool. Posting is synchronous: all observers have run when `post` returns.

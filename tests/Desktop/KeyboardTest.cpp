@@ -309,9 +309,10 @@ TEST_F(KeyboardTest, TheFocusOfARemovedControlMovesToANearbyOne) {
 
 TEST_F(KeyboardTest, OpeningAPictureByKeyDoesNotFocusRemove) {
     fakes.files.contents["/picture.png"] =
-        (*ImageModule::load())
+        FakeImages::shared()
             ->convert(support::plainPicture({8, 6}, {1, 2, 3}), ImageFormat::png, 1)
-            .value();
+            .value()
+            .view();
     open(Tool::imageConverter);
     press(Qt::Key_Return);
     fakes.panels.choose("/picture.png");

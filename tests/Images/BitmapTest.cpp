@@ -189,11 +189,11 @@ TEST(Bitmap, WritesGrayColorAndAlphaVariants) {
     EXPECT_EQ(gray.size(), 14 + 40 + 1024 + 2 * 4);
     const auto color = Bitmap::write(plainPicture({3, 2}, {1, 2, 3}));
     EXPECT_EQ(color.size(), 14 + 40 + 2 * 12);
-    EXPECT_EQ(color.substr(54, 6), "\3\2\1\3\2\1");
-    EXPECT_EQ(color.substr(2, 4), little(static_cast<std::uint32_t>(color.size())));
+    EXPECT_EQ(color.view().substr(54, 6), "\3\2\1\3\2\1");
+    EXPECT_EQ(color.view().substr(2, 4), little(static_cast<std::uint32_t>(color.size())));
     const auto alpha = Bitmap::write(plainPicture({3, 2}, {1, 2, 3, 4}));
     EXPECT_EQ(alpha.size(), 14 + 108 + 2 * 12);
-    EXPECT_EQ(alpha.substr(14 + 108, 4), "\3\2\1\4");
+    EXPECT_EQ(alpha.view().substr(14 + 108, 4), "\3\2\1\4");
 }
 
 } // namespace

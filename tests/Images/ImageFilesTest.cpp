@@ -345,7 +345,7 @@ TEST_F(ImageFilesTest, DecodingFailsOnceStopped) {
     const auto picture = photograph({60, 40});
     std::vector<std::string> files;
     for (const auto format : allCases<ImageFormat>)
-        files.push_back(convert(picture, format, 1).value());
+        files.emplace_back(convert(picture, format, 1).value().view());
     for (const auto& file : files)
         EXPECT_TRUE(decode(file, stop.get_token()));
     stop.request_stop();

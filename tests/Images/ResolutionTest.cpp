@@ -20,12 +20,12 @@ using namespace support;
 
 TEST(Resolution, Is72WhereNoneIsStated) {
     const auto source = distinctPicture({9, 9});
-    auto jpeg = convert(source, ImageFormat::jpeg, 0.9).value();
+    auto jpeg = std::string(convert(source, ImageFormat::jpeg, 0.9).value().view());
     if (const auto exif = jpeg.find("Exif"); exif != std::string::npos)
         jpeg.replace(exif, 4, "None");
     EXPECT_EQ(getImageInfo(jpeg)->dpi, 72);
     EXPECT_NEAR(decoded(jpeg).horizontalDPI, 72, 0.1);
-    auto png = convert(source, ImageFormat::png, 0.9).value();
+    auto png = std::string(convert(source, ImageFormat::png, 0.9).value().view());
     const auto chunk = png.find("pHYs") - 4;
     png.erase(chunk, 4 + 4 + 9 + 4);
     EXPECT_EQ(getImageInfo(png)->dpi, 72);
@@ -34,7 +34,7 @@ TEST(Resolution, Is72WhereNoneIsStated) {
 
 /// A PNG file with the given resolution chunk.
 std::string pngWithResolution(std::uint32_t dots, char unit) {
-    auto png = convert(distinctPicture({9, 9}), ImageFormat::png, 0.9).value();
+    auto png = std::string(convert(distinctPicture({9, 9}), ImageFormat::png, 0.9).value().view());
     const auto start = png.find("pHYs") - 4;
     return png.replace(start, 4 + 4 + 9 + 4, chunk("pHYs" + bigEndian(dots) + bigEndian(dots) + unit));
 }
@@ -43,7 +43,7 @@ std::string pngWithResolution(std::uint32_t dots, char unit) {
 std::string tiffWithResolution(double dotsPerInch, char unit) {
     auto source = distinctPicture({9, 9});
     source.horizontalDPI = dotsPerInch;
-    auto tiff = convert(source, ImageFormat::tiff, 0.9).value();
+    auto tiff = std::string(convert(source, ImageFormat::tiff, 0.9).value().view());
     const std::string inch("\x28\x01\x03\0\x01\0\0\0\x02\0", 10);
     tiff.at(tiff.find(inch) + 8) = unit;
     return tiff;
@@ -51,7 +51,7 @@ std::string tiffWithResolution(double dotsPerInch, char unit) {
 
 /// A JPEG file with a density and a unit (JFIF 1.02: 0 for none, 1 for the inch, 2 for the centimetre).
 std::string jpegWithResolution(char dots, char unit) {
-    auto jpeg = convert(distinctPicture({9, 9}), ImageFormat::jpeg, 0.9).value();
+    auto jpeg = std::string(convert(distinctPicture({9, 9}), ImageFormat::jpeg, 0.9).value().view());
     if (const auto exif = jpeg.find("Exif"); exif != std::string::npos)
         jpeg.replace(exif, 4, "None");
     const std::string density{unit, '\0', dots, '\0', dots, '\0', '\0'};

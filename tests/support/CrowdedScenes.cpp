@@ -1,8 +1,6 @@
 #include "support/Pictures.h"
 #include "support/Scenes.h"
 
-#include "Utilities/ImageModule.h"
-
 #include <QComboBox>
 #include <QSlider>
 #include <QSpinBox>
@@ -54,7 +52,7 @@ void generateMany(const ScreenDriver& screen) {
 
 void loadTallPicture(const ScreenDriver& screen, FakeServices& fakes) {
     fakes.files.contents["/picture"] =
-        (*ImageModule::load())->convert(support::photograph({30, 3000}), ImageFormat::tiff, 1).value();
+        FakeImages::shared()->convert(support::photograph({30, 3000}), ImageFormat::tiff, 1).value().view();
     screen.press("Choose File");
     fakes.panels.choose("/picture");
     fakes.background.runAll();

@@ -2,7 +2,7 @@
 /// runs, files in memory, and a record of announcements and opened links.
 #pragma once
 
-#include "Utilities/ImageModule.h"
+#include "Utilities/Images/ImageProcess.h"
 #include "Views/Services.h"
 
 #include <algorithm>
@@ -10,8 +10,10 @@
 #include <cstddef>
 #include <deque>
 #include <expected>
+#include <filesystem>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -106,7 +108,7 @@ public:
     std::optional<std::string> readFailure{};  ///< of every read
     std::optional<std::string> writeFailure{}; ///< of every write
 
-    std::expected<std::string, std::string> read(const std::string& path,
+    std::expected<SharedBytes, std::string> read(const std::string& path,
                                                  std::size_t maxBytes) const override {
         const auto found = contents.find(path);
         if (readFailure)
@@ -115,7 +117,7 @@ public:
             return std::unexpected("No such file or directory");
         if (found->second.size() > maxBytes)
             return std::unexpected("The file is too large");
-        return found->second;
+        return SharedBytes::copyOf(found->second);
     }
 
     std::expected<void, std::string> write(const std::string& path, std::string_view bytes) override {
@@ -148,25 +150,27 @@ public:
     }
 };
 
-/// The real engine, unless the test removes or changes it.
+/// The image program of the tests, which misbehaves when it is told to.
+inline ImageProcessOptions misbehavingProgram(std::vector<std::string> arguments = {}) {
+    const auto tests = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    return {.program = (tests / "korvane-images-misbehaving").string(), .arguments = std::move(arguments)};
+}
+
+/// The real image process, which all tests share to save time, unless the test replaces it.
 class FakeImages final : public Images {
 public:
-    std::optional<std::string> failure{};
-    std::optional<ImageEngine> changed{};
+    std::shared_ptr<ImageProcess> replacement{};
 
-    std::expected<const ImageEngine*, std::string> engine() override {
-        if (failure)
-            return std::unexpected(*failure);
-        if (changed)
-            return &*changed;
-        return ImageModule::load();
+    std::shared_ptr<ImageProcess> process() override { return replacement ? replacement : shared(); }
+
+    static const std::shared_ptr<ImageProcess>& shared() {
+        static const auto process = std::make_shared<ImageProcess>();
+        return process;
     }
 
     /// Removes the codecs of HEIC.
     void removeHEICCodecs() {
-        changed = **ImageModule::load();
-        changed->canDecode =
-            changed->canEncode = [](ImageFormat format) { return format != ImageFormat::heic; };
+        replacement = std::make_shared<ImageProcess>(misbehavingProgram({"without-heic"}));
     }
 };
 

@@ -14,8 +14,13 @@
 
 namespace korvane {
 
-inline const ImageEngine& imageEngine() {
-    return **ImageModule::load();
+inline ImageProcess& imageProcess() {
+    return *FakeImages::shared();
+}
+
+/// The picture in a file.
+inline Image decoded(const std::string& file) {
+    return imageProcess().decode(SharedBytes::copyOf(file)).value();
 }
 
 struct ImageConverterViewTest : ::testing::Test {
@@ -27,7 +32,7 @@ struct ImageConverterViewTest : ::testing::Test {
                                                 change(*state);
                                         }};
     Image picture = support::distinctPicture({40, 30});
-    std::string file = imageEngine().convert(picture, ImageFormat::png, 1).value();
+    SharedBytes file = imageProcess().convert(picture, ImageFormat::png, 1).value();
 
     void load() {
         state->loadImage(file, context);

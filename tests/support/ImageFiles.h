@@ -11,7 +11,7 @@
 namespace korvane::support {
 
 /// The picture in a valid file.
-inline Image decoded(const std::string& file) {
+inline Image decoded(std::string_view file) {
     const auto image = ImageConverter::decode(file, {});
     if (!image)
         throw std::runtime_error(std::string(errorDescription(image.error())));

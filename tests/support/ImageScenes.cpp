@@ -1,8 +1,6 @@
 #include "support/Pictures.h"
 #include "support/Scenes.h"
 
-#include "Utilities/ImageModule.h"
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -22,7 +20,7 @@ void choose(const ScreenDriver& screen, std::string_view picker, int index) {
 
 /// Loads `image` as a file of the format.
 void load(const ScreenDriver& screen, FakeServices& fakes, const Image& image, ImageFormat format) {
-    fakes.files.contents["/picture"] = (*ImageModule::load())->convert(image, format, 0.9).value();
+    fakes.files.contents["/picture"] = FakeImages::shared()->convert(image, format, 0.9).value().view();
     screen.press("Choose File");
     fakes.panels.choose("/picture");
     fakes.background.runAll();

@@ -7,7 +7,7 @@ become_traced() {
     local changes=creat,truncate,mkdir,mkdirat,mknod,mknodat,rename,renameat,renameat2,link,linkat,symlink,symlinkat
     export ASAN_OPTIONS=detect_leaks=0 # leak detection does not work under ptrace
     exec strace --follow-forks --quiet=all --interruptible=waiting --output="$1" \
-        --trace="socket,socketpair,io_uring_setup,seccomp,poll,ppoll,open,openat,unlink,unlinkat,rmdir,$changes" "${@:2}"
+        --trace="socket,socketpair,io_uring_setup,seccomp,poll,ppoll,execve,open,openat,unlink,unlinkat,rmdir,$changes" "${@:2}"
 }
 
 # The same without a display or a session. The folder given first gets the trace `calls`, an empty `home`, and `saved`

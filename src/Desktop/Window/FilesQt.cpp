@@ -9,6 +9,8 @@
 #include <QMessageBox>
 #include <QSaveFile>
 
+#include <new>
+
 namespace korvane {
 
 namespace {
@@ -40,23 +42,28 @@ void show(QFileDialog& panel, FilePanels::Chosen chosen) {
 
 } // namespace
 
-std::expected<std::string, std::string> ServicesQt::FilesQt::read(const std::string& path,
+std::expected<SharedBytes, std::string> ServicesQt::FilesQt::read(const std::string& path,
                                                                   std::size_t maxBytes) const {
     QFile file(qString(path));
     const QFileInfo information(file);
     if (information.exists() && !information.isFile()) // opening a pipe would block
         return std::unexpected("It is not a file");
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return failure(file);
     const std::string tooLarge = "The file is too large";
     if (static_cast<std::size_t>(file.size()) > maxBytes)
         return std::unexpected(tooLarge);
-    std::string bytes(static_cast<std::size_t>(file.size()), '\0');
-    const auto count = file.read(bytes.data(), static_cast<qint64>(bytes.size()));
-    if (count < 0)
-        return failure(file);
-    bytes.resize(static_cast<std::size_t>(count)); // the file may have been truncated meanwhile
-    return bytes;
+    try {
+        SharedBuffer bytes;
+        bytes.resize(static_cast<std::size_t>(file.size()));
+        const auto count = file.read(bytes.data(), static_cast<qint64>(bytes.size()));
+        if (count < 0)
+            return failure(file);
+        bytes.resize(static_cast<std::size_t>(count)); // the file may have been truncated meanwhile
+        return bytes.finish();
+    } catch (const std::bad_alloc&) {
+        return std::unexpected("There is not enough memory for it");
+    }
 }
 
 std::expected<void, std::string> ServicesQt::FilesQt::write(const std::string& path, std::string_view bytes) {

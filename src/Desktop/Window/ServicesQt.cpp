@@ -43,4 +43,17 @@ void ServicesQt::BrowserQt::open(std::string_view url) {
     m_opener.open(QUrl(qString(url)).toEncoded().toStdString());
 }
 
+std::shared_ptr<ImageProcess> ServicesQt::ImagesQt::process() {
+    auto process = m_process.lock();
+    if (!process) {
+        // Ended in the background: a process with a large picture takes long to end.
+        const auto end = [&background = m_background](ImageProcess* last) {
+            background.run([owned = std::shared_ptr<ImageProcess>(last)]() mutable { owned.reset(); }, [] {});
+        };
+        process = std::shared_ptr<ImageProcess>(new ImageProcess, end);
+        m_process = process;
+    }
+    return process;
+}
+
 } // namespace korvane

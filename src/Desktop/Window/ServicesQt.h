@@ -2,7 +2,7 @@
 /// timers, and a thread pool.
 #pragma once
 
-#include "Utilities/ImageModule.h"
+#include "Utilities/Images/ImageProcess.h"
 #include "Utilities/LinkOpener.h"
 #include "Views/Services.h"
 
@@ -58,7 +58,7 @@ private:
 
     class FilesQt final : public Files {
     public:
-        std::expected<std::string, std::string> read(const std::string& path,
+        std::expected<SharedBytes, std::string> read(const std::string& path,
                                                      std::size_t maxBytes) const override;
         std::expected<void, std::string> write(const std::string& path, std::string_view bytes) override;
     };
@@ -74,7 +74,13 @@ private:
 
     class ImagesQt final : public Images {
     public:
-        std::expected<const ImageEngine*, std::string> engine() override { return ImageModule::load(); }
+        explicit ImagesQt(Background& background) : m_background(background) {}
+
+        std::shared_ptr<ImageProcess> process() override;
+
+    private:
+        Background& m_background;
+        std::weak_ptr<ImageProcess> m_process;
     };
 
     ClipboardQt m_clipboard;
@@ -85,7 +91,7 @@ private:
     NotificationCenter m_notifications;
     FilesQt m_files;
     FilePanelsQt m_panels;
-    ImagesQt m_images;
+    ImagesQt m_images{m_background};
     Services m_services{m_clipboard,     m_clock, m_timers, m_background, m_browser,
                         m_notifications, m_files, m_panels, m_images};
 };

@@ -18,6 +18,7 @@ namespace {
 using View = ImageConverterView;
 using LocalContext = Context<View>;
 using LoadResult = std::expected<View::Source, std::string>;
+using TransformResult = std::expected<std::optional<View::Processed>, ConversionError>;
 using WriteResult = std::expected<std::size_t, std::string>;
 
 /// The extensions that files of the format have, the usual one first.
@@ -54,30 +55,39 @@ std::string sizeText(int width, int height) {
     return fmt::format("{} × {}", width, height);
 }
 
-LoadResult load(std::string data, Images& images, const std::stop_token& stop) {
-    const auto engine = images.engine();
-    if (!engine)
-        return std::unexpected(engine.error());
-    const auto& operations = **engine;
-    if (const auto format = operations.formatOf(data); format && !operations.canDecode(*format))
+LoadResult failure(ConversionError error) {
+    return std::unexpected(std::string(errorDescription(error)));
+}
+
+LoadResult load(SharedBytes data, ImageProcess& process, const std::stop_token& stop) {
+    const auto codecs = process.codecs(stop);
+    if (!codecs)
+        return failure(codecs.error());
+    const auto format = process.formatOf(data, stop);
+    if (!format)
+        return failure(format.error());
+    if (!codecs->canDecode(*format))
         return std::unexpected(fmt::format("{} cannot be read on this computer ({})", rawValue(*format),
                                            missingCodecText(factsOf(*format).decoderPackage)));
-    auto image = operations.decode(data, stop);
+    auto image = process.decode(data, stop);
     if (!image)
-        return std::unexpected(std::string(errorDescription(image.error())));
-    auto info = operations.getImageInfo(data);
-    auto preview = operations.preview(*image, View::previewSide);
-    if (!info || !preview)
-        return std::unexpected(std::string(errorDescription(ConversionError::invalidImage)));
+        return failure(image.error());
+    auto info = process.getImageInfo(data, stop);
+    if (!info)
+        return failure(info.error());
+    auto preview = process.preview(*image, View::previewSide, stop);
+    if (!preview)
+        return failure(preview.error());
     return View::Source{std::move(data), *std::move(info), *std::move(image), *std::move(preview)};
 }
 
 /// The first picture among the files, or the failure of the first file.
-LoadResult loadFirst(const std::vector<std::string>& paths, Services& services, const std::stop_token& stop) {
+LoadResult loadFirst(const std::vector<std::string>& paths, const Files& files, ImageProcess& process,
+                     const std::stop_token& stop) {
     LoadResult first = std::unexpected(std::string());
     for (const auto& path : paths) {
-        auto data = services.files.read(path, View::maxFileBytes);
-        auto result = data ? load(*std::move(data), services.images, stop)
+        auto data = files.read(path, View::maxFileBytes);
+        auto result = data ? load(*std::move(data), process, stop)
                            : LoadResult(std::unexpected(std::move(data.error())));
         if (result)
             return result;
@@ -87,36 +97,43 @@ LoadResult loadFirst(const std::vector<std::string>& paths, Services& services, 
     return first;
 }
 
-/// The result of a transform of `image`, or `image` itself where the transform failed.
-Image resultOr(Image image, std::expected<Image, ConversionError> result) {
-    return result ? *std::move(result) : std::move(image);
+/// Replaces `image` by the result of a transform; it stays where the transform failed. Returns the error of
+/// the image process, if that failed.
+std::optional<ConversionError> take(Image& image, std::expected<Image, ConversionError> result) {
+    if (!result)
+        return isAboutProcess(result.error()) ? std::optional(result.error()) : std::nullopt;
+    image = *std::move(result);
+    return std::nullopt;
 }
 
-/// None where memory does not suffice even for a preview.
-std::optional<View::Processed> transformed(Image image, const View::Transforms& transforms,
-                                           const ImageEngine& engine) {
-    if (transforms.rotation != Rotation::none)
-        image = resultOr(image, engine.rotate(image, transforms.rotation));
-    if (transforms.flipDirection != FlipDirection::none)
-        image = resultOr(image, engine.flip(image, transforms.flipDirection));
-    if (const auto& resizing = transforms.resizing)
-        image = resultOr(image, engine.resize(image, resizing->to, resizing->maintainAspectRatio));
-    auto preview = engine.preview(image, View::previewSide);
-    if (!preview)
-        return std::nullopt;
-    return View::Processed{std::move(image), *std::move(preview), transforms};
+/// None where not even a preview can be made.
+TransformResult transformed(Image image, const View::Transforms& transforms, ImageProcess& process,
+                            const std::stop_token& stop) {
+    if (const auto failed = take(image, process.rotate(image, transforms.rotation, stop)))
+        return std::unexpected(*failed);
+    if (const auto failed = take(image, process.flip(image, transforms.flipDirection, stop)))
+        return std::unexpected(*failed);
+    if (const auto& resizing = transforms.resizing) {
+        auto resized = process.resize(image, resizing->to, resizing->maintainAspectRatio, stop);
+        if (const auto failed = take(image, std::move(resized)))
+            return std::unexpected(*failed);
+    }
+    auto preview = process.preview(image, View::previewSide, stop);
+    if (preview)
+        return View::Processed{std::move(image), *std::move(preview), transforms};
+    if (isAboutProcess(preview.error()))
+        return std::unexpected(preview.error());
+    return std::nullopt;
 }
 
-/// The size of the file that was written, or why it was not.
-WriteResult write(const Image& image, double quality, const View::Destination& destination,
-                  Services& services) {
-    const auto engine = services.images.engine();
-    if (!engine)
-        return std::unexpected(engine.error());
-    const auto bytes = (*engine)->convert(image, destination.format, quality);
+/// The size of the file that was written, or why it was not. Not cancelled: a file that is being saved is
+/// wanted even when the screen is left.
+WriteResult write(const Image& image, double quality, const View::Destination& destination, Files& files,
+                  ImageProcess& process) {
+    const auto bytes = process.convert(image, destination.format, quality);
     if (!bytes)
         return std::unexpected(std::string(errorDescription(bytes.error())));
-    if (const auto written = services.files.write(destination.path, *bytes); !written)
+    if (const auto written = files.write(destination.path, *bytes); !written)
         return std::unexpected(written.error());
     return bytes->size();
 }
@@ -124,13 +141,21 @@ WriteResult write(const Image& image, double quality, const View::Destination& d
 } // namespace
 
 void ImageConverterView::appear(const LocalContext& context) {
-    const auto engine = context.services.images.engine();
-    if (!engine) {
-        errorMessage = engine.error();
+    process = context.services.images.process();
+    runInBackground(
+        context, *this, &ImageConverterView::starting,
+        [running = process](const std::stop_token& stop) { return running->codecs(stop); },
+        &ImageConverterView::finishStarting);
+}
+
+void ImageConverterView::finishStarting(std::expected<ImageCodecs, ConversionError> codecs) {
+    if (!codecs) {
+        errorMessage = errorDescription(codecs.error());
         return;
     }
+    formatsWithoutEncoder.clear();
     std::ranges::copy_if(allCases<ImageFormat>, std::back_inserter(formatsWithoutEncoder),
-                         std::not_fn((*engine)->canEncode));
+                         [&](ImageFormat format) { return !codecs->canEncode(format); });
 }
 
 void ImageConverterView::openFilePicker(const LocalContext& context) {
@@ -142,9 +167,10 @@ void ImageConverterView::openFilePicker(const LocalContext& context) {
 void ImageConverterView::loadInBackground(DroppedItems items, const LocalContext& context) {
     runInBackground(
         context, *this, &ImageConverterView::loading,
-        [items = std::move(items), &services = context.services](const std::stop_token& stop) mutable {
-            return items.files.empty() ? load(std::move(items.data), services.images, stop)
-                                       : loadFirst(items.files, services, stop);
+        [items = std::move(items), &files = context.services.files,
+         running = context.services.images.process()](const std::stop_token& stop) mutable {
+            return items.files.empty() ? load(std::move(items.data), *running, stop)
+                                       : loadFirst(items.files, files, *running, stop);
         },
         &ImageConverterView::finishLoading);
 }
@@ -172,26 +198,27 @@ void ImageConverterView::applyTransforms(const LocalContext& context) {
         return;
     errorMessage.reset();
     dropSavedMessage();
-    const auto engine = context.services.images.engine();
-    if (!engine) {
-        errorMessage = engine.error();
-        return;
-    }
     const auto previous = std::exchange(source->applying, Applying{.transforms = transforms()});
     if (previous) // the new result is saved instead
         source->applying->destination = previous->destination;
     runTask(
         context, source->applying->task,
         [](const View& state) { return state.isApplying() ? &state.source->applying->task : nullptr; },
-        [&operations = **engine, image = source->image, chosen = source->applying->transforms](
-            const std::stop_token&) mutable { return transformed(std::move(image), chosen, operations); },
+        [running = context.services.images.process(), image = source->image,
+         chosen = source->applying->transforms](const std::stop_token& stop) mutable {
+            return transformed(std::move(image), chosen, *running, stop);
+        },
         [context](View& state, auto result) { state.finishApplying(std::move(result), context); });
 }
 
-void ImageConverterView::finishApplying(std::optional<Processed> result, const LocalContext& context) {
+void ImageConverterView::finishApplying(TransformResult result, const LocalContext& context) {
     const auto finished = std::exchange(source->applying, std::nullopt);
-    if (result)
-        source->processed = std::move(result);
+    if (!result) { // the picture that was to be saved does not exist
+        errorMessage = fmt::format("Failed to apply transforms: {}", errorDescription(result.error()));
+        return;
+    }
+    if (*result)
+        source->processed = *std::move(result);
     if (finished->destination)
         save(*finished->destination, context);
 }
@@ -229,9 +256,8 @@ void ImageConverterView::save(const Destination& destination, const LocalContext
         context, saving.emplace<BackgroundTask>(),
         [](const View& state) { return std::get_if<BackgroundTask>(&state.saving); },
         [image = hasProcessed() ? *processedImage() : *sourceImage(), quality = quality, destination,
-         &services = context.services](const std::stop_token&) {
-            return write(image, quality, destination, services);
-        },
+         &files = context.services.files, running = context.services.images.process()](
+            const std::stop_token&) { return write(image, quality, destination, files, *running); },
         [path = destination.path, context](View& state, const WriteResult& size) {
             state.saving = std::monostate();
             if (size)
@@ -273,7 +299,10 @@ void ImageConverterView::remove() {
 
 void ImageConverterView::reset() {
     dropSavedMessage();
-    *this = {.saving = saving, .formatsWithoutEncoder = formatsWithoutEncoder};
+    *this = {.process = process,
+             .starting = starting,
+             .saving = saving,
+             .formatsWithoutEncoder = formatsWithoutEncoder};
 }
 
 std::string ImageConverterView::missingEncoder(ImageFormat format) const {

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "Utilities/ImageConverter.h"
+#include "Utilities/Images/ImageProcess.h"
 #include "Views/Background.h"
 #include "Views/Components/StatusBadge.h"
 #include "Views/Services.h"
@@ -28,7 +29,7 @@ namespace korvane {
 /// Dropped by another program: files, or else the bytes of a picture.
 struct DroppedItems {
     std::vector<std::string> files{};
-    std::string data{};
+    SharedBytes data{};
 };
 
 struct ImageConverterView {
@@ -72,7 +73,7 @@ struct ImageConverterView {
     };
 
     struct Source {
-        std::string data{};    ///< the file that `image` was decoded from; nothing reads it yet
+        SharedBytes data{};    ///< the file that `image` was decoded from; nothing reads it yet
         ImageInfo imageInfo{}; ///< of `data`
         Image image{};
         Image preview{}; ///< `image` in the size and colours of the screen
@@ -86,6 +87,8 @@ struct ImageConverterView {
     using Saving = std::variant<std::monostate, BackgroundTask, SavedMessage>; ///< idle, writing, or done
 
     std::optional<Source> source{};
+    std::shared_ptr<ImageProcess> process{}; ///< held from `appear`, so that it runs while the tool is shown
+    std::optional<BackgroundTask> starting{};
     std::optional<BackgroundTask> loading{};
     Saving saving{};
     ImageFormat targetFormat = ImageFormat::png;
@@ -108,7 +111,7 @@ struct ImageConverterView {
     /// The longer side of a preview, in pixels: enough for a large screen.
     static constexpr int previewSide = 1600;
 
-    /// Loads the engine and finds out what it can write, or reports why it is missing.
+    /// Starts the image process and finds out what it can write, or reports why it cannot run.
     void appear(const Context<ImageConverterView>& context);
 
     /// Loads the file that the user chooses.
@@ -123,7 +126,7 @@ struct ImageConverterView {
     void setDropTargeted(bool targeted) { isDropTargeted = targeted; }
 
     /// Loads the picture in a file's bytes. The previous picture stays until then, and if loading fails.
-    void loadImage(std::string data, const Context<ImageConverterView>& context) {
+    void loadImage(SharedBytes data, const Context<ImageConverterView>& context) {
         loadInBackground({.data = std::move(data)}, context);
     }
 
@@ -141,7 +144,8 @@ struct ImageConverterView {
 
     void setMaintainAspectRatio(bool maintain) { change(maintainAspectRatio, maintain); }
 
-    /// Makes the processed picture from the source. A transform that fails is skipped.
+    /// Makes the processed picture from the source. A transform that fails is skipped, unless it is the image
+    /// process that fails, which is reported.
     void applyTransforms(const Context<ImageConverterView>& context);
 
     /// Saves the processed picture, or the source while there is none, where the user chooses. Writing that
@@ -232,7 +236,9 @@ private:
     Transforms transforms() const;
     void loadInBackground(DroppedItems items, const Context<ImageConverterView>& context);
     void finishLoading(std::expected<Source, std::string> result);
-    void finishApplying(std::optional<Processed> result, const Context<ImageConverterView>& context);
+    void finishStarting(std::expected<ImageCodecs, ConversionError> codecs);
+    void finishApplying(std::expected<std::optional<Processed>, ConversionError> result,
+                        const Context<ImageConverterView>& context);
     void save(const Destination& destination, const Context<ImageConverterView>& context);
     void showSaved(const std::string& path, std::size_t size, const Context<ImageConverterView>& context);
 };

@@ -21,7 +21,10 @@
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <string>
 #include <vector>
 
 namespace korvane {
@@ -110,9 +113,7 @@ TEST_F(ApplicationTest, KeepsAColor) {
 }
 
 TEST_F(ApplicationTest, ConvertsAPicture) {
-    const auto engine = ImageModule::load();
-    ASSERT_TRUE(engine);
-    const auto bytes = (*engine)->convert(support::photograph({64, 48}), ImageFormat::jpeg, 0.9);
+    const auto bytes = ImageProcess().convert(support::photograph({64, 48}), ImageFormat::jpeg, 0.9);
     ASSERT_TRUE(bytes);
     ASSERT_TRUE(real.services().files.write(folder.filePath("picture.jpg").toStdString(), *bytes));
 
@@ -127,6 +128,23 @@ TEST_F(ApplicationTest, ConvertsAPicture) {
     chooseFile(converted);
     ASSERT_TRUE(holdsInTime([&] { return QFile::exists(converted); }));
     EXPECT_EQ(QImage(converted).size(), QSize(64, 48));
+}
+
+TEST_F(ApplicationTest, MapsNoImageLibraryWithTheImageToolOpen) {
+    select(Tool::imageConverter);
+    const auto bytes =
+        real.services().images.process()->convert(support::photograph({64, 48}), ImageFormat::heic, 0.9);
+    ASSERT_TRUE(bytes);
+    ASSERT_TRUE(real.services().files.write(folder.filePath("picture.heic").toStdString(), *bytes));
+    screen.press("Choose File");
+    chooseFile(folder.filePath("picture.heic"));
+    ASSERT_TRUE(holdsInTime([&] { return screen.hasButton("Remove"); }));
+    std::ifstream maps("/proc/self/maps");
+    const std::string mapped{std::istreambuf_iterator<char>(maps), {}};
+    ASSERT_NE(mapped.find("libQt6Widgets"), std::string::npos);
+    for (const auto* library :
+         {"libvips", "libheif", "libde265", "libx265", "liborc", "libcurl", "libgnutls"})
+        EXPECT_EQ(mapped.find(library), std::string::npos) << library;
 }
 
 TEST_F(ApplicationTest, AFontChosenByTheDesktopIsKept) {

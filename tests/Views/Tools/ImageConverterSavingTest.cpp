@@ -30,13 +30,11 @@ TEST_F(ImageConverterViewTest, ProposesANameForEachFormat) {
 TEST_F(ImageConverterViewTest, SavesTheProcessedPictureOrElseTheSource) {
     load();
     saveAs("/source.png");
-    EXPECT_TRUE(
-        haveSamePixels(imageEngine().decode(fakes.files.contents["/source.png"], {}).value(), picture));
+    EXPECT_TRUE(haveSamePixels(decoded(fakes.files.contents["/source.png"]), picture));
     state->setRotation(Rotation::degrees90);
     apply();
     saveAs("/turned.png");
-    EXPECT_TRUE(haveSamePixels(imageEngine().decode(fakes.files.contents["/turned.png"], {}).value(),
-                               *state->processedImage()));
+    EXPECT_TRUE(haveSamePixels(decoded(fakes.files.contents["/turned.png"]), *state->processedImage()));
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
@@ -46,7 +44,8 @@ TEST_F(ImageConverterViewTest, SavesInTheChosenFormatAndQuality) {
     saveAs("/good.jpg");
     state->setQuality(0.1);
     saveAs("/small.jpg");
-    EXPECT_EQ(imageEngine().formatOf(fakes.files.contents["/good.jpg"]), ImageFormat::jpeg);
+    EXPECT_EQ(imageProcess().formatOf(SharedBytes::copyOf(fakes.files.contents["/good.jpg"])),
+              ImageFormat::jpeg);
     EXPECT_LT(fakes.files.contents["/small.jpg"].size(), fakes.files.contents["/good.jpg"].size());
 }
 
@@ -102,8 +101,7 @@ TEST_F(ImageConverterViewTest, APathChosenWhileTransformsAreAppliedReceivesTheir
     fakes.panels.choose("/turned.png");
     EXPECT_TRUE(fakes.files.contents.empty());
     fakes.background.runAll();
-    EXPECT_TRUE(haveSamePixels(imageEngine().decode(fakes.files.contents["/turned.png"], {}).value(),
-                               *state->processedImage()));
+    EXPECT_TRUE(haveSamePixels(decoded(fakes.files.contents["/turned.png"]), *state->processedImage()));
     apply();
     EXPECT_EQ(fakes.files.contents.size(), 1) << "saved only once";
 }
@@ -200,8 +198,7 @@ TEST_F(ImageConverterViewTest, UnappliedChangesAreRelativeToThePreview) {
     state->setFlipDirection(FlipDirection::none);
     EXPECT_TRUE(state->hasUnappliedChanges());
     saveAs("/preview.png");
-    EXPECT_TRUE(haveSamePixels(imageEngine().decode(fakes.files.contents["/preview.png"], {}).value(),
-                               *state->processedImage()));
+    EXPECT_TRUE(haveSamePixels(decoded(fakes.files.contents["/preview.png"]), *state->processedImage()));
     load();
     EXPECT_FALSE(state->hasUnappliedChanges()) << "another picture, of another size";
     EXPECT_EQ(state->processedDimensionsText(), "");

@@ -7,7 +7,8 @@ using support::haveSamePixels;
 
 TEST_F(ImageConverterViewTest, StartsWithoutAPicture) {
     state->appear(context);
-    EXPECT_EQ(*state, ImageConverterView{});
+    fakes.background.runAll();
+    EXPECT_EQ(*state, ImageConverterView{.process = FakeImages::shared()});
     EXPECT_FALSE(state->hasSource());
     EXPECT_EQ(state->targetFormat, ImageFormat::png);
     EXPECT_EQ(state->quality, 0.9);
@@ -22,6 +23,7 @@ TEST_F(ImageConverterViewTest, StartsWithoutAPicture) {
 TEST_F(ImageConverterViewTest, AMissingEncoderIsNamed) {
     fakes.images.removeHEICCodecs();
     state->appear(context);
+    fakes.background.runAll();
     EXPECT_EQ(state->missingEncoder(ImageFormat::heic), "needs libheif-plugin-x265");
     EXPECT_EQ(state->missingEncoder(ImageFormat::png), "");
     state->reset();
@@ -31,7 +33,7 @@ TEST_F(ImageConverterViewTest, AMissingEncoderIsNamed) {
 }
 
 TEST_F(ImageConverterViewTest, AMissingDecoderIsNamed) {
-    file = imageEngine().convert(picture, ImageFormat::heic, 1).value();
+    file = imageProcess().convert(picture, ImageFormat::heic, 1).value();
     fakes.images.removeHEICCodecs();
     load();
     EXPECT_FALSE(state->hasSource());
@@ -61,7 +63,7 @@ TEST_F(ImageConverterViewTest, ThePanelOffersTheSixFormats) {
     state->openFilePicker(context);
     for (const auto format : allCases<ImageFormat>)
         EXPECT_EQ(std::ranges::count(fakes.panels.kind.extensions, fileExtension(format)), 1);
-    fakes.files.contents["/tmp/a picture.png"] = file;
+    fakes.files.contents["/tmp/a picture.png"] = file.view();
     fakes.panels.choose("/tmp/a picture.png");
     EXPECT_TRUE(state->loading);
     fakes.background.runAll();
@@ -84,7 +86,7 @@ TEST_F(ImageConverterViewTest, ReportsWhyAFileCannotBeLoaded) {
     };
 
     fakes.files.contents["/text.png"] = "no picture at all";
-    fakes.files.contents["/cut.png"] = file.substr(0, file.size() / 2);
+    fakes.files.contents["/cut.png"] = file.view().substr(0, file.size() / 2);
     const Row rows[] = {
         {"/missing.png", "Failed to load image: No such file or directory"},
         {"/text.png", "Failed to load image: Unsupported image format"},
@@ -102,7 +104,7 @@ TEST_F(ImageConverterViewTest, ReportsWhyAFileCannotBeLoaded) {
 
 TEST_F(ImageConverterViewTest, AFailureKeepsTheCurrentPicture) {
     load();
-    state->loadImage("no picture", context);
+    state->loadImage(SharedBytes::copyOf("no picture"), context);
     fakes.background.runAll();
     EXPECT_TRUE(state->hasSource());
     EXPECT_TRUE(state->errorMessage);
@@ -110,9 +112,9 @@ TEST_F(ImageConverterViewTest, AFailureKeepsTheCurrentPicture) {
 
 TEST_F(ImageConverterViewTest, TheFirstImageOfSeveralFilesIsLoaded) {
     fakes.files.contents["/notes.txt"] = "notes";
-    fakes.files.contents["/Übersicht 1.png"] = file;
+    fakes.files.contents["/Übersicht 1.png"] = file.view();
     fakes.files.contents["/other.png"] =
-        imageEngine().convert(support::distinctPicture({9, 9}), ImageFormat::png, 1).value();
+        imageProcess().convert(support::distinctPicture({9, 9}), ImageFormat::png, 1).value();
     state->setDropTargeted(true);
     state->handleDrop({.files = {"/gone.png", "/notes.txt", "/Übersicht 1.png", "/other.png"}}, context);
     EXPECT_FALSE(state->isDropTargeted);
@@ -134,7 +136,7 @@ TEST_F(ImageConverterViewTest, TheBytesOfAPictureCanBeDropped) {
 
 TEST_F(ImageConverterViewTest, OnlyTheLastOfTwoLoadsTakesEffect) {
     state->loadImage(file, context);
-    state->loadImage(imageEngine().convert(support::distinctPicture({9, 8}), ImageFormat::gif, 1).value(),
+    state->loadImage(imageProcess().convert(support::distinctPicture({9, 8}), ImageFormat::gif, 1).value(),
                      context);
     fakes.background.runAll();
     EXPECT_EQ(state->dimensionsText(), "9 × 8");
@@ -171,9 +173,9 @@ TEST_F(ImageConverterViewTest, RotationFlipAndResizeAreAppliedInOrder) {
     state->applyTransforms(context);
     EXPECT_TRUE(state->isApplying());
     fakes.background.runAll();
-    auto expected = imageEngine().rotate(picture, Rotation::degrees90).value();
-    expected = imageEngine().flip(expected, FlipDirection::horizontal).value();
-    expected = imageEngine().resize(expected, {12, 11}, false).value();
+    auto expected = imageProcess().rotate(picture, Rotation::degrees90).value();
+    expected = imageProcess().flip(expected, FlipDirection::horizontal).value();
+    expected = imageProcess().resize(expected, {12, 11}, false).value();
     ASSERT_TRUE(state->hasProcessed());
     EXPECT_TRUE(haveSamePixels(*state->processedImage(), expected));
     EXPECT_TRUE(haveSamePixels(*state->sourceImage(), picture)) << "the source is unchanged";
@@ -200,7 +202,7 @@ TEST_F(ImageConverterViewTest, AFailingTransformIsSkipped) {
     apply();
     ASSERT_TRUE(state->hasProcessed());
     EXPECT_TRUE(haveSamePixels(*state->processedImage(),
-                               imageEngine().rotate(picture, Rotation::degrees180).value()));
+                               imageProcess().rotate(picture, Rotation::degrees180).value()));
     EXPECT_EQ(state->errorMessage, std::nullopt);
 }
 
@@ -290,18 +292,64 @@ TEST_F(ImageConverterViewTest, ShowsFileSizesInDecimalUnits) {
     EXPECT_EQ(state->resolutionText(), "300");
 }
 
-TEST_F(ImageConverterViewTest, ReportsThatTheEngineIsMissing) {
-    fakes.images.failure = "The image library cannot be loaded: no such file";
+TEST_F(ImageConverterViewTest, ReportsThatTheProcessCannotRun) {
+    struct Row {
+        ImageProcessOptions options;
+        std::string message;
+    };
+
+    const Row rows[] = {
+        {{.program = "/nonexistent/korvane-images"}, "The image process cannot be started"},
+        {misbehavingProgram({"exits"}), "The image process cannot be started"},
+        {misbehavingProgram({"not-isolated"}),
+         "The image process cannot be isolated on this computer, so it opens no images"},
+    };
+    for (const auto& row : rows) {
+        state = ImageConverterView{};
+        fakes.images.replacement = std::make_shared<ImageProcess>(row.options);
+        state->appear(context);
+        fakes.background.runAll();
+        EXPECT_EQ(state->errorMessage, row.message);
+        load();
+        EXPECT_EQ(state->errorMessage, "Failed to load image: " + row.message);
+        EXPECT_FALSE(state->hasSource()) << "nothing is decoded";
+        state->source = {.image = picture};
+        apply();
+        EXPECT_EQ(state->errorMessage, "Failed to apply transforms: " + row.message);
+        EXPECT_FALSE(state->hasProcessed());
+        saveAs("/converted.png");
+        EXPECT_EQ(state->errorMessage, "Failed to save: " + row.message);
+        EXPECT_TRUE(fakes.files.contents.empty());
+    }
+}
+
+TEST_F(ImageConverterViewTest, TheProcessIsHeldWhileTheToolIsShown) {
+    const auto process = std::make_shared<ImageProcess>();
+    fakes.images.replacement = process;
     state->appear(context);
-    EXPECT_EQ(state->errorMessage, fakes.images.failure);
-    state->loadImage(file, context);
     fakes.background.runAll();
-    EXPECT_EQ(state->errorMessage, "Failed to load image: " + *fakes.images.failure);
-    state->source = {.image = picture};
+    fakes.images.replacement.reset();
+    state->reset();
+    EXPECT_EQ(state->process, process);
+    state.reset();
+    EXPECT_EQ(process.use_count(), 1);
+}
+
+TEST_F(ImageConverterViewTest, AFailureOfTheProcessWhileTransformingKeepsThePictures) {
+    load();
     apply();
-    EXPECT_EQ(state->errorMessage, fakes.images.failure);
-    saveAs("/converted.png");
-    EXPECT_EQ(state->errorMessage, "Failed to save: " + *fakes.images.failure);
+    const auto before = *state;
+    fakes.images.replacement =
+        std::make_shared<ImageProcess>(ImageProcessOptions{.program = "/nonexistent/korvane-images"});
+    state->setRotation(Rotation::degrees90);
+    state->saveImage(context);
+    state->applyTransforms(context);
+    fakes.panels.choose("/turned.png");
+    fakes.background.runAll();
+    EXPECT_EQ(state->errorMessage, "Failed to apply transforms: The image process cannot be started");
+    EXPECT_EQ(state->source, before.source);
+    EXPECT_EQ(state->rotation, Rotation::degrees90);
+    EXPECT_TRUE(fakes.files.contents.empty()) << "the picture to save was not made";
 }
 
 } // namespace

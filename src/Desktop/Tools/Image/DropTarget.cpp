@@ -36,12 +36,16 @@ bool canBeDropped(const QMimeData& data) {
     return data.hasImage();
 }
 
+SharedBytes shared(const QByteArray& bytes) {
+    return SharedBytes::copyOf({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
 /// `image` as a PNG file.
-std::string encoded(const QImage& image) {
+SharedBytes encoded(const QImage& image) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
-    return buffer.data().toStdString();
+    return shared(buffer.data());
 }
 
 class DropTarget final : public QWidget {
@@ -114,7 +118,7 @@ DroppedItems droppedItems(const QMimeData& data) {
     if (!items.files.empty())
         return items;
     for (const auto format : allCases<ImageFormat>) {
-        items.data = data.data(qString(factsOf(format).mediaType)).toStdString();
+        items.data = shared(data.data(qString(factsOf(format).mediaType)));
         if (!items.data.empty())
             return items;
     }

@@ -1,6 +1,5 @@
 #include "Desktop/Tools/Screens.h"
 
-#include "Utilities/ImageModule.h"
 #include "support/FakeServices.h"
 #include "support/Pictures.h"
 #include "support/ScreenDriver.h"
@@ -21,8 +20,8 @@
 namespace korvane {
 namespace {
 
-const ImageEngine& engine() {
-    return **ImageModule::load();
+ImageProcess& engine() {
+    return *FakeImages::shared();
 }
 
 struct ImageConverterScreenTest : ::testing::Test {
@@ -33,7 +32,7 @@ struct ImageConverterScreenTest : ::testing::Test {
 
     void load() {
         fakes.files.contents["/pictures/first one.png"] =
-            engine().convert(picture, ImageFormat::png, 1).value();
+            engine().convert(picture, ImageFormat::png, 1).value().view();
         screen.press("Choose File");
         fakes.panels.choose("/pictures/first one.png");
         fakes.background.runAll();
@@ -61,6 +60,8 @@ TEST_F(ImageConverterScreenTest, ShowsItsTexts) {
 TEST_F(ImageConverterScreenTest, AFormatWithoutAnEncoderCannotBeChosen) {
     fakes.images.removeHEICCodecs();
     const std::unique_ptr<QWidget> other(imageConverterScreen(fakes.services));
+    fakes.background.runAll();
+    settle();
     auto& picker = ScreenDriver(*other).picker("Format");
     QTest::keyClick(&picker, Qt::Key_End);
     EXPECT_EQ(picker.currentText(), "BMP");
@@ -95,7 +96,7 @@ TEST_F(ImageConverterScreenTest, LoadsTransformsAndSaves) {
     EXPECT_EQ(fakes.panels.proposedName, "converted.jpg");
     fakes.panels.choose("/out/result");
     fakes.background.runAll();
-    const auto saved = engine().getImageInfo(fakes.files.contents["/out/result.jpg"]);
+    const auto saved = engine().getImageInfo(SharedBytes::copyOf(fakes.files.contents["/out/result.jpg"]));
     ASSERT_TRUE(saved);
     EXPECT_EQ(saved->width, 20);
     EXPECT_EQ(saved->height, 15);
@@ -217,7 +218,7 @@ TEST_F(ImageConverterScreenTest, ShowsThatAFileHoldsMorePictures) {
 }
 
 TEST_F(ImageConverterScreenTest, LoadsDroppedFiles) {
-    fakes.files.contents["/tmp/Über uns.png"] = engine().convert(picture, ImageFormat::png, 1).value();
+    fakes.files.contents["/tmp/Über uns.png"] = engine().convert(picture, ImageFormat::png, 1).value().view();
     QMimeData data;
     data.setUrls({QUrl(QStringLiteral("file:///tmp/%C3%9Cber%20uns.png"))});
     QWidget* target = &screen.button("Choose File");
