@@ -91,9 +91,13 @@ void expectRoom(const QWidget& widget) {
     EXPECT_TRUE(widget.width() >= needed.width() && widget.height() >= needed.height())
         << nameOf(widget) << " has " << sizeText(widget.size()) << " and needs " << sizeText(needed);
     EXPECT_TRUE(widget.parentWidget()->rect().contains(widget.geometry())) << nameOf(widget) << " is cut off";
-    const bool isButton = qobject_cast<const QAbstractButton*>(&widget);
-    EXPECT_TRUE(!isButton || widget.width() >= widget.sizeHint().boundedTo(widget.maximumSize()).width())
-        << nameOf(widget) << " is too narrow";
+    if (!qobject_cast<const QAbstractButton*>(&widget))
+        return;
+    if (widget.hasHeightForWidth())
+        EXPECT_GE(widget.height(), widget.heightForWidth(widget.width())) << nameOf(widget) << " is too low";
+    else
+        EXPECT_GE(widget.width(), widget.sizeHint().boundedTo(widget.maximumSize()).width())
+            << nameOf(widget) << " is too narrow";
 }
 
 /// A label may shorten its text where space is short, but not because of its own fixed width.

@@ -1,3 +1,5 @@
+#include "Desktop/Access/Editing.h"
+#include "Desktop/Text/TextArea.h"
 #include "Views/Components/AwaitedWork.h"
 #include "support/Scenes.h"
 
@@ -38,6 +40,24 @@ std::vector<Scene> formatterScenes() {
          [](const ScreenDriver& screen, FakeServices& fakes) {
              paste(screen, fakes, document);
              screen.press("Prettify");
+         }},
+        {"find", Tool::jsonFormatter,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, document);
+             screen.press("Prettify");
+             auto& input = screen.editor("Input");
+             input.select({20, 20});
+             find(&input);
+             screen.press("Regular expression");
+             screen.enter("Find in Input", R"(\d[\d.]*)");
+             fakes.background.runAll();
+         }},
+        {"find-none", Tool::jsonFormatter,
+         [](const ScreenDriver& screen, FakeServices& fakes) {
+             paste(screen, fakes, document);
+             screen.press("Prettify");
+             find(&screen.editor("Input"));
+             screen.enter("Find in Input", "harbour");
          }},
         {"busy", Tool::jsonFormatter,
          [](const ScreenDriver& screen, FakeServices& fakes) {

@@ -236,6 +236,8 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
 
 void FindBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    const auto radius = Theme::px(Size::radiusMedium);
+    clipToSurface(painter, rect().adjusted(0, 0, 0, radius), radius); // the upper corners are the pane's
     painter.fillRect(rect(), Theme::color(Role::controlFill));
     painter.fillRect(QRect(0, height() - 1, width(), 1), Theme::color(Role::divider));
 }

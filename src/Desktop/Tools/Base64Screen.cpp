@@ -1,6 +1,7 @@
 #include "Desktop/Binding/Screen.h"
 #include "Desktop/Controls/BusyBadge.h"
 #include "Desktop/Controls/Buttons.h"
+#include "Desktop/Controls/Editors.h"
 #include "Desktop/Controls/Labels.h"
 #include "Desktop/Controls/Output.h"
 #include "Desktop/Controls/Section.h"
@@ -8,7 +9,6 @@
 #include "Desktop/Layout/Alternatives.h"
 #include "Desktop/Layout/ScreenLayout.h"
 #include "Desktop/Layout/Stack.h"
-#include "Desktop/Controls/Editors.h"
 #include "Desktop/Tools/Screens.h"
 #include "Views/Tools/Base64View.h"
 
