@@ -91,7 +91,7 @@ TEST_F(KeyboardTest, AHeldReturnPressesOnce) {
     QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
     QApplication::sendEvent(&button, &again);
     EXPECT_EQ(screen.text("UUID"), generated);
-    press(Qt::Key_Return, Qt::ControlModifier);
+    press(Qt::Key_Return, Qt::AltModifier);
     EXPECT_EQ(screen.text("UUID"), generated);
 }
 
@@ -185,6 +185,32 @@ TEST_F(KeyboardTest, OnePressOfEscapeLeavesTheSearch) {
     QTest::keySequence(window.focusWidget(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
     press(Qt::Key_Escape);
     EXPECT_EQ(focus(), "Prettify");
+}
+
+TEST_F(KeyboardTest, TheTextWithTheFocusIsSearched) {
+    screen.type("Input", "[1, 12]");
+    press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(focus(), "Find in Input");
+    QTest::keyClicks(window.focusWidget(), "1");
+    EXPECT_TRUE(screen.shows("1 of 2"));
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(window.focusWidget(), &search());
+}
+
+TEST_F(KeyboardTest, OutsideOfTextsToolsAreSearched) {
+    screen.button("Prettify").setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(window.focusWidget(), &search());
+}
+
+TEST_F(KeyboardTest, ControlReturnPressesTheFirstAction) {
+    screen.type("Input", "[1]");
+    press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(screen.text("Output"), "[\n  1\n]");
+    EXPECT_EQ(screen.text("Input"), "[1]");
+    EXPECT_EQ(focus(), "Input");
+    EXPECT_EQ(screen.button("Prettify").toolTip(), "Ctrl+Return");
+    EXPECT_EQ(screen.button("Minify").toolTip(), "");
 }
 
 TEST_F(KeyboardTest, TypingInTheSearchReplacesItsText) {

@@ -25,6 +25,10 @@ bool takesText(const QWidget* control) {
            !control->property(notInitialProperty).toBool();
 }
 
+bool isPrimaryAction(const QWidget* control) {
+    return control->property(primaryActionProperty).toBool();
+}
+
 void addWidgets(const QLayout& layout, std::vector<QWidget*>& widgets) {
     for (int index = 0; index < layout.count(); ++index) {
         auto* item = layout.itemAt(index);
@@ -96,8 +100,7 @@ QWidget* firstControl(QWidget& screen) {
     const auto stops = tabStops(screen);
     if (const auto editor = std::ranges::find_if(stops, takesText); editor != stops.end())
         return *editor;
-    const auto isAction = [](const QWidget* stop) { return stop->property(primaryActionProperty).toBool(); };
-    if (const auto action = std::ranges::find_if(stops, isAction); action != stops.end())
+    if (const auto action = std::ranges::find_if(stops, isPrimaryAction); action != stops.end())
         return *action;
     return stops.empty() ? nullptr : stops.front();
 }
@@ -110,6 +113,14 @@ QWidget* focusTarget(QWidget* widget) {
 
 void markPrimaryAction(QWidget* control) {
     control->setProperty(primaryActionProperty, true);
+}
+
+QWidget* firstAction(QWidget& screen) {
+    const auto order = readingOrder(screen);
+    const auto action = std::ranges::find_if(order, [&screen](const QWidget* widget) {
+        return isPrimaryAction(widget) && widget->isVisibleTo(&screen);
+    });
+    return action == order.end() ? nullptr : *action;
 }
 
 void excludeFromInitialFocus(QWidget* control) {

@@ -40,6 +40,9 @@ QWidget* firstControl(QWidget& screen);
 /// Marks `control` as a primary action of its tool.
 void markPrimaryAction(QWidget* control);
 
+/// The first visible primary action of a screen, which may be disabled; null if there is none.
+QWidget* firstAction(QWidget& screen);
+
 /// Excludes `control` from the text inputs that a new screen focuses, for a text that the tool does not work
 /// on.
 void excludeFromInitialFocus(QWidget* control);

@@ -16,6 +16,7 @@
 #include "Desktop/Window/WindowBounds.h"
 #include "Desktop/Window/WindowEdges.h"
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QEvent>
@@ -102,6 +103,8 @@ void MainWindow::addShortcuts() {
         if (!korvane::find(focusWidget()))
             searchTools();
     });
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
+        installShortcut(this, Qt::CTRL | key, [this] { pressFirstAction(); }, false);
     installShortcut(this, Qt::Key_F10, [this] { openFirstMenu(m_menus); });
     installShortcut(this, Qt::SHIFT | Qt::Key_F10, [this] { openContextMenu(focusWidget()); });
     // Moves out of any control, including those that use the Tab key.
@@ -111,6 +114,11 @@ void MainWindow::addShortcuts() {
     installShortcut(this, Qt::CTRL | Qt::Key_Plus, TextZoom::zoomIn);
     installShortcut(this, Qt::CTRL | Qt::Key_Equal, TextZoom::zoomIn);
     installShortcut(this, Qt::CTRL | Qt::Key_Minus, TextZoom::zoomOut);
+}
+
+void MainWindow::pressFirstAction() {
+    if (auto* action = qobject_cast<QAbstractButton*>(firstAction(*m_screen)))
+        action->click();
 }
 
 void MainWindow::showSelectedTool() {
@@ -125,6 +133,8 @@ void MainWindow::showSelectedTool() {
     m_detail->addWidget(m_screen, 1);
     m_screen->setAccessibleName(tool ? qString(rawValue(*tool)) : QString());
     m_screen->show();
+    if (auto* action = firstAction(*m_screen))
+        action->setToolTip(QKeySequence(Qt::CTRL | Qt::Key_Return).toString(QKeySequence::NativeText));
     if (takesFocus)
         enterScreen();
 }

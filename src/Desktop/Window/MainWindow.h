@@ -40,6 +40,7 @@ protected:
 
 private:
     void addShortcuts();
+    void pressFirstAction();
     void showSelectedTool();
     void enterScreen();
     bool isInScreen(const QWidget* control) const;

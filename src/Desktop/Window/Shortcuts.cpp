@@ -10,8 +10,10 @@ QKeySequence shortcutKeys(Tool tool) {
     return digit ? QKeySequence(Qt::CTRL | static_cast<Qt::Key>(*digit)) : QKeySequence();
 }
 
-void installShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action) {
-    QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window, std::move(action));
+void installShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action, bool repeats) {
+    auto* shortcut = new QShortcut(keys, window);
+    shortcut->setAutoRepeat(repeats);
+    QObject::connect(shortcut, &QShortcut::activated, window, std::move(action));
 }
 
 } // namespace korvane

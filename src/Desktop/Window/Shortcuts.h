@@ -14,7 +14,9 @@ namespace korvane {
 /// Ctrl and the tool's digit; empty for a tool without a shortcut.
 QKeySequence shortcutKeys(Tool tool);
 
-/// Makes `keys` run `action` anywhere in `window`, also while an editor has the focus.
-void installShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action);
+/// Makes `keys` run `action` anywhere in `window`, also while an editor has the focus; while they are held,
+/// again and again if `repeats`.
+void installShortcut(QWidget* window, const QKeySequence& keys, std::function<void()> action,
+                     bool repeats = true);
 
 } // namespace korvane

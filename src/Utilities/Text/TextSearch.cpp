@@ -41,19 +41,21 @@ std::string literalPattern(std::string_view text) {
 TextHits searchLiteral(std::string_view text, std::string_view needle, const std::stop_token& stop) {
     TextHits hits;
     std::size_t from = 0;
-    while (from + needle.size() <= text.size()) {
-        if (hits.ranges.size() == TextHits::maxCount ||
-            (hits.ranges.size() % hitsPerCheck == 0 && stop.stop_requested())) {
+    while (from + needle.size() <= text.size() && hits.isComplete) {
+        if (hits.ranges.size() % hitsPerCheck == 0 && stop.stop_requested()) {
             hits.isComplete = false;
             break;
         }
         const auto part = text.substr(from, std::max(partSize, 2 * needle.size()));
-        if (const auto found = part.find(needle); found != std::string_view::npos) {
+        const auto found = part.find(needle);
+        if (found == std::string_view::npos) {
+            from += part.size() < text.size() - from ? part.size() - needle.size() + 1 : part.size();
+        } else if (hits.ranges.size() == TextHits::maxCount) {
+            hits.isComplete = false;
+        } else {
             const auto start = from + found;
             from = start + needle.size();
             hits.ranges.push_back({static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(from)});
-        } else {
-            from += part.size() < text.size() - from ? part.size() - needle.size() + 1 : part.size();
         }
     }
     return hits;
@@ -77,8 +79,13 @@ std::expected<TextHits, std::string> findHits(std::string_view text, const TextQ
     TextHits hits{.isComplete = !findings->interruption};
     for (std::size_t match = 0; match < findings->matchCount(); ++match) {
         const auto range = findings->match(match).front().range;
-        if (range.start < range.end)
-            hits.ranges.push_back(range);
+        if (range.start == range.end)
+            continue;
+        if (hits.ranges.size() == TextHits::maxCount) {
+            hits.isComplete = false;
+            break;
+        }
+        hits.ranges.push_back(range);
     }
     return hits;
 }

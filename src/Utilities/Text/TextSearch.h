@@ -21,11 +21,11 @@ struct TextQuery {
 };
 
 struct TextHits {
-    /// Hits beyond this number are not collected (128 MB).
-    static constexpr std::size_t maxCount = std::size_t{1} << 24;
+    /// Hits beyond this number are not collected.
+    static constexpr std::size_t maxCount = 1'000'000;
 
     std::vector<RegularExpression::TextRange> ranges{}; ///< in text order, none of them empty
-    bool isComplete = true;                             ///< the search has reached the end of the text
+    bool isComplete = true;                             ///< there are no more
 
     bool operator==(const TextHits&) const = default;
 };

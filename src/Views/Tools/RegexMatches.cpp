@@ -69,8 +69,9 @@ RegularExpression::TextRange RegexMatches::range(std::size_t line) const {
 
 TextMarks RegexMatches::marks() const {
     std::vector<TextMark> marks;
-    marks.reserve(size());
-    for (std::size_t match = 0; match < size(); ++match) {
+    const auto count = std::min(size(), maxMarked);
+    marks.reserve(count);
+    for (std::size_t match = 0; match < count; ++match) {
         const auto place = range(firstLine(match));
         marks.push_back({.from = place.start,
                          .to = place.end,

@@ -81,7 +81,10 @@ public:
     /// The range of a line in the text, in bytes.
     RegularExpression::TextRange range(std::size_t line) const;
 
-    /// Marks of all matches in the text, in turn `oddMatch` and `evenMatch`.
+    /// Further matches are not marked.
+    static constexpr std::size_t maxMarked = 1'000'000;
+
+    /// Marks of the matches in the text, in turn `oddMatch` and `evenMatch`.
     TextMarks marks() const;
 
     /// Marks of a chosen line: its match with the groups, and an outline of the line's own range.

@@ -66,6 +66,17 @@ TEST(TextSearch, StopsWhenAsked) {
             findHits(std::string(1000, 'a'), {"a", false, isCaseSensitive}, source->get_token())->isComplete);
 }
 
+TEST(TextSearch, EndsAfterSoManyHits) {
+    for (const bool isCaseSensitive : {false, true}) {
+        for (const std::size_t excess : {0U, 1U}) {
+            const auto hits =
+                findHits(std::string(TextHits::maxCount + excess, 'a'), {"a", false, isCaseSensitive});
+            EXPECT_EQ(hits->ranges.size(), TextHits::maxCount);
+            EXPECT_EQ(hits->isComplete, excess == 0);
+        }
+    }
+}
+
 TEST(TextSearch, FindsHitsAcrossTheEndsOfParts) {
     constexpr std::size_t part = std::size_t{16} << 20;
     std::string text(2 * part + 10, '.');
