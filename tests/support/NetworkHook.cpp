@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QTextBrowser>
 #include <QTextCursor>
 #include <QTimer>
 #include <QtTest/QTest>
@@ -69,7 +70,7 @@ void printToolTip() {
 void clickLink() {
     window().store().perform(&ContentView::select, Tool::markdownPreview);
     QCoreApplication::processEvents();
-    auto& preview = *window().findChild<MarkdownBrowser*>();
+    auto& preview = dynamic_cast<MarkdownBrowser&>(*window().findChild<QTextBrowser*>());
     const auto link = preview.document()->find("Korvane");
     auto start = link;
     start.setPosition(link.selectionStart());

@@ -16,6 +16,7 @@
 #include <QPainter>
 #include <QShortcut>
 
+#include <algorithm>
 #include <functional>
 
 namespace korvane {
@@ -163,8 +164,8 @@ void FindBar::addControls(QWidget& pane) {
         const auto& state = m_store.state<FindView>();
         const bool isNarrow = width() < Theme::px(narrowWidth);
         setShown(glyph, !isNarrow);
-        count->setMinimumWidth(isNarrow ? 0 : Theme::px(minCountWidth));
         count->display(isNarrow ? state.shortCountText() : state.countText());
+        count->setMinimumWidth(std::max(isNarrow ? 0 : Theme::px(minCountWidth), count->sizeHint().width()));
         count->setInk(state.isWithoutHits() ? Theme::Ink(PaletteColor::red) : Role::secondary);
         count->setToolTip(qString(state.errorMessage.value_or("")));
         previous->setEnabled(state.hasHits());

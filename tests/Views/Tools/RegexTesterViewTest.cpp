@@ -54,55 +54,6 @@ std::string hostileText() {
     return std::string(50, 'a') + "b";
 }
 
-TEST_F(RegexTesterViewTest, MarksEveryMatch) {
-    search("a", "abca");
-    EXPECT_EQ(state->matchMarks,
-              TextMarks({{0, 1, TextMarkKind::oddMatch}, {3, 4, TextMarkKind::evenMatch}}));
-    EXPECT_TRUE(state->selectedMarks.empty());
-    state->setPattern("(", context);
-    EXPECT_TRUE(state->matchMarks.empty());
-}
-
-TEST_F(RegexTesterViewTest, SelectingALineShowsItInTheText) {
-    search("(b)c", "abc bc");
-    state->selectLine(2);
-    EXPECT_EQ(state->selectedLine, 2U);
-    EXPECT_EQ(state->selectedMarks,
-              TextMarks({{4, 6, TextMarkKind::selectedMatch}, {4, 5, TextMarkKind::group1}}));
-    EXPECT_EQ(state->shownPlace, (TextPlace{.selection = {4, 4}, .request = 1}));
-    state->selectLine(2);
-    EXPECT_EQ(state->shownPlace.request, 1U) << "it is shown already";
-    state->selectLine(4);
-    EXPECT_EQ(state->selectedLine, 2U) << "there is no such line";
-    state->setTestString("abc", context);
-    EXPECT_EQ(state->selectedLine, std::nullopt);
-    EXPECT_TRUE(state->selectedMarks.empty());
-}
-
-TEST_F(RegexTesterViewTest, TheCaretSelectsItsMatch) {
-    search("bc", "abc bc");
-    state->selectAt({5, 5});
-    EXPECT_EQ(state->selectedLine, 1U);
-    EXPECT_EQ(state->selectedMarks, TextMarks({{4, 6, TextMarkKind::selectedMatch}}));
-    EXPECT_EQ(state->shownPlace, TextPlace()) << "the user is there";
-    state->selectAt({0, 0});
-    EXPECT_EQ(state->selectedLine, std::nullopt);
-    state->selectAt({4, 5});
-    EXPECT_EQ(state->selectedLine, std::nullopt) << "the user selects text";
-}
-
-TEST_F(RegexTesterViewTest, MatchesOfAnEarlierTextAreNotShownInIt) {
-    search("bc", "abc bc");
-    state->setLiveUpdate(false);
-    state->setTestString("another text", context);
-    state->selectLine(1);
-    EXPECT_EQ(state->selectedLine, 1U);
-    EXPECT_TRUE(state->selectedMarks.empty());
-    EXPECT_EQ(state->shownPlace, TextPlace());
-    state->selectAt({5, 5});
-    EXPECT_EQ(state->selectedLine, std::nullopt);
-}
-
 TEST_F(RegexTesterViewTest, StartsEmptyLiveAndCaseSensitive) {
     EXPECT_EQ(state->pattern, "");
     EXPECT_EQ(state->testString, "");
