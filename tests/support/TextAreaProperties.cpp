@@ -156,7 +156,7 @@ private:
     }
 
     void click(unsigned char action, unsigned char argument) {
-        const QPointF place(argument % 16 * 15 - 10, argument / 16 * 12 - 10);
+        const QPointF place = QPoint(argument % 16 * 15 - 10, argument / 16 * 12 - 10);
         const auto modifiers = action / 12 % 2 == 0 ? Qt::NoModifier : Qt::ShiftModifier;
         const auto send = [&](QEvent::Type type, QPointF where, Qt::MouseButtons held) {
             QMouseEvent event(type, where, m_area.viewport()->mapToGlobal(where), Qt::LeftButton, held,
@@ -192,7 +192,7 @@ private:
             return;
         QMimeData data;
         data.setText(QString::fromUtf8(texts[argument % texts.size()]));
-        const QPointF place(argument % 16 * 15, argument / 16 * 12);
+        const QPointF place = QPoint(argument % 16 * 15, argument / 16 * 12);
         QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(m_area.viewport(), &event);
     }

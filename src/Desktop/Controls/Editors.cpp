@@ -52,11 +52,11 @@ std::map<TextMarkKind, TextMarkStyle> markStyles() {
 /// Applies the theme's look to its text area, again whenever that changes.
 class EditorPanel final : public Panel, public Searchable {
 public:
-    EditorPanel(Services& services, TextArea* area, CodeEditorOptions options)
+    EditorPanel(Services& services, TextArea* area, const CodeEditorOptions& options)
         : Panel(area),
           m_services(services),
           m_area(area),
-          m_options(std::move(options)),
+          m_options(options),
           m_height(Theme::px(options.minHeight)) {
         if (m_options.maxHeight)
             setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

@@ -156,7 +156,7 @@ std::string FindView::announcement() const {
     const auto start = hits->ranges[*current].start;
     const auto line = text.newlinesBefore(start);
     const auto lineStart = text.afterNewline(line);
-    const auto place = fmt::format("{}, line {}", countText(), line + 1);
+    auto place = fmt::format("{}, line {}", countText(), line + 1);
     if (start - lineStart > maxCountedLine)
         return place;
     return fmt::format("{}, column {}", place, characterCount(text.string(lineStart, start)) + 1);

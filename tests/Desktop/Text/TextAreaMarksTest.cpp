@@ -79,7 +79,7 @@ TEST_F(TextAreaMarksTest, EachKindIsPaintedInItsWay) {
     for (const auto& [kind, color, minHeight, maxHeight] : rows) {
         subject.mark({{4, 7, kind}});
         const auto bounds = subject.bounds(color);
-        EXPECT_NEAR(bounds.center().x(), (subject.left(4) + subject.left(7)) / 2, 2);
+        EXPECT_NEAR(bounds.center().x(), (subject.left(4) + subject.left(7)) / 2.0, 2);
         EXPECT_GE(bounds.height(), minHeight);
         EXPECT_LE(bounds.height(), maxHeight);
     }
