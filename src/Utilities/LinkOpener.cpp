@@ -36,11 +36,9 @@ void startBrowser(char* address) {
     char xdgOpen[] = "xdg-open";
     char gio[] = "gio";
     char open[] = "open";
-    char sensibleBrowser[] = "sensible-browser";
     char* const commands[][4] = {
         {xdgOpen, address, nullptr},
         {gio, open, address, nullptr},
-        {sensibleBrowser, address, nullptr},
     };
     pid_t process = 0;
     for (const auto& command : commands) {

@@ -26,9 +26,9 @@ public:
     LinkOpener(const LinkOpener&) = delete;
     LinkOpener& operator=(const LinkOpener&) = delete;
 
-    /// Has the process open `address` by the first of `xdg-open`, `gio open` and `sensible-browser` that is
-    /// installed, in a session of its own and with the environment that the program was started with. Does
-    /// not wait. Returns whether the address is openable and has reached the process.
+    /// Has the process open `address` by `xdg-open` or, where that is missing, `gio open`, in a session of
+    /// its own and with the environment that the program was started with. Does not wait. Returns whether the
+    /// address is openable and has reached the process.
     bool open(std::string_view address) const;
 
 private:

@@ -129,13 +129,9 @@ TEST(LinkOpener, StartsTheBrowserForEachAddress) {
 TEST(LinkOpener, StartsAnotherProgramWhereXDGOpenIsMissing) {
     const auto folder = std::filesystem::path(testing::TempDir()) / ("links" + std::to_string(getpid()));
     const auto open = [](const LinkOpener& opener) { EXPECT_TRUE(opener.open("https://example.org")); };
-    for (const auto& [program, line] :
-         {std::pair("sensible-browser", opened("https://example.org")),
-          std::pair("gio", opened("open https://example.org"))}) { // added, it comes first
-        std::filesystem::create_directory(folder);
-        std::filesystem::create_symlink(KORVANE_FAKE_BROWSER "/xdg-open", folder / program);
-        EXPECT_EQ(linesOf(open, folder), std::multiset<std::string>{line}) << program;
-    }
+    std::filesystem::create_directory(folder);
+    std::filesystem::create_symlink(KORVANE_FAKE_BROWSER "/xdg-open", folder / "gio");
+    EXPECT_EQ(linesOf(open, folder), std::multiset<std::string>{opened("open https://example.org")});
     std::filesystem::remove_all(folder);
     EXPECT_EQ(linesOf(open, folder), std::multiset<std::string>()) << "nothing is installed";
 }
